@@ -1,0 +1,23 @@
+# Warnings are errors; a sanitizer is a preset.
+add_library(tz_options INTERFACE)
+target_compile_options(tz_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                                            -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(tz_options INTERFACE -Wduplicated-cond -Wlogical-op -Wno-missing-field-initializers)
+else()
+  target_compile_options(tz_options INTERFACE -Wno-missing-field-initializers)
+endif()
+if(TZ_SANITIZE)
+  target_compile_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE})
+endif()
+
+find_program(TZ_CCACHE ccache)
+if(TZ_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${TZ_CCACHE})
+  set(ENV{CCACHE_SLOPPINESS} pch_defines,time_macros)
+endif()
+find_program(TZ_MOLD mold)
+if(TZ_MOLD AND NOT TZ_SANITIZE)
+  add_link_options(-fuse-ld=mold)
+endif()

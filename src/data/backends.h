@@ -1,0 +1,25 @@
+// The two backends behind connection.h, for src/data alone.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/connection.h"
+
+namespace tz {
+
+// Each opens without looking whether a ledger is inside; connection.cpp checks and prepares.
+[[nodiscard]] std::unique_ptr<Connection> openSqlite(const std::string& path, Access access);
+[[nodiscard]] std::unique_ptr<Connection> createSqlite(const std::string& path);
+[[nodiscard]] std::unique_ptr<Connection> openPostgres(const std::string& address, Access access);
+
+// From here on the connection writes only what report_writes.h lists.
+void restrictSqliteToReports(Connection& connection);
+void restrictPostgresToReports(Connection& connection);
+// The role with just those grants; done once, when a ledger is created or first opened for work by its owner.
+void grantPostgresReportWrites(Connection& connection);
+
+// The shortest decimal text that reads back as the same figure.
+[[nodiscard]] std::string shortestText(double value);
+
+}  // namespace tz

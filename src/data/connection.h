@@ -1,0 +1,127 @@
+// One open ledger database: statements in, typed rows out. Two backends stand behind it; nothing above src/data knows
+// which. A failed statement throws DbError: a failure never looks like an empty result.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "data/dialect.h"
+#include "data/value.h"
+
+namespace tz {
+
+class DbError : public std::runtime_error {
+ public:
+  enum class Kind {
+    notFound,    // no such file, server or database
+    notALedger,  // it opened, but it holds no ledger
+    damaged,     // the file's contents are broken
+    locked,      // somebody else holds it
+    denied,      // the database refuses the statement or the operator
+    full,        // no room on the disk
+    lost,        // the connection broke
+    duplicate,   // a unique rule would be broken
+    other,
+  };
+
+  DbError(Kind kind, const std::string& message) : std::runtime_error(message), kind_(kind) {}
+  [[nodiscard]] Kind kind() const { return kind_; }
+
+ private:
+  Kind kind_;
+};
+
+// What a connection may do. The database itself enforces it.
+enum class Access {
+  read,    // nothing is written, not even an index
+  report,  // marks, plan figures, intervals and the mark log
+  keeper,  // everything: creating, importing, archives
+};
+
+// The rows of one SELECT, read forward once. Columns count from 0. A text view lives until the next call of next().
+class Cursor {
+ public:
+  Cursor() = default;
+  Cursor(const Cursor&) = delete;
+  Cursor& operator=(const Cursor&) = delete;
+  virtual ~Cursor() = default;
+
+  virtual bool next() = 0;
+  [[nodiscard]] virtual int columns() const = 0;
+  [[nodiscard]] virtual std::string columnName(int column) const = 0;
+  [[nodiscard]] virtual std::int64_t integer(int column) const = 0;
+  [[nodiscard]] virtual double real(int column) const = 0;
+  [[nodiscard]] virtual std::string_view text(int column) const = 0;
+  [[nodiscard]] virtual Date date(int column) const = 0;
+  // The value as text whatever its type; figures in the shortest form that reads back exactly.
+  [[nodiscard]] virtual std::string anyText(int column) const = 0;
+};
+
+// Many rows into one table, in the order of the columns named when it was made. finish() makes sure that they arrived;
+// a writer that is destroyed without it may have written any part, so it belongs inside a transaction.
+class RowWriter {
+ public:
+  RowWriter() = default;
+  RowWriter(const RowWriter&) = delete;
+  RowWriter& operator=(const RowWriter&) = delete;
+  virtual ~RowWriter() = default;
+
+  virtual void put(std::int64_t value) = 0;
+  virtual void put(double value) = 0;
+  virtual void put(std::string_view value) = 0;
+  virtual void put(Date value) = 0;
+  virtual void endRow() = 0;
+  virtual void finish() = 0;
+};
+
+class Connection {
+ public:
+  Connection() = default;
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  virtual ~Connection() = default;
+
+  [[nodiscard]] virtual std::unique_ptr<Cursor> query(const Sql& sql) = 0;
+  // Runs a statement without rows; returns how many rows it changed.
+  virtual std::int64_t execute(const Sql& sql) = 0;
+  [[nodiscard]] virtual std::unique_ptr<RowWriter> insertInto(std::string_view table,
+                                                              std::span<const std::string> columns) = 0;
+
+  [[nodiscard]] virtual const Dialect& dialect() const = 0;
+  [[nodiscard]] virtual bool alive() = 0;
+  // Called now and then during a long statement; answering true stops it with DbError.
+  virtual void setCancelCheck(bool (*cancelled)(void*), void* context) = 0;
+
+ protected:
+  friend class Transaction;
+  virtual void begin(bool writing) = 0;
+  virtual void commit() = 0;
+  virtual void rollback() noexcept = 0;
+};
+
+// One transaction from construction to commit(); destroyed without it, everything inside is undone. A reading one sees
+// the ledger as it stood when it began.
+class Transaction {
+ public:
+  enum class Purpose { reading, writing };
+  Transaction(Connection& connection, Purpose purpose);
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction();
+  void commit();
+
+ private:
+  Connection* connection_;
+};
+
+// Opens the ledger at a file path or a "postgresql://" address. Throws DbError when there is none, when it is no ledger
+// or when the access cannot be had.
+[[nodiscard]] std::unique_ptr<Connection> openLedger(const std::string& address, Access access);
+// A connection to a place that holds no ledger yet: a file that does not exist, or a database without ledger tables.
+[[nodiscard]] std::unique_ptr<Connection> openEmpty(const std::string& address);
+[[nodiscard]] bool isServerAddress(std::string_view address);
+
+}  // namespace tz

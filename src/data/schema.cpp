@@ -1,0 +1,131 @@
+#include "data/schema.h"
+
+#include <concepts>
+#include <stdexcept>
+
+namespace tz {
+namespace {
+
+template <class Record>
+TableSchema tableOf(std::vector<std::string> uniques) {
+  TableSchema schema{Record::table, {}, std::move(uniques)};
+  const Record record;
+  Record::columns(record, [&](const char* name, const auto& field) {
+    using Field = std::remove_cvref_t<decltype(field)>;
+    using Type = Dialect::Type;
+    Type type = Type::id;
+    if constexpr (std::same_as<Field, std::string>) {
+      type = Type::text;
+    } else if constexpr (std::same_as<Field, double>) {
+      type = Type::real;
+    } else if constexpr (std::same_as<Field, Date>) {
+      type = Type::date;
+    } else if constexpr (std::same_as<Field, int>) {
+      type = name[0] == 'n' ? Type::integer : Type::small;
+    }
+    schema.columns.push_back({name, type});
+  });
+  return schema;
+}
+
+std::vector<std::string> uniquesOf(std::string_view table) {
+  if (table == "Code") return {"lId", "sCode"};
+  if (table == "Dept") return {"lId", "lDeptId"};
+  if (table == "AssAcc") return {"lId", "lCodeId, lDeptId, lPersonId, lEnterId, lItemId, sItemId, byPeroid"};
+  if (table == "RegMain" || table == "UnregMain") return {"lTieId"};
+  if (table == "ProjClass") return {"lId", "sItemId"};
+  if (table == "ProjItems") return {"lId", "sItemId, nField"};
+  if (table == "ProjCodes") return {"lId", "lCodeId, sItemId"};
+  if (table == "Plan") return {"lId", "lCodeId, lDeptId, lItemId, sItemId, byPeroid"};
+  if (table == "Cyrency" || table == "ExchgFix") return {"lId", "byExchId"};
+  if (table == "ExchgFlt") return {"lId", "byExchId, dtDate"};
+  if (table == "zOperator") return {"lId", "sName"};
+  if (table == "zRight") return {"lOperatorId, nRight"};
+  return {"lId"};
+}
+
+std::string_view defaultOf(Dialect::Type type) {
+  switch (type) {
+    case Dialect::Type::text:
+      return " DEFAULT ''";
+    case Dialect::Type::date:
+      return "";
+    default:
+      return " DEFAULT 0";
+  }
+}
+
+}  // namespace
+
+const std::vector<TableSchema>& ledgerTables() {
+  static const auto tables = [] {
+    std::vector<TableSchema> all;
+    forEachRecord([&]<class Record>() { all.push_back(tableOf<Record>(uniquesOf(Record::table))); });
+    return all;
+  }();
+  return tables;
+}
+
+const std::vector<IndexSchema>& ledgerIndexes() {
+  // An index serves a report's order without a sort: the dimension first, then entry date, line id, voucher, account.
+  static const std::vector<IndexSchema> indexes = {
+      {"RegSub_Person", "RegSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
+      {"UnregSub_Person", "UnregSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
+      {"AssAcc_Person", "AssAcc", "lDeptId, lPersonId, byPeroid, lId, lCodeId"},
+      {"RegMain_Bill", "RegMain", "dtBill"},
+  };
+  return indexes;
+}
+
+TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItemsInfo>& fields) {
+  TableSchema schema{itemTable(classId), {{"lId", Dialect::Type::id}}, {"lId"}};
+  schema.columns.push_back({"FIELD0", Dialect::Type::text});
+  schema.columns.push_back({"FIELD1", Dialect::Type::text});
+  for (const auto& field : fields) {
+    if (field.nField < 2) continue;
+    const bool text = field.sType == "3" || field.sType == "4";
+    schema.columns.push_back(
+        {"FIELD" + std::to_string(field.nField), text ? Dialect::Type::text : Dialect::Type::real});
+  }
+  return schema;
+}
+
+std::string createTableText(const TableSchema& table, const Dialect& dialect) {
+  auto uniques = table.uniques;
+  if ((table.name == "RegSub" || table.name == "UnregSub") && dialect.linesKeyedByVoucher()) uniques = {"lTieId, lId"};
+  std::string text = "CREATE TABLE " + table.name + " (";
+  for (const auto& column : table.columns) {
+    text += column.name;
+    text += ' ';
+    text += dialect.typeName(column.type);
+    text += " NOT NULL";
+    // A single id as primary key must be exactly INTEGER PRIMARY KEY to be the row's own id in SQLite.
+    if (column.name == uniques.front()) {
+      text += " PRIMARY KEY";
+    } else {
+      text += defaultOf(column.type);
+    }
+    text += ", ";
+  }
+  for (const auto& unique : uniques) {
+    if (&unique == &uniques.front() && unique.find(',') == std::string::npos) continue;
+    text += (&unique == &uniques.front() ? "PRIMARY KEY (" : "UNIQUE (") + unique + "), ";
+  }
+  text.resize(text.size() - 2);
+  return text + ")" + std::string(dialect.tableSuffix());
+}
+
+void createTables(Connection& connection) {
+  const auto& dialect = connection.dialect();
+  for (const auto& table : ledgerTables()) connection.execute(Sql(createTableText(table, dialect)));
+  connection.execute(Sql("CREATE VIEW systable AS " + dialect.catalogueView()));
+}
+
+void createIndexes(Connection& connection) {
+  for (const auto& index : ledgerIndexes()) {
+    connection.execute(
+        Sql("CREATE INDEX IF NOT EXISTS " + index.name + " ON " + index.table + " (" + index.columns + ")"));
+  }
+}
+
+}  // namespace tz

@@ -1,0 +1,39 @@
+// A computed report and its outputs. Every face of a report (terminal, JSON, files, window, page) reads this.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "grid/tz_grid.h"
+
+namespace tz {
+
+struct ComputedReport {
+  int report = 0;  // command id of the navigator
+  int window = 0;  // dialog id of its window
+  std::string title;     // print title
+  std::string subtitle;  // one or two lines
+  std::string period;    // "月份: 2006.01 - 2006.03"; empty for reports without months
+  std::string unit;      // quantity unit and currency, as the amount format asks
+  std::string format;    // amount format; empty for reports without one
+  CTzGrid grid;
+  // What a coloured row means, for outputs without colours; empty when no row is coloured.
+  std::string highlightMeaning;
+};
+
+// Takes the output piece by piece; returns false when it can take no more, which ends the writing.
+using Sink = std::function<bool(std::string_view)>;
+
+struct TextOptions {
+  bool colour = false;  // terminal colours: red entries red, coloured rows on their ground
+};
+// Columns aligned (Chinese characters count two), totals set apart.
+bool writeText(const ComputedReport& report, const TextOptions& options, const Sink& sink);
+// The JSON of the ledger contract.
+bool writeJson(const ComputedReport& report, const Sink& sink);
+
+// Columns that a text takes on a terminal.
+[[nodiscard]] int displayWidth(std::string_view text);
+
+}  // namespace tz
