@@ -9,10 +9,10 @@
 #include "data/value.h"
 
 // columns(self, visit) calls visit("name", field) for every field in order.
-#define TZ_COLUMNS(...)                         \
-  template <class Self, class Visit>            \
+#define TZ_COLUMNS(...)                            \
+  template <class Self, class Visit>               \
   static void columns(Self& self, Visit&& visit) { \
-    __VA_ARGS__                                 \
+    __VA_ARGS__                                    \
   }
 #define TZ_COLUMN(name) visit(#name, self.name);
 
@@ -228,8 +228,8 @@ struct MarkLogInfo {
   Id lId = 0, lTieId = 0, lLineId = 0;
   int byOld = 0, byNew = 0;
   std::string sOperator, sWhen, sBatch;
-  TZ_COLUMNS(TZ_COLUMN(lId) TZ_COLUMN(lTieId) TZ_COLUMN(lLineId) TZ_COLUMN(byOld) TZ_COLUMN(byNew)
-                 TZ_COLUMN(sOperator) TZ_COLUMN(sWhen) TZ_COLUMN(sBatch))
+  TZ_COLUMNS(TZ_COLUMN(lId) TZ_COLUMN(lTieId) TZ_COLUMN(lLineId) TZ_COLUMN(byOld) TZ_COLUMN(byNew) TZ_COLUMN(sOperator)
+                 TZ_COLUMN(sWhen) TZ_COLUMN(sBatch))
 };
 
 // One project item of a class: the row of its item table, fields from FIELD0 (code) and FIELD1 (name) on, as text.
@@ -242,10 +242,10 @@ struct ItemInfo {
 template <class Visit>
 void forEachRecord(Visit&& visit) {
   const auto all = [&]<class... Records>() { (visit.template operator()<Records>(), ...); };
-  all.template operator()<CodeInfo, DeptInfo, PersonInfo, EnterClassInfo, EnterInfo, AssAccInfo, RegMainInfo,
-                          UnregMainInfo, RegSubInfo, UnregSubInfo, ProjClassInfo, ProjItemsInfo, ProjCodesInfo,
-                          PlanInfo, AgesInfo, CyrencyInfo, ExchgFixInfo, ExchgFltInfo, zAccountMInfo, zOperatorInfo,
-                          zRightInfo, MarkLogInfo>();
+  all.template
+  operator()<CodeInfo, DeptInfo, PersonInfo, EnterClassInfo, EnterInfo, AssAccInfo, RegMainInfo, UnregMainInfo,
+             RegSubInfo, UnregSubInfo, ProjClassInfo, ProjItemsInfo, ProjCodesInfo, PlanInfo, AgesInfo, CyrencyInfo,
+             ExchgFixInfo, ExchgFltInfo, zAccountMInfo, zOperatorInfo, zRightInfo, MarkLogInfo>();
 }
 
 }  // namespace tz

@@ -15,10 +15,14 @@ struct ReportWrite {
 };
 
 inline constexpr std::array reportWrites = {
-    ReportWrite{ReportWrite::Action::update, "RegSub", "byFlag"}, ReportWrite{ReportWrite::Action::insert, "Plan", ""},
-    ReportWrite{ReportWrite::Action::update, "Plan", ""},         ReportWrite{ReportWrite::Action::remove, "Plan", ""},
-    ReportWrite{ReportWrite::Action::insert, "Ages", ""},         ReportWrite{ReportWrite::Action::update, "Ages", ""},
-    ReportWrite{ReportWrite::Action::remove, "Ages", ""},         ReportWrite{ReportWrite::Action::insert, "MarkLog", ""},
+    ReportWrite{ReportWrite::Action::update, "RegSub", "byFlag"},
+    ReportWrite{ReportWrite::Action::insert, "Plan", ""},
+    ReportWrite{ReportWrite::Action::update, "Plan", ""},
+    ReportWrite{ReportWrite::Action::remove, "Plan", ""},
+    ReportWrite{ReportWrite::Action::insert, "Ages", ""},
+    ReportWrite{ReportWrite::Action::update, "Ages", ""},
+    ReportWrite{ReportWrite::Action::remove, "Ages", ""},
+    ReportWrite{ReportWrite::Action::insert, "MarkLog", ""},
 };
 
 }  // namespace tz

@@ -1,10 +1,9 @@
 // The SQLite backend: one file holds one ledger.
-#include <sqlite3.h>
-
 #include <array>
 #include <cassert>
 #include <charconv>
 #include <filesystem>
+#include <sqlite3.h>
 
 #include "data/backends.h"
 #include "data/report_writes.h"
@@ -55,15 +54,13 @@ DbError::Kind kindOf(int code) {
       return DbError::Kind::notFound;
     case SQLITE_CONSTRAINT:
       return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ? DbError::Kind::duplicate
-                                                                                    : DbError::Kind::other;
+                                                                                      : DbError::Kind::other;
     default:
       return DbError::Kind::other;
   }
 }
 
-[[noreturn]] void fail(sqlite3* db) {
-  throw DbError(kindOf(sqlite3_extended_errcode(db)), sqlite3_errmsg(db));
-}
+[[noreturn]] void fail(sqlite3* db) { throw DbError(kindOf(sqlite3_extended_errcode(db)), sqlite3_errmsg(db)); }
 
 using Statement = std::unique_ptr<sqlite3_stmt, decltype([](sqlite3_stmt* s) { sqlite3_finalize(s); })>;
 
@@ -274,6 +271,8 @@ std::unique_ptr<SqliteConnection> openFile(const std::string& name, int flags) {
   constexpr int busyMilliseconds = 5000;
   sqlite3_busy_timeout(raw, busyMilliseconds);
   connection->run("PRAGMA trusted_schema = OFF");
+  // As in the other database; account flags are tested with LIKE.
+  connection->run("PRAGMA case_sensitive_like = ON");
   return connection;
 }
 

@@ -18,9 +18,9 @@ std::optional<int> digits(std::string_view text) {
 
 int daysInMonth(int year, int month) {
   using namespace std::chrono;
-  return static_cast<int>(static_cast<unsigned>(
-      year_month_day_last{std::chrono::year{year}, month_day_last{std::chrono::month{static_cast<unsigned>(month)}}}
-          .day()));
+  return static_cast<int>(static_cast<unsigned>(year_month_day_last{
+      std::chrono::year{year}, month_day_last{std::chrono::month{static_cast<unsigned>(
+                                   month)}}}.day()));
 }
 
 std::optional<Date> parseIsoDate(std::string_view text) {
@@ -48,7 +48,8 @@ std::string isoText(Date date) {
 
 std::int32_t daysSinceEpoch(Date date) {
   using namespace std::chrono;
-  return static_cast<std::int32_t>(sys_days{year{date.year} / month{date.month} / day{date.day}}.time_since_epoch().count());
+  return static_cast<std::int32_t>(
+      sys_days{year{date.year} / month{date.month} / day{date.day}}.time_since_epoch().count());
 }
 
 Date dateFromDays(std::int32_t days) {
