@@ -14,8 +14,11 @@ endif()
 
 find_program(TZ_CCACHE ccache)
 if(TZ_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${TZ_CCACHE})
-  set(ENV{CCACHE_SLOPPINESS} pch_defines,time_macros)
+  # Without these two ccache refuses everything that is compiled with a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${TZ_CCACHE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(tz_options INTERFACE -fpch-preprocess)
+  endif()
 endif()
 find_program(TZ_MOLD mold)
 if(TZ_MOLD AND NOT TZ_SANITIZE)
