@@ -1,0 +1,77 @@
+// The PostgreSQL backend: one database of a server holds one ledger.
+#include <cstdlib>
+
+#include "data/backends.h"
+#include "data/postgres_cursor.h"
+#include "data/postgres_dialect.h"
+#include "data/postgres_session.h"
+#include "data/postgres_writer.h"
+
+namespace tz {
+namespace {
+
+class PostgresConnection final : public Connection {
+ public:
+  explicit PostgresConnection(const std::string& address) : session_(std::make_shared<PostgresSession>(address)) {}
+
+  std::unique_ptr<Cursor> query(const Sql& sql) override { return std::make_unique<PostgresCursor>(session_, sql); }
+  std::int64_t execute(const Sql& sql) override {
+    const auto result = session_->run(sql.numbered(), sql.values());
+    return std::strtoll(postgresClient().PQcmdTuples(result.get()), nullptr, 10);
+  }
+  std::unique_ptr<RowWriter> insertInto(std::string_view table, std::span<const std::string> columns) override {
+    return std::make_unique<PostgresWriter>(session_, table, columns);
+  }
+  const Dialect& dialect() const override {
+    static const PostgresDialect dialect;
+    return dialect;
+  }
+  bool alive() override {
+    try {
+      session_->command("");  // answered even inside a failed transaction
+    } catch (const DbError&) {
+      return !session_->broken();
+    }
+    return true;
+  }
+  void setCancelCheck(bool (*cancelled)(void*), void* context) override {
+    session_->setCancelCheck(cancelled, context);
+  }
+  void command(const char* text) { session_->command(text); }
+
+ protected:
+  void begin(bool writing) override {
+    session_->command(writing ? "BEGIN" : "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+    session_->countTransaction();
+  }
+  void commit() override {
+    const auto result = session_->command("COMMIT");
+    // A transaction in which a statement failed answers COMMIT by undoing everything.
+    if (std::string_view(postgresClient().PQcmdStatus(result.get())) == "ROLLBACK") {
+      throw DbError(DbError::Kind::other, "nothing was written, because a statement before had failed");
+    }
+  }
+  void rollback() noexcept override {
+    if (session_->broken() || session_->transactionStatus() == PQTRANS_IDLE) return;
+    try {
+      session_->command("ROLLBACK");
+    } catch (const DbError&) {
+      // A broken connection undoes everything at the server as well.
+    }
+  }
+
+ private:
+  std::shared_ptr<PostgresSession> session_;
+};
+
+}  // namespace
+
+std::unique_ptr<Connection> openPostgres(const std::string& address, Access access) {
+  auto connection = std::make_unique<PostgresConnection>(address);
+  // Every row of a cursor is read, so plans are made for the whole; whoever holds a row longer than that is reported.
+  connection->command("SET client_min_messages = warning; SET cursor_tuple_fraction = 1; SET lock_timeout = '5s'");
+  if (access == Access::read) connection->command("SET default_transaction_read_only = on");
+  return connection;
+}
+
+}  // namespace tz

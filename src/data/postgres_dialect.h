@@ -1,0 +1,17 @@
+// PostgreSQL's ways of writing what the databases write differently.
+#pragma once
+
+#include "data/dialect.h"
+
+namespace tz {
+
+class PostgresDialect final : public Dialect {
+ public:
+  [[nodiscard]] std::string_view typeName(Type type) const override;
+  [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
+  [[nodiscard]] std::string catalogueView() const override;
+  [[nodiscard]] std::string_view tableSuffix() const override { return ""; }
+  [[nodiscard]] bool linesKeyedByVoucher() const override { return true; }
+};
+
+}  // namespace tz
