@@ -1,0 +1,26 @@
+// The subcommands of tzassistant. Each adds itself to the parser and runs when it was chosen; what it returns is the exit
+// status of the program.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tz::cli {
+
+enum class Status { done = 0, refused = 1, wrongUse = 2, failed = 3, noRight = 4 };
+
+// The work of the subcommand that was parsed; main runs it.
+using Work = std::function<Status()>;
+
+void addReportsCommand(CLI::App& app, Work& work);
+// The options of the report command depend on the report that `reportId` names, 0 when none is named.
+void addReportCommand(CLI::App& app, Work& work, int reportId);
+void addLedgerCommand(CLI::App& app, Work& work);
+void addOpenCommand(CLI::App& app, Work& work);
+
+// One line on standard error, behind the program's name.
+void complain(const std::string& message);
+
+}  // namespace tz::cli

@@ -1,0 +1,80 @@
+// tzassistant ledger: makes ledgers and checks them.
+#include <chrono>
+#include <cstdio>
+
+#include "cli/cli.h"
+#include "data/create_ledger.h"
+#include "data/ledger_check.h"
+#include "data/record_io.h"
+#include "reports/parameter.h"
+#include "sample/sample_company.h"
+
+namespace tz::cli {
+namespace {
+
+struct CreateOptions {
+  std::string address;
+  bool sample = false;
+  bool empty = false;
+  std::int64_t lines = 0;
+  int year = 0;
+  std::string name = "新帐套";
+};
+
+int currentYear() {
+  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  return static_cast<int>(std::chrono::year_month_day(today).year());
+}
+
+Status create(const CreateOptions& options) {
+  createLedger(options.address, [&](Connection& connection) {
+    if (options.sample) {
+      fillSample(connection, {.lines = options.lines});
+    } else {
+      const int year = options.year == 0 ? currentYear() : options.year;
+      insertRecords(connection, std::vector{zAccountMInfo{1, options.name, "4222", year}});
+    }
+  });
+  return Status::done;
+}
+
+Status check(const std::string& address) {
+  const auto connection = openLedger(address, Access::read);
+  const Transaction reading(*connection, Transaction::Purpose::reading);
+  std::int64_t violations = 0;
+  checkLedger(*connection, [&](const Violation& violation) {
+    ++violations;
+    std::printf("%s\n", violation.text().c_str());
+  });
+  if (violations == 0) std::printf("帐套符合全部规则\n");
+  return violations == 0 ? Status::done : Status::refused;
+}
+
+}  // namespace
+
+void addLedgerCommand(CLI::App& app, Work& work) {
+  auto* ledger = app.add_subcommand("ledger", "建立和检查帐套");
+  ledger->require_subcommand(1);
+
+  auto* createCommand = ledger->add_subcommand("create", "建立新帐套：文件或 postgresql:// 地址");
+  const auto options = std::make_shared<CreateOptions>();
+  createCommand->add_option("LEDGER", options->address, "新帐套的文件名或服务器地址")->required();
+  auto* sample = createCommand->add_flag("--sample", options->sample, "示例企业的一个会计年度");
+  createCommand->add_flag("--empty", options->empty, "空帐套（缺省）")->excludes(sample);
+  createCommand->add_option("--lines", options->lines, "示例企业的已记帐分录数，缺省为便于阅读的小帐套")
+      ->check(CLI::Range(std::int64_t{1}, std::int64_t{100'000'000}))
+      ->needs(sample);
+  createCommand->add_option("--year", options->year, "空帐套的会计年度，缺省为今年")
+      ->check(CLI::Range(1900, 9999))
+      ->excludes(sample);
+  createCommand->add_option("--name", options->name, "空帐套的名称")->excludes(sample);
+  createCommand->footer("例：tzassistant ledger create 示例.db --sample");
+  createCommand->callback([&work, options] { work = [options] { return create(*options); }; });
+
+  auto* checkCommand = ledger->add_subcommand("check", "逐条检查帐套的规则，每处违反一行");
+  const auto address = std::make_shared<std::string>();
+  checkCommand->add_option("LEDGER", *address, "帐套的文件名或服务器地址")->required();
+  checkCommand->callback([&work, address] { work = [address] { return check(*address); }; });
+}
+
+}  // namespace tz::cli

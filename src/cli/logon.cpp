@@ -1,0 +1,31 @@
+#include "cli/logon.h"
+
+#include <cstdlib>
+
+#include "cli/cli.h"
+#include "grid/platform.h"
+
+namespace tz::cli {
+
+std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name) {
+  if (!needsLogon(db)) return everybody();
+  if (name.empty()) {
+    complain("该帐套需要操作员：请加 --operator 姓名，口令用环境变量 TZ_PASSWORD 或在提示处输入");
+    return std::nullopt;
+  }
+  std::optional<std::string> password;
+  if (const char* given = std::getenv("TZ_PASSWORD")) {
+    password = given;
+  } else {
+    password = promptPassword(name + " 的口令：");
+  }
+  if (!password) {
+    complain("没有口令：请设环境变量 TZ_PASSWORD，或在终端上运行");
+    return std::nullopt;
+  }
+  auto who = logOn(db, name, *password);
+  if (!who) complain("操作员姓名或口令不对");
+  return who;
+}
+
+}  // namespace tz::cli

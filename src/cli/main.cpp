@@ -1,0 +1,70 @@
+// tzassistant: the module on the command line. Exit status: 0 done, 1 refused, 2 wrong use, 3 the database or the output
+// failed, 4 no right.
+#include <cstdio>
+#include <exception>
+#include <string_view>
+
+#include "cli/cli.h"
+#include "cli/explain.h"
+#include "data/connection.h"
+#include "reports/parameter.h"
+
+namespace tz::cli {
+namespace {
+
+// The report named behind "report", so that its conditions become the options; 0 when there is none.
+int namedReport(int argc, char** argv) {
+  for (int i = 1; i + 1 < argc; ++i) {
+    if (std::string_view(argv[i]) != "report") continue;
+    for (int k = i + 1; k < argc; ++k) {
+      const int id = std::atoi(argv[k]);
+      if (id > 0) return id;
+    }
+  }
+  return 0;
+}
+
+Status run(int argc, char** argv) {
+  CLI::App app("辅助核算：个人、部门、项目、单位的明细帐、余额表和总帐。不带子命令时打开桌面。", "tzassistant");
+  app.set_help_flag("-h,--help", "显示说明");
+  app.set_version_flag("--version", TZ_VERSION);
+  app.footer("子命令的说明：tzassistant 子命令 --help\n退出状态：0 完成，1 被拒绝，2 用法不对，3 数据库或输出失败，4 没有权限");
+  app.require_subcommand(0, 1);
+  Work work;
+  addOpenCommand(app, work);
+  addLedgerCommand(app, work);
+  addReportsCommand(app, work);
+  addReportCommand(app, work, namedReport(argc, argv));
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& asked) {
+    app.exit(asked);  // --help, --version
+    return Status::done;
+  } catch (const CLI::ParseError& error) {
+    complain(explain(error, app));
+    return Status::wrongUse;
+  }
+  return work();
+}
+
+}  // namespace
+
+void complain(const std::string& message) { std::fprintf(stderr, "tzassistant: %s\n", message.c_str()); }
+
+}  // namespace tz::cli
+
+int main(int argc, char** argv) {
+  using tz::cli::Status;
+  auto status = Status::failed;
+  try {
+    status = tz::cli::run(argc, argv);
+  } catch (const tz::WrongUse& error) {
+    tz::cli::complain(error.what());
+    status = Status::wrongUse;
+  } catch (const tz::DbError& error) {
+    tz::cli::complain(tz::cli::explain(error));
+  } catch (const std::exception& error) {
+    tz::cli::complain(error.what());
+  }
+  return static_cast<int>(status);
+}

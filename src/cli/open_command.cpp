@@ -1,0 +1,28 @@
+// tzassistant open: starts the desktop, which is a program of its own so that this one needs no window toolkit.
+#include <filesystem>
+
+#include "cli/cli.h"
+#include "grid/platform.h"
+
+namespace tz::cli {
+namespace {
+
+Status startDesktop(const std::vector<std::string>& arguments) {
+  const auto program = programFolder() / "tzassistant-desktop";
+  if (!std::filesystem::exists(program)) {
+    complain("桌面程序 tzassistant-desktop 没有安装；命令行的用法见 tzassistant --help");
+    return Status::failed;
+  }
+  replaceProcess(program.string(), arguments);
+}
+
+}  // namespace
+
+void addOpenCommand(CLI::App& app, Work& work) {
+  work = [] { return startDesktop({}); };
+  auto* command = app.add_subcommand("open", "打开桌面");
+  command->prefix_command();  // everything behind it is the desktop's: LEDGER, -ERPCONSOLE, -ERPSINGLE
+  command->callback([&work, command] { work = [command] { return startDesktop(command->remaining()); }; });
+}
+
+}  // namespace tz::cli

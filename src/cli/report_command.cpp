@@ -1,0 +1,101 @@
+// tzassistant report: computes one report and prints it or writes it to a file.
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <map>
+
+#include "catalogue/catalogue.h"
+#include "cli/cli.h"
+#include "cli/logon.h"
+#include "cli/report_writer.h"
+#include "reports/report_definition.h"
+
+namespace tz::cli {
+namespace {
+
+struct ReportOptions {
+  int id = 0;
+  std::string ledger;
+  std::map<ParameterKey, std::string> values;
+  std::map<ParameterKey, bool> flags;
+  std::string date;
+  std::string operatorName;
+  OutputOptions output;
+};
+
+Request requestOf(const ReportOptions& options) {
+  Request request;
+  for (const auto& [key, value] : options.values) {
+    if (!value.empty()) request.set(key, value);
+  }
+  for (const auto& [key, given] : options.flags) {
+    if (given) request.set(key, "1");
+  }
+  return request;
+}
+
+Date logonDate(const ReportOptions& options, const CQnCwDB& db) {
+  if (options.date.empty()) return defaultLogonDate(db);
+  const auto date = parseIsoDate(options.date);
+  if (!date) throw WrongUse("--date：“" + options.date + "”不是 YYYY-MM-DD 形式的日期");
+  return *date;
+}
+
+Status refuse(const Refusal& refusal) {
+  complain(refusal.text());
+  return refusal.id == MessageId::databaseNotOpen ? Status::failed : Status::refused;
+}
+
+Status run(const ReportOptions& options) {
+  const auto* report = findReport(options.id);
+  if (report == nullptr) throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
+  const auto request = requestOf(options);
+  CQnCwDB db(Access::read);
+  db.Open(options.ledger);
+  const auto who = logOnFromTerminal(db, options.operatorName);
+  if (!who) return Status::noRight;
+  if (!CCheckAuth(*who, report->right, 1, report->rightName)) {
+    complain(fmt::format("操作员 {} 没有“{}”的权限（{} 号）", who->name, report->rightName, report->right));
+    return Status::noRight;
+  }
+  Session session{.db = db, .ledger = options.ledger, .logon = logonDate(options, db)};
+  const auto outcome = runReport(*report, request, session);
+  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
+  writeReport(std::get<ComputedReport>(outcome), options.output);
+  return Status::done;
+}
+
+void addConditions(CLI::App& command, const ReportDefinition& report, ReportOptions& options) {
+  for (const auto key : parametersOf(report)) {
+    const auto& condition = parameter(key);
+    const auto name = "--" + std::string(condition.option);
+    auto* option = condition.kind == Parameter::Kind::flag
+                       ? command.add_flag(name, options.flags[key], std::string(condition.help))
+                       : command.add_option(name, options.values[key], std::string(condition.help));
+    if (!condition.valueName.empty()) option->type_name(std::string(condition.valueName));
+    option->group("条件");
+  }
+}
+
+}  // namespace
+
+void addReportCommand(CLI::App& app, Work& work, int reportId) {
+  auto* command = app.add_subcommand("report", "计算一张报表");
+  const auto options = std::make_shared<ReportOptions>();
+  command->add_option("ID", options->id, "报表编号，见 tzassistant reports")->required();
+  command->add_option("--ledger", options->ledger, "帐套的文件名或 postgresql:// 地址")->required()->type_name("LEDGER");
+  command->add_option("--date", options->date, "登录日期，缺省为最后一张已记帐凭证的日期")->type_name("YYYY-MM-DD");
+  command->add_option("--operator", options->operatorName, "操作员；口令取自 TZ_PASSWORD 或提示")->type_name("NAME");
+  command->add_option("--as", options->output.form, "输出形式")->check(CLI::IsMember(outputForms()));
+  command->add_option("-o,--output", options->output.file, "写入文件，要么完整要么不写")->type_name("FILE");
+  if (const auto* report = findReport(reportId)) {
+    command->description(fmt::format("{} {}", report->windowTitle, report->command));
+    addConditions(*command, *report, *options);
+    command->footer(fmt::format("例：tzassistant report {} --ledger 示例.db --help", reportId));
+  } else {
+    command->footer("各报表的条件：tzassistant report 编号 --help");
+  }
+  command->callback([&work, options] { work = [options] { return run(*options); }; });
+}
+
+}  // namespace tz::cli

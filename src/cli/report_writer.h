@@ -1,0 +1,20 @@
+// Where a computed report goes: the terminal (through a pager), standard output or a file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "grid/report_output.h"
+
+namespace tz::cli {
+
+struct OutputOptions {
+  std::string form = "text";
+  std::string file;  // empty = standard output
+};
+
+[[nodiscard]] std::vector<std::string> outputForms();
+// Throws std::runtime_error when the output cannot be written; a file is then left as it was.
+void writeReport(const ComputedReport& report, const OutputOptions& options);
+
+}  // namespace tz::cli

@@ -1,0 +1,62 @@
+// tzassistant reports: every report with its conditions.
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "catalogue/catalogue.h"
+#include "cli/cli.h"
+#include "grid/report_output.h"
+
+namespace tz::cli {
+namespace {
+
+std::string padded(std::string_view text, int width) {
+  return std::string(text) + std::string(static_cast<std::size_t>(std::max(0, width - displayWidth(text))), ' ');
+}
+
+std::string conditionsOf(const ReportDefinition& report) {
+  std::string text;
+  for (const auto key : parametersOf(report)) {
+    const auto& condition = parameter(key);
+    text += fmt::format("{}--{}", text.empty() ? "" : " ", condition.option);
+    if (!condition.valueName.empty()) text += fmt::format(" {}", condition.valueName);
+  }
+  return text;
+}
+
+void printText() {
+  for (const auto* report : catalogue()) {
+    fmt::print("{}  {}  {}  {}\n", report->command, padded(areaName(report->area), 8), padded(report->printTitle, 14),
+               conditionsOf(*report));
+  }
+}
+
+void printJson() {
+  auto list = nlohmann::ordered_json::array();
+  for (const auto* report : catalogue()) {
+    auto conditions = nlohmann::ordered_json::array();
+    for (const auto key : parametersOf(*report)) conditions.push_back(std::string(parameter(key).option));
+    list.push_back({{"id", report->command},
+                    {"area", std::string(areaName(report->area))},
+                    {"title", std::string(report->printTitle)},
+                    {"conditions", conditions}});
+  }
+  fmt::print("{}\n", list.dump(1));
+}
+
+}  // namespace
+
+void addReportsCommand(CLI::App& app, Work& work) {
+  auto* command = app.add_subcommand("reports", "列出全部报表：编号、领域、名称、条件");
+  const auto form = std::make_shared<std::string>("text");
+  command->add_option("--as", *form, "输出形式")->check(CLI::IsMember({"text", "json"}));
+  command->callback([&work, form] {
+    work = [form] {
+      *form == "json" ? printJson() : printText();
+      return Status::done;
+    };
+  });
+}
+
+}  // namespace tz::cli

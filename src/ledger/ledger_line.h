@@ -1,0 +1,43 @@
+// Running balance and voucher line of the ledger engine. Amounts are home currency, quantities in the account's unit,
+// foreign amounts in its currency; nothing is rounded. A balance is debit-positive.
+#pragma once
+
+#include <string>
+
+namespace tz {
+
+struct LedgerBalance {
+  double unitPrice = 0;     // amount ÷ quantity, as last computed
+  double exchangeRate = 0;  // by the account's rate method, as last computed
+  double quantity = 0;
+  double foreignAmount = 0;
+  double amount = 0;
+};
+
+// The three figures of one side of a line or total.
+struct SideFigures {
+  double quantity = 0;
+  double foreign = 0;
+  double amount = 0;
+
+  SideFigures& operator+=(const SideFigures& other) {
+    quantity += other.quantity;
+    foreign += other.foreign;
+    amount += other.amount;
+    return *this;
+  }
+};
+
+// A voucher line, or a total when date text and voucher number are empty.
+struct LedgerLine {
+  std::string dateText;       // "2006.01.05", the voucher date
+  std::string voucherNumber;  // "记-0001"
+  std::string summary;
+  int month = 0;  // calendar month of the voucher date
+  double unitPrice = 0;
+  double exchangeRate = 0;
+  SideFigures debit;
+  SideFigures credit;
+};
+
+}  // namespace tz

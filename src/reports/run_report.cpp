@@ -1,0 +1,112 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "reports/cancellation.h"
+#include "reports/report_definition.h"
+
+namespace tz {
+namespace {
+
+void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
+  const auto asked = conditions.request.text(ParameterKey::format);
+  conditions.format = asked.empty() ? conditions.amounts.preselectedFormat : asked;
+  if (asked.empty() || report.formats == nullptr) return;
+  const auto offered = report.formats(conditions);
+  if (std::ranges::find(offered, asked) != offered.end()) return;
+  throw WrongUse(fmt::format("--format：“{}”不适用于所选科目，可用：{}", asked, fmt::join(offered, "、")));
+}
+
+ComputedReport compute(const ReportDefinition& report, const Conditions& conditions, Session& session) {
+  ComputedReport computed;
+  computed.report = report.command;
+  computed.window = report.window;
+  computed.title = report.printTitle;
+  computed.subtitle = report.subtitle(conditions);
+  computed.period = periodText(session.logon.year, conditions.from, conditions.to);
+  computed.unit = unitText(conditions.format, conditions.amounts);
+  computed.format = conditions.format;
+  computed.highlightMeaning = "未记帐凭证";
+  report.compute(session, conditions, computed.grid);
+  return computed;
+}
+
+// Lets the database ask, during a long statement, whether the person has stopped the work.
+class CancelWatch {
+ public:
+  explicit CancelWatch(Session& session) : connection_(session.db.Current()) {
+    connection_.setCancelCheck([](void* context) { return static_cast<Session*>(context)->cancelled(); }, &session);
+  }
+  CancelWatch(const CancelWatch&) = delete;
+  CancelWatch& operator=(const CancelWatch&) = delete;
+  ~CancelWatch() { connection_.setCancelCheck(nullptr, nullptr); }
+
+ private:
+  Connection& connection_;
+};
+
+}  // namespace
+
+std::string_view areaName(Area area) {
+  switch (area) {
+    case Area::person:
+      return "个人往来";
+    case Area::department:
+      return "部门核算";
+    case Area::plan:
+      return "计划";
+    case Area::project:
+      return "项目核算";
+    case Area::unit:
+      return "单位往来";
+  }
+  return {};
+}
+
+std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
+  std::vector<ParameterKey> keys;
+  for (const auto& control : report.dialog->controls) {
+    keys.push_back(control.key);
+    if (control.kind == ControlSpec::Kind::months) keys.push_back(ParameterKey::to);
+  }
+  if (report.formats != nullptr) keys.push_back(ParameterKey::format);
+  return keys;
+}
+
+ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
+  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = MessageId::databaseNotOpen};
+  const CancelWatch watch(session);
+  Transaction reading(session.db.Current(), Transaction::Purpose::reading);
+  try {
+    auto validated = validate(*report.dialog, request, session);
+    if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
+    auto& conditions = std::get<Conditions>(validated);
+    chooseFormat(report, conditions);
+    auto computed = compute(report, conditions, session);
+    reading.commit();
+    return computed;
+  } catch (const CancelledWork&) {
+    return Cancelled{};
+  } catch (const DbError&) {
+    // A statement that was stopped on request ends with an error of the database.
+    if (session.cancelled()) return Cancelled{};
+    throw;
+  }
+}
+
+std::string periodText(int year, int from, int to) {
+  return fmt::format("月份: {}.{:02} - {}.{:02}", year, from, year, to);
+}
+
+std::string paintedPeriodText(int year, int from, int to) {
+  return fmt::format("月份: {:4}.{}--{:4}.{}", year, from, year, to);
+}
+
+std::string unitText(std::string_view format, const AccountAmounts& amounts) {
+  if (format == "数量金额式") return amounts.unit;
+  if (format == "外币金额式") return amounts.currency;
+  if (format == "数量外币式") return amounts.unit + "\n" + amounts.currency;
+  return {};
+}
+
+}  // namespace tz
