@@ -10,8 +10,8 @@
 namespace tz {
 
 struct ComputedReport {
-  int report = 0;  // command id of the navigator
-  int window = 0;  // dialog id of its window
+  int report = 0;        // command id of the navigator
+  int window = 0;        // dialog id of its window
   std::string title;     // print title
   std::string subtitle;  // one or two lines
   std::string period;    // "月份: 2006.01 - 2006.03"; empty for reports without months

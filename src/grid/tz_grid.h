@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,14 +15,14 @@
 
 namespace tz {
 
-// How the numbers of a column are shown: amounts with two decimals, quantities and prices with up to four, rates with up
-// to six, counts with none.
+// How the numbers of a column are shown: amounts with two decimals, quantities and prices with up to four, rates with
+// up to six, counts with none.
 enum class Figure : std::uint8_t { none, amount, quantity, price, rate, count };
 
 struct GridColumn {
   std::string caption;
-  std::string group;  // caption above it, shared by neighbours; empty = one level
-  int width = 0;      // pixels at 100 %
+  std::string group;             // caption above it, shared by neighbours; empty = one level
+  int width = 0;                 // pixels at 100 %
   Figure figure = Figure::none;  // none: a text column
 };
 
@@ -44,13 +45,14 @@ class CTzGrid {
   CTzGrid& operator=(const CTzGrid&) = delete;
   ~CTzGrid() = default;
 
-  // Removes rows and columns, notices stay out too: the grid is as new.
+  // Removes rows, columns and notices: the grid is as new.
   void Clear();
-  // Columns are added before the first row.
+  // Columns are added before the first row; later ones throw std::logic_error.
   void AddColumn(GridColumn column);
   [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
   [[nodiscard]] int GetCols() const { return static_cast<int>(columns_.size()); }
 
+  // New rows are empty lines without colour, their data 0.
   void SetRows(std::int64_t rows);
   [[nodiscard]] std::int64_t GetRows() const { return rowCount_; }
 
@@ -60,6 +62,7 @@ class CTzGrid {
   bool SetRowData(std::int64_t row, std::int32_t data);
   bool SetRowKind(std::int64_t row, RowKind kind);
 
+  // Outside the grid a cell reads as empty, a row as a plain line.
   [[nodiscard]] CellType TypeAt(std::int64_t row, int column) const;
   // The text of a text cell; empty for the others. Valid until the grid changes.
   [[nodiscard]] std::string_view TextAt(std::int64_t row, int column) const;
@@ -84,33 +87,81 @@ class CTzGrid {
 
  private:
   // A cell of 16 bytes. tag 0: empty; 1: number in the last eight bytes; 2: long text, its length in bytes 4 to 7 and
-  // its place in the heap in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after the tag.
+  // its address in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after the tag.
   struct Cell {
-    std::array<unsigned char, 16> bytes;
+    alignas(8) std::array<char, 16> bytes;
   };
-  struct Row {
-    Rgb colour;
-    std::int32_t data;
-    RowKind kind;
-  };
-  static constexpr std::int64_t rowsPerBlock = 4096;
+  static constexpr char emptyTag = 0;
+  static constexpr char numberTag = 1;
+  static constexpr char longTag = 2;
+  static constexpr char shortTag = 16;
+  static constexpr std::size_t longestShort = 15;
 
-  [[nodiscard]] bool Inside(std::int64_t row, int column) const;
-  [[nodiscard]] Cell& At(std::int64_t row, int column);
-  [[nodiscard]] const Cell& At(std::int64_t row, int column) const;
-  [[nodiscard]] Row& RowAt(std::int64_t row) { return rowBlocks_[row / rowsPerBlock][row % rowsPerBlock]; }
-  [[nodiscard]] const Row& RowAt(std::int64_t row) const { return rowBlocks_[row / rowsPerBlock][row % rowsPerBlock]; }
-  [[nodiscard]] std::uint64_t Store(std::string_view text);
+  struct Row {
+    Rgb colour = noColour;
+    std::int32_t data = 0;
+    RowKind kind = RowKind::line;
+  };
+  static constexpr std::size_t rowsPerBlock = 4096;
+
+  [[nodiscard]] bool HasRow(std::int64_t row) const { return row >= 0 && row < rowCount_; }
+  [[nodiscard]] bool Inside(std::int64_t row, int column) const {
+    return HasRow(row) && column >= 0 && static_cast<std::size_t>(column) < columns_.size();
+  }
+  [[nodiscard]] Cell& At(std::int64_t row, int column) const {
+    const auto place = static_cast<std::size_t>(row);
+    return cellBlocks_[place / rowsPerBlock]
+                      [(place % rowsPerBlock) * columns_.size() + static_cast<std::size_t>(column)];
+  }
+  [[nodiscard]] Row& RowAt(std::int64_t row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return rowBlocks_[place / rowsPerBlock][place % rowsPerBlock];
+  }
+  void AddBlock();
+  void ClearRows(std::size_t first, std::size_t end);
+  [[nodiscard]] const char* Store(std::string_view text);
+  [[nodiscard]] char* Reserve(std::size_t size);
 
   std::vector<GridColumn> columns_;
   std::int64_t rowCount_ = 0;
   std::vector<std::unique_ptr<Cell[]>> cellBlocks_;  // NOLINT: arrays of one block's size, never resized
   std::vector<std::unique_ptr<Row[]>> rowBlocks_;    // NOLINT
-  std::vector<std::unique_ptr<std::string>> heap_;   // chunks of long texts; a place is chunk << 32 | offset
-  std::uint64_t lastPlace_ = 0;
-  std::string_view lastText_;
+  // Long texts live in chunks until Clear. Summaries repeat a lot: the last text of each hash is taken again.
+  std::vector<std::unique_ptr<char[]>> chunks_;  // NOLINT
+  std::size_t chunkUsed_ = 0;
+  std::size_t chunkSize_ = 0;
+  std::size_t chunkTotal_ = 0;
+  std::vector<std::string_view> recent_;
   std::int64_t currentRow_ = -1;
   int currentColumn_ = -1;
 };
+
+inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return CellType::empty;
+  const char tag = At(row, column).bytes[0];
+  if (tag == emptyTag) return CellType::empty;
+  return tag == numberTag ? CellType::number : CellType::text;
+}
+
+inline std::string_view CTzGrid::TextAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return {};
+  const char* bytes = At(row, column).bytes.data();
+  if (bytes[0] >= shortTag) return {bytes + 1, static_cast<std::size_t>(bytes[0] - shortTag)};
+  if (bytes[0] != longTag) return {};
+  std::uint32_t length = 0;
+  const char* text = nullptr;
+  std::memcpy(&length, bytes + 4, sizeof length);
+  std::memcpy(&text, bytes + 8, sizeof text);
+  return {text, length};
+}
+
+inline double CTzGrid::NumberAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return 0;
+  const char* bytes = At(row, column).bytes.data();
+  if (bytes[0] != numberTag) return 0;
+  double number = 0;
+  std::memcpy(&number, bytes + 8, sizeof number);
+  return number;
+}
 
 }  // namespace tz
