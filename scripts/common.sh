@@ -1,0 +1,77 @@
+# Shared by ./run and ./test: installing what is missing and building without noise. Sourced, not run.
+# Everything is said on standard error, so that a report on standard output stays clean.
+# shellcheck shell=bash
+
+say() { printf '%s\n' "$*" >&2; }
+fail() {
+  say "$*"
+  exit 1
+}
+
+# packages_missing FILE...: the names of those lists that are not installed, one a line.
+packages_missing() {
+  local wanted installed
+  wanted=$(sed 's/#.*//' "$@" | tr -s '[:space:]' '\n' | grep . | sort -u)
+  # dpkg-query fails when it does not know a name; what it knows it prints all the same.
+  # shellcheck disable=SC2086 # the names are meant to be split
+  installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
+    sed -n 's/^installed //p' | sort -u || true)
+  comm -23 <(printf '%s\n' "$wanted") <(printf '%s\n' "$installed")
+}
+
+# as_root COMMAND...: directly, or through sudo.
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+apt() {
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" >&2
+}
+
+# The tests start a server of their own; Debian's package would set up one more that keeps running. A setting beside
+# the package's own ones prevents that while it is installed, and goes away again.
+install_without_cluster() {
+  local setting=/etc/postgresql-common/createcluster.d/tzassistant.conf
+  as_root mkdir -p "${setting%/*}"
+  echo 'create_main_cluster = false' | as_root tee "$setting" >/dev/null
+  local status=0
+  apt install --no-install-recommends "$@" || status=$?
+  as_root rm -f "$setting"
+  return "$status"
+}
+
+# install_packages FILE...: installs what is missing of the lists; says nothing when nothing is.
+install_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    say "This is no Debian system: the packages of $* are taken for granted."
+    return
+  fi
+  local missing
+  mapfile -t missing < <(packages_missing "$@")
+  [ "${#missing[@]}" -gt 0 ] || return 0
+  say "Installing ${#missing[@]} Debian packages: ${missing[*]}"
+  if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
+    fail "Installing needs root or sudo, and neither is there. Ask for: apt-get install ${missing[*]}"
+  fi
+  apt update || say "The package lists could not be refreshed; going on with those that are there."
+  install_without_cluster "${missing[@]}" ||
+    fail "The packages could not be installed; apt-get says why above. Root or a password for sudo is needed."
+}
+
+# build PRESET TARGET...: configures once, then builds what is out of date. Says how long a build took, nothing when
+# everything was up to date, and the compiler's words when it failed.
+build() {
+  local preset=$1 folder=build/$1 log=build/$1.log start=$SECONDS
+  shift
+  mkdir -p build
+  # Two builds at once in one folder would break each other: the second one waits.
+  exec 9>"build/.lock-$preset"
+  flock 9
+  if [ ! -f "$folder/build.ninja" ]; then
+    say "Building $folder, which takes a few minutes the first time ..."
+    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail "Configuring $folder failed."; }
+  fi
+  ninja -C "$folder" "$@" >"$log" 2>&1 || { grep -v '^\[[0-9]*/[0-9]*\]' "$log" >&2; fail "Building $folder failed."; }
+  grep -q 'no work to do' "$log" || say "Built $folder in $((SECONDS - start)) s."
+  exec 9>&-
+}
