@@ -1,0 +1,61 @@
+// The navigator (辅助核算), the window from which every report is opened. Six areas at the left exchange the commands
+// at the right. What a command runs is set from outside; a command that nothing runs is shown pale and says so.
+#pragma once
+
+#include <functional>
+
+#include "shell/area_layout.h"
+#include "suite/img_dlg.h"
+
+namespace tz {
+
+// Who runs the commands. Without one, no command is available.
+struct CommandRunner {
+  std::function<bool(int command)> available;
+  std::function<void(int command)> run;
+  std::function<void(unsigned context)> help;  // may be empty
+};
+
+class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg {
+  Q_OBJECT
+
+ public:
+  // Becomes the parent of report windows (g_pDlgWnd). The layout follows g_lpArgument.
+  explicit CQnCwAssistantDlg(QWidget* parent);
+  ~CQnCwAssistantDlg() override;
+
+  void SetRunner(CommandRunner runner);
+  [[nodiscard]] Area CurrentArea() const { return area_; }
+
+  void OnTzAssistantArchive() { OpenArea(Area::archive); }
+  void OnTzAssistantPerson() { OpenArea(Area::person); }
+  void OnTzAssistantBranch() { OpenArea(Area::department); }
+  void OnTzAssistantPlan() { OpenArea(Area::plan); }
+  void OnTzAssistantProject() { OpenArea(Area::project); }
+  void OnTzAssistantUnit() { OpenArea(Area::unit); }
+  void OnTzAssistantExit();
+
+ protected:
+  bool OnInitDialog() override;
+  // Enter and Esc leave the navigator open; the caption's close button and the exit picture close it.
+  void OnOK() override {}
+  void OnCancel() override {}
+  void OnHelpInfo() override;
+  void OnCommand(int id) override;
+  void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void InitAssistantWnd();
+  void ClearAssistant();
+  void InitArea(Area area);
+  void OpenArea(Area area);
+  void PaintRail(QPainter& painter) const;
+  void PaintCard(QPainter& painter) const;
+
+  CommandRunner runner_;
+  Layout layout_;
+  Area area_ = Area::archive;
+};
+
+}  // namespace tz

@@ -1,0 +1,14 @@
+// The tests of the windows run inside one application, with the fonts and the theme of the program.
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include "suite/fonts.h"
+#include "suite/theme.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  tz::installFonts();
+  tz::applyTheme(tz::ThemeChoice::light);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
