@@ -76,8 +76,8 @@ void grantPostgresReportWrites(Connection& connection) {
   if (roleIsReady(connection)) return;
   const std::string roleName(role);
   attempt(connection, "CREATE ROLE " + roleName + " NOLOGIN;");
-  attempt(connection, "GRANT " + roleName + " TO CURRENT_USER;");
   if (text(connection, Sql("SELECT 1 FROM pg_catalog.pg_roles WHERE rolname = ?", roleName)).empty()) return;
+  attempt(connection, "GRANT " + roleName + " TO CURRENT_USER;");
 
   const auto schema = text(connection, "SELECT quote_ident(current_schema())");
   std::string grants = "GRANT USAGE ON SCHEMA " + schema + " TO " + roleName + "; ";
