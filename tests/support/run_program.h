@@ -1,0 +1,18 @@
+// Runs the command line as its users do, in a process of its own and without a shell.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tz::test {
+
+struct ProgramRun {
+  int status = -1;  // exit status; -1 when a signal ended it
+  std::string out, err;
+};
+
+// `settings` ("NAME=value") are added to the environment; standard input is empty.
+[[nodiscard]] ProgramRun runProgram(const std::vector<std::string>& arguments,
+                                    const std::vector<std::string>& settings = {});
+
+}  // namespace tz::test
