@@ -1,0 +1,25 @@
+#include "grid/output_file.h"
+
+namespace tz {
+
+Sink OutputFile::Contents() {
+  return [this](std::string_view text) {
+    platform::writeTo(file_, text);
+    return true;
+  };
+}
+
+bool writeFile(const std::string& target, const Producer& produce) {
+  OutputFile file(target);
+  if (!produce(file.Contents())) return false;
+  file.Commit();
+  return true;
+}
+
+void showOutput(const Producer& produce) {
+  const std::string pager = platform::isTerminal() ? platform::pagerCommand() : "";
+  if (!pager.empty() && platform::writeToPager(pager, produce)) return;
+  platform::writeToStandardOutput(produce);
+}
+
+}  // namespace tz

@@ -1,0 +1,253 @@
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <utility>
+#include <iconv.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "grid/platform.h"
+
+extern char** environ;
+
+namespace tz::platform {
+namespace {
+
+std::string reasonOf(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+      return "文件夹不存在";
+    case EACCES:
+    case EPERM:
+      return "没有写入权限";
+    case ENOSPC:
+    case EDQUOT:
+      return "磁盘空间不足";
+    case EROFS:
+      return "磁盘只读";
+    case EISDIR:
+      return "这是一个文件夹";
+    case ENAMETOOLONG:
+      return "文件名太长";
+    default:
+      return std::strerror(error);
+  }
+}
+
+[[noreturn]] void fail(const std::string& target, int error) {
+  throw OutputError("无法写入“" + target + "”：" + reasonOf(error));
+}
+
+// Returns 0 or the error that ended the writing.
+int writeAll(int handle, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(handle, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return errno;
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return 0;
+}
+
+class IgnoredSignal {
+ public:
+  explicit IgnoredSignal(int signal) : signal_(signal) {
+    struct sigaction ignore {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(signal_, &ignore, &before_);
+  }
+  IgnoredSignal(const IgnoredSignal&) = delete;
+  IgnoredSignal& operator=(const IgnoredSignal&) = delete;
+  ~IgnoredSignal() { ::sigaction(signal_, &before_, nullptr); }
+
+ private:
+  int signal_;
+  struct sigaction before_ {};
+};
+
+// A sink for a file descriptor whose reader may leave.
+Sink sinkTo(int handle, const char* name) {
+  return [handle, name](std::string_view text) {
+    const int error = writeAll(handle, text);
+    if (error != 0 && error != EPIPE) fail(name, error);
+    return error == 0;
+  };
+}
+
+// A path of its own beside the target; what is found there already belongs to somebody else.
+WorkFile createBeside(const std::string& target, mode_t mode) {
+  static int number = 0;
+  const std::filesystem::path folder = std::filesystem::path(target).parent_path();
+  for (;;) {
+    const std::string name = ".tz-" + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".tmp";
+    const std::string path = (folder / name).string();
+    const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (handle >= 0) return {target, path, handle};
+    if (errno != EEXIST) fail(target, errno);
+  }
+}
+
+void syncFolder(const std::string& path) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
+  if (handle < 0) return;
+  ::fsync(handle);
+  ::close(handle);
+}
+
+// Starts a shell command that reads from a pipe; returns the pipe's end to write to, -1 when it could not start.
+int startReader(const std::string& command, pid_t& child) {
+  std::array<int, 2> ends{};
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return -1;
+  posix_spawn_file_actions_t actions;
+  ::posix_spawn_file_actions_init(&actions);
+  ::posix_spawn_file_actions_adddup2(&actions, ends[0], STDIN_FILENO);
+  posix_spawnattr_t attributes;
+  ::posix_spawnattr_init(&attributes);
+  sigset_t defaults;
+  ::sigemptyset(&defaults);
+  ::sigaddset(&defaults, SIGPIPE);
+  ::sigaddset(&defaults, SIGINT);
+  ::posix_spawnattr_setsigdefault(&attributes, &defaults);
+  ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+  std::string shell = "sh";
+  std::string option = "-c";
+  std::string text = command;
+  std::array<char*, 4> arguments{shell.data(), option.data(), text.data(), nullptr};
+  const int error = ::posix_spawn(&child, "/bin/sh", &actions, &attributes, arguments.data(), environ);
+  ::posix_spawnattr_destroy(&attributes);
+  ::posix_spawn_file_actions_destroy(&actions);
+  ::close(ends[0]);
+  if (error == 0) return ends[1];
+  ::close(ends[1]);
+  return -1;
+}
+
+// Waits for a child to end; its exit status, -1 when a signal ended it.
+int statusOf(pid_t child) {
+  int status = 0;
+  while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool isOnPath(const char* program) {
+  const char* path = std::getenv("PATH");
+  std::string_view rest = path != nullptr ? path : "/usr/bin:/bin";
+  for (;;) {
+    const std::size_t end = rest.find(':');
+    const std::string file = std::string(rest.substr(0, end)) + "/" + program;
+    if (::access(file.c_str(), X_OK) == 0) return true;
+    if (end == std::string_view::npos) return false;
+    rest.remove_prefix(end + 1);
+  }
+}
+
+}  // namespace
+
+WorkFile openWorkFile(const std::string& path) {
+  // A link stays; what it points to is replaced.
+  std::error_code noFile;
+  const std::filesystem::path resolved = std::filesystem::canonical(path, noFile);
+  const std::string target = noFile ? path : resolved.string();
+  struct stat there {};
+  if (::stat(target.c_str(), &there) != 0) return createBeside(target, 0666);
+  if (S_ISDIR(there.st_mode)) fail(path, EISDIR);
+  if (::access(target.c_str(), W_OK) != 0) fail(path, errno);
+  if (S_ISREG(there.st_mode)) {
+    WorkFile file = createBeside(target, 0600);
+    ::fchmod(file.handle, there.st_mode & 07777);
+    return file;
+  }
+  const int handle = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
+  if (handle < 0) fail(path, errno);
+  return {target, target, handle};
+}
+
+void writeTo(const WorkFile& file, std::string_view text) {
+  const int error = writeAll(file.handle, text);
+  if (error != 0) fail(file.target, error);
+}
+
+void moveIntoPlace(WorkFile& file) {
+  if (!file.direct() && ::fsync(file.handle) != 0) fail(file.target, errno);
+  const int handle = std::exchange(file.handle, -1);
+  if (::close(handle) != 0) fail(file.target, errno);
+  if (file.direct()) return;
+  if (::rename(file.path.c_str(), file.target.c_str()) != 0) fail(file.target, errno);
+  file.path = file.target;
+  syncFolder(file.target);
+}
+
+void discard(WorkFile& file) noexcept {
+  if (file.handle >= 0) ::close(std::exchange(file.handle, -1));
+  if (!file.direct()) ::unlink(file.path.c_str());
+}
+
+bool isTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
+
+void writeToStandardOutput(const Producer& produce) {
+  const IgnoredSignal noPipe(SIGPIPE);
+  produce(sinkTo(STDOUT_FILENO, "标准输出"));
+}
+
+bool writeToPager(const std::string& command, const Producer& produce) {
+  constexpr int notFound = 127;
+  const IgnoredSignal noPipe(SIGPIPE);
+  const IgnoredSignal noInterrupt(SIGINT);  // the pager's matter while it runs
+  pid_t child = -1;
+  const int handle = startReader(command, child);
+  if (handle < 0) return false;
+  try {
+    produce(sinkTo(handle, command.c_str()));
+  } catch (...) {
+    ::close(handle);
+    statusOf(child);
+    throw;
+  }
+  ::close(handle);
+  return statusOf(child) != notFound;
+}
+
+std::string pagerCommand() {
+  const char* own = std::getenv("PAGER");
+  if (own != nullptr) return std::string_view(own) == "cat" ? "" : own;
+  return isOnPath("less") ? "less -S -R -F" : "";
+}
+
+void* loadLibrary(const char* name) { return ::dlopen(name, RTLD_NOW | RTLD_LOCAL); }
+
+void* functionOf(void* library, const char* name) { return ::dlsym(library, name); }
+
+std::string toGb18030(std::string_view text) {
+  const iconv_t converter = ::iconv_open("GB18030", "UTF-8");
+  if (converter == reinterpret_cast<iconv_t>(-1)) throw OutputError("本机没有 GB18030 编码");  // NOLINT
+  std::string result(text.size() * 2 + 16, '\0');  // four bytes at most for what takes two or more in UTF-8
+  char* from = const_cast<char*>(text.data());     // NOLINT: iconv does not write there
+  std::size_t fromLeft = text.size();
+  char* to = result.data();
+  std::size_t toLeft = result.size();
+  while (::iconv(converter, &from, &fromLeft, &to, &toLeft) == static_cast<std::size_t>(-1) && fromLeft > 0) {
+    // A character that the code lacks; the rest of its bytes fail likewise and are skipped in silence.
+    const bool lead = (static_cast<unsigned char>(*from) & 0xC0) != 0x80;
+    if (lead) {
+      *to++ = '?';
+      --toLeft;
+    }
+    ++from;
+    --fromLeft;
+  }
+  ::iconv_close(converter);
+  result.resize(static_cast<std::size_t>(to - result.data()));
+  return result;
+}
+
+}  // namespace tz::platform
