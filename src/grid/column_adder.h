@@ -17,6 +17,8 @@ struct CTzGridControl {
 
 // Appends a figure as it is shown: thousands separators, the decimals of its kind, "-" for negative ones.
 void appendFigure(std::string& out, double value, Figure figure);
+// Appends a finite figure at full precision for other programs: the shortest digits that read back as the same value.
+void appendExactFigure(std::string& out, double value);
 [[nodiscard]] std::string figureText(double value, Figure figure);
 
 }  // namespace tz

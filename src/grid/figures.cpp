@@ -136,6 +136,17 @@ void appendFigure(std::string& out, double value, Figure figure) {
   appendExact(out, magnitude, value < 0, form);
 }
 
+void appendExactFigure(std::string& out, double value) {
+  if (value == 0) value = 0;  // no "-0": what a sum of nothing is must not depend on the order of its parts
+  const double magnitude = std::fabs(value);
+  const bool positional = magnitude == 0 || (magnitude >= 1e-5 && magnitude < 1e15);
+  std::array<char, 40> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                 positional ? std::chars_format::fixed : std::chars_format::scientific)
+                       .ptr;
+  out.append(text.data(), end);
+}
+
 std::string figureText(double value, Figure figure) {
   std::string text;
   appendFigure(text, value, figure);

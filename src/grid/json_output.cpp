@@ -1,9 +1,8 @@
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string>
 
 #include "grid/block_writer.h"
+#include "grid/column_adder.h"
 #include "grid/report_output.h"
 #include "grid/utf8.h"
 
@@ -54,21 +53,15 @@ void appendText(std::string& out, std::string_view text) {
   out += '"';
 }
 
-// The shortest digits that read back as the same value; whole numbers with ".0", so that readers keep them as figures.
+// Whole numbers with ".0", so that readers keep them as figures.
 void appendNumber(std::string& out, double number) {
   if (!std::isfinite(number)) {
     out += "null";
     return;
   }
-  if (number == 0) number = 0;  // no "-0.0": what a sum of nothing is must not depend on the order of its parts
-  const double magnitude = std::fabs(number);
-  const bool positional = magnitude == 0 || (magnitude >= 1e-5 && magnitude < 1e15);
-  std::array<char, 40> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
-                                 positional ? std::chars_format::fixed : std::chars_format::scientific)
-                       .ptr;
-  out.append(text.data(), end);
-  if (positional && number == std::trunc(number)) out += ".0";
+  const std::size_t start = out.size();
+  appendExactFigure(out, number);
+  if (out.find_first_of(".e", start) == std::string::npos) out += ".0";
 }
 
 void appendMember(std::string& out, std::string_view key, std::string_view text) {

@@ -64,13 +64,18 @@ void appendCharacter(std::string& out, char32_t character) {
   }
 }
 
-bool isUtf8(std::string_view text) {
+void appendUtf8(std::string& out, std::string_view text) {
+  std::size_t done = 0;  // up to here all is appended
   for (std::size_t place = 0; place < text.size();) {
     const std::size_t length = decode(text, place).length;
-    if (length == 0) return false;
-    place += length;
+    if (length == 0) {
+      out.append(text, done, place - done);
+      appendCharacter(out, replacementCharacter);
+      done = place + 1;
+    }
+    place += length == 0 ? 1 : length;
   }
-  return true;
+  out.append(text, done);
 }
 
 }  // namespace tz

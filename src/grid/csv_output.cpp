@@ -1,0 +1,113 @@
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "grid/block_writer.h"
+#include "grid/column_adder.h"
+#include "grid/grid_to_file.h"
+#include "grid/platform.h"
+#include "grid/utf8.h"
+
+namespace tz {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::int64_t rowsPerProgress = 4096;
+
+// Spreadsheets compute what begins like this; some take the wide forms as well.
+bool looksLikeFormula(std::string_view text) {
+  constexpr std::array<std::string_view, 10> beginnings{"=", "+", "-", "@", "\t", "\r", "＝", "＋", "－", "＠"};
+  for (const std::string_view beginning : beginnings) {
+    if (text.size() > beginning.size() && text.starts_with(beginning)) return true;
+  }
+  return false;
+}
+
+void appendField(std::string& out, std::string_view text) {
+  const bool guarded = looksLikeFormula(text);
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+    if (guarded) out += '\'';
+    appendUtf8(out, text);
+    return;
+  }
+  out += guarded ? "\"'" : "\"";
+  for (std::size_t quote = text.find('"'); quote != std::string_view::npos; quote = text.find('"')) {
+    appendUtf8(out, text.substr(0, quote + 1));
+    out += '"';
+    text.remove_prefix(quote + 1);
+  }
+  appendUtf8(out, text);
+  out += '"';
+}
+
+void appendFreeLines(std::string& out, std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    appendField(out, text.substr(0, end));
+    out += lineEnd;
+    text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
+  }
+}
+
+void appendCaptions(std::string& out, const CTzGrid& grid, std::string GridColumn::*level) {
+  const char* separator = "";
+  for (const GridColumn& column : grid.Columns()) {
+    out += separator;
+    appendField(out, column.*level);
+    separator = ",";
+  }
+  out += lineEnd;
+}
+
+void appendHead(std::string& out, const ComputedReport& report) {
+  appendFreeLines(out, report.title);
+  appendFreeLines(out, report.subtitle);
+  appendFreeLines(out, report.period);
+  appendFreeLines(out, report.unit);
+  bool grouped = false;
+  for (const GridColumn& column : report.grid.Columns()) grouped = grouped || !column.group.empty();
+  if (grouped) appendCaptions(out, report.grid, &GridColumn::group);
+  appendCaptions(out, report.grid, &GridColumn::caption);
+}
+
+void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
+  for (int column = 0; column < grid.GetCols(); ++column) {
+    if (column > 0) out += ',';
+    if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
+      const double number = grid.NumberAt(row, column);
+      if (std::isfinite(number)) {
+        appendExactFigure(out, number);
+      } else {
+        appendFigure(out, number, Figure::none);
+      }
+    } else {
+      appendField(out, grid.TextAt(row, column));
+    }
+  }
+  out += lineEnd;
+}
+
+bool writeRecords(const ComputedReport& report, BlockWriter& writer, const FileProgress& progress) {
+  const CTzGrid& grid = report.grid;
+  appendHead(writer.text, report);
+  for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
+    if (progress && row % rowsPerProgress == 0 && !progress(row, grid.GetRows())) return false;
+    appendRow(writer.text, grid, row);
+    if (!writer.HandOver()) return false;
+  }
+  for (const std::string& notice : grid.notices) appendFreeLines(writer.text, notice);
+  return writer.Finish();
+}
+
+}  // namespace
+
+bool writeCsv(const ComputedReport& report, CsvCode code, const Sink& sink, const FileProgress& progress) {
+  // Blocks end between records, so no character is cut.
+  const Sink converting = [&sink](std::string_view text) { return sink(platform::toGb18030(text)); };
+  BlockWriter writer(code == CsvCode::utf8 ? sink : converting);
+  if (code == CsvCode::utf8) writer.text += byteOrderMark;
+  return writeRecords(report, writer, progress);
+}
+
+}  // namespace tz

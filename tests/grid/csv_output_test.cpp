@@ -1,0 +1,90 @@
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "grid/grid_reports.h"
+#include "grid/grid_to_file.h"
+#include "grid/temporary_folder.h"
+
+namespace tz::test {
+namespace {
+
+std::string asCsv(const ComputedReport& report, CsvCode code = CsvCode::utf8) {
+  std::string text;
+  EXPECT_TRUE(writeCsv(report, code, into(text)));
+  return text;
+}
+
+TEST(CsvOutput, WholeReport) {
+  ComputedReport report;
+  report.title = "明细帐";
+  report.subtitle = "科目：1133\n部门：销售部, 二部";
+  report.period = "月份: 2006.01 - 2006.02";
+  CTzGridControl::AddCol(report.grid, "摘要", 120, -1);
+  CTzGridControl::AddCol(report.grid, "借方", 100, 1);
+  addRow(report.grid, {"预借", 12.5, 1234567.125});
+  addRow(report.grid, {none, 0.1 + 0.2, -1000.0});
+  addRow(report.grid, {"合计", std::nan("")}, RowKind::total);
+  report.grid.notices = {"有1条分录未列示"};
+  EXPECT_EQ(asCsv(report),
+            "\xEF\xBB\xBF"
+            "明细帐\r\n"
+            "科目：1133\r\n"
+            "\"部门：销售部, 二部\"\r\n"
+            "月份: 2006.01 - 2006.02\r\n"
+            ",借方,借方\r\n"
+            "摘要,数量,金额\r\n"
+            "预借,12.5,1234567.125\r\n"
+            ",0.30000000000000004,-1000\r\n"
+            "合计,—,\r\n"
+            "有1条分录未列示\r\n");
+}
+
+TEST(CsvOutput, TextsAreQuotedAndNeverFormulas) {
+  const auto written = [](const char* cell) {
+    ComputedReport report;
+    report.grid.AddColumn({"摘要", "", 100, Figure::none});
+    addRow(report.grid, {cell});
+    const std::string text = asCsv(report);
+    const std::size_t start = text.find("\r\n") + 2;
+    return text.substr(start, text.size() - start - 2);
+  };
+  EXPECT_EQ(written("O'Brien'; DROP TABLE Plan --"), "O'Brien'; DROP TABLE Plan --");
+  EXPECT_EQ(written("3\" 管, 黑"), "\"3\"\" 管, 黑\"");
+  EXPECT_EQ(written("上\n下"), "\"上\n下\"");
+  EXPECT_EQ(written("=HYPERLINK(\"x\",1)"), "\"'=HYPERLINK(\"\"x\"\",1)\"");
+  EXPECT_EQ(written("+1"), "'+1");
+  EXPECT_EQ(written("-2+3"), "'-2+3");
+  EXPECT_EQ(written("@SUM(A1)"), "'@SUM(A1)");
+  EXPECT_EQ(written("\t=1"), "'\t=1");
+  EXPECT_EQ(written("＝1+1"), "'＝1+1");
+  EXPECT_EQ(written("-"), "-");
+  EXPECT_EQ(written("a\xff z"), "a\uFFFD z");
+}
+
+TEST(CsvOutput, Gb18030HoldsEveryCharacter) {
+  ComputedReport report;
+  report.grid.AddColumn({"辅助", "", 100, Figure::none});
+  addRow(report.grid, {"𠮷\u00e9한"});
+  const std::string text = asCsv(report, CsvCode::gb18030);
+  EXPECT_EQ(text.substr(0, 6), "\xB8\xA8\xD6\xFA\r\n");
+  const TemporaryFolder folder;
+  writeContents(folder / "gb.csv", text);
+  EXPECT_EQ(printedBy("iconv -f GB18030 -t UTF-8 " + folder / "gb.csv"), "辅助\r\n𠮷\u00e9한\r\n");
+}
+
+TEST(CsvOutput, BlocksOfALongReportFitTogether) {
+  ComputedReport report;
+  report.grid.AddColumn({"号", "", 100, Figure::none});
+  std::string expected = "号\r\n";
+  for (int row = 0; row < 30'000; ++row) {
+    const std::string text = "凭证" + std::to_string(row);
+    addRow(report.grid, {text.c_str()});
+    expected += text + "\r\n";
+  }
+  const TemporaryFolder folder;
+  ASSERT_TRUE(CGridToFile(report).CreateFile(folder / "gb.csv", FileForm::csvGb18030));
+  EXPECT_EQ(printedBy("iconv -f GB18030 -t UTF-8 " + folder / "gb.csv"), expected);
+}
+
+}  // namespace
+}  // namespace tz::test
