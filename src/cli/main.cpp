@@ -7,6 +7,7 @@
 #include "cli/cli.h"
 #include "cli/explain.h"
 #include "data/connection.h"
+#include "reports/explain_error.h"
 #include "reports/parameter.h"
 
 namespace tz::cli {
@@ -62,7 +63,7 @@ int main(int argc, char** argv) {
     tz::cli::complain(error.what());
     status = Status::wrongUse;
   } catch (const tz::DbError& error) {
-    tz::cli::complain(tz::cli::explain(error));
+    tz::cli::complain(tz::explain(error));
   } catch (const std::exception& error) {
     tz::cli::complain(error.what());
   }
