@@ -20,13 +20,13 @@ constexpr std::array threeColumnControls = {
 };
 
 constexpr std::array threeColumnChecks = {
-    Check{checks::deptGiven, MessageId::deptEmpty},
-    Check{checks::deptKnown, MessageId::deptUnknown},
-    Check{checks::deptActive, MessageId::deptWithoutActivity},
-    Check{checks::personGiven, MessageId::personEmpty},
-    Check{checks::personKnown, MessageId::personUnknown},
-    Check{checks::personOfDept, MessageId::personOfOtherDept},
-    Check{checks::personActive, MessageId::personWithoutActivity},
+    Check{checks::deptGiven, MessageId::deptEmpty, ParameterKey::dept},
+    Check{checks::deptKnown, MessageId::deptUnknown, ParameterKey::dept},
+    Check{checks::deptActive, MessageId::deptWithoutActivity, ParameterKey::dept},
+    Check{checks::personGiven, MessageId::personEmpty, ParameterKey::person},
+    Check{checks::personKnown, MessageId::personUnknown, ParameterKey::person},
+    Check{checks::personOfDept, MessageId::personOfOtherDept, ParameterKey::person},
+    Check{checks::personActive, MessageId::personWithoutActivity, ParameterKey::person},
 };
 
 constexpr DialogSpec threeColumnDialog = {

@@ -35,6 +35,7 @@ struct CheckContext {
 struct Check {
   bool (*passes)(CheckContext&);
   MessageId message;
+  ParameterKey about;  // the condition that the person should look at
 };
 
 struct DialogSpec {

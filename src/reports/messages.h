@@ -2,9 +2,12 @@
 // both wordings are kept.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "reports/parameter.h"
 
 namespace tz {
 
@@ -36,6 +39,7 @@ struct Refusal {
   std::vector<std::string> arguments;
   std::string_view caption;  // of the message box; empty = the program's own
   MessageIcon icon = MessageIcon::information;
+  std::optional<ParameterKey> about;  // the condition that is at fault, where it is one
 
   [[nodiscard]] std::string text() const { return messageText(id, arguments); }
 };

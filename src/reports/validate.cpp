@@ -41,9 +41,11 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
   conditions.unposted = request.flag(ParameterKey::unposted);
   CheckContext context{session, data, request, conditions};
-  if (!dialog.accountWhere.empty() && !takeAccount(dialog, context)) return Refusal{.id = dialog.noAccount};
+  if (!dialog.accountWhere.empty() && !takeAccount(dialog, context)) {
+    return Refusal{.id = dialog.noAccount, .about = ParameterKey::account};
+  }
   for (const auto& check : dialog.checks) {
-    if (!check.passes(context)) return Refusal{.id = check.message};
+    if (!check.passes(context)) return Refusal{.id = check.message, .about = check.about};
   }
   return conditions;
 }
