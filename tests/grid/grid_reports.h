@@ -2,7 +2,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
 #include <initializer_list>
 #include <string>
 #include <variant>
