@@ -25,7 +25,8 @@ as_root() {
 }
 
 apt() {
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" >&2
+  mkdir -p build
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" >>build/packages.log
 }
 
 # The tests start a server of their own; Debian's package would set up one more that keeps running. A setting beside
@@ -49,13 +50,13 @@ install_packages() {
   local missing
   mapfile -t missing < <(packages_missing "$@")
   [ "${#missing[@]}" -gt 0 ] || return 0
-  say "Installing ${#missing[@]} Debian packages: ${missing[*]}"
+  say "Installing ${#missing[@]} Debian packages and what they need: ${missing[*]}"
   if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
     fail "Installing needs root or sudo, and neither is there. Ask for: apt-get install ${missing[*]}"
   fi
   apt update || say "The package lists could not be refreshed; going on with those that are there."
   install_without_cluster "${missing[@]}" ||
-    fail "The packages could not be installed; apt-get says why above. Root or a password for sudo is needed."
+    fail "The packages could not be installed: see above and build/packages.log. Root or sudo's password is needed."
 }
 
 # build PRESET TARGET...: configures once, then builds what is out of date. Says how long a build took, nothing when

@@ -121,7 +121,7 @@ class LintTest(unittest.TestCase):
     def test_clang_gets_no_words_of_another_compiler(self):
         command = ("/usr/bin/cmake -E env X=1 ccache /usr/bin/c++ -DA=\\\"x\\\" -Isrc -Winvalid-pch -include p.hxx "
                    "-o a.o -c a.cpp")
-        self.assertEqual(lint.clang_arguments(command), ['-DA="x"', "-Isrc", *lint.ADDED])
+        self.assertEqual(lint.clang_arguments(command), [*lint.ADDED, '-DA="x"', "-Isrc"])
 
 
 if __name__ == "__main__":
