@@ -10,7 +10,8 @@ else()
   target_compile_options(tz_options INTERFACE -Wno-missing-field-initializers)
 endif()
 if(TZ_SANITIZE)
-  target_compile_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_compile_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE} -fno-sanitize-recover=all
+                                              -fno-omit-frame-pointer)
   target_link_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE})
 endif()
 
