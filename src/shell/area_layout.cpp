@@ -52,12 +52,12 @@ constexpr PicturePlace unitPictures[] = {
 };
 
 constexpr AreaPicture areas[] = {
-    {Area::archive, 10177, 1355, "个人、部门、项目与单位的目录", {24, 95, 112, 30}, {}},
-    {Area::person, 10182, 1354, "职员往来的余额、明细与帐龄", {24, 125, 112, 32}, {80, 82, 138, 30}},
-    {Area::department, 10225, 1356, "各部门的总帐、明细帐与收支分析", {24, 157, 112, 34}, {80, 112, 138, 30}},
-    {Area::plan, 10234, 1357, "编制计划，对照执行情况", {24, 191, 112, 32}, {80, 142, 138, 31}},
-    {Area::project, 10214, 1358, "各项目的总帐、明细帐与统计", {24, 223, 112, 33}, {80, 173, 138, 30}},
-    {Area::unit, 10195, 1359, "客户与供应商往来的余额、明细与帐龄", {24, 256, 112, 31}, {80, 203, 138, 31}},
+    {NavigatorArea::archive, 10177, 1355, "个人、部门、项目与单位的目录", {24, 95, 112, 30}, {}},
+    {NavigatorArea::person, 10182, 1354, "职员往来的余额、明细与帐龄", {24, 125, 112, 32}, {80, 82, 138, 30}},
+    {NavigatorArea::department, 10225, 1356, "各部门的总帐、明细帐与收支分析", {24, 157, 112, 34}, {80, 112, 138, 30}},
+    {NavigatorArea::plan, 10234, 1357, "编制计划，对照执行情况", {24, 191, 112, 32}, {80, 142, 138, 31}},
+    {NavigatorArea::project, 10214, 1358, "各项目的总帐、明细帐与统计", {24, 223, 112, 33}, {80, 173, 138, 30}},
+    {NavigatorArea::unit, 10195, 1359, "客户与供应商往来的余额、明细与帐龄", {24, 256, 112, 31}, {80, 203, 138, 31}},
 };
 
 }  // namespace
@@ -69,19 +69,19 @@ Layout layoutFor(std::string_view argument) {
   return console ? Layout::console : Layout::standard;
 }
 
-std::span<const PicturePlace> picturesOf(Area area) {
+std::span<const PicturePlace> picturesOf(NavigatorArea area) {
   switch (area) {
-    case Area::archive:
+    case NavigatorArea::archive:
       return archivePictures;
-    case Area::person:
+    case NavigatorArea::person:
       return personPictures;
-    case Area::department:
+    case NavigatorArea::department:
       return departmentPictures;
-    case Area::plan:
+    case NavigatorArea::plan:
       return planPictures;
-    case Area::project:
+    case NavigatorArea::project:
       return projectPictures;
-    case Area::unit:
+    case NavigatorArea::unit:
       return unitPictures;
   }
   Q_UNREACHABLE();
@@ -89,7 +89,7 @@ std::span<const PicturePlace> picturesOf(Area area) {
 
 std::span<const AreaPicture> areaPictures() { return areas; }
 
-const AreaPicture& pictureOf(Area area) { return *std::ranges::find(areas, area, &AreaPicture::area); }
+const AreaPicture& pictureOf(NavigatorArea area) { return *std::ranges::find(areas, area, &AreaPicture::area); }
 
 PicturePlace exitPicture(Layout layout) {
   constexpr int exit = 10239;

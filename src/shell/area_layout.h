@@ -8,7 +8,7 @@
 
 namespace tz {
 
-enum class Area { archive, person, department, plan, project, unit };
+enum class NavigatorArea { archive, person, department, plan, project, unit };
 
 // In the console layout the host keeps the archives itself, and the areas stand further right.
 enum class Layout { standard, console };
@@ -22,10 +22,10 @@ struct PicturePlace {
   QRect place;
 };
 // In the order in which they are inserted, which is the order of the Tab key.
-[[nodiscard]] std::span<const PicturePlace> picturesOf(Area area);
+[[nodiscard]] std::span<const PicturePlace> picturesOf(NavigatorArea area);
 
 struct AreaPicture {
-  Area area;
+  NavigatorArea area;
   int command;
   int bitmap;
   const char* hint;  // one line on what the area holds
@@ -35,7 +35,7 @@ struct AreaPicture {
   [[nodiscard]] QRect placeIn(Layout layout) const { return layout == Layout::console ? consolePlace : standardPlace; }
 };
 [[nodiscard]] std::span<const AreaPicture> areaPictures();
-[[nodiscard]] const AreaPicture& pictureOf(Area area);
+[[nodiscard]] const AreaPicture& pictureOf(NavigatorArea area);
 
 [[nodiscard]] PicturePlace exitPicture(Layout layout);
 

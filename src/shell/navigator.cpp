@@ -86,7 +86,7 @@ void CQnCwAssistantDlg::ClearAssistant() {
   update();
 }
 
-void CQnCwAssistantDlg::InitArea(Area area) {
+void CQnCwAssistantDlg::InitArea(NavigatorArea area) {
   for (const PicturePlace& picture : picturesOf(area)) {
     RCII image = imageOf(picture.command, picture.bitmap, picture.place);
     if (!runner_.available || !runner_.available(picture.command)) {
@@ -97,7 +97,7 @@ void CQnCwAssistantDlg::InitArea(Area area) {
   }
 }
 
-void CQnCwAssistantDlg::OpenArea(Area area) {
+void CQnCwAssistantDlg::OpenArea(NavigatorArea area) {
   ClearAssistant();
   area_ = area;
   InitArea(area);
@@ -162,7 +162,7 @@ void CQnCwAssistantDlg::PaintRail(QPainter& painter) const {
   painter.setBrush(theme.railSelected);
   painter.drawRoundedRect(mark, 7, 7);
   paintPicture(painter, markBitmap, mark.adjusted(5, 5, -5, -5), {theme.onRailSelected, theme.onRailSelected});
-  const double left = console ? pictureOf(Area::person).consolePlace.left() + 10 : mark.right() + 8;
+  const double left = console ? pictureOf(NavigatorArea::person).consolePlace.left() + 10 : mark.right() + 8;
   painter.setFont(uiFont(16, QFont::DemiBold));
   painter.setPen(theme.onRailSelected);
   painter.drawText(QRectF(left, mark.top(), 80, mark.height()), Qt::AlignVCenter, windowTitle());

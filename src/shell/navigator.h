@@ -25,14 +25,14 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg {
   ~CQnCwAssistantDlg() override;
 
   void SetRunner(CommandRunner runner);
-  [[nodiscard]] Area CurrentArea() const { return area_; }
+  [[nodiscard]] NavigatorArea CurrentArea() const { return area_; }
 
-  void OnTzAssistantArchive() { OpenArea(Area::archive); }
-  void OnTzAssistantPerson() { OpenArea(Area::person); }
-  void OnTzAssistantBranch() { OpenArea(Area::department); }
-  void OnTzAssistantPlan() { OpenArea(Area::plan); }
-  void OnTzAssistantProject() { OpenArea(Area::project); }
-  void OnTzAssistantUnit() { OpenArea(Area::unit); }
+  void OnTzAssistantArchive() { OpenArea(NavigatorArea::archive); }
+  void OnTzAssistantPerson() { OpenArea(NavigatorArea::person); }
+  void OnTzAssistantBranch() { OpenArea(NavigatorArea::department); }
+  void OnTzAssistantPlan() { OpenArea(NavigatorArea::plan); }
+  void OnTzAssistantProject() { OpenArea(NavigatorArea::project); }
+  void OnTzAssistantUnit() { OpenArea(NavigatorArea::unit); }
   void OnTzAssistantExit();
 
  protected:
@@ -48,14 +48,14 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg {
  private:
   void InitAssistantWnd();
   void ClearAssistant();
-  void InitArea(Area area);
-  void OpenArea(Area area);
+  void InitArea(NavigatorArea area);
+  void OpenArea(NavigatorArea area);
   void PaintRail(QPainter& painter) const;
   void PaintCard(QPainter& painter) const;
 
   CommandRunner runner_;
   Layout layout_;
-  Area area_ = Area::archive;
+  NavigatorArea area_ = NavigatorArea::archive;
 };
 
 }  // namespace tz

@@ -14,11 +14,12 @@
 namespace tz {
 namespace {
 
-constexpr Area allAreas[] = {Area::archive, Area::person, Area::department, Area::plan, Area::project, Area::unit};
+constexpr NavigatorArea allAreas[] = {NavigatorArea::archive, NavigatorArea::person,  NavigatorArea::department,
+                                      NavigatorArea::plan,    NavigatorArea::project, NavigatorArea::unit};
 
 TEST(CommandTable, EveryCommandHasOnePictureAndOneId) {
   std::map<int, int> pictures;
-  for (const Area area : allAreas) {
+  for (const NavigatorArea area : allAreas) {
     for (const PicturePlace& picture : picturesOf(area)) ++pictures[picture.command];
   }
   std::set<int> ids;
@@ -61,7 +62,7 @@ TEST(CommandTable, CaptionsFitTheirPictures) {
     button.setChecked(true);
     EXPECT_TRUE(button.CaptionFits()) << bitmap << " when current";
   };
-  for (const Area area : allAreas) {
+  for (const NavigatorArea area : allAreas) {
     for (const PicturePlace& picture : picturesOf(area)) expectFit(picture.bitmap, picture.place, PictureLook::card);
   }
   for (const Layout layout : {Layout::standard, Layout::console}) {
@@ -74,7 +75,7 @@ TEST(CommandTable, CaptionsFitTheirPictures) {
 
 TEST(CommandTable, PicturesStandInsideTheWindowAndApart) {
   const QRect window(QPoint(0, 0), pictureSize(navigatorGround) + QSize(6, 15));
-  for (const Area area : allAreas) {
+  for (const NavigatorArea area : allAreas) {
     std::vector<QRect> places;
     for (const AreaPicture& main : areaPictures()) places.push_back(main.standardPlace);
     places.push_back(exitPicture(Layout::standard).place);

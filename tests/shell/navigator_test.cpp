@@ -42,7 +42,7 @@ class Navigator : public testing::Test {
     }
     return shown;
   }
-  static std::set<int> CommandsOf(Area area) {
+  static std::set<int> CommandsOf(NavigatorArea area) {
     std::set<int> commands;
     for (const PicturePlace& picture : picturesOf(area)) commands.insert(picture.command);
     return commands;
@@ -64,13 +64,13 @@ TEST_F(Navigator, IsTheParentOfReportsWhileItLives) {
 TEST_F(Navigator, StartsInTheArchivesUnlessTheConsoleKeepsThem) {
   for (const std::string argument : {"", "-erp", "-ERPSINGLE2"}) {
     Open(argument);
-    EXPECT_EQ(window_->CurrentArea(), Area::archive) << argument;
+    EXPECT_EQ(window_->CurrentArea(), NavigatorArea::archive) << argument;
     ASSERT_NE(ButtonOf(10177), nullptr) << argument;
     EXPECT_EQ(ButtonOf(10182)->geometry(), QRect(24, 125, 112, 32)) << argument;
   }
   for (const std::string argument : {"-ERPCONSOLE", "-erpSingle"}) {
     Open(argument);
-    EXPECT_EQ(window_->CurrentArea(), Area::person) << argument;
+    EXPECT_EQ(window_->CurrentArea(), NavigatorArea::person) << argument;
     EXPECT_EQ(ButtonOf(10177), nullptr) << argument;
     EXPECT_EQ(ButtonOf(10182)->geometry(), QRect(80, 82, 138, 30)) << argument;
     EXPECT_EQ(ButtonOf(10239)->geometry(), QRect(482, 310, 80, 36)) << argument;
@@ -85,9 +85,9 @@ TEST_F(Navigator, AreasExchangeTheirCommandsByClickAndByKey) {
     EXPECT_TRUE(ButtonOf(area.command)->isChecked());
   }
   QTest::keyClick(ButtonOf(10182), Qt::Key_Return);
-  EXPECT_EQ(CommandsShown(), CommandsOf(Area::person));
+  EXPECT_EQ(CommandsShown(), CommandsOf(NavigatorArea::person));
   QTest::keyClick(ButtonOf(10234), Qt::Key_Space);
-  EXPECT_EQ(CommandsShown(), CommandsOf(Area::plan));
+  EXPECT_EQ(CommandsShown(), CommandsOf(NavigatorArea::plan));
   EXPECT_FALSE(ButtonOf(10182)->isChecked());
 }
 
