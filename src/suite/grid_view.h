@@ -1,0 +1,91 @@
+// Shows a CTzGrid: a head of one or two levels and rows of one height, of which only the visible ones are ever painted,
+// so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+
+#include "suite/grid_view_columns.h"
+#include "suite/grid_view_selection.h"
+
+namespace tz {
+
+class GridViewHeader;
+
+class GridView : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit GridView(QWidget* parent = nullptr);
+
+  // Null shows nothing. Starts at the top, on the grid's current cell if it has one.
+  void SetGrid(CTzGrid* grid);
+  // Rows and columns are measured anew; the current cell stays where it still exists.
+  void Refresh();
+  // Zero figures are left out; totals keep theirs.
+  void SetHideZeros(bool hide);
+
+  // Makes a cell current, alone selected and visible; false outside the grid.
+  bool SetCurrent(std::int64_t row, int column);
+  [[nodiscard]] GridCell Current() const { return current_; }
+  [[nodiscard]] GridRange Selection() const { return GridRange::between(anchor_, current_); }
+  void SelectAll();
+  // Puts the selected cells on the clipboard.
+  void Copy() const;
+
+  // In pixels of the viewport.
+  [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
+  [[nodiscard]] int RowHeight() const { return rowHeight_; }
+  [[nodiscard]] GridViewHeader* Header() const { return header_; }
+
+ signals:
+  void currentChanged(qint64 row, int column);
+  void selectionSummaryChanged(double sum, qint64 count);
+  // Enter or a double click on a row.
+  void activated(qint64 row, int column);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  struct Style;
+
+  [[nodiscard]] std::int64_t Rows() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
+  [[nodiscard]] bool Empty() const { return Rows() == 0 || columns_.Count() == 0; }
+  [[nodiscard]] GridCell CellAt(QPoint place) const;
+  [[nodiscard]] GridCell CellFor(const QKeyEvent& event) const;
+  void MoveTo(GridCell cell, bool extend);
+  void Select(GridCell anchor, GridCell current);
+  void ShowCell(GridCell cell);
+  void LayOut();
+  void SumUp();
+  void DescribeCurrent();
+
+  [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
+  void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
+  void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;
+
+  CTzGrid* grid_ = nullptr;
+  GridViewColumns columns_;
+  GridViewHeader* header_;
+  int rowHeight_ = 24;
+  bool hideZeros_ = false;
+  GridCell anchor_;
+  GridCell current_;
+  RangeSum sum_;
+  QBasicTimer summing_;
+  QBasicTimer dragging_;
+  QPoint pointer_;
+};
+
+}  // namespace tz

@@ -1,0 +1,259 @@
+// The grid's view: head, painting, keys and mouse, selection, clipboard.
+#include "suite/grid_view.h"
+
+#include <QClipboard>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "suite/grid_view_header.h"
+#include "suite/theme.h"
+
+namespace tz {
+namespace {
+
+// 日期 | 借方 (数量, 金额) | 方向; row 1 is unposted, row 2 the total.
+CTzGrid smallLedger() {
+  CTzGrid grid;
+  grid.AddColumn({.caption = "日期", .width = 100});
+  grid.AddColumn({.caption = "数量", .group = "借方", .width = 100, .figure = Figure::quantity});
+  grid.AddColumn({.caption = "金额", .group = "借方", .width = 100, .figure = Figure::amount});
+  grid.AddColumn({.caption = "方向", .width = 60});
+  grid.SetRows(3);
+  grid.SetText(0, 0, "2006-03-01");
+  grid.SetNumber(0, 1, 3);
+  grid.SetNumber(0, 2, 1234567.5);
+  grid.SetText(0, 3, "借");
+  grid.SetText(1, 0, "one\ttwo\nthree");
+  grid.SetNumber(1, 2, -20);
+  grid.SetBackground(1, lightGreen);
+  grid.SetText(2, 0, "合计");
+  grid.SetNumber(2, 2, 1234547.5);
+  grid.SetRowKind(2, RowKind::total);
+  return grid;
+}
+
+CTzGrid longLedger(std::int64_t rows) {
+  CTzGrid grid;
+  grid.AddColumn({.caption = "摘要", .width = 200});
+  grid.AddColumn({.caption = "金额", .width = 100, .figure = Figure::amount});
+  grid.SetRows(rows);
+  for (std::int64_t row = 0; row < rows; ++row) grid.SetNumber(row, 1, 1);
+  return grid;
+}
+
+class GridViewTest : public testing::Test {
+ protected:
+  void Show(CTzGrid grid, QSize size = {640, 320}) {
+    grid_ = std::move(grid);
+    view_.SetGrid(&grid_);
+    view_.resize(size);
+    view_.show();
+    view_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view_));
+    view_.setFocus();
+  }
+  void TearDown() override { applyTheme(ThemeChoice::light); }
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(&view_, key, modifiers); }
+  QColor ColourIn(std::int64_t row, int column) {
+    const QPoint corner = view_.CellRect(row, column).topLeft() + QPoint(4, 5);
+    return view_.viewport()->grab().toImage().pixelColor(corner);
+  }
+  bool HasPixel(std::int64_t row, int column, QColor colour) {
+    const QImage cell = view_.viewport()->grab(view_.CellRect(row, column)).toImage();
+    for (int y = 0; y < cell.height(); ++y) {
+      for (int x = 0; x < cell.width(); ++x) {
+        if (cell.pixelColor(x, y) == colour) return true;
+      }
+    }
+    return false;
+  }
+
+  CTzGrid grid_;
+  GridView view_;
+};
+
+TEST_F(GridViewTest, GroupsSpanTheirColumnsAndSingleCaptionsBothLevels) {
+  Show(smallLedger());
+  const GridViewHeader& header = *view_.Header();
+  const QRect date = header.CaptionRect(0);
+  const QRect quantity = header.CaptionRect(1);
+  const QRect amount = header.CaptionRect(2);
+  EXPECT_EQ(date.height(), header.height());
+  EXPECT_EQ(quantity.top(), header.height() / 2);
+  EXPECT_EQ(header.GroupRect({QStringLiteral("借方"), 1, 2}),
+            QRect(quantity.left(), 0, quantity.width() + amount.width(), header.height() / 2));
+  EXPECT_EQ(header.geometry().bottom() + 1, view_.viewport()->geometry().top());
+  EXPECT_EQ(header.CaptionRect(3).width(), 60);
+
+  Show(longLedger(1));
+  EXPECT_EQ(header.CaptionRect(0).height(), header.height());
+  EXPECT_LT(header.height(), date.height());
+}
+
+TEST_F(GridViewTest, ColumnsWidenForTheirContentsAndByTheMouse) {
+  CTzGrid grid = longLedger(2000);
+  grid.SetNumber(1999, 1, -98765432109876.25);
+  Show(std::move(grid));
+  GridViewHeader& header = *view_.Header();
+  const int figure = header.CaptionRect(1).width();
+  EXPECT_GT(figure, view_.fontMetrics().horizontalAdvance(QStringLiteral("-98,765,432,109,876.25")));
+
+  const QPoint edge(header.CaptionRect(0).right() + 1, header.height() / 2);
+  QTest::mousePress(&header, Qt::LeftButton, {}, edge);
+  QTest::mouseMove(&header, edge - QPoint(80, 0));
+  QTest::mouseRelease(&header, Qt::LeftButton, {}, edge - QPoint(80, 0));
+  EXPECT_EQ(header.CaptionRect(0).width(), 120);
+  EXPECT_EQ(header.CaptionRect(1).width(), figure);
+  view_.Refresh();
+  EXPECT_EQ(header.CaptionRect(0).width(), 120) << "a refresh keeps the width that was drawn";
+  QTest::mouseDClick(&header, Qt::LeftButton, {}, edge - QPoint(80, 0));
+  EXPECT_EQ(header.CaptionRect(0).width(), 200);
+}
+
+TEST_F(GridViewTest, RowColoursFollowTheTheme) {
+  Show(smallLedger());
+  EXPECT_EQ(ColourIn(0, 0), currentTheme().surface);
+  EXPECT_EQ(ColourIn(1, 0), QColor(224, 255, 224));
+  EXPECT_EQ(ColourIn(2, 0), currentTheme().header);
+  EXPECT_TRUE(HasPixel(1, 2, currentTheme().negative));
+  EXPECT_FALSE(HasPixel(0, 2, currentTheme().negative));
+
+  applyTheme(ThemeChoice::dark);
+  const QColor dark = ColourIn(1, 0);
+  EXPECT_GT(dark.green(), dark.red());
+  EXPECT_GT(dark.green(), dark.blue());
+  EXPECT_LT(dark.lightness(), 80) << "light text must stand out on it";
+  EXPECT_NE(dark, ColourIn(0, 0));
+}
+
+TEST_F(GridViewTest, AFigureWithoutRoomShowsNoWrongDigits) {
+  Show(smallLedger());
+  const QImage wide = view_.viewport()->grab(view_.CellRect(0, 2)).toImage();
+  GridViewHeader& header = *view_.Header();
+  const QPoint edge(header.CaptionRect(2).right() + 1, header.height() - 4);
+  QTest::mousePress(&header, Qt::LeftButton, {}, edge);
+  QTest::mouseMove(&header, edge - QPoint(60, 0));
+  QTest::mouseRelease(&header, Qt::LeftButton, {}, edge - QPoint(60, 0));
+  const QImage narrow = view_.viewport()->grab(view_.CellRect(0, 2)).toImage();
+
+  CTzGrid other = smallLedger();
+  other.SetNumber(0, 2, 7654321.25);
+  view_.SetGrid(&other);
+  EXPECT_EQ(view_.viewport()->grab(view_.CellRect(0, 2)).toImage(), narrow) << "any figure too wide looks the same";
+  EXPECT_NE(wide.copy(narrow.rect()), narrow);
+  view_.SetGrid(&grid_);
+}
+
+TEST_F(GridViewTest, KeysMoveAndSelect) {
+  Show(longLedger(1000));
+  QSignalSpy moved(&view_, &GridView::currentChanged);
+  Press(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(view_.Current(), (GridCell{0, 0}));
+  Press(Qt::Key_Down);
+  Press(Qt::Key_End);
+  EXPECT_EQ(view_.Current(), (GridCell{1, 1}));
+  EXPECT_EQ(grid_.GetCurrentRow(), 1);
+  EXPECT_EQ(moved.count(), 3);
+  Press(Qt::Key_PageDown);
+  EXPECT_EQ(view_.Current().row, view_.viewport()->height() / view_.RowHeight());
+  Press(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(view_.Current(), (GridCell{999, 1}));
+  EXPECT_TRUE(view_.viewport()->rect().contains(view_.CellRect(999, 1)));
+  Press(Qt::Key_Down);
+  EXPECT_EQ(view_.Current().row, 999) << "there is nothing below the last row";
+  Press(Qt::Key_Up, Qt::ShiftModifier);
+  Press(Qt::Key_Home, Qt::ShiftModifier);
+  EXPECT_EQ(view_.Selection(), (GridRange{998, 999, 0, 1}));
+  Press(Qt::Key_Up);
+  EXPECT_EQ(view_.Selection(), (GridRange{997, 997, 0, 0}));
+}
+
+TEST_F(GridViewTest, TheMouseSelectsAndDoubleClickOpens) {
+  Show(smallLedger());
+  QSignalSpy opened(&view_, &GridView::activated);
+  QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(0, 1).center());
+  QTest::mouseMove(view_.viewport(), view_.CellRect(1, 2).center());
+  QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(1, 2).center());
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 1, 1, 2}));
+  QTest::mouseClick(view_.viewport(), Qt::LeftButton, Qt::ShiftModifier, view_.CellRect(2, 3).center());
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 1, 3}));
+  QTest::mouseClick(view_.Header(), Qt::LeftButton, {}, view_.Header()->CaptionRect(2).center());
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 2, 2}));
+
+  QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(1, 0).center());
+  Press(Qt::Key_Return);
+  ASSERT_EQ(opened.count(), 2);
+  EXPECT_EQ(opened[0], (QVariantList{qint64{1}, 0}));
+  QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 0).bottomLeft() + QPoint(5, 30));
+  EXPECT_EQ(opened.count(), 2) << "below the last row there is nothing to open";
+}
+
+TEST_F(GridViewTest, CopiesCellsAsASpreadsheetTakesThem) {
+  Show(smallLedger());
+  Press(Qt::Key_A, Qt::ControlModifier);
+  Press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
+            "2006-03-01\t3\t1234567.50\t借\n"
+            "one two three\t\t-20.00\t\n"
+            "合计\t\t1234547.50\t");
+}
+
+TEST_F(GridViewTest, SumsTheFiguresOfTheSelection) {
+  Show(smallLedger());
+  QSignalSpy summed(&view_, &GridView::selectionSummaryChanged);
+  view_.SetCurrent(0, 1);
+  Press(Qt::Key_Down, Qt::ShiftModifier);
+  Press(Qt::Key_Right, Qt::ShiftModifier);
+  ASSERT_TRUE(summed.wait());
+  EXPECT_EQ(summed.last(), (QVariantList{1234550.5, qint64{3}}));
+}
+
+TEST_F(GridViewTest, AMillionRowsScrollSelectAndSum) {
+  Show(longLedger(1'000'000));
+  QSignalSpy summed(&view_, &GridView::selectionSummaryChanged);
+  view_.verticalScrollBar()->setValue(view_.verticalScrollBar()->maximum());
+  EXPECT_EQ(view_.CellRect(999'999, 0).bottom(), view_.viewport()->rect().bottom());
+  EXPECT_TRUE(HasPixel(999'999, 1, currentTheme().text));
+  view_.SelectAll();
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 999'999, 0, 1}));
+  EXPECT_EQ(ColourIn(999'998, 0), currentTheme().selection);
+  for (int turn = 0; turn < 20 && (summed.isEmpty() || summed.last().at(1) != 1'000'000); ++turn) summed.wait(500);
+  EXPECT_EQ(summed.last(), (QVariantList{1e6, qint64{1'000'000}}));
+}
+
+TEST_F(GridViewTest, KeepsItsPlaceWhenTheGridIsFilledAnew) {
+  Show(longLedger(100));
+  ASSERT_TRUE(view_.SetCurrent(90, 1));
+  EXPECT_FALSE(view_.SetCurrent(100, 0));
+  EXPECT_FALSE(view_.SetCurrent(0, 2));
+  grid_ = longLedger(50);
+  view_.Refresh();
+  EXPECT_EQ(view_.Current(), (GridCell{49, 1}));
+  EXPECT_EQ(grid_.GetCurrentRow(), 49);
+  grid_.Clear();
+  view_.Refresh();
+  EXPECT_FALSE(view_.Current().valid());
+  Press(Qt::Key_Down);
+  Press(Qt::Key_Return);
+  QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, {20, 20});
+  view_.viewport()->grab();
+  view_.SetGrid(nullptr);
+  view_.viewport()->grab();
+  EXPECT_TRUE(view_.Selection().empty());
+}
+
+TEST_F(GridViewTest, HidesZerosExceptInTotals) {
+  CTzGrid grid = smallLedger();
+  grid.SetNumber(0, 1, 0);
+  grid.SetNumber(2, 1, 0);
+  Show(std::move(grid));
+  EXPECT_TRUE(HasPixel(0, 1, currentTheme().text));
+  view_.SetHideZeros(true);
+  EXPECT_FALSE(HasPixel(0, 1, currentTheme().text));
+  EXPECT_TRUE(HasPixel(2, 1, currentTheme().text));
+}
+
+}  // namespace
+}  // namespace tz
