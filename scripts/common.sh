@@ -72,7 +72,10 @@ build() {
     say "Building $folder, which takes a few minutes the first time ..."
     cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail "Configuring $folder failed."; }
   fi
-  ninja -C "$folder" "$@" >"$log" 2>&1 || { grep -v '^\[[0-9]*/[0-9]*\]' "$log" >&2; fail "Building $folder failed."; }
+  if ! ninja -C "$folder" "$@" >"$log" 2>&1; then
+    grep -v -e '^\[[0-9]*/' -e '^-- ' "$log" >&2 || true
+    fail "Building $folder failed; all its words are in $log."
+  fi
   grep -q 'no work to do' "$log" || say "Built $folder in $((SECONDS - start)) s."
   exec 9>&-
 }
