@@ -1,5 +1,5 @@
-// The subcommands of tzassistant. Each adds itself to the parser and runs when it was chosen; what it returns is the exit
-// status of the program.
+// The subcommands of tzassistant. Each adds itself to the parser and runs when it was chosen; what it returns is the
+// exit status of the program.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -36,9 +36,16 @@ std::string explainExtras(const CLI::App& app) {
 
 std::string explain(const CLI::ParseError& error, const CLI::App& app) {
   const auto hint = fmt::format("。用法见 {} --help", commandPath(app));
+  const std::string what = error.what();
   if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return explainExtras(app) + hint;
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) return fmt::format("缺少参数：{}", error.what()) + hint;
-  return error.what() + hint;
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    return fmt::format("缺少参数 {}", what.substr(0, what.find(' '))) + hint;
+  }
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
+    return fmt::format("参数个数不对：{}", what) + hint;
+  if (dynamic_cast<const CLI::RequiresError*>(&error) != nullptr) return fmt::format("缺少相关参数：{}", what) + hint;
+  if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) return fmt::format("参数互相矛盾：{}", what) + hint;
+  return fmt::format("参数的值不对：{}", what) + hint;
 }
 
 }  // namespace tz::cli

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "cli/cli.h"
-#include "grid/platform.h"
+#include "cli/terminal.h"
 
 namespace tz::cli {
 

@@ -1,5 +1,5 @@
-// tzassistant: the module on the command line. Exit status: 0 done, 1 refused, 2 wrong use, 3 the database or the output
-// failed, 4 no right.
+// tzassistant: the module on the command line. Exit status: 0 done, 1 refused, 2 wrong use, 3 the database or the
+// output failed, 4 no right.
 #include <cstdio>
 #include <exception>
 #include <string_view>
@@ -25,11 +25,30 @@ int namedReport(int argc, char** argv) {
   return 0;
 }
 
+// The parser's own words, inherited by every subcommand.
+void translateHelp(CLI::App& app) {
+  const auto formatter = app.get_formatter();
+  for (const auto& [word, chinese] : {std::pair{"Usage", "用法"},
+                                      {"REQUIRED", "（必需）"},
+                                      {"Positionals", "参数"},
+                                      {"Options", "选项"},
+                                      {"OPTIONS", "选项"},
+                                      {"Subcommands", "子命令"},
+                                      {"SUBCOMMAND", "子命令"},
+                                      {"Needs", "需要"},
+                                      {"Excludes", "不与"}}) {
+    dynamic_cast<CLI::Formatter&>(*formatter).label(word, chinese);
+  }
+}
+
 Status run(int argc, char** argv) {
   CLI::App app("辅助核算：个人、部门、项目、单位的明细帐、余额表和总帐。不带子命令时打开桌面。", "tzassistant");
+  translateHelp(app);
   app.set_help_flag("-h,--help", "显示说明");
-  app.set_version_flag("--version", TZ_VERSION);
-  app.footer("子命令的说明：tzassistant 子命令 --help\n退出状态：0 完成，1 被拒绝，2 用法不对，3 数据库或输出失败，4 没有权限");
+  app.set_version_flag("--version", TZ_VERSION, "显示版本");
+  app.footer(
+      "子命令的说明：tzassistant 子命令 --help\n退出状态：0 完成，1 被拒绝，2 用法不对，3 数据库或输出失败，4 "
+      "没有权限");
   app.require_subcommand(0, 1);
   Work work;
   addOpenCommand(app, work);

@@ -2,7 +2,7 @@
 #include <filesystem>
 
 #include "cli/cli.h"
-#include "grid/platform.h"
+#include "cli/terminal.h"
 
 namespace tz::cli {
 namespace {

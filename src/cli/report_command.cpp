@@ -1,7 +1,6 @@
 // tzassistant report: computes one report and prints it or writes it to a file.
-#include <fmt/format.h>
-
 #include <cstdio>
+#include <fmt/format.h>
 #include <map>
 
 #include "catalogue/catalogue.h"
@@ -48,7 +47,8 @@ Status refuse(const Refusal& refusal) {
 
 Status run(const ReportOptions& options) {
   const auto* report = findReport(options.id);
-  if (report == nullptr) throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
+  if (report == nullptr)
+    throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
   const auto request = requestOf(options);
   CQnCwDB db(Access::read);
   db.Open(options.ledger);
@@ -83,15 +83,18 @@ void addReportCommand(CLI::App& app, Work& work, int reportId) {
   auto* command = app.add_subcommand("report", "计算一张报表");
   const auto options = std::make_shared<ReportOptions>();
   command->add_option("ID", options->id, "报表编号，见 tzassistant reports")->required();
-  command->add_option("--ledger", options->ledger, "帐套的文件名或 postgresql:// 地址")->required()->type_name("LEDGER");
+  command->add_option("--ledger", options->ledger, "帐套的文件名或 postgresql:// 地址")
+      ->required()
+      ->type_name("LEDGER");
   command->add_option("--date", options->date, "登录日期，缺省为最后一张已记帐凭证的日期")->type_name("YYYY-MM-DD");
   command->add_option("--operator", options->operatorName, "操作员；口令取自 TZ_PASSWORD 或提示")->type_name("NAME");
   command->add_option("--as", options->output.form, "输出形式")->check(CLI::IsMember(outputForms()));
+  command->add_option("--encoding", options->output.encoding, "csv 的编码，缺省为带标记的 utf-8")
+      ->check(CLI::IsMember({"utf-8", "gb18030"}));
   command->add_option("-o,--output", options->output.file, "写入文件，要么完整要么不写")->type_name("FILE");
   if (const auto* report = findReport(reportId)) {
     command->description(fmt::format("{} {}", report->windowTitle, report->command));
     addConditions(*command, *report, *options);
-    command->footer(fmt::format("例：tzassistant report {} --ledger 示例.db --help", reportId));
   } else {
     command->footer("各报表的条件：tzassistant report 编号 --help");
   }

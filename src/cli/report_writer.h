@@ -10,11 +10,13 @@ namespace tz::cli {
 
 struct OutputOptions {
   std::string form = "text";
-  std::string file;  // empty = standard output
+  std::string encoding = "utf-8";  // of csv
+  std::string file;                // empty = standard output
 };
 
 [[nodiscard]] std::vector<std::string> outputForms();
-// Throws std::runtime_error when the output cannot be written; a file is then left as it was.
+// Throws OutputError when the output cannot be written (a file is then left as it was), WrongUse when the form needs a
+// file and has none.
 void writeReport(const ComputedReport& report, const OutputOptions& options);
 
 }  // namespace tz::cli

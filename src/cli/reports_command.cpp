@@ -1,7 +1,6 @@
 // tzassistant reports: every report with its conditions.
-#include <fmt/format.h>
-
 #include <cstdio>
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include "catalogue/catalogue.h"

@@ -57,8 +57,9 @@ class DetailRun {
   }
 
   void readOpening() {
-    const auto records = session_.db.Current().query(Sql("SELECT lCodeId, dBegin, mBeginFor, mBegin FROM AssAcc WHERE ") +
-                                                     filter_ + Sql(" AND byPeroid = ? ORDER BY lId", conditions_.from));
+    const auto records =
+        session_.db.Current().query(Sql("SELECT lCodeId, dBegin, mBeginFor, mBegin FROM AssAcc WHERE ") + filter_ +
+                                    Sql(" AND byPeroid = ? ORDER BY lId", conditions_.from));
     while (records->next()) {
       const auto* account = data_.GetCODEINFOByID(records->integer(0));
       const double sign = account->bDirect != 0 ? 1 : -1;

@@ -1,7 +1,6 @@
 // The detail ledgers of the person area and their condition dialogs.
-#include <fmt/format.h>
-
 #include <array>
+#include <fmt/format.h>
 
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
@@ -42,8 +41,7 @@ constexpr DialogSpec threeColumnDialog = {
 // lPersonId = %ld AND lTieId IN ( SELECT lTieId FROM RegMain WHERE byPeroid BETWEEN %d AND %d ) ORDER BY dtDate";
 // unposted lines the same over UnregMain.
 constexpr DetailMember threeColumnMember = {
-    .dimension =
-        [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId = ?", c.dept.lDeptId, c.person.lId); },
+    .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId = ?", c.dept.lDeptId, c.person.lId); },
     .openingCaption = "个人期初",
     .postedOrder = "s.dtDate",
     .unpostedOrder = "s.dtDate",

@@ -12,9 +12,9 @@
 namespace tz {
 
 enum class MessageId {
-  databaseNotOpen,              // "数据库没有打开!"
-  noAccount,                    // "没有符合条件的科目!"
-  noPersonAccountThreeColumn,   // dialog 513
+  databaseNotOpen,             // "数据库没有打开!"
+  noAccount,                   // "没有符合条件的科目!"
+  noPersonAccountThreeColumn,  // dialog 513
   deptEmpty,
   deptUnknown,
   deptWithoutActivity,
@@ -22,10 +22,10 @@ enum class MessageId {
   personUnknown,
   personOfOtherDept,
   personWithoutActivity,
-  noProjectClass,               // command 10224
-  noPlanAccount,                // command 10237
-  noPlanProjectClass,           // command 10238
-  linesOutsideMonths,           // notice below a detail ledger; one number
+  noProjectClass,      // command 10224
+  noPlanAccount,       // command 10237
+  noPlanProjectClass,  // command 10238
+  linesOutsideMonths,  // notice below a detail ledger; one number
 };
 
 // The text with its arguments in the places of %d and %s.

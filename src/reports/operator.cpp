@@ -1,7 +1,6 @@
 #include "reports/operator.h"
 
 #include <sodium.h>
-
 #include <stdexcept>
 
 namespace tz {

@@ -1,6 +1,5 @@
-#include <fmt/format.h>
-
 #include <algorithm>
+#include <fmt/format.h>
 
 #include "reports/cancellation.h"
 #include "reports/report_definition.h"

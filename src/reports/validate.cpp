@@ -82,8 +82,8 @@ bool personOfDept(CheckContext& context) {
 }
 
 bool personActive(CheckContext& context) {
-  return anyActivity(context, Sql("lDeptId = ? AND lPersonId = ?", context.conditions.dept.lDeptId,
-                                  context.conditions.person.lId));
+  return anyActivity(
+      context, Sql("lDeptId = ? AND lPersonId = ?", context.conditions.dept.lDeptId, context.conditions.person.lId));
 }
 
 }  // namespace checks

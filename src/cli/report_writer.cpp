@@ -1,0 +1,45 @@
+#include "cli/report_writer.h"
+
+#include <cstdlib>
+
+#include "grid/grid_to_file.h"
+#include "grid/output_file.h"
+#include "reports/parameter.h"
+
+namespace tz::cli {
+namespace {
+
+CsvCode codeOf(const OutputOptions& options) {
+  return options.encoding == "gb18030" ? CsvCode::gb18030 : CsvCode::utf8;
+}
+
+// Colours only where a person looks, and only if he does not object.
+bool wantsColour(const OutputOptions& options) {
+  return options.file.empty() && platform::isTerminal() && std::getenv("NO_COLOR") == nullptr;
+}
+
+}  // namespace
+
+std::vector<std::string> outputForms() { return {"text", "csv", "json", "xlsx"}; }
+
+void writeReport(const ComputedReport& report, const OutputOptions& options) {
+  if (options.form == "xlsx") {
+    if (options.file.empty()) throw WrongUse("--as xlsx 需要用 -o 指定文件");
+    (void)CGridToFile(report).CreateFile(options.file, FileForm::xlsx);
+    return;
+  }
+  const Producer produce = [&](const Sink& sink) {
+    if (options.form == "json") return writeJson(report, sink);
+    if (options.form == "csv") return writeCsv(report, codeOf(options), sink);
+    return writeText(report, {.colour = wantsColour(options)}, sink);
+  };
+  if (!options.file.empty()) {
+    writeFile(options.file, produce);
+  } else if (options.form == "text") {
+    showOutput(produce);
+  } else {
+    platform::writeToStandardOutput(produce);
+  }
+}
+
+}  // namespace tz::cli
