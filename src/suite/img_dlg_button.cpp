@@ -71,7 +71,7 @@ PictureButton::Colours PictureButton::ColoursNow() const {
   }
   const QColor border = look_ == PictureLook::outlined ? theme.rule : QColor(Qt::transparent);
   if (!isEnabled()) return {Qt::transparent, border, theme.disabledText, {theme.disabledText, theme.disabledText}};
-  const QColor fill = isDown() ? theme.accentPressed : underMouse() ? theme.accentSoft : QColor(Qt::transparent);
+  const QColor fill = isDown() ? theme.pressed : underMouse() ? theme.hover : QColor(Qt::transparent);
   return {fill, border, theme.text, {theme.accent, theme.accent}};
 }
 

@@ -2,7 +2,8 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
+
+#include "suite/theme_style.h"
 
 namespace tz {
 namespace {
@@ -24,8 +25,10 @@ const Theme& lightTheme() {
       .accent = QColor(0x0E6A8C),
       .onAccent = QColor(0xFFFFFF),
       .accentSoft = QColor(0xE3F1F6),
-      .accentPressed = QColor(0xC9E4EE),
+      .hover = QColor(0xD6E9F1),
+      .pressed = QColor(0xB5D8E6),
       .rule = QColor(0xD4DDE4),
+      .edge = QColor(0xB4C2CC),
       .strongRule = QColor(0x7F919D),
       .negative = QColor(0xB3261E),
       .selection = QColor(0xCDE6F0),
@@ -50,11 +53,13 @@ const Theme& darkTheme() {
       .accent = QColor(0x66C4E2),
       .onAccent = QColor(0x06222E),
       .accentSoft = QColor(0x213B48),
-      .accentPressed = QColor(0x2B4F60),
+      .hover = QColor(0x2B4351),
+      .pressed = QColor(0x2C5062),
       .rule = QColor(0x30404B),
+      .edge = QColor(0x475A66),
       .strongRule = QColor(0x8295A1),
       .negative = QColor(0xFF8F86),
-      .selection = QColor(0x24506A),
+      .selection = QColor(0x1E465C),
   };
   return theme;
 }
@@ -97,7 +102,7 @@ const Theme& currentTheme() { return *current; }
 void applyTheme(ThemeChoice choice) {
   const bool dark = choice == ThemeChoice::dark || (choice == ThemeChoice::system && systemIsDark());
   current = dark ? &darkTheme() : &lightTheme();
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new ThemeStyle);
   QApplication::setPalette(paletteOf(*current));
 }
 

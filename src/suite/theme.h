@@ -25,9 +25,11 @@ struct Theme {
   QColor disabledText;
   QColor accent;
   QColor onAccent;
-  QColor accentSoft;  // hover and tiles
-  QColor accentPressed;
+  QColor accentSoft;  // tiles
+  QColor hover;
+  QColor pressed;
   QColor rule;        // lines between things
+  QColor edge;        // of buttons and fields
   QColor strongRule;  // lines above totals
   QColor negative;    // red entries
   QColor selection;   // selected cells, under their text

@@ -1,0 +1,28 @@
+// How the standard controls look: flat, with rounded corners and one accent, in the theme's colours. What is not drawn
+// here comes from Qt's own Fusion style.
+#pragma once
+
+#include <QProxyStyle>
+
+namespace tz {
+
+class ThemeStyle : public QProxyStyle {
+  Q_OBJECT
+
+ public:
+  ThemeStyle();
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override;
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override;
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};
+
+}  // namespace tz
