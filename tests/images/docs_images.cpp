@@ -1,8 +1,12 @@
-// Draws the pictures of the manual: docs_images FOLDER. Each window is drawn at 100 and 200 %, in light and dark.
+// Draws the pictures of the manual: docs_images FOLDER. Each window is drawn in light and dark, at the scale of
+// QT_SCALE_FACTOR.
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
-#include <QImage>
+#include <QPixmap>
 #include <QTextStream>
+#include <string>
+#include <tuple>
 
 #include "shell/navigator.h"
 #include "suite/fonts.h"
@@ -14,37 +18,25 @@ namespace {
 using tz::ThemeChoice;
 
 bool save(QWidget& window, const QDir& folder, const QString& name) {
-  for (const int percent : {100, 200}) {
-    QImage image(window.size() * percent / 100, QImage::Format_RGB32);
-    image.setDevicePixelRatio(percent / 100.0);
-    window.render(&image);
-    const QString file = folder.filePath(QStringLiteral("%1-%2.png").arg(name).arg(percent));
-    if (!image.save(file)) {
-      QTextStream(stderr) << "cannot write " << file << '\n';
-      return false;
-    }
-  }
-  return true;
+  const int percent = qRound(window.devicePixelRatioF() * 100);
+  const QString file = folder.filePath(QStringLiteral("%1-%2.png").arg(name).arg(percent));
+  if (window.grab().save(file)) return true;
+  QTextStream(stderr) << "cannot write " << file << '\n';
+  return false;
 }
 
 bool drawNavigator(const QDir& folder, const QString& theme) {
-  tz::CommandRunner runner{[](int command) { return command != 10233; }, [](int) {}, {}};
-  for (const std::string argument : {"", "-ERPCONSOLE"}) {
+  tz::CommandRunner runner{[](int) { return true; }, [](int) {}, {}};
+  const std::tuple<std::string, QString, int> views[] = {{"", QStringLiteral("person"), 10182},
+                                                         {"", QStringLiteral("unit"), 10195},
+                                                         {"-ERPCONSOLE", QStringLiteral("console"), 10225}};
+  for (const auto& [argument, name, area] : views) {
     tz::g_lpArgument = argument;
     tz::CQnCwAssistantDlg navigator(nullptr);
     navigator.SetRunner(runner);
     navigator.show();
-    const auto layout = tz::layoutFor(argument);
-    for (const tz::AreaPicture& area : tz::areaPictures()) {
-      auto* button = navigator.findChild<QAbstractButton*>(QString::number(area.command));
-      if (button == nullptr) continue;
-      button->click();
-      const QString name = QStringLiteral("navigator-%1%2-%3")
-                               .arg(layout == tz::Layout::console ? QStringLiteral("console-") : QString())
-                               .arg(area.command)
-                               .arg(theme);
-      if (!save(navigator, folder, name)) return false;
-    }
+    navigator.findChild<QAbstractButton*>(QString::number(area))->click();
+    if (!save(navigator, folder, QStringLiteral("navigator-%1-%2").arg(name, theme))) return false;
   }
   return true;
 }
