@@ -23,20 +23,33 @@ void requireLedger(Connection& connection) {
   }
 }
 
-bool hasTable(Connection& connection, const char* table) {
-  const auto cursor = connection.query(Sql("SELECT 1 FROM systable WHERE lower(table_name) = lower(?)", table));
-  return cursor->next();
+// Whether a statement about one table can be made; only "there is no such thing" means that it is missing.
+bool exists(Connection& connection, const std::string& table) {
+  try {
+    (void)connection.query(Sql("SELECT 1 FROM " + table + " WHERE 1 = 0"))->next();
+    return true;
+  } catch (const DbError& error) {
+    if (error.kind() != DbError::Kind::other) throw;
+    return false;
+  }
 }
 
-void addMissing(Connection& connection) {
-  Transaction transaction(connection, Transaction::Purpose::writing);
-  if (!hasTable(connection, MarkLogInfo::table)) {
-    for (const auto& table : ledgerTables()) {
-      if (table.name == MarkLogInfo::table) connection.execute(Sql(createTableText(table, connection.dialect())));
-    }
+// What a ledger made elsewhere lacks for work: the mark log, the program's indexes, the report role's grants. Whoever
+// may not add them works without.
+void addMissing(Connection& connection, bool server) {
+  const bool log = exists(connection, MarkLogInfo::table);
+  const bool catalogue = exists(connection, "systable");
+  if (log && catalogue && hasAllIndexes(connection)) return;
+  try {
+    Transaction transaction(connection, Transaction::Purpose::writing);
+    if (!log) createTable(connection, MarkLogInfo::table);
+    if (!catalogue) createCatalogueView(connection);
+    createIndexes(connection);
+    if (server) grantPostgresReportWrites(connection);
+    transaction.commit();
+  } catch (const DbError& error) {
+    if (error.kind() != DbError::Kind::denied) throw;
   }
-  createIndexes(connection);
-  transaction.commit();
 }
 
 }  // namespace
@@ -62,7 +75,7 @@ std::unique_ptr<Connection> openLedger(const std::string& address, Access access
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);
   requireLedger(*connection);
-  if (access != Access::read) addMissing(*connection);
+  if (access != Access::read) addMissing(*connection, server);
   if (access == Access::report) {
     server ? restrictPostgresToReports(*connection) : restrictSqliteToReports(*connection);
   }
@@ -73,12 +86,9 @@ std::unique_ptr<Connection> openEmpty(const std::string& address) {
   if (!isServerAddress(address)) return createSqlite(address);
   auto connection = openPostgres(address, Access::keeper);
   for (const auto& table : ledgerTables()) {
-    try {
-      (void)connection->query(Sql("SELECT 1 FROM " + table.name + " WHERE 1 = 0"))->next();
-    } catch (const DbError&) {
-      continue;  // not there, as it should be
+    if (exists(*connection, table.name)) {
+      throw DbError(DbError::Kind::duplicate, "the database holds a table " + table.name + " already");
     }
-    throw DbError(DbError::Kind::duplicate, "the database holds a table " + table.name + " already");
   }
   return connection;
 }

@@ -10,6 +10,9 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
+  [[nodiscard]] std::string_view indexNames() const override {
+    return "SELECT CAST(indexname AS text) FROM pg_catalog.pg_indexes WHERE schemaname = current_schema()";
+  }
   [[nodiscard]] std::string_view tableSuffix() const override { return ""; }
   [[nodiscard]] bool linesKeyedByVoucher() const override { return true; }
 };

@@ -1,7 +1,9 @@
 #include "data/schema.h"
 
+#include <algorithm>
+#include <cctype>
 #include <concepts>
-#include <stdexcept>
+#include <set>
 
 namespace tz {
 namespace {
@@ -118,7 +120,28 @@ std::string createTableText(const TableSchema& table, const Dialect& dialect) {
 void createTables(Connection& connection) {
   const auto& dialect = connection.dialect();
   for (const auto& table : ledgerTables()) connection.execute(Sql(createTableText(table, dialect)));
-  connection.execute(Sql("CREATE VIEW systable AS " + dialect.catalogueView()));
+  createCatalogueView(connection);
+}
+
+void createCatalogueView(Connection& connection) {
+  connection.execute(Sql("CREATE VIEW systable AS " + connection.dialect().catalogueView()));
+}
+
+void createTable(Connection& connection, std::string_view name) {
+  const auto& tables = ledgerTables();
+  const auto found = std::ranges::find(tables, name, &TableSchema::name);
+  connection.execute(Sql(createTableText(*found, connection.dialect())));
+}
+
+bool hasAllIndexes(Connection& connection) {
+  std::set<std::string> there;
+  const auto names = connection.query(Sql(connection.dialect().indexNames()));
+  while (names->next()) there.emplace(names->text(0));
+  return std::ranges::all_of(ledgerIndexes(), [&](const IndexSchema& index) {
+    std::string folded = index.name;
+    std::ranges::transform(folded, folded.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return there.contains(folded);
+  });
 }
 
 void createIndexes(Connection& connection) {

@@ -36,6 +36,10 @@ struct IndexSchema {
 
 // All tables and the catalogue view; indexes come last, when the contents are in. Both belong inside one transaction.
 void createTables(Connection& connection);
+void createTable(Connection& connection, std::string_view name);
+void createCatalogueView(Connection& connection);
 void createIndexes(Connection& connection);
+// Whether every index of the program is there, whoever made the ledger.
+[[nodiscard]] bool hasAllIndexes(Connection& connection);
 
 }  // namespace tz

@@ -31,6 +31,7 @@ class SqliteDialect final : public Dialect {
     return "SELECT 4 AS creator, coalesce('ProjItems' || c.sItemId, t.name) AS table_name FROM sqlite_master t "
            "LEFT JOIN ProjClass c ON lower('ProjItems' || c.sItemId) = lower(t.name) WHERE t.type = 'table'";
   }
+  std::string_view indexNames() const override { return "SELECT lower(name) FROM sqlite_master WHERE type = 'index'"; }
   std::string_view tableSuffix() const override { return " STRICT"; }
   bool linesKeyedByVoucher() const override { return false; }
 };
