@@ -1,0 +1,25 @@
+// Proves that a ledger keeps the rules which every report relies on: types and ranges, unique keys, references, the
+// account tree, vouchers that balance, and auxiliary balances that follow from the posted lines. Sums are compared in
+// whole millionths. Each table is read once; only vouchers' heads and the balances are kept in memory.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "data/connection.h"
+
+namespace tz {
+
+struct Violation {
+  std::string table;
+  std::string record;  // "lId=5"; empty when the table as a whole is meant
+  std::string problem;
+
+  [[nodiscard]] std::string text() const { return table + (record.empty() ? "" : " " + record) + "：" + problem; }
+};
+
+// Calls `found` for every violation, table by table. Odd contents never throw; DbError only when the database fails.
+// Belongs inside a reading transaction.
+void checkLedger(Connection& connection, const std::function<void(const Violation&)>& found);
+
+}  // namespace tz
