@@ -1,6 +1,8 @@
 # desktop tests: real windows, drawn off the screen.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
-file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/suite/*.cpp ${CMAKE_CURRENT_LIST_DIR}/shell/*.cpp ${CMAKE_CURRENT_LIST_DIR}/ui/*.cpp)
+file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS
+     ${CMAKE_CURRENT_LIST_DIR}/suite/*.cpp ${CMAKE_CURRENT_LIST_DIR}/shell/*.cpp
+     ${CMAKE_CURRENT_LIST_DIR}/ui/*.cpp)
 add_executable(desktop_tests ${TZ_DESKTOP_TESTS})
 set_target_properties(desktop_tests PROPERTIES AUTOMOC ON)
 target_link_libraries(desktop_tests PRIVATE TzAssistant tz_options Qt6::Test GTest::gtest)

@@ -1,17 +1,10 @@
 #include "res/pictures.h"
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QHash>
-#include <QIconEngine>
-#include <QPainter>
-#include <QPixmap>
 #include <QSvgRenderer>
 #include <algorithm>
-#include <array>
 #include <memory>
-
-#include "suite/theme.h"
 
 namespace tz {
 namespace {
@@ -120,29 +113,6 @@ QSvgRenderer& rendererOf(const Picture& picture, const PictureColours& colours) 
   return *renderer;
 }
 
-class PictureIconEngine : public QIconEngine {
- public:
-  explicit PictureIconEngine(int id) : id_(id) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-    const Theme& theme = currentTheme();
-    const bool disabled = mode == QIcon::Disabled;
-    paintPicture(*painter, id_, rect,
-                 {disabled ? theme.disabledText : theme.text, disabled ? theme.rule : theme.accent});
-  }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-    return pixmap;
-  }
-  [[nodiscard]] QIconEngine* clone() const override { return new PictureIconEngine(id_); }
-
- private:
-  int id_;
-};
-
 }  // namespace
 
 std::span<const Picture> allPictures() { return pictures; }
@@ -162,7 +132,5 @@ QSize pictureSize(int id) {
 void paintPicture(QPainter& painter, int id, const QRectF& place, const PictureColours& colours) {
   if (const Picture* picture = findPicture(id)) rendererOf(*picture, colours).render(&painter, place);
 }
-
-QIcon pictureIcon(int id) { return QIcon(new PictureIconEngine(id)); }
 
 }  // namespace tz

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <QColor>
-#include <QIcon>
 #include <QRectF>
+#include <QSize>
 #include <QString>
 #include <span>
 
@@ -32,8 +32,5 @@ struct PictureColours {
 };
 // Nothing is drawn for an unknown id.
 void paintPicture(QPainter& painter, int id, const QRectF& place, const PictureColours& colours);
-
-// For toolbars: drawn on demand in the colours of the current theme, pale when disabled.
-[[nodiscard]] QIcon pictureIcon(int id);
 
 }  // namespace tz

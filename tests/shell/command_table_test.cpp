@@ -1,8 +1,8 @@
 // The command table and the places of its pictures agree, and every picture can be drawn and read.
 #include "shell/command_table.h"
 
-#include <QFontMetrics>
-#include <QRawFont>
+#include <QImage>
+#include <QPainter>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -10,6 +10,7 @@
 #include "shell/area_layout.h"
 #include "suite/fonts.h"
 #include "suite/img_dlg_button.h"
+#include "suite/picture_icon.h"
 
 namespace tz {
 namespace {
