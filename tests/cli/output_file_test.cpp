@@ -1,0 +1,89 @@
+// report -o: the file is written whole or not at all.
+#include <csignal>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "cli/small_company.h"
+
+namespace tz::test {
+namespace {
+
+// No file may grow beyond the limit while this stands: the disk is full for the programs that are started.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit tight{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tight);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+
+ private:
+  rlimit before_{};
+  void (*signal_)(int);
+};
+
+class OutputFileTest : public ::testing::Test {
+ protected:
+  OutputFileTest() {
+    fillSmallCompany(ledger_.keeper(), 2000);
+    std::ofstream(target_) << "旧内容";
+  }
+  void expectUntouched() const {
+    EXPECT_EQ(fileBytes(target_), "旧内容");
+    EXPECT_EQ(namesIn(folder_.path()), std::vector<std::string>{"报表.out"}) << "something is left beside the file";
+  }
+
+  TempFolder folder_;
+  TestLedger ledger_{Engine::sqlite};
+  std::string target_ = folder_.file("报表.out");
+};
+
+TEST_F(OutputFileTest, HoldsWhatStandardOutputShows) {
+  for (const char* form : {"json", "text", "csv"}) {
+    const auto shown = smallReport(ledger_.address(), {"--as", form});
+    const auto written = smallReport(ledger_.address(), {"--as", form, "-o", target_});
+    ASSERT_EQ(written.status, 0) << written.err;
+    EXPECT_EQ(written.out, "");
+    EXPECT_TRUE(fileBytes(target_) == shown.out) << form;
+    EXPECT_GT(shown.out.size(), 100'000U);
+  }
+}
+
+TEST_F(OutputFileTest, StaysAsItWasWhenNothingIsWritten) {
+  EXPECT_EQ(smallReport(ledger_.address(), {"--as", "json", "-o", target_, "--account", "9999"}).status, 2);
+  expectUntouched();
+  const auto refused =
+      runProgram({"report", "10190", "--ledger", ledger_.address(), "-o", target_, "--account", "9999"});
+  EXPECT_EQ(refused.status, 1);
+  expectUntouched();
+  EXPECT_EQ(smallReport(folder_.file("没有.tz"), {"-o", target_}).status, 3);
+  expectUntouched();
+}
+
+TEST_F(OutputFileTest, StaysAsItWasWhenTheDiskIsFull) {
+  for (const char* form : {"json", "text", "csv", "xlsx"}) {
+    const FullDisk full(40'000);  // the memory beside a ledger in use takes 32 KiB
+    const auto run = smallReport(ledger_.address(), {"--as", form, "-o", target_});
+    EXPECT_EQ(run.status, 3) << form;
+    EXPECT_NE(run.err, "") << form;
+    expectUntouched();
+  }
+}
+
+TEST_F(OutputFileTest, NeedsAFolder) {
+  const auto run = smallReport(ledger_.address(), {"-o", folder_.file("没有/报表.json")});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_NE(run.err.find("没有"), std::string::npos) << run.err;
+  EXPECT_EQ(smallReport(ledger_.address(), {"-o", folder_.path().string()}).status, 3) << "a folder is no file";
+  expectUntouched();
+}
+
+}  // namespace
+}  // namespace tz::test
