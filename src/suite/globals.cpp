@@ -2,6 +2,10 @@
 
 namespace tz {
 
+CQnCwDB* g_pDB = nullptr;
+std::string g_lpszQnZwDBName;
+Id g_lAccountId = 0;
+Date g_tmLogonTime;
 QWidget* g_pDlgWnd = nullptr;
 std::string g_lpArgument;
 

@@ -1,0 +1,36 @@
+// CGeneralDialog: the busy box over a window whose report takes long. It looks modal, but computation and box share one
+// thread: whoever computes lets the events through now and then.
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QPushButton;
+
+namespace tz {
+
+class CGeneralDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit CGeneralDialog(QWidget* parent);
+
+  void Begin();
+  void SetTextGeneral(const QString& text);
+  void End();
+  [[nodiscard]] QPushButton* CancelButton() const { return cancel_; }
+
+ signals:
+  // By the button, Esc or the caption.
+  void cancelled();
+
+ protected:
+  void accept() override {}
+  void reject() override { emit cancelled(); }
+
+ private:
+  QLabel* text_;
+  QPushButton* cancel_;
+};
+
+}  // namespace tz
