@@ -47,11 +47,14 @@ def key_of(project, file, arguments, common):
     return digest.hexdigest()
 
 
-def check(root, file, arguments):
-    """clang-tidy's words about a file; empty when it is clean."""
+def check(root, file, arguments, mark):
+    """clang-tidy's words about a file. A clean file leaves its mark at once, so that a broken-off run is not lost."""
     done = subprocess.run(["clang-tidy", "--quiet", file.path, "--", *arguments], cwd=root, text=True, check=False,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-    return "" if done.returncode == 0 else done.stdout or done.stderr or f"{file.path}: clang-tidy failed silently\n"
+    if done.returncode == 0:
+        mark.touch()
+        return ""
+    return done.stdout or done.stderr or f"{file.path}: clang-tidy failed silently\n"
 
 
 def jobs(root, build, project, wanted):
@@ -77,12 +80,10 @@ def main():
     open_jobs = [job for job in every if not job[2].exists()]
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for job, words in zip(open_jobs, pool.map(lambda job: check(root, job[0], job[1]), open_jobs)):
+        for words in pool.map(lambda job: check(root, *job), open_jobs):
             if words:
                 failed += 1
                 print(words, end="", flush=True)
-            else:
-                job[2].touch()
     print(f"{len(every)} sources, {len(open_jobs)} looked at anew, {failed} with findings")
     return 1 if failed or not every else 0
 
