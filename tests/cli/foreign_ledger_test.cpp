@@ -80,7 +80,6 @@ TEST(OwnLedger, IsNotChangedByReading) {
   const auto before = fileBytes(path);
   EXPECT_EQ(smallReport(path).status, 0);
   EXPECT_TRUE(fileBytes(path) == before);
-  EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"own.tz"});
 }
 
 TEST(NoLedger, IsSaidPlainly) {
