@@ -14,11 +14,11 @@ enum class Pointer { none, slot, local };
 
 struct Command {
   int id;
-  const char* handler;
   int right;
+  const char* handler;
   const char* reportName;  // passed to the rights check; empty when it takes none
-  int window;              // dialog id; 0 for directories and dialogs of other libraries
-  const char* title;       // of that window
+  const char* title;       // of its window; empty for directories
+  int window;              // dialog id; 0 for directories
   Opens opens;
   Pointer pointer;
 };

@@ -103,6 +103,7 @@ void applyTheme(ThemeChoice choice) {
   const bool dark = choice == ThemeChoice::dark || (choice == ThemeChoice::system && systemIsDark());
   current = dark ? &darkTheme() : &lightTheme();
   QApplication::setStyle(new ThemeStyle);
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style.
   QApplication::setPalette(paletteOf(*current));
 }
 
