@@ -1,8 +1,10 @@
-// tzassistant ledger: makes ledgers.
+// tzassistant ledger: makes ledgers and checks them.
 #include <chrono>
+#include <cstdio>
 
 #include "cli/cli.h"
 #include "data/create_ledger.h"
+#include "data/ledger_check.h"
 #include "data/record_io.h"
 #include "reports/parameter.h"
 #include "sample/sample_company.h"
@@ -36,10 +38,22 @@ Status create(const CreateOptions& options) {
   return Status::done;
 }
 
+Status check(const std::string& address) {
+  const auto connection = openLedger(address, Access::read);
+  const Transaction reading(*connection, Transaction::Purpose::reading);
+  std::int64_t violations = 0;
+  checkLedger(*connection, [&](const Violation& violation) {
+    ++violations;
+    std::printf("%s\n", violation.text().c_str());
+  });
+  if (violations == 0) std::printf("帐套符合全部规则\n");
+  return violations == 0 ? Status::done : Status::refused;
+}
+
 }  // namespace
 
 void addLedgerCommand(CLI::App& app, Work& work) {
-  auto* ledger = app.add_subcommand("ledger", "建立帐套");
+  auto* ledger = app.add_subcommand("ledger", "建立和检查帐套");
   ledger->require_subcommand(1);
 
   auto* createCommand = ledger->add_subcommand("create", "建立新帐套：文件或 postgresql:// 地址");
@@ -56,6 +70,11 @@ void addLedgerCommand(CLI::App& app, Work& work) {
   createCommand->add_option("--name", options->name, "空帐套的名称")->excludes(sample);
   createCommand->footer("例：tzassistant ledger create 示例.db --sample");
   createCommand->callback([&work, options] { work = [options] { return create(*options); }; });
+
+  auto* checkCommand = ledger->add_subcommand("check", "逐条检查帐套的规则，每处违反一行");
+  const auto address = std::make_shared<std::string>();
+  checkCommand->add_option("LEDGER", *address, "帐套的文件名或服务器地址")->required();
+  checkCommand->callback([&work, address] { work = [address] { return check(*address); }; });
 }
 
 }  // namespace tz::cli

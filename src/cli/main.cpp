@@ -1,9 +1,13 @@
 // tzassistant: the module on the command line. Exit status: 0 done, 1 refused, 2 wrong use, 3 the database or the
 // output failed, 4 no right.
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <exception>
 #include <string_view>
+#include <vector>
 
+#include "catalogue/catalogue.h"
 #include "cli/cli.h"
 #include "cli/explain.h"
 #include "data/connection.h"
@@ -13,14 +17,15 @@
 namespace tz::cli {
 namespace {
 
-// The report named behind "report", so that its conditions become the options; 0 when there is none.
+// The report named behind "report", so that its conditions become the options; 0 when there is none. Only a whole
+// number that is a report's counts: a file name or a date may stand before it.
 int namedReport(int argc, char** argv) {
-  for (int i = 1; i + 1 < argc; ++i) {
-    if (std::string_view(argv[i]) != "report") continue;
-    for (int k = i + 1; k < argc; ++k) {
-      const int id = std::atoi(argv[k]);
-      if (id > 0) return id;
-    }
+  const std::vector<std::string_view> words(argv + 1, argv + argc);
+  auto word = std::ranges::find(words, "report");
+  for (; word != words.end(); ++word) {
+    int id = 0;
+    const auto [end, error] = std::from_chars(word->data(), word->data() + word->size(), id);
+    if (error == std::errc{} && end == word->data() + word->size() && findReport(id) != nullptr) return id;
   }
   return 0;
 }

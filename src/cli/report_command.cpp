@@ -33,15 +33,17 @@ Request requestOf(const ReportOptions& options) {
   return request;
 }
 
-Date logonDate(const ReportOptions& options, const CQnCwDB& db) {
-  if (options.date.empty()) return defaultLogonDate(db);
+// The date asked for; nothing when the ledger's own is to be taken.
+std::optional<Date> logonDate(const ReportOptions& options) {
+  if (options.date.empty()) return std::nullopt;
   const auto date = parseIsoDate(options.date);
   if (!date) throw WrongUse("--date：“" + options.date + "”不是 YYYY-MM-DD 形式的日期");
-  return *date;
+  return date;
 }
 
+// The message as the dialog shows it, nothing around it.
 Status refuse(const Refusal& refusal) {
-  complain(refusal.text());
+  std::fprintf(stderr, "%s\n", refusal.text().c_str());
   return refusal.id == MessageId::databaseNotOpen ? Status::failed : Status::refused;
 }
 
@@ -50,6 +52,7 @@ Status run(const ReportOptions& options) {
   if (report == nullptr)
     throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
   const auto request = requestOf(options);
+  const auto asked = logonDate(options);
   CQnCwDB db(Access::read);
   db.Open(options.ledger);
   const auto who = logOnFromTerminal(db, options.operatorName);
@@ -58,7 +61,7 @@ Status run(const ReportOptions& options) {
     complain(fmt::format("操作员 {} 没有“{}”的权限（{} 号）", who->name, report->rightName, report->right));
     return Status::noRight;
   }
-  Session session{.db = db, .ledger = options.ledger, .logon = logonDate(options, db)};
+  Session session{.db = db, .ledger = options.ledger, .logon = asked ? *asked : defaultLogonDate(db)};
   const auto outcome = runReport(*report, request, session);
   if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
   writeReport(std::get<ComputedReport>(outcome), options.output);

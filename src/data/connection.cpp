@@ -1,6 +1,9 @@
 #include "data/connection.h"
 
+#include <algorithm>
+#include <cctype>
 #include <charconv>
+#include <set>
 
 #include "data/backends.h"
 #include "data/schema.h"
@@ -8,37 +11,33 @@
 namespace tz {
 namespace {
 
-// One statement that names every table without which nothing can be read; a ledger made elsewhere may lack MarkLog.
-void requireLedger(Connection& connection) {
-  std::string text;
-  for (const auto& table : ledgerTables()) {
-    if (table.name == MarkLogInfo::table) continue;
-    text += (text.empty() ? "SELECT " : ", ") + ("EXISTS (SELECT 1 FROM " + table.name) + " WHERE 1 = 0)";
-  }
-  try {
-    (void)connection.query(Sql(text))->next();
-  } catch (const DbError& error) {
-    if (error.kind() != DbError::Kind::other) throw;
-    throw DbError(DbError::Kind::notALedger, error.what());
-  }
+std::string lowered(std::string text) {
+  std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return text;
 }
 
-// Whether a statement about one table can be made; only "there is no such thing" means that it is missing.
-bool exists(Connection& connection, const std::string& table) {
-  try {
-    (void)connection.query(Sql("SELECT 1 FROM " + table + " WHERE 1 = 0"))->next();
-    return true;
-  } catch (const DbError& error) {
-    if (error.kind() != DbError::Kind::other) throw;
-    return false;
+// The names of all tables and views, in lower case.
+std::set<std::string> tableNames(Connection& connection) {
+  std::set<std::string> names;
+  const auto cursor = connection.query(Sql(connection.dialect().tableNames()));
+  while (cursor->next()) names.emplace(cursor->text(0));
+  return names;
+}
+
+// Every table without which nothing can be read; a ledger made elsewhere may lack MarkLog.
+void requireLedger(const std::set<std::string>& there) {
+  std::string missing;
+  for (const auto& table : ledgerTables()) {
+    if (table.name != MarkLogInfo::table && !there.contains(lowered(table.name))) missing += " " + table.name;
   }
+  if (!missing.empty()) throw DbError(DbError::Kind::notALedger, "tables are missing:" + missing);
 }
 
 // What a ledger made elsewhere lacks for work: the mark log, the program's indexes, the report role's grants. Whoever
 // may not add them works without.
-void addMissing(Connection& connection, bool server) {
-  const bool log = exists(connection, MarkLogInfo::table);
-  const bool catalogue = exists(connection, "systable");
+void addMissing(Connection& connection, const std::set<std::string>& there, bool server) {
+  const bool log = there.contains(lowered(MarkLogInfo::table));
+  const bool catalogue = there.contains("systable");
   if (log && catalogue && hasAllIndexes(connection)) return;
   try {
     Transaction transaction(connection, Transaction::Purpose::writing);
@@ -74,8 +73,9 @@ bool isServerAddress(std::string_view address) {
 std::unique_ptr<Connection> openLedger(const std::string& address, Access access) {
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);
-  requireLedger(*connection);
-  if (access != Access::read) addMissing(*connection, server);
+  const auto there = tableNames(*connection);
+  requireLedger(there);
+  if (access != Access::read) addMissing(*connection, there, server);
   if (access == Access::report) {
     server ? restrictPostgresToReports(*connection) : restrictSqliteToReports(*connection);
   }
@@ -85,8 +85,9 @@ std::unique_ptr<Connection> openLedger(const std::string& address, Access access
 std::unique_ptr<Connection> openEmpty(const std::string& address) {
   if (!isServerAddress(address)) return createSqlite(address);
   auto connection = openPostgres(address, Access::keeper);
+  const auto there = tableNames(*connection);
   for (const auto& table : ledgerTables()) {
-    if (exists(*connection, table.name)) {
+    if (there.contains(lowered(table.name))) {
       throw DbError(DbError::Kind::duplicate, "the database holds a table " + table.name + " already");
     }
   }

@@ -22,7 +22,8 @@ class Dialect {
   [[nodiscard]] virtual Sql dateAdd(std::string_view column, int days) const = 0;
   // The query that the view systable stands for; it spells item tables as ProjClass does.
   [[nodiscard]] virtual std::string catalogueView() const = 0;
-  // A query of the names of all indexes, in lower case.
+  // Queries of the names of all tables and views, and of all indexes, in lower case.
+  [[nodiscard]] virtual std::string_view tableNames() const = 0;
   [[nodiscard]] virtual std::string_view indexNames() const = 0;
   // Text behind CREATE TABLE ( … ).
   [[nodiscard]] virtual std::string_view tableSuffix() const = 0;

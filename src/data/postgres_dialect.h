@@ -10,6 +10,10 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
+  [[nodiscard]] std::string_view tableNames() const override {
+    return "SELECT CAST(relname AS text) FROM pg_catalog.pg_class WHERE relkind IN ('r', 'p', 'f', 'v', 'm') "
+           "AND pg_catalog.pg_table_is_visible(oid)";
+  }
   [[nodiscard]] std::string_view indexNames() const override {
     return "SELECT CAST(indexname AS text) FROM pg_catalog.pg_indexes WHERE schemaname = current_schema()";
   }

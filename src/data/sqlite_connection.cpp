@@ -31,6 +31,9 @@ class SqliteDialect final : public Dialect {
     return "SELECT 4 AS creator, coalesce('ProjItems' || c.sItemId, t.name) AS table_name FROM sqlite_master t "
            "LEFT JOIN ProjClass c ON lower('ProjItems' || c.sItemId) = lower(t.name) WHERE t.type = 'table'";
   }
+  std::string_view tableNames() const override {
+    return "SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'view')";
+  }
   std::string_view indexNames() const override { return "SELECT lower(name) FROM sqlite_master WHERE type = 'index'"; }
   std::string_view tableSuffix() const override { return " STRICT"; }
   bool linesKeyedByVoucher() const override { return false; }
@@ -264,9 +267,11 @@ std::string uriOf(const std::string& path, std::string_view options) {
   return uri + std::string(options);
 }
 
+// Without locks of its own: a connection belongs to one thread.
 std::unique_ptr<SqliteConnection> openFile(const std::string& name, int flags) {
   sqlite3* raw = nullptr;
-  const int result = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE, nullptr);
+  const int result = sqlite3_open_v2(name.c_str(), &raw,
+                                     flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   auto connection = std::make_unique<SqliteConnection>(raw);
   if (result != SQLITE_OK) throw DbError(kindOf(result), raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
   constexpr int busyMilliseconds = 5000;
@@ -277,11 +282,13 @@ std::unique_ptr<SqliteConnection> openFile(const std::string& name, int flags) {
   return connection;
 }
 
-// Readable without writing a byte beside the file: where the folder cannot be written, a ledger in WAL mode that nobody
-// has open is read as it stands.
+// For reading alone. The file is opened as if for writing where that is allowed, because only such a connection can
+// clear away the work files of WAL mode when it closes; the database then refuses every write. Where the folder cannot
+// be written, a ledger in WAL mode that nobody has open is read as it stands.
 std::unique_ptr<SqliteConnection> openReadOnly(const std::string& path) {
-  auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READONLY);
   try {
+    auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE);
+    connection->run("PRAGMA query_only = ON");
     connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
     return connection;
   } catch (const DbError& error) {

@@ -31,7 +31,7 @@ class DetailRun {
       : member_(member),
         session_(session),
         conditions_(conditions),
-        data_(session.db),
+        data_(*conditions.data),
         grid_(grid),
         layout_(amountLayout(conditions.format)),
         filter_(data_.GetCodeSubString(conditions.account.sCode) + " AND " + member.dimension(conditions)),
@@ -164,7 +164,7 @@ class DetailRun {
   const DetailMember& member_;
   Session& session_;
   const Conditions& conditions_;
-  CGetData data_;
+  CGetData& data_;
   CTzGrid& grid_;
   const AmountLayout& layout_;
   Sql filter_;

@@ -1,7 +1,7 @@
 // Conditions after validation: the request with every name resolved to what it stands for. Computations read this.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "data/init_combo_fun.h"
@@ -11,6 +11,7 @@ namespace tz {
 
 struct Conditions {
   Request request;
+  std::shared_ptr<CGetData> data;  // lookups as of the same moment
   CodeInfo account;
   AccountAmounts amounts;  // of the account
   DeptInfo dept;

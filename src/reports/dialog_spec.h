@@ -27,7 +27,6 @@ struct ControlSpec {
 // What a check works on: conditions are resolved step by step, each check behind those it needs.
 struct CheckContext {
   Session& session;
-  CGetData& data;
   const Request& request;
   Conditions& conditions;
 };

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "grid/utf8.h"
+
 namespace tz {
 namespace {
 
@@ -11,10 +13,17 @@ bool isMonth(std::string_view text) {
   return error == std::errc{} && end == text.data() + text.size() && month >= 1 && month <= 12;
 }
 
+bool isUtf8(std::string_view text) {
+  std::string repaired;
+  appendUtf8(repaired, text);
+  return repaired == text;
+}
+
 }  // namespace
 
 void Request::set(ParameterKey key, std::string_view text) {
   const auto& condition = parameter(key);
+  if (!isUtf8(text)) throw WrongUse("--" + std::string(condition.option) + "：不是有效的 UTF-8 文字");
   if (condition.kind == Parameter::Kind::month && !isMonth(text)) {
     throw WrongUse("--" + std::string(condition.option) + "：月份应为 1 至 12，不是“" + std::string(text) + "”");
   }

@@ -16,7 +16,7 @@ bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
   const auto found = std::ranges::find(offered, wanted, &CodeInfo::sCode);
   if (found == offered.end()) return false;
   context.conditions.account = *found;
-  context.conditions.amounts = CInitComboFun::InitAmountCombox(context.data, wanted);
+  context.conditions.amounts = CInitComboFun::InitAmountCombox(*context.conditions.data, wanted);
   return true;
 }
 
@@ -34,13 +34,13 @@ ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db) {
 }
 
 std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request, Session& session) {
-  CGetData data(session.db);
   Conditions conditions;
   conditions.request = request;
+  conditions.data = std::make_shared<CGetData>(session.db);
   conditions.from = monthOr(request, ParameterKey::from, session.logon.month);
   conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
   conditions.unposted = request.flag(ParameterKey::unposted);
-  CheckContext context{session, data, request, conditions};
+  CheckContext context{session, request, conditions};
   if (!dialog.accountWhere.empty() && !takeAccount(dialog, context)) {
     return Refusal{.id = dialog.noAccount, .about = ParameterKey::account};
   }

@@ -31,7 +31,7 @@ TEST(LedgerCreate, MakesALedgerThatCanBeAsked) {
   ASSERT_EQ(runProgram({"ledger", "create", path, "--year", "2006"}).status, 0);
   const auto run = smallReport(path);
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "tzassistant: 没有个人核算科目,不能查询个人三栏明细帐。\n");
+  EXPECT_EQ(run.err, "没有个人核算科目,不能查询个人三栏明细帐。\n");
 }
 
 TEST(LedgerCreate, KeepsWhatIsThere) {

@@ -61,7 +61,7 @@ class ConditionsTest : public DatabaseTest {
   void expectRefusal(const Arguments& arguments, const std::string& text) const {
     const auto run = ask(arguments);
     EXPECT_EQ(run.status, 1) << text;
-    EXPECT_EQ(run.err, "tzassistant: " + text + "\n");
+    EXPECT_EQ(run.err, text + "\n");
     EXPECT_EQ(run.out, "");
   }
   void expectWrongUse(const Arguments& arguments, const std::string& named) const {
