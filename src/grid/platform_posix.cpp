@@ -6,12 +6,12 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
-#include <utility>
 #include <iconv.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 #include "grid/platform.h"
 
