@@ -14,6 +14,7 @@ namespace {
 constexpr double radius = 5;
 constexpr int controlHeight = 28;
 constexpr int buttonWidth = 84;
+constexpr int textMargin = 4;
 constexpr int scrollBarExtent = 12;
 constexpr int shortestSlider = 28;
 
@@ -249,6 +250,12 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
   }
 }
 
+QRect ThemeStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+  const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+  // Text keeps clear of the rounded edge.
+  return element == SE_LineEditContents ? rect.adjusted(textMargin, 0, -textMargin, 0) : rect;
+}
+
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
   QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
@@ -266,6 +273,10 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
       return 16;
+    // Beside the texts of lists and of their heads.
+    case PM_FocusFrameHMargin:
+    case PM_HeaderMargin:
+      return textMargin;
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }
