@@ -1,0 +1,174 @@
+#include "suite/useful_combox.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "suite/qt_text.h"
+#include "suite/search_model.h"
+#include "suite/theme.h"
+
+namespace tz {
+namespace {
+
+constexpr int rowsAtOnce = 14;
+
+// "122101 职工借款" and "122101<tab>职工借款" are a code and a name, any other text is a name.
+SearchEntry entryOf(const ComboEntry& entry) {
+  const QString text = toQt(entry.text);
+  const auto isCodeSign = [](QChar sign) { return sign.unicode() < 0x80 && sign.isLetterOrNumber(); };
+  const auto end = std::ranges::find_if_not(text, isCodeSign);
+  const auto length = end - text.begin();
+  if (length == 0 || end == text.end() || (*end != u' ' && *end != u'\t')) return {{}, text, entry.datum};
+  return {text.left(length), text.mid(length + 1), entry.datum};
+}
+
+// Shows the texts as the combo box holds them.
+class FoundTexts : public SearchModel {
+ public:
+  explicit FoundTexts(QComboBox* combo) : SearchModel(combo), combo_(combo) {}
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+    return combo_->itemText(static_cast<int>(PlaceOf(index.row())));
+  }
+
+ private:
+  QComboBox* combo_;
+};
+
+bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+}  // namespace
+
+CUsefulCombox::CUsefulCombox(QWidget* parent)
+    : QComboBox(parent), found_(new FoundTexts(this)), popup_(new QCompleter(found_, this)) {
+  setEditable(true);
+  setInsertPolicy(NoInsert);
+  setCompleter(nullptr);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  setMaxVisibleItems(rowsAtOnce);
+  setFocusPolicy(Qt::StrongFocus);
+  popup_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  popup_->setMaxVisibleItems(rowsAtOnce);
+  popup_->setWidget(this);
+  popup_->popup()->installEventFilter(this);
+  popup_->popup()->setTextElideMode(Qt::ElideRight);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &CUsefulCombox::Search);
+  connect(popup_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
+          [this](const QModelIndex& index) { Choose(static_cast<int>(found_->PlaceOf(index.row()))); });
+  connect(this, &QComboBox::activated, this, &CUsefulCombox::Choose);
+}
+
+void CUsefulCombox::Fill(const ComboList& list) {
+  const QSignalBlocker quiet(this);
+  clear();
+  std::vector<SearchEntry> entries;
+  entries.reserve(list.size());
+  for (const auto& entry : list) {
+    addItem(toQt(entry.text), QVariant::fromValue<qlonglong>(entry.datum));
+    entries.push_back(entryOf(entry));
+  }
+  found_->SetEntries(std::move(entries));
+  SelectIndex(-1);
+}
+
+void CUsefulCombox::SelectIndex(int index) {
+  const QSignalBlocker quiet(this);
+  setCurrentIndex(index);
+  chosen_ = currentIndex();
+  ShowChosen();
+}
+
+void CUsefulCombox::SelectDatum(Id datum) { SelectIndex(findData(QVariant::fromValue<qlonglong>(datum))); }
+
+std::string CUsefulCombox::CurrentText() const { return fromQt(itemText(currentIndex())); }
+
+void CUsefulCombox::Search(const QString& typed) {
+  const int best = found_->Search(typed);
+  SetMiss(best < 0);
+  if (best < 0) {
+    popup_->popup()->hide();
+    return;
+  }
+  popup_->complete();
+  if (typed.trimmed().isEmpty()) return;
+  // The row is only marked: the line keeps what is being typed.
+  const QSignalBlocker quiet(popup_);
+  popup_->popup()->setCurrentIndex(popup_->completionModel()->index(best, 0));
+}
+
+void CUsefulCombox::Choose(int index) {
+  const bool isOther = index != chosen_;
+  SelectIndex(index);
+  lineEdit()->selectAll();
+  if (isOther) emit entryChanged();
+}
+
+void CUsefulCombox::ShowChosen() {
+  lineEdit()->setText(itemText(currentIndex()));
+  lineEdit()->setCursorPosition(0);
+  SetMiss(false);
+}
+
+bool CUsefulCombox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == popup_->popup() && event->type() == QEvent::KeyPress) {
+    if (OnKeyInPopup(static_cast<QKeyEvent*>(event)->key())) return true;
+  }
+  return QComboBox::eventFilter(watched, event);
+}
+
+bool CUsefulCombox::OnKeyInPopup(int key) {
+  if (!isEnter(key) && key != Qt::Key_Tab && key != Qt::Key_Escape) return false;
+  const QModelIndex current = popup_->popup()->currentIndex();
+  popup_->popup()->hide();
+  if (key == Qt::Key_Escape || !current.isValid()) {
+    ShowChosen();
+    lineEdit()->selectAll();
+    return true;
+  }
+  Choose(static_cast<int>(found_->PlaceOf(current.row())));
+  // The same key then means to the window what it means in any other field.
+  QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier);
+  QApplication::sendEvent(this, &again);
+  return true;
+}
+
+void CUsefulCombox::keyPressEvent(QKeyEvent* event) {
+  if (!isEnter(event->key())) {
+    QComboBox::keyPressEvent(event);
+    return;
+  }
+  // Enter on something that finds nothing stays here; else it is the window's.
+  event->setAccepted(IsBeingTyped());
+  if (!IsBeingTyped()) return;
+  ShowChosen();
+  lineEdit()->selectAll();
+}
+
+void CUsefulCombox::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && IsBeingTyped()) ShowChosen();
+}
+
+bool CUsefulCombox::IsBeingTyped() const { return lineEdit()->text() != itemText(currentIndex()); }
+
+void CUsefulCombox::SetMiss(bool miss) {
+  QPalette colours;
+  if (miss) colours.setColor(QPalette::Text, currentTheme().negative);
+  lineEdit()->setPalette(colours);
+}
+
+// Rolling over a dialog must not change its conditions.
+void CUsefulCombox::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
+}
+
+}  // namespace tz
