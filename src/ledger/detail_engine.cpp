@@ -25,6 +25,11 @@ std::string_view runningDirection(double amount) {
   return amount > threshold ? "借" : "贷";
 }
 
+// The account condition and the member's dimension keys: what its lines and balances have in common.
+Sql memberFilter(const DetailMember& member, const Conditions& conditions) {
+  return conditions.data->GetCodeSubString(conditions.account.sCode) + " AND " + member.dimension(conditions);
+}
+
 class DetailRun {
  public:
   DetailRun(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid)
@@ -34,7 +39,7 @@ class DetailRun {
         data_(*conditions.data),
         grid_(grid),
         layout_(amountLayout(conditions.format)),
-        filter_(data_.GetCodeSubString(conditions.account.sCode) + " AND " + member.dimension(conditions)),
+        filter_(memberFilter(member, conditions)),
         steps_(session) {}
 
   void run() {
@@ -51,9 +56,7 @@ class DetailRun {
 
  private:
   [[nodiscard]] LineReader lines(Book book) const {
-    const auto order = book == Book::posted ? member_.postedOrder : member_.unpostedOrder;
-    return {session_.db.Current(), LineQuery{book, filter_, conditions_.from, conditions_.to, order},
-            conditions_.amounts};
+    return {session_.db.Current(), memberLines(member_, conditions_, book), conditions_.amounts};
   }
 
   void readOpening() {
@@ -177,6 +180,11 @@ class DetailRun {
 };
 
 }  // namespace
+
+LineQuery memberLines(const DetailMember& member, const Conditions& conditions, Book book) {
+  const auto order = book == Book::posted ? member.postedOrder : member.unpostedOrder;
+  return {book, memberFilter(member, conditions), conditions.from, conditions.to, order};
+}
 
 void runDetailLedger(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid) {
   DetailRun(member, session, conditions, grid).run();

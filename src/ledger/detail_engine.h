@@ -6,12 +6,16 @@
 // movements are RegSub and UnregSub lines. Lines belong to the month of their voucher date. Nothing is rounded.
 #pragma once
 
+#include "data/line_query.h"
 #include "ledger/detail_member.h"
 #include "reports/session.h"
 
 namespace tz {
 
 class CTzGrid;
+
+// The lines that a member reads for these conditions.
+[[nodiscard]] LineQuery memberLines(const DetailMember& member, const Conditions& conditions, Book book);
 
 void runDetailLedger(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid);
 

@@ -69,4 +69,8 @@ const ReportDefinition personThreeColumnDetail = {
                   CTzGrid& grid) { runDetailLedger(threeColumnMember, session, conditions, grid); },
 };
 
+const DetailMember* detailMember(int command) {
+  return command == personThreeColumnDetail.command ? &threeColumnMember : nullptr;
+}
+
 }  // namespace tz
