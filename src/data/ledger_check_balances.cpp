@@ -42,7 +42,7 @@ class Comparison {
   Comparison(Report& report, const Movements& movements, const Facts& facts)
       : report_(report), movements_(movements), facts_(facts) {}
 
-  void add(const Balance& balance, std::string problem) {
+  void add(const Balance& balance, const std::string& problem) {
     report_.add(AssAccInfo::table, byId(balance.id),
                 movements_.text(facts_, balance.key) + fmt::format(" 期间 {}：", balance.period) + problem);
   }

@@ -72,11 +72,11 @@ void readTable(Connection& connection, Report& report, Each&& each) {
   Record record;
   while (cursor->next()) {
     int column = 0;
-    const auto wrong = [&](std::string problem) {
-      report.add(Record::table, columns.front() + "=" + cursor->anyText(0), std::move(problem));
+    const auto wrong = [&](const std::string& problem) {
+      report.add(Record::table, columns.front() + "=" + cursor->anyText(0), problem);
     };
     Record::columns(record, [&](const char* name, auto& field) {
-      if (auto problem = readCell(*cursor, column++, name, field); !problem.empty()) wrong(std::move(problem));
+      if (const auto problem = readCell(*cursor, column++, name, field); !problem.empty()) wrong(problem);
     });
     if (const auto place = cursor->integer(column); place != 0) {
       wrong(columns[static_cast<std::size_t>(place - 1)] + " 为空或类型不符");

@@ -153,23 +153,23 @@ bool isOnPath(const char* program) {
 
 }  // namespace
 
-WorkFile openWorkFile(const std::string& path) {
+WorkFile openWorkFile(const std::string& target) {
   // A link stays; what it points to is replaced.
   std::error_code noFile;
-  const std::filesystem::path resolved = std::filesystem::canonical(path, noFile);
-  const std::string target = noFile ? path : resolved.string();
+  const std::filesystem::path resolved = std::filesystem::canonical(target, noFile);
+  const std::string place = noFile ? target : resolved.string();
   struct stat there {};
-  if (::stat(target.c_str(), &there) != 0) return createBeside(target, 0666);
-  if (S_ISDIR(there.st_mode)) fail(path, EISDIR);
-  if (::access(target.c_str(), W_OK) != 0) fail(path, errno);
+  if (::stat(place.c_str(), &there) != 0) return createBeside(place, 0666);
+  if (S_ISDIR(there.st_mode)) fail(target, EISDIR);
+  if (::access(place.c_str(), W_OK) != 0) fail(target, errno);
   if (S_ISREG(there.st_mode)) {
-    WorkFile file = createBeside(target, 0600);
+    WorkFile file = createBeside(place, 0600);
     ::fchmod(file.handle, there.st_mode & 07777);
     return file;
   }
-  const int handle = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
-  if (handle < 0) fail(path, errno);
-  return {target, target, handle};
+  const int handle = ::open(place.c_str(), O_WRONLY | O_CLOEXEC);
+  if (handle < 0) fail(target, errno);
+  return {place, place, handle};
 }
 
 void writeTo(const WorkFile& file, std::string_view text) {
