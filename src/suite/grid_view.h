@@ -37,6 +37,7 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
   [[nodiscard]] GridViewHeader* Header() const { return header_; }
+  [[nodiscard]] GridViewColumns& ColumnWidths() { return columns_; }
 
  signals:
   void currentChanged(qint64 row, int column);

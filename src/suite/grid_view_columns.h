@@ -43,6 +43,9 @@ class GridViewColumns {
   void SetWidth(int column, int width);
   // As wide as its contents ask again.
   void ResetWidth(int column);
+  // The widths that a person drew, by group and caption, to be kept and given back before the next measuring.
+  [[nodiscard]] const QHash<QString, int>& Drawn() const { return drawn_; }
+  void SetDrawn(const QHash<QString, int>& drawn) { drawn_ = drawn; }
 
   // Room between a cell's edge and its text.
   static constexpr int margin = 7;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QGuiApplication>
+#include <QLayout>
 #include <QScreen>
 #include <QToolBar>
 #include <algorithm>
@@ -69,6 +70,7 @@ void CProcess::ProcessInitDialog() { window_->setAttribute(Qt::WA_QuitOnClose, f
 void CProcess::DrawAToolBar(QToolBar* bar, std::span<const CToolBarInfo> table) {
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   bar->setMovable(false);
+  bar->layout()->setContentsMargins(0, 0, 0, 0);
   for (const CToolBarInfo& entry : table) {
     if (entry.command == 0) {
       bar->addSeparator();

@@ -8,6 +8,7 @@
 #include <string>
 #include <tuple>
 
+#include "images/report_images.h"
 #include "shell/navigator.h"
 #include "suite/fonts.h"
 #include "suite/globals.h"
@@ -53,7 +54,10 @@ int main(int argc, char** argv) {
   tz::installFonts();
   for (const auto& [choice, name] : {std::pair(ThemeChoice::light, "light"), std::pair(ThemeChoice::dark, "dark")}) {
     tz::applyTheme(choice);
-    if (!drawNavigator(folder, QString::fromLatin1(name))) return 1;
+    const QString theme = QString::fromLatin1(name);
+    if (!drawNavigator(folder, theme)) return 1;
+    const auto keep = [&folder](QWidget& window, const QString& file) { return save(window, folder, file); };
+    if (!tz::images::drawReports(theme, keep)) return 1;
   }
   return 0;
 }

@@ -1,0 +1,55 @@
+// One open ledger on the screen: the navigator, its report windows, and what the host adds to them: the ledger's name
+// and menu, the list of windows, and what is remembered.
+#pragma once
+
+#include <memory>
+
+#include "host/open_ledger.h"
+#include "host/settings.h"
+#include "shell/launch.h"
+#include "shell/navigator.h"
+#include "suite/condition_store.h"
+
+class QMenu;
+class QToolButton;
+
+namespace tz {
+
+class Desktop : public QObject {
+  Q_OBJECT
+
+ public:
+  Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who);
+  ~Desktop() override;
+
+  void Show() { navigator_.show(); }
+
+ signals:
+  // The navigator and all its reports are closed; `another` when a ledger is to be chosen anew.
+  void finished(bool another);
+
+ protected:
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  void AddBar(const OpenLedger& ledger);
+  void FillLedgerMenu(QMenu* menu);
+  void AddThemes(QMenu* menu);
+  // Beside the exit, with as much of the ledger's name as there is room for.
+  void PlaceBar();
+  void Welcome(ReportWindow* window);
+  void Finish();
+
+  HostSettings& settings_;
+  FileConditionStore conditions_;
+  QString operatorName_;
+  CQnCwAssistantDlg navigator_;
+  ReportLauncher launcher_;
+  QString ledgerName_;
+  QWidget* bar_ = nullptr;
+  QToolButton* ledger_ = nullptr;
+  QToolButton* windows_ = nullptr;
+  bool another_ = false;
+};
+
+}  // namespace tz

@@ -1,0 +1,160 @@
+#include "host/start_window.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "data/connection.h"
+#include "host/open_ledger.h"
+#include "host/settings.h"
+#include "suite/fonts.h"
+#include "suite/qt_text.h"
+#include "suite/theme.h"
+
+namespace tz {
+namespace {
+
+constexpr int margin = 24;
+constexpr int titlePixels = 20;
+constexpr int entryHeight = 48;
+
+QString entryOf(const QString& address) {
+  if (isServerAddress(fromQt(address))) return shownAddress(address);
+  const QFileInfo file(address);
+  return QStringLiteral("%1\n%2").arg(file.completeBaseName(), QDir::toNativeSeparators(file.path()));
+}
+
+QLabel* heading(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  label->setFont(uiFont(titlePixels, QFont::DemiBold));
+  return label;
+}
+
+}  // namespace
+
+StartWindow::StartWindow(HostSettings& settings, Open open)
+    : settings_(settings),
+      open_(std::move(open)),
+      recent_(new QListWidget(this)),
+      server_(new QLineEdit(this)),
+      failure_(new QLabel(this)) {
+  setWindowTitle(QStringLiteral("辅助核算 — 打开帐套"));
+  LayOut();
+  FillRecent();
+}
+
+void StartWindow::LayOut() {
+  recent_->setAccessibleName(QStringLiteral("最近的帐套"));
+  recent_->setSpacing(2);
+  connect(recent_, &QListWidget::itemActivated, this, &StartWindow::OpenChosen);
+  auto* openRecent = new QPushButton(QStringLiteral("打开"), this);
+  openRecent->setDefault(true);
+  connect(openRecent, &QPushButton::clicked, this, &StartWindow::OpenChosen);
+  auto* file = new QPushButton(QStringLiteral("选择文件…"), this);
+  connect(file, &QPushButton::clicked, this, &StartWindow::OpenFile);
+  server_->setPlaceholderText(QStringLiteral("postgresql://用户@服务器/数据库"));
+  server_->setAccessibleName(QStringLiteral("服务器地址"));
+  auto* connectServer = new QPushButton(QStringLiteral("连接"), this);
+  connectServer->setAutoDefault(false);
+  connect(connectServer, &QPushButton::clicked, this, &StartWindow::OpenServer);
+  failure_->setWordWrap(true);
+  failure_->setTextFormat(Qt::PlainText);
+  failure_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  failure_->hide();
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(file);
+  buttons->addStretch(1);
+  buttons->addWidget(openRecent);
+  auto* server = new QHBoxLayout;
+  server->addWidget(server_, 1);
+  server->addWidget(connectServer);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->setSpacing(margin / 2);
+  layout->addWidget(heading(QStringLiteral("打开帐套"), this));
+  layout->addWidget(recent_, 1);
+  layout->addLayout(buttons);
+  layout->addSpacing(margin / 2);
+  layout->addWidget(new QLabel(QStringLiteral("服务器上的帐套"), this));
+  layout->addLayout(server);
+  layout->addWidget(failure_);
+  resize(520, 460);
+}
+
+void StartWindow::FillRecent() {
+  recent_->clear();
+  for (const QString& address : settings_.RecentLedgers()) {
+    auto* item = new QListWidgetItem(entryOf(address), recent_);
+    item->setData(Qt::UserRole, address);
+    item->setToolTip(shownAddress(address));
+    item->setSizeHint({0, entryHeight});
+  }
+  if (recent_->count() > 0) {
+    recent_->setCurrentRow(0);
+    return;
+  }
+  auto* none = new QListWidgetItem(QStringLiteral("还没有打开过帐套"), recent_);
+  none->setFlags(Qt::NoItemFlags);
+}
+
+void StartWindow::OpenChosen() {
+  if (server_->hasFocus() && !server_->text().isEmpty()) {
+    OpenServer();
+  } else if (const auto* item = recent_->currentItem()) {
+    TryOpen(item->data(Qt::UserRole).toString());
+  } else {
+    OpenFile();
+  }
+}
+
+void StartWindow::OpenFile() {
+  const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("打开帐套"), {},
+                                                    QStringLiteral("帐套 (*.db *.tz *.sqlite);;所有文件 (*)"));
+  if (!file.isEmpty()) TryOpen(file);
+}
+
+void StartWindow::OpenServer() {
+  const QString address = server_->text().trimmed();
+  if (!isServerAddress(fromQt(address))) {
+    ShowFailure(QStringLiteral("服务器地址应以 postgresql:// 开头，例如 postgresql://zhangsan@server/ledger2025"));
+    return;
+  }
+  TryOpen(address);
+}
+
+void StartWindow::TryOpen(const QString& address) {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  const QString failure = open_(address);
+  QGuiApplication::restoreOverrideCursor();
+  if (failure.isEmpty()) {
+    accept();
+  } else {
+    ShowFailure(failure);
+  }
+}
+
+void StartWindow::ShowFailure(const QString& text) {
+  QPalette palette;
+  palette.setColor(QPalette::WindowText, currentTheme().negative);
+  failure_->setPalette(palette);
+  failure_->setText(text);
+  failure_->show();
+}
+
+void StartWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Delete && recent_->hasFocus() && recent_->currentItem() != nullptr) {
+    settings_.ForgetLedger(recent_->currentItem()->data(Qt::UserRole).toString());
+    FillRecent();
+    return;
+  }
+  QDialog::keyPressEvent(event);
+}
+
+}  // namespace tz

@@ -1,0 +1,87 @@
+#include "shell/launch_window_list.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "shell/launch.h"
+#include "suite/globals.h"
+#include "suite/qt_text.h"
+#include "ui/report_window.h"
+
+namespace tz {
+namespace {
+
+// A report's title and, where it shows something, of whom.
+QString entryOf(const ReportWindow& window) {
+  const QString title = window.windowTitle();
+  if (window.Shown() == nullptr) return title;
+  const QString subject = toQt(window.Shown()->report.subtitle).simplified();
+  return subject.isEmpty() ? title : title + QStringLiteral("　") + subject;
+}
+
+std::vector<QWidget*> allWindows(const ReportLauncher& launcher) {
+  std::vector<QWidget*> all;
+  if (g_pDlgWnd != nullptr) all.push_back(g_pDlgWnd);
+  all.insert(all.end(), launcher.Windows().begin(), launcher.Windows().end());
+  return all;
+}
+
+void goRound(const QWidget* from, const ReportLauncher& launcher, std::size_t step) {
+  const auto all = allWindows(launcher);
+  const auto here = static_cast<std::size_t>(std::ranges::find(all, from) - all.begin());
+  bringToFront(all[(here + step) % all.size()]);
+}
+
+void fill(QMenu* menu, const ReportLauncher& launcher) {
+  menu->clear();
+  for (QWidget* window : allWindows(launcher)) {
+    const auto* report = qobject_cast<ReportWindow*>(window);
+    QString entry = report == nullptr ? window->windowTitle() : entryOf(*report);
+    auto* action = menu->addAction(entry.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    action->setCheckable(true);
+    action->setChecked(window->isActiveWindow());
+    QObject::connect(action, &QAction::triggered, window, [window] { bringToFront(window); });
+  }
+}
+
+}  // namespace
+
+void bringToFront(QWidget* window) {
+  if (window->isMinimized()) window->showNormal();
+  window->raise();
+  window->activateWindow();
+}
+
+QToolButton* menuButton(QMenu* menu, QWidget* parent) {
+  auto* button = new QToolButton(parent);
+  button->setAutoRaise(true);
+  QObject::connect(button, &QToolButton::clicked, menu,
+                   [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
+  return button;
+}
+
+void listWindows(QMenu* menu, ReportLauncher& launcher) {
+  QObject::connect(menu, &QMenu::aboutToShow, &launcher, [menu, &launcher] { fill(menu, launcher); });
+}
+
+void addWindowList(ReportWindow& window, ReportLauncher& launcher) {
+  QToolBar& bar = window.ToolBar();
+  auto* gap = new QWidget(&bar);
+  gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  bar.addWidget(gap);
+  auto* menu = new QMenu(&bar);
+  listWindows(menu, launcher);
+  QToolButton* button = menuButton(menu, &bar);
+  button->setText(QStringLiteral("窗口 ▾"));
+  button->setToolTip(QStringLiteral("打开的窗口（Ctrl+Tab）"));
+  bar.addWidget(button);
+
+  auto* next = new QAction(&window);
+  next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Tab")));
+  QObject::connect(next, &QAction::triggered, &launcher, [&window, &launcher] { goRound(&window, launcher, 1); });
+  window.addAction(next);
+}
+
+}  // namespace tz

@@ -1,0 +1,105 @@
+#include "ui/condition_combos.h"
+
+#include <QHBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "suite/qt_text.h"
+#include "suite/useful_combox.h"
+#include "ui/painted_static.h"
+
+namespace tz {
+namespace {
+
+// Which combo of the window stands for a condition of the dialog.
+struct WindowCombo {
+  ControlSpec::Kind kind;
+  int id;
+};
+constexpr std::array windowCombos = {
+    WindowCombo{ControlSpec::Kind::accountCombo, 2206},
+    WindowCombo{ControlSpec::Kind::deptReference, 2207},
+    WindowCombo{ControlSpec::Kind::personReference, 2208},
+};
+// The labels in front of them, from left to right.
+constexpr std::array labelIds = {1006, 1009, 1012};
+
+// Accounts are the same when their codes are: a condition may name the code alone.
+std::string comparable(ParameterKey key, const std::string& text) {
+  return key == ParameterKey::account ? CGetData::GetCode_Separator(text) : text;
+}
+
+}  // namespace
+
+ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(6);
+  for (const ControlSpec& control : dialog.controls) {
+    const auto* const found = std::ranges::find(windowCombos, control.kind, &WindowCombo::kind);
+    if (found != windowCombos.end()) AddCombo(control, found->id);
+  }
+  row->addStretch(1);
+}
+
+void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
+  auto* row = static_cast<QHBoxLayout*>(layout());
+  const int labelId = labelIds.at(std::min(members_.size(), labelIds.size() - 1));
+  auto* label = new PaintedStatic(labelId, PaintedStatic::Look::label, this);
+  const QString caption = toQt(control.caption);
+  label->setText(caption);
+  auto* combo = new CUsefulCombox(this);
+  combo->setObjectName(QString::number(comboId));
+  combo->setAccessibleName(caption);
+  combo->setPlaceholderText(QStringLiteral("请选择"));
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo->setMinimumContentsLength(control.kind == ControlSpec::Kind::accountCombo ? 16 : 8);
+  label->setBuddy(combo);
+  if (!members_.empty()) row->addSpacing(10);
+  row->addWidget(label);
+  row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
+  members_.push_back({control.key, combo});
+  connect(combo, &CUsefulCombox::entryChanged, this,
+          [this, key = control.key, combo] { emit chosen(key, combo->CurrentText()); });
+}
+
+CUsefulCombox* ConditionCombos::Find(ParameterKey key) const {
+  const auto found = std::ranges::find(members_, key, &Member::key);
+  return found == members_.end() ? nullptr : found->combo;
+}
+
+bool ConditionCombos::Fill(const CQnCwDB& db) {
+  if (!dialog_.accountWhere.empty()) {
+    const auto accounts = offeredAccounts(dialog_, db);
+    if (accounts.empty()) return false;
+    if (auto* account = Find(ParameterKey::account)) account->Fill(accounts);
+  }
+  if (auto* dept = Find(ParameterKey::dept)) dept->Fill(CInitComboFun::InitPartNameCombox(db));
+  return true;
+}
+
+void ConditionCombos::Select(const Request& request, const CQnCwDB& db) {
+  for (const Member& member : members_) {
+    if (member.key == ParameterKey::person) RefillPersons(db);
+    SelectIn(member, request.text(member.key));
+  }
+}
+
+void ConditionCombos::SelectIn(const Member& member, const std::string& wanted) {
+  CUsefulCombox& combo = *member.combo;
+  int place = wanted.empty() || combo.count() == 0 ? -1 : 0;
+  for (int i = 0; i < combo.count() && !wanted.empty(); ++i) {
+    if (comparable(member.key, fromQt(combo.itemText(i))) != comparable(member.key, wanted)) continue;
+    place = i;
+    break;
+  }
+  combo.SelectIndex(place);
+}
+
+void ConditionCombos::RefillPersons(const CQnCwDB& db) {
+  auto* person = Find(ParameterKey::person);
+  const auto* dept = Find(ParameterKey::dept);
+  if (person != nullptr && dept != nullptr) person->Fill(CInitComboFun::InitNameCombox(db, dept->CurrentDatum()));
+}
+
+}  // namespace tz

@@ -1,0 +1,45 @@
+// The condition combos above the grid of a report: account, department, person, as the report's conditions have them.
+// They show what the grid shows; choosing another entry changes the condition.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "reports/dialog_spec.h"
+
+namespace tz {
+
+class CUsefulCombox;
+
+class ConditionCombos : public QWidget {
+  Q_OBJECT
+
+ public:
+  ConditionCombos(const DialogSpec& dialog, QWidget* parent);
+
+  // Fills the lists that depend on nothing else. False when the report needs an account and none qualifies.
+  bool Fill(const CQnCwDB& db);
+  // Selects what the request names, in each list the first entry when there is no such one; a condition left empty
+  // selects nothing.
+  void Select(const Request& request, const CQnCwDB& db);
+  // Fills the list of persons with those of the chosen department and selects none of them.
+  void RefillPersons(const CQnCwDB& db);
+
+ signals:
+  // Another entry than before was chosen by hand.
+  void chosen(tz::ParameterKey key, const std::string& text);
+
+ private:
+  struct Member {
+    ParameterKey key;
+    CUsefulCombox* combo;
+  };
+  void AddCombo(const ControlSpec& control, int comboId);
+  [[nodiscard]] CUsefulCombox* Find(ParameterKey key) const;
+  static void SelectIn(const Member& member, const std::string& wanted);
+
+  const DialogSpec& dialog_;
+  std::vector<Member> members_;
+};
+
+}  // namespace tz

@@ -1,0 +1,78 @@
+#include "ui/help_window.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include "reports/report_definition.h"
+#include "res/pictures.h"
+#include "suite/process.h"
+#include "suite/qt_text.h"
+
+namespace tz {
+namespace {
+
+QString text(std::string_view utf8) { return toQt(utf8).toHtmlEscaped(); }
+
+QString row(const QString& left, const QString& right) {
+  return QStringLiteral("<tr><td style='padding-right:16px'>%1</td><td>%2</td></tr>").arg(left, right);
+}
+
+QString conditions(const ReportDefinition& report) {
+  QString rows;
+  for (const ControlSpec& control : report.dialog->controls) {
+    rows += row(text(control.caption), text(parameter(control.key).help));
+  }
+  return rows;
+}
+
+QString commands(const ReportDefinition& report) {
+  QString rows;
+  for (const WindowCommand command : report.toolbar) {
+    const CommandHint* hint = findCommandHint(static_cast<int>(command));
+    if (hint == nullptr) continue;
+    const Picture* picture = findPicture(hint->bitmap);
+    QString tip = QString::fromUtf8(hint->tip);
+    if (*hint->shortcut != '\0') tip += QStringLiteral("　") + QLatin1String(hint->shortcut);
+    rows += row(picture == nullptr ? QString() : QString::fromUtf8(picture->caption), tip);
+  }
+  return rows;
+}
+
+QString page(const ReportDefinition& report) {
+  return QStringLiteral(
+             "<h2>%1</h2><p>%2</p>"
+             "<h3>条件</h3><table>%3</table>"
+             "<h3>工具栏</h3><table>%4</table>"
+             "<h3>表格</h3><ul>"
+             "<li>浅绿色的行来自未记帐凭证，红色数字为红字。</li>"
+             "<li>Ctrl+C 复制选中的单元格，Ctrl+A 全选；状态栏显示选中数字的个数与合计。</li>"
+             "<li>表格上方可直接改换条件与金额格式。</li>"
+             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li></ul>")
+      .arg(text(report.printTitle), text(report.windowTitle), conditions(report), commands(report));
+}
+
+}  // namespace
+
+void showHelp(QWidget* window, const ReportDefinition& report) {
+  const QString name = QStringLiteral("help");
+  auto* help = window->findChild<QDialog*>(name);
+  if (help == nullptr) {
+    help = new QDialog(window);
+    help->setObjectName(name);
+    help->setWindowTitle(QStringLiteral("帮助"));
+    auto* browser = new QTextBrowser(help);
+    browser->setFrameShape(QFrame::NoFrame);
+    browser->setHtml(page(report));
+    auto* layout = new QVBoxLayout(help);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(browser);
+    help->resize(460, 480);
+  }
+  help->show();
+  help->raise();
+  help->activateWindow();
+}
+
+}  // namespace tz

@@ -1,0 +1,36 @@
+#include "ui/painted_static.h"
+
+#include <QPainter>
+
+#include "suite/fonts.h"
+#include "suite/theme.h"
+
+namespace tz {
+namespace {
+
+constexpr int titlePixels = 30;
+constexpr int labelPixels = 12;
+
+QFont fontOf(PaintedStatic::Look look) {
+  if (look == PaintedStatic::Look::label) return songFont(labelPixels);
+  // Weight 650 of a face that comes in one weight: the toolkit thickens it only when bold is asked for.
+  QFont font = kaiFont(titlePixels);
+  font.setWeight(QFont::Bold);
+  return font;
+}
+
+}  // namespace
+
+PaintedStatic::PaintedStatic(int id, Look look, QWidget* parent) : QLabel(parent) {
+  setObjectName(QString::number(id));
+  setFont(fontOf(look));
+  setTextFormat(Qt::PlainText);
+}
+
+void PaintedStatic::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const int top = (height() - fontMetrics().height()) / 2;
+  CNeedBitmap::DisplayAString(painter, {0, top}, text(), currentTheme().text, font());
+}
+
+}  // namespace tz

@@ -1,0 +1,28 @@
+#include "ui/report_run.h"
+
+#include <algorithm>
+
+namespace tz {
+
+std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report, Request request,
+                                                               Session& session) {
+  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = MessageId::databaseNotOpen};
+  auto validated = validate(*report.dialog, request, session);
+  if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
+  ShownReport shown;
+  shown.conditions = std::get<Conditions>(std::move(validated));
+  if (report.formats != nullptr) {
+    shown.formats = report.formats(shown.conditions);
+    if (std::ranges::find(shown.formats, request.text(ParameterKey::format)) == shown.formats.end()) {
+      request.clear(ParameterKey::format);
+    }
+  }
+  auto outcome = runReport(report, request, session);
+  if (auto* refusal = std::get_if<Refusal>(&outcome)) return std::move(*refusal);
+  if (std::holds_alternative<Cancelled>(outcome)) return Cancelled{};
+  shown.report = std::get<ComputedReport>(std::move(outcome));
+  shown.request = std::move(request);
+  return shown;
+}
+
+}  // namespace tz

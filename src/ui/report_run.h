@@ -1,0 +1,24 @@
+// Computing a report for a window: what the core computes, with the conditions behind it, which the window's combos and
+// labels show.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "reports/report_definition.h"
+
+namespace tz {
+
+struct ShownReport {
+  Request request;
+  Conditions conditions;
+  std::vector<std::string> formats;  // to choose from; empty for reports without amount formats
+  ComputedReport report;
+};
+
+// A format that the request's account does not offer gives way to the account's own. Throws DbError.
+[[nodiscard]] std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report,
+                                                                             Request request, Session& session);
+
+}  // namespace tz

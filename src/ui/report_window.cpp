@@ -1,0 +1,313 @@
+#include "ui/report_window.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QPainter>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "grid/platform.h"
+#include "reports/explain_error.h"
+#include "suite/general_dialog.h"
+#include "suite/globals.h"
+#include "suite/grid_view.h"
+#include "suite/message_box.h"
+#include "suite/qt_text.h"
+#include "suite/query_dialog.h"
+#include "ui/condition_combos.h"
+#include "ui/export_file.h"
+#include "ui/help_window.h"
+#include "ui/log.h"
+#include "ui/long_work.h"
+#include "ui/report_heading.h"
+#include "ui/report_status.h"
+
+namespace tz {
+namespace {
+
+constexpr QSize templateUnits(395, 259);
+constexpr QSize firstSize(980, 640);
+constexpr int gridFrameId = 8001;
+constexpr int gridId = 8310;
+constexpr QMargins insideGridFrame(3, 8, 4, 3);
+
+constexpr std::array available = {WindowCommand::query, WindowCommand::exportFile, WindowCommand::help,
+                                  WindowCommand::close};
+
+// Plan execution reports read every account of a year.
+bool showsBusyBox(const ReportDefinition& report) { return report.area == Area::plan; }
+
+Session sessionOf(LongWork& work, QWidget* window) {
+  return {
+      .db = *g_pDB,
+      .ledger = g_lpszQnZwDBName,
+      .logon = g_tmLogonTime,
+      .ask =
+          [window](const std::string& question) {
+            return AfxMessageBox(window, question, {}, MessageIcon::information, MessageButtons::yesNo);
+          },
+      .progress = [&work](std::int64_t done, std::int64_t of) { work.Pump(done, of); },
+      .cancelled =
+          [&work] {
+            work.Pump();
+            return work.Cancelled();
+          },
+  };
+}
+
+// Shows how far a work is: in the status line, or in the busy box where the report has one.
+class WorkDisplay {
+ public:
+  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox)
+      : status_(status) {
+    status_.BeginWork(what);
+    QObject::connect(&work, &LongWork::progressed, &status_, &ReportStatus::ShowProgress);
+    QObject::connect(&status_, &ReportStatus::stopClicked, &work, &LongWork::Cancel);
+    work.Allow(status_.StopButton());
+    if (!busyBox) return;
+    box_ = std::make_unique<CGeneralDialog>(window);
+    QObject::connect(box_.get(), &CGeneralDialog::cancelled, &work, &LongWork::Cancel);
+    box_->SetTextGeneral(QStringLiteral("正在查询数据,请稍侯....."));
+    box_->Begin();
+  }
+  WorkDisplay(const WorkDisplay&) = delete;
+  WorkDisplay& operator=(const WorkDisplay&) = delete;
+  ~WorkDisplay() {
+    if (box_ != nullptr) box_->End();
+    status_.EndWork();
+  }
+
+ private:
+  ReportStatus& status_;
+  std::unique_ptr<CGeneralDialog> box_;
+};
+
+}  // namespace
+
+ReportWindow::ReportWindow(const ReportDefinition& definition, QWidget* parent)
+    : CTzResultDialog(definition.window, templateUnits, parent),
+      CProcess(this),
+      definition_(definition),
+      background_(std::make_unique<CNeedBitmap>()) {
+  background_->LoadBkGroundBitmap(CNeedBitmap::reportGround);
+  setWindowTitle(toQt(definition.windowTitle));
+}
+
+ReportWindow::~ReportWindow() { delete queryDialog_; }
+
+bool ReportWindow::OnInitDialog() {
+  ProcessInitDialog();
+  background_->PerpareBkGroundBitmap(this);
+  LayOut();
+  DrawToolBar();
+  try {
+    if (heading_->Conditions().Fill(*g_pDB)) return true;
+  } catch (const DbError& error) {
+    logFailure(definition_.windowTitle, error.what());
+    status_->ShowFailure(toQt(explain(error)));
+    return true;
+  }
+  AfxMessageBox(this, Refusal{.id = MessageId::noAccount});
+  EndDialog(Rejected);
+  return false;
+}
+
+void ReportWindow::LayOut() {
+  toolBar_ = new QToolBar(this);
+  heading_ = new ReportHeading(definition_, this);
+  auto* frame = new QGroupBox(this);
+  frame->setObjectName(QString::number(gridFrameId));
+  frame->setStyleSheet(QStringLiteral("QGroupBox { border: none; margin: 0; padding: 0; }"));
+  view_ = new GridView(frame);
+  view_->setObjectName(QString::number(gridId));
+  auto* inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(insideGridFrame);
+  inside->addWidget(view_);
+  status_ = new ReportStatus(this);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(12, 6, 12, 8);
+  layout->setSpacing(6);
+  layout->addWidget(toolBar_);
+  layout->addWidget(heading_);
+  layout->addWidget(frame, 1);
+  layout->addWidget(status_);
+  resize(firstSize);
+
+  connect(&heading_->Conditions(), &ConditionCombos::chosen, this, &ReportWindow::OnConditionChosen);
+  connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
+  connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
+}
+
+void ReportWindow::DrawToolBar() {
+  std::vector<CToolBarInfo> table;
+  for (const WindowCommand command : definition_.toolbar) {
+    const CommandHint* hint = findCommandHint(static_cast<int>(command));
+    table.push_back(hint == nullptr ? CToolBarInfo{} : CToolBarInfo{hint->bitmap, hint->command});
+  }
+  DrawAToolBar(toolBar_, table);
+  for (QAction* action : toolBar_->actions()) {
+    const auto command = static_cast<WindowCommand>(action->objectName().toInt());
+    if (action->isSeparator() || std::ranges::find(available, command) != available.end()) continue;
+    action->setEnabled(false);
+    action->setToolTip(action->toolTip() + QStringLiteral("：尚未提供"));
+  }
+}
+
+void ReportWindow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  background_->PaintBackground(painter, *this);
+}
+
+bool ReportWindow::OnCommandQuery() {
+  if (LongWork::Running()) return false;
+  if (queryDialog_ == nullptr) {
+    querySession_ =
+        std::make_unique<Session>(Session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime});
+    queryDialog_ = new CTzQueryDialog(*definition_.dialog, *querySession_, g_pDlgWnd);
+    if (store_ != nullptr) queryDialog_->OfferSaved(*store_, definition_.command);
+  }
+  if (IsCreated()) queryDialog_->setParent(this, queryDialog_->windowFlags());
+  querySession_->logon = g_tmLogonTime;
+  queryDialog_->SetRequest(request_);
+  if (!queryDialog_->DoModal()) return false;
+  SetConditions(queryDialog_->GetRequest());
+  return true;
+}
+
+void ReportWindow::SetConditions(const Request& request) {
+  request_ = request;
+  conditionsSet_ = true;
+  firstShow_ = true;
+}
+
+void ReportWindow::RefreshDisplay() {
+  ShowCenterWindow();
+  view_->setFocus();
+  Refresh();
+}
+
+void ReportWindow::Refresh() {
+  if (LongWork::Running()) return;
+  try {
+    LongWork work(*this);
+    auto outcome = [&] {
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在计算…"), showsBusyBox(definition_));
+      auto session = sessionOf(work, this);
+      return computeForWindow(definition_, request_, session);
+    }();
+    if (auto* computed = std::get_if<ShownReport>(&outcome)) {
+      Show(std::move(*computed));
+      return;
+    }
+    KeepShown();
+    if (const auto* refusal = std::get_if<Refusal>(&outcome)) AfxMessageBox(this, *refusal);
+  } catch (const DbError& error) {
+    logFailure(definition_.windowTitle, error.what());
+    KeepShown();
+    status_->ShowFailure(toQt(explain(error)));
+  }
+}
+
+void ReportWindow::Show(ShownReport shown) {
+  view_->SetGrid(nullptr);
+  shown_ = std::move(shown);
+  request_ = shown_->request;
+  const Conditions& conditions = shown_->conditions;
+  if (firstShow_) heading_->Conditions().Select(request_, *g_pDB);
+  firstShow_ = false;
+  heading_->SetFormats(shown_->formats, shown_->report.format);
+  heading_->SetPeriod(shown_->report.period.empty()
+                          ? std::string()
+                          : paintedPeriodText(g_tmLogonTime.year, conditions.from, conditions.to));
+  heading_->SetUnits(conditions.amounts, shown_->report.format);
+  view_->SetGrid(&shown_->report.grid);
+  status_->ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
+  update();
+}
+
+void ReportWindow::KeepShown() {
+  if (!shown_) return;
+  request_ = shown_->request;
+  heading_->Conditions().Select(request_, *g_pDB);
+  heading_->SetFormats(shown_->formats, shown_->report.format);
+}
+
+void ReportWindow::OnConditionChosen(ParameterKey key, const std::string& chosen) {
+  request_.set(key, chosen);
+  if (key == ParameterKey::dept && !request_.text(ParameterKey::person).empty()) {
+    AwaitPerson();
+  } else {
+    Refresh();
+  }
+}
+
+void ReportWindow::AwaitPerson() {
+  request_.clear(ParameterKey::person);
+  heading_->Conditions().RefillPersons(*g_pDB);
+  if (shown_) {
+    shown_->request = request_;
+    shown_->report.grid.SetRows(0);
+    shown_->report.grid.notices.clear();
+    view_->Refresh();
+  }
+  status_->ShowRows(0, {});
+  status_->ShowMessage(QStringLiteral("请选择个人"));
+}
+
+void ReportWindow::OnFormatChosen(const QString& format) {
+  request_.set(ParameterKey::format, fromQt(format));
+  Refresh();
+}
+
+void ReportWindow::OnCommand(int id) {
+  switch (id) {
+    case static_cast<int>(WindowCommand::query):
+      if (OnCommandQuery()) Refresh();
+      break;
+    case static_cast<int>(WindowCommand::exportFile):
+      ExportToFile();
+      break;
+    case static_cast<int>(WindowCommand::help):
+      OnCommand(helpCommand);
+      break;
+    case helpCommand:
+      OpenHelp();
+      break;
+    case static_cast<int>(WindowCommand::close):
+      EndDialog(Accepted);
+      break;
+    default:
+      break;
+  }
+}
+
+void ReportWindow::ExportToFile() {
+  if (!shown_ || LongWork::Running()) return;
+  const auto target = askExportTarget(this, shown_->report);
+  if (target) ExportTo(*target);
+}
+
+void ReportWindow::ExportTo(const ExportTarget& target) {
+  try {
+    bool whole = false;
+    {
+      LongWork work(*this);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
+      whole = writeExport(shown_->report, target, work);
+    }
+    status_->ShowMessage(whole ? QStringLiteral("已输出到 ") + target.path
+                               : QStringLiteral("输出已停止，没有写入文件"));
+  } catch (const OutputError& error) {
+    logFailure(definition_.windowTitle, error.what());
+    status_->ShowFailure(toQt(error.what()));
+  }
+}
+
+void ReportWindow::OpenHelp() { showHelp(this, definition_); }
+
+void ReportWindow::PostNcDestroy() { DoPostNcDestroy(); }
+
+}  // namespace tz
