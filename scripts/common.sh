@@ -79,3 +79,10 @@ build() {
   grep -q 'no work to do' "$log" || say "Built $folder in $((SECONDS - start)) s."
   exec 9>&-
 }
+
+# add_desktop PRESET: lets a folder that was configured without the windows build them too.
+add_desktop() {
+  local folder=build/$1 log=build/$1.log
+  grep -q '^TZ_DESKTOP:BOOL=ON' "$folder/CMakeCache.txt" && return
+  cmake -S . -B "$folder" -DTZ_DESKTOP=ON >"$log" 2>&1 || { cat "$log" >&2; fail "Configuring the windows failed."; }
+}

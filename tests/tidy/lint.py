@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the sources of src that the build compiles: lint.py ROOT BUILD [FILE...].
+"""Runs clang-tidy over the sources of src that the build compiles: lint.py ROOT BUILD core|desktop [FILE...].
+
+The sources of the desktop include the window toolkit and take several times as long as the others.
 
 A clean file is remembered in BUILD/lint under a hash of all that its result depends on: its own text, the project's
 headers it reaches, its compile command, the checks and clang-tidy itself. It is looked at again when one of them
@@ -22,6 +24,9 @@ DROPPED = ("-Winvalid-pch", "-fpch-preprocess")
 # g++ has warnings that clang does not know. The analyzer's deep mode takes a minute for a file with templates, the
 # shallow one a second or two.
 ADDED = ["-Wno-unknown-warning-option", "-Xclang", "-analyzer-config", "-Xclang", "mode=shallow"]
+
+
+DESKTOP = ("src/suite/", "src/ui/", "src/shell/", "src/res/", "src/host/")
 
 
 def clang_arguments(command):
@@ -57,25 +62,26 @@ def check(root, file, arguments, mark):
     return done.stdout or done.stderr or f"{file.path}: clang-tidy failed silently\n"
 
 
-def jobs(root, build, project, wanted):
+def jobs(root, build, project, part, wanted):
     """(file, arguments, mark of a clean result) of every source that is compiled."""
     common = (root / ".clang-tidy").read_bytes() + subprocess.check_output(["clang-tidy", "--version"])
-    marks = build / "lint"
-    marks.mkdir(exist_ok=True)
+    marks = build / "lint" / part
+    marks.mkdir(parents=True, exist_ok=True)
     for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
         path = os.path.relpath(entry["file"], root)
         file = project.by_path.get(path)
-        if file and path.startswith("src/") and (not wanted or path in wanted):
+        of_part = path.startswith("src/") and path.startswith(DESKTOP) == (part == "desktop")
+        if file and of_part and (not wanted or path in wanted):
             arguments = clang_arguments(entry["command"])
             yield file, arguments, marks / key_of(project, file, arguments, common)
 
 
 def main():
     root, build = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
-    wanted = set(sys.argv[3:])
-    every = list(jobs(root, build, Project.read(root), wanted))
+    part, wanted = sys.argv[3], set(sys.argv[4:])
+    every = list(jobs(root, build, Project.read(root), part, wanted))
     if not wanted:
-        for stale in set((build / "lint").iterdir()) - {mark for _, _, mark in every}:
+        for stale in set((build / "lint" / part).iterdir()) - {mark for _, _, mark in every}:
             stale.unlink()
     open_jobs = [job for job in every if not job[2].exists()]
     failed = 0
