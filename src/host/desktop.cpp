@@ -113,6 +113,7 @@ void Desktop::PlaceBar() {
   constexpr int arrowAndMargins = 40;
   const int room = width - windows_->sizeHint().width() - arrowAndMargins;
   ledger_->setText(ledger_->fontMetrics().elidedText(shown, Qt::ElideRight, room) + QStringLiteral(" ▾"));
+  bar_->layout()->activate();
 }
 
 bool Desktop::eventFilter(QObject* receiver, QEvent* event) {

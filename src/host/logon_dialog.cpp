@@ -53,6 +53,7 @@ LogonDialog::LogonDialog(const CQnCwDB& db, const QString& ledger, const QString
   setWindowTitle(QStringLiteral("登录 — ") + ledger);
   for (const auto& record : db.zOperator_GetInfo("lId > 0 ORDER BY lId")) names_->addItem(toQt(record.sName));
   names_->setCurrentText(lastOperator);
+  password_->setObjectName(QStringLiteral("password"));
   password_->setEchoMode(QLineEdit::Password);
   QPalette palette;
   palette.setColor(QPalette::WindowText, currentTheme().negative);

@@ -52,7 +52,8 @@ StartWindow::StartWindow(HostSettings& settings, Open open)
 void StartWindow::LayOut() {
   recent_->setAccessibleName(QStringLiteral("最近的帐套"));
   recent_->setSpacing(2);
-  connect(recent_, &QListWidget::itemActivated, this, &StartWindow::OpenChosen);
+  // Enter is the default button's.
+  connect(recent_, &QListWidget::itemDoubleClicked, this, &StartWindow::OpenChosen);
   auto* openRecent = new QPushButton(QStringLiteral("打开"), this);
   openRecent->setDefault(true);
   connect(openRecent, &QPushButton::clicked, this, &StartWindow::OpenChosen);

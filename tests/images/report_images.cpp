@@ -1,6 +1,8 @@
 #include "images/report_images.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <array>
@@ -83,22 +85,34 @@ bool drawView(const ReportDefinition& report, const View& view, const QString& t
   return saved;
 }
 
-// The dialog is modal: what is drawn is drawn from inside it.
-bool drawDialog(const ReportDefinition& report, const QString& theme, const Save& save) {
+// Saves the modal window that opens next and closes it again; `first` runs before that.
+void saveModal(const QString& name, const Save& save, bool& saved, std::function<void(QWidget&)> first = {}) {
+  QTimer::singleShot(0, [name, &save, &saved, first = std::move(first)] {
+    auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    saved = window != nullptr && save(*window, name);
+    if (window == nullptr) return;
+    if (first) first(*window);
+    window->done(QDialog::Rejected);
+  });
+}
+
+bool drawDialogs(const ReportDefinition& report, const QString& theme, const Save& save) {
   ReportWindow window(report, nullptr);
   window.SetConditions(requestOf(views.front()));
-  bool saved = false;
-  QTimer::singleShot(0, [&] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    saved = dialog != nullptr && save(*dialog, QStringLiteral("conditions-%1").arg(theme));
-    if (dialog != nullptr) dialog->close();
+  bool asked = false;
+  bool referred = false;
+  saveModal(QStringLiteral("conditions-%1").arg(theme), save, asked, [&](QWidget& dialog) {
+    constexpr int personReference = 2007;
+    saveModal(QStringLiteral("reference-%1").arg(theme), save, referred);
+    dialog.findChild<QAbstractButton*>(QString::number(personReference))->click();
   });
   window.OnCommandQuery();
-  return saved;
+  return asked && referred;
 }
 
 // What the host shows: the window that asks for a ledger, and the navigator with the ledger's menu.
 bool drawHost(const QString& ledger, const QString& theme, const Save& save) {
+  g_lpArgument.clear();
   QTemporaryDir home;
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
   HostSettings settings;
@@ -123,7 +137,7 @@ bool drawReports(const QString& theme, const Save& save) {
   for (const View& view : views) {
     if (!drawView(*report, view, theme, save)) return false;
   }
-  return drawDialog(*report, theme, save) && drawHost(ledger.File(), theme, save);
+  return drawDialogs(*report, theme, save) && drawHost(ledger.File(), theme, save);
 }
 
 }  // namespace tz::images
