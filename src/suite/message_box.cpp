@@ -1,10 +1,15 @@
 #include "suite/message_box.h"
 
+#include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
+#include <algorithm>
 #include <utility>
 
+#include "suite/fonts.h"
 #include "suite/qt_text.h"
+#include "suite/theme.h"
 
 namespace tz {
 namespace {
@@ -14,15 +19,42 @@ MessageHandler& handler() {
   return current;
 }
 
-QMessageBox::Icon iconOf(const Message& message) {
-  if (message.buttons == MessageButtons::yesNo) return QMessageBox::Question;
-  return message.icon == MessageIcon::warning ? QMessageBox::Warning : QMessageBox::Information;
+// A disc with its sign, in the theme's colours.
+QPixmap iconOf(const Message& message, double scale) {
+  constexpr int size = 36;
+  const bool asks = message.buttons == MessageButtons::yesNo;
+  const bool warns = !asks && message.icon == MessageIcon::warning;
+  QPixmap picture(QSize(size, size) * scale);
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(warns ? currentTheme().negative : currentTheme().accent);
+  painter.drawEllipse(QRectF(0, 0, size, size));
+  painter.setPen(currentTheme().onAccent);
+  painter.setFont(uiFont(size * 2 / 3, QFont::Bold));
+  painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter,
+                   asks    ? QStringLiteral("?")
+                   : warns ? QStringLiteral("!")
+                           : QStringLiteral("i"));
+  return picture;
+}
+
+// A message of one line stays on one line; a longer one is broken at a width that reads well.
+void setTextWidth(QMessageBox& box) {
+  constexpr int widest = 420;
+  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (label == nullptr) return;
+  label->setMinimumWidth(std::min(widest, label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1));
 }
 
 bool showBox(QWidget* parent, const Message& message) {
-  QMessageBox box(iconOf(message), toQt(message.caption), toQt(message.text), QMessageBox::NoButton, parent);
+  QMessageBox box(QMessageBox::NoIcon, toQt(message.caption), toQt(message.text), QMessageBox::NoButton, parent);
+  box.setIconPixmap(iconOf(message, box.devicePixelRatioF()));
   // Names from a ledger may look like markup.
   box.setTextFormat(Qt::PlainText);
+  setTextWidth(box);
   const bool asks = message.buttons == MessageButtons::yesNo;
   QPushButton* yes = box.addButton(asks ? QStringLiteral("是(&Y)") : QStringLiteral("确定"), QMessageBox::AcceptRole);
   box.setDefaultButton(yes);
