@@ -67,6 +67,7 @@ void CTzQueryDialog::LayOut() {
   connect(ok, &QPushButton::clicked, this, [this] { OnOK(); });
   connect(cancel, &QPushButton::clicked, this, [this] { OnCancel(); });
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(betweenRows);
   buttons->addStretch();
   buttons->addWidget(ok);
   buttons->addWidget(cancel);

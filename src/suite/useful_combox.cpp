@@ -16,6 +16,7 @@ namespace tz {
 namespace {
 
 constexpr int rowsAtOnce = 14;
+constexpr int rowPixels = 24;
 
 // "122101 职工借款" and "122101<tab>职工借款" are a code and a name, any other text is a name.
 SearchEntry entryOf(const ComboEntry& entry) {
@@ -32,6 +33,7 @@ class FoundTexts : public SearchModel {
  public:
   explicit FoundTexts(QComboBox* combo) : SearchModel(combo), combo_(combo) {}
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role == Qt::SizeHintRole) return QSize(0, rowPixels);
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
     return combo_->itemText(static_cast<int>(PlaceOf(index.row())));
   }
