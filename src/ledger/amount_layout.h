@@ -28,6 +28,9 @@ struct AmountLayout {
   };
   Balance balance;  // of lines and totals
   Balance opening;  // of the opening row
+
+  [[nodiscard]] bool showsQuantities() const { return debitQuantity != none; }
+  [[nodiscard]] bool showsForeign() const { return debitForeign != none; }
 };
 
 [[nodiscard]] const AmountLayout& amountLayout(std::string_view format);

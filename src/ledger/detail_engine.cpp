@@ -56,7 +56,7 @@ class DetailRun {
 
  private:
   [[nodiscard]] LineReader lines(Book book) const {
-    return {session_.db.Current(), memberLines(member_, conditions_, book), conditions_.amounts};
+    return {session_.db.Current(), memberLines(member_, conditions_, book), layout_, conditions_.amounts};
   }
 
   void readOpening() {

@@ -5,9 +5,8 @@
 namespace tz {
 namespace {
 
-constexpr const char* columns =
-    "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney, s.dAmount, s.mForeign, s.dFrat";
-enum Column { bill, word, number, digest, direct, money, amount, foreignMoney, rate };
+constexpr const char* columns = "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney";
+enum Column { bill, word, number, digest, direct, money, furtherColumns };
 
 void putNumber(std::string& text, int value, int digits) {
   char buffer[12];
@@ -34,11 +33,19 @@ void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumb
 
 }  // namespace
 
-LineReader::LineReader(Connection& connection, const LineQuery& query, const AccountAmounts& amounts)
-    : cursor_(connection.query(lineStatement(query, columns))),
-      quantities_(!amounts.unit.empty()),
-      foreign_(!amounts.currency.empty()),
-      done_(false) {
+LineReader::LineReader(Connection& connection, const LineQuery& query, const AmountLayout& layout,
+                       const AccountAmounts& amounts)
+    : priced_(!amounts.unit.empty()), done_(false) {
+  std::string wanted = columns;
+  int next = furtherColumns;
+  const auto add = [&](const char* column) {
+    wanted += column;
+    return next++;
+  };
+  if (layout.showsQuantities()) quantityColumn_ = add(", s.dAmount");
+  if (layout.showsForeign()) foreignColumn_ = add(", s.mForeign");
+  if (layout.showsForeign() && !amounts.currency.empty()) rateColumn_ = add(", s.dFrat");
+  cursor_ = connection.query(lineStatement(query, wanted));
   advance();
 }
 
@@ -54,12 +61,13 @@ void LineReader::advance() {
   putVoucher(line_.voucherNumber, row.text(word), static_cast<int>(row.integer(number)));
   line_.summary = row.text(digest);
   line_.month = billDate.month;
-  const SideFigures figures{row.real(amount), row.real(foreignMoney), row.real(money)};
+  const auto figure = [&](int column) { return column < 0 ? 0 : row.real(column); };
+  const SideFigures figures{figure(quantityColumn_), figure(foreignColumn_), row.real(money)};
   const bool debit = row.integer(direct) != 0;
   line_.debit = debit ? figures : SideFigures{};
   line_.credit = debit ? SideFigures{} : figures;
-  line_.exchangeRate = foreign_ ? row.real(rate) : 0;
-  const bool priced = quantities_ && figures.amount != 0 && figures.quantity != 0;
+  line_.exchangeRate = figure(rateColumn_);
+  const bool priced = priced_ && figures.amount != 0 && figures.quantity != 0;
   line_.unitPrice = priced ? figures.amount / figures.quantity : 0;
 }
 

@@ -6,8 +6,8 @@
 
 #include "data/connection.h"
 #include "data/line_query.h"
+#include "ledger/amount_layout.h"
 #include "ledger/ledger_line.h"
-#include "reports/conditions.h"
 
 namespace tz {
 
@@ -15,7 +15,8 @@ class LineReader {
  public:
   // A reader that is past its last line from the start.
   LineReader() = default;
-  LineReader(Connection& connection, const LineQuery& query, const AccountAmounts& amounts);
+  // Quantities and foreign amounts are read only where the layout shows them.
+  LineReader(Connection& connection, const LineQuery& query, const AmountLayout& layout, const AccountAmounts& amounts);
 
   [[nodiscard]] bool done() const { return done_; }
   [[nodiscard]] const LedgerLine& line() const { return line_; }
@@ -23,8 +24,10 @@ class LineReader {
 
  private:
   std::unique_ptr<Cursor> cursor_;
-  bool quantities_ = false;
-  bool foreign_ = false;
+  int quantityColumn_ = -1;
+  int foreignColumn_ = -1;
+  int rateColumn_ = -1;
+  bool priced_ = false;  // the account keeps quantities
   bool done_ = true;
   LedgerLine line_;
 };

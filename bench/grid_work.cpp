@@ -1,0 +1,33 @@
+#include "grid_work.h"
+
+#include <fmt/format.h>
+
+#include "grid/grid_to_file.h"
+#include "ledger/amount_layout.h"
+
+namespace tz::bench {
+
+ComputedReport makeReport(std::int64_t rows) {
+  ComputedReport report;
+  report.title = "三栏式明细帐";
+  auto& grid = report.grid;
+  addLedgerColumns(grid, amountLayout("金额式"));
+  grid.SetRows(rows);
+  for (std::int64_t row = 0; row < rows; ++row) {
+    const auto figure = static_cast<double>(row);
+    grid.SetText(row, 0, fmt::format("2025.{:02}.{:02}", row % 12 + 1, row % 28 + 1));
+    grid.SetText(row, 1, fmt::format("记-{:04}", row % 10000));
+    grid.SetText(row, 2, "预借差旅费");
+    grid.SetNumber(row, row % 2 == 0 ? 3 : 4, row % 2 == 0 ? figure / 4 : figure / 8);
+    grid.SetText(row, 5, "借");
+    grid.SetNumber(row, 6, figure / 2);
+  }
+  return report;
+}
+
+void writeWorkbook(std::int64_t rows, const std::string& file) {
+  const auto report = makeReport(rows);
+  (void)CGridToFile(report).CreateFile(file, FileForm::xlsx);
+}
+
+}  // namespace tz::bench

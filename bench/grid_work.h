@@ -1,0 +1,15 @@
+// A grid of any length with the cells that bare_xlsx.c writes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "grid/report_output.h"
+
+namespace tz::bench {
+
+[[nodiscard]] ComputedReport makeReport(std::int64_t rows);
+// Writes it as a workbook.
+void writeWorkbook(std::int64_t rows, const std::string& file);
+
+}  // namespace tz::bench

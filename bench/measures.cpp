@@ -1,0 +1,140 @@
+// bench: takes every measure and prints it with its bar, as ratios of CPU time of whole processes. Ledgers are grown
+// from the sample company: a million posted lines, of which one person has a tenth, and the same at a tenth of the
+// size.
+//
+//   bench                 all measures; those on PostgreSQL only with TZ_TEST_POSTGRES (bench/run sets it)
+//   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
+#include <cstdlib>
+#include <filesystem>
+#include <fmt/format.h>
+#include <fstream>
+
+#include "data/connection.h"
+#include "data/records.h"
+#include "grid_work.h"
+#include "process.h"
+#include "table.h"
+
+namespace tz::bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string build = TZ_BUILD;
+const std::string program = build + "/src/tzassistant";
+constexpr std::int64_t million = 1'000'000;
+
+// A member of the detail ledger, as a person asks for it and as its rows are selected.
+struct Member {
+  std::string account, dept, person;
+  Id accountId, deptId, personId;
+
+  [[nodiscard]] Command report(const std::string& ledger) const {
+    return {program, "report",   "10190", "--ledger", ledger, "--account", account, "--dept",
+            dept,    "--person", person,  "--from",   "1",    "--to",      "12"};
+  }
+  [[nodiscard]] std::string select() const {
+    return fmt::format(
+        "SELECT m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney "
+        "FROM RegSub s CROSS JOIN RegMain m WHERE m.lTieId = s.lTieId AND m.byPeroid BETWEEN 1 AND 12 AND "
+        "+lCodeId IN ({}) AND lDeptId = {} AND lPersonId = {} ORDER BY s.dtDate, s.lId, s.lTieId",
+        accountId, deptId, personId);
+  }
+};
+
+// The member with the fewest lines of at least `lines` on person accounts.
+Member memberOf(const std::string& ledger, int lines) {
+  const auto connection = openLedger(ledger, Access::read);
+  const auto found = connection->query(Sql(
+      "SELECT c.sCode, d.sDeptName, p.sName, c.lId, d.lDeptId, p.lId, count(*) FROM RegSub s, Code c, Dept d, Person p "
+      "WHERE c.lId = s.lCodeId AND d.lDeptId = s.lDeptId AND p.lId = s.lPersonId AND p.lDeptId = d.lDeptId AND "
+      "c.sAssBook LIKE '%A%' GROUP BY c.sCode, d.sDeptName, p.sName, c.lId, d.lDeptId, p.lId "
+      "HAVING count(*) >= ? ORDER BY 7, 6, 4 LIMIT 1",
+      lines));
+  if (!found->next()) throw std::runtime_error("no member of that size");
+  return {std::string(found->text(0)), std::string(found->text(1)), std::string(found->text(2)),
+          found->integer(3),           found->integer(4),           found->integer(5)};
+}
+
+void createLedger(const std::string& address, std::int64_t lines) {
+  run({program, "ledger", "create", address, "--sample", "--lines", std::to_string(lines)});
+}
+
+void measureOnFiles(const fs::path& folder) {
+  const auto large = (folder / "large.db").string();
+  const auto small = (folder / "small.db").string();
+  createLedger(large, million);
+  createLedger(small, million / 10);
+
+  const auto big = memberOf(large, 50'000);
+  const auto detail = compare(big.report(large), {build + "/bench/bare_scan", large, big.select()}, 7);
+  printRatio("detail ledger of 100 000 lines as text", "stepping the same rows", detail, 1.5);
+  printFigure("the same, memory", "", detail.peakMiB, 64, "MiB");
+
+  const auto few = memberOf(large, 30);
+  printRatio("a member of 30 lines", "sqlite3 running the SELECT",
+             compare(few.report(large), {"sqlite3", large, few.select()}, 41), 1.5);
+  const auto fewOfSmall = memberOf(small, 30);
+  printRatio("the same", "on a tenth of the ledger", compare(few.report(large), fewOfSmall.report(small), 41), 1.2);
+  printRatio("start of the command line", "sqlite3 -version",
+             compare({program, "--version"}, {"sqlite3", "-version"}, 41), 2);
+
+  const auto script = (folder / "load.sql").string();
+  run({"sh", "-c", "sqlite3 '" + large + "' .dump > '" + script + "'"});
+  const auto made = run({program, "ledger", "create", (folder / "made.db").string(), "--sample", "--lines", "1000000"});
+  const auto loaded = run({"sqlite3", (folder / "loaded.db").string()}, script);
+  printFigure("making a million lines, indexes included", "sqlite3 loading a dump of them",
+              made.cpuSeconds / loaded.cpuSeconds, 1, "×");
+}
+
+void measureGrid(const fs::path& folder, const std::string& self) {
+  const auto report = makeReport(million);
+  printFigure("a grid of a million rows", "",
+              static_cast<double>(report.grid.MemoryUsed()) / static_cast<double>(million), 200, "bytes a row");
+  const auto ours = (folder / "ours.xlsx").string();
+  const auto theirs = (folder / "theirs.xlsx").string();
+  const auto workbook = compare({self, "workbook", std::to_string(million), ours},
+                                {build + "/bench/bare_xlsx", theirs, std::to_string(million)}, 1);
+  printRatio("a workbook of a million rows, its grid included", "the library alone", workbook, 2);
+}
+
+void measureOnServer(const std::string& address) {
+  const auto name = "bench";
+  const auto server = openEmpty(address);
+  server->execute(Sql(std::string("CREATE DATABASE ") + name + " TEMPLATE template0"));
+  auto ledger = address;
+  const std::string maintenance = "/postgres";
+  ledger.replace(ledger.rfind(maintenance), maintenance.size(), std::string("/") + name);
+  createLedger(ledger, million);
+  openLedger(ledger, Access::keeper)->execute("ANALYZE");
+  const auto big = memberOf(ledger, 50'000);
+  printRatio("detail ledger of 100 000 lines on PostgreSQL", "the same SELECT through libpq",
+             compare(big.report(ledger), {build + "/bench/bare_libpq", ledger, big.select()}, 7), 1.5);
+}
+
+int all(const std::string& self) {
+  const auto folder = fs::temp_directory_path() / fmt::format("tz-bench-{}", std::rand());
+  fs::create_directories(folder);
+  printHead();
+  measureOnFiles(folder);
+  measureGrid(folder, self);
+  if (const char* server = std::getenv("TZ_TEST_POSTGRES")) measureOnServer(server);
+  fs::remove_all(folder);
+  return missed() == 0 ? 0 : 1;
+}
+
+}  // namespace
+}  // namespace tz::bench
+
+int main(int argc, char** argv) {
+  try {
+    if (argc == 4 && std::string(argv[1]) == "workbook") {
+      tz::bench::writeWorkbook(std::atoll(argv[2]), argv[3]);
+      return 0;
+    }
+    return tz::bench::all(argv[0]);
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "bench: {}\n", error.what());
+    return 2;
+  }
+}
