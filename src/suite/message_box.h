@@ -30,6 +30,6 @@ void AfxMessageBox(QWidget* parent, const Refusal& refusal);
 
 // Answers messages instead of a box on the screen; an empty one brings the boxes back. Returns what answered before.
 using MessageHandler = std::function<bool(const Message&)>;
-MessageHandler setMessageHandler(MessageHandler handler);
+MessageHandler setMessageHandler(MessageHandler replacement);
 
 }  // namespace tz
