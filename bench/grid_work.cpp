@@ -1,4 +1,4 @@
-#include "grid_work.h"
+#include "bench/grid_work.h"
 
 #include <fmt/format.h>
 

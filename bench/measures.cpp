@@ -9,11 +9,11 @@
 #include <fmt/format.h>
 #include <fstream>
 
+#include "bench/grid_work.h"
+#include "bench/process.h"
+#include "bench/table.h"
 #include "data/connection.h"
 #include "data/records.h"
-#include "grid_work.h"
-#include "process.h"
-#include "table.h"
 
 namespace tz::bench {
 namespace {

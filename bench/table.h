@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "process.h"
+#include "bench/process.h"
 
 namespace tz::bench {
 

@@ -79,7 +79,7 @@ def full_include_paths(project):
     for file in project.cpp:
         for line, name, quoted in file.includes:
             if quoted and ("/" not in name or ".." in name):
-                yield Finding(file.path, line, f'"{name}" is no path from the root of src or tests', why)
+                yield Finding(file.path, line, f'"{name}" is no path from a root of the code', why)
 
 
 MAX_LINE, MAX_FILE, MAX_FUNCTION = 120, 600, 70
