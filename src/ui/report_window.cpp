@@ -105,8 +105,7 @@ bool ReportWindow::OnInitDialog() {
   try {
     if (heading_->Conditions().Fill(*g_pDB)) return true;
   } catch (const DbError& error) {
-    logFailure(definition_.windowTitle, error.what());
-    status_->ShowFailure(toQt(explain(error)));
+    TellFailure(explain(error), error.what());
     return true;
   }
   AfxMessageBox(this, Refusal{.id = MessageId::noAccount});
@@ -191,9 +190,9 @@ void ReportWindow::RefreshDisplay() {
 
 void ReportWindow::Refresh() {
   if (LongWork::Running()) return;
-  try {
-    LongWork work(*this);
-    auto outcome = [&] {
+  Attempt([this] {
+    auto outcome = [this] {
+      LongWork work(*this);
       const WorkDisplay display(work, *status_, this, QStringLiteral("正在计算…"), showsBusyBox(definition_));
       auto session = sessionOf(work, this);
       return computeForWindow(definition_, request_, session);
@@ -204,11 +203,24 @@ void ReportWindow::Refresh() {
     }
     KeepShown();
     if (const auto* refusal = std::get_if<Refusal>(&outcome)) AfxMessageBox(this, *refusal);
+  });
+}
+
+void ReportWindow::Attempt(const std::function<void()>& work) {
+  try {
+    work();
+    return;
   } catch (const DbError& error) {
-    logFailure(definition_.windowTitle, error.what());
-    KeepShown();
-    status_->ShowFailure(toQt(explain(error)));
+    TellFailure(explain(error), error.what());
+  } catch (const std::exception& error) {
+    TellFailure(error.what(), error.what());
   }
+  KeepShown();
+}
+
+void ReportWindow::TellFailure(const std::string& words, const char* what) {
+  logFailure(definition_.windowTitle, what);
+  status_->ShowFailure(toQt(words));
 }
 
 void ReportWindow::Show(ShownReport shown) {
@@ -231,14 +243,19 @@ void ReportWindow::Show(ShownReport shown) {
 void ReportWindow::KeepShown() {
   if (!shown_) return;
   request_ = shown_->request;
-  heading_->Conditions().Select(request_, *g_pDB);
   heading_->SetFormats(shown_->formats, shown_->report.format);
+  try {
+    heading_->Conditions().Select(request_, *g_pDB);
+  } catch (const DbError& error) {
+    // The lists cannot be read either: they stay as they are.
+    logFailure(definition_.windowTitle, error.what());
+  }
 }
 
 void ReportWindow::OnConditionChosen(ParameterKey key, const std::string& chosen) {
   request_.set(key, chosen);
   if (key == ParameterKey::dept && !request_.text(ParameterKey::person).empty()) {
-    AwaitPerson();
+    Attempt([this] { AwaitPerson(); });
   } else {
     Refresh();
   }
@@ -301,8 +318,7 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
     status_->ShowMessage(whole ? QStringLiteral("已输出到 ") + target.path
                                : QStringLiteral("输出已停止，没有写入文件"));
   } catch (const OutputError& error) {
-    logFailure(definition_.windowTitle, error.what());
-    status_->ShowFailure(toQt(error.what()));
+    TellFailure(error.what(), error.what());
   }
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPointer>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -63,6 +64,9 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void Refresh();
   void Show(ShownReport shown);
   void KeepShown();
+  // Runs a piece of work; its failure stands in the status line, and what was shown stays.
+  void Attempt(const std::function<void()>& work);
+  void TellFailure(const std::string& words, const char* what);
   // Departments change their persons: with none chosen there is nothing to show yet.
   void OnConditionChosen(ParameterKey key, const std::string& text);
   void OnFormatChosen(const QString& format);

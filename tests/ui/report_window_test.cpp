@@ -120,6 +120,22 @@ TEST_F(ReportWindowTest, AFailureIsToldInTheStatusLineAlone) {
   EXPECT_EQ(fromQt(combo(2206).currentText()), "122101 职工借款");
 }
 
+TEST_F(ReportWindowTest, AFailureOfTheListsIsNoDisaster) {
+  const ReportWindow& window = open();
+  const std::string before = ReportLedger::json(window.Shown()->report);
+  ledger_.ledger().keeper().execute("DROP TABLE Person");
+  choose(2207, "采购部");
+  EXPECT_NE(labelled("status").find("数据库"), std::string::npos) << labelled("status");
+  EXPECT_EQ(ReportLedger::json(window.Shown()->report), before);
+}
+
+TEST_F(ReportWindowTest, NoticesStandBelowTheGrid) {
+  ledger_.ledger().keeper().execute("UPDATE RegMain SET dtBill = '2005-12-31' WHERE lTieId = 2");
+  open();
+  EXPECT_EQ(labelled("notices"), "※ 有1条分录的凭证日期不在查询月份内，未列示");
+  EXPECT_FALSE(control<QLabel>(*window_, "notices").isHidden());
+}
+
 TEST_F(ReportWindowTest, EnterAndEscLeaveItOpenAndCloseEndsIt) {
   ReportWindow& window = open();
   for (QWidget* focus : {static_cast<QWidget*>(&window), static_cast<QWidget*>(&window.Grid())}) {
