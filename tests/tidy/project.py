@@ -75,11 +75,8 @@ class Project:
 
     def included_file(self, name):
         """The project's file that #include "name" means, or None. The roots are those of the build."""
-        for root in CODE_FOLDERS:
-            file = self.by_path.get(f"{root}/{name}")
-            if file:
-                return file
-        return None
+        candidates = (self.by_path.get(path) for path in (name, *(f"{root}/{name}" for root in CODE_FOLDERS)))
+        return next(filter(None, candidates), None)
 
     def reach(self, file):
         """The project's files that a file includes, directly or through others, itself first."""
