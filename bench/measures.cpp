@@ -71,6 +71,12 @@ void measureOnFiles(const fs::path& folder) {
   printRatio("detail ledger of 100 000 lines as text", "stepping the same rows", detail, 1.5);
   printFigure("the same, memory", "", detail.peakMiB, 64, "MiB");
 
+  const std::string windows = build + "/bench/desktop_work";
+  printRatio("the navigator painted once", "an empty window with the same fonts",
+             compare({windows, "navigator"}, {windows, "empty"}, 15), 1.5);
+  printRatio("the window of 100 000 lines, first rows shown", "the same as text",
+             compare({windows, "report", large, big.account, big.dept, big.person}, big.report(large), 7), 1.5);
+
   const auto few = memberOf(large, 30);
   printRatio("a member of 30 lines", "sqlite3 running the SELECT",
              compare(few.report(large), {"sqlite3", large, few.select()}, 41), 1.5);
@@ -113,6 +119,7 @@ void measureOnServer(const std::string& address) {
 }
 
 int all(const std::string& self) {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const auto folder = fs::temp_directory_path() / fmt::format("tz-bench-{}", std::rand());
   fs::create_directories(folder);
   printHead();

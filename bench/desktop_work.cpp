@@ -1,0 +1,78 @@
+// Windows for the measures, each shown until it has painted once, then closed:
+//   desktop_work empty                                 an empty window that loads the same fonts
+//   desktop_work navigator                             the navigator
+//   desktop_work report LEDGER ACCOUNT DEPT PERSON     the three-column detail ledger of a person over the whole year
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
+
+#include "catalogue/catalogue.h"
+#include "reports/session.h"
+#include "shell/launch.h"
+#include "shell/navigator.h"
+#include "suite/fonts.h"
+#include "suite/globals.h"
+#include "suite/theme.h"
+#include "ui/report_window.h"
+
+namespace {
+
+// Draws one text in every family that the navigator uses.
+class EmptyWindow : public QWidget {
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.drawText(20, 40, QStringLiteral("辅助核算"));
+    QFont bold = painter.font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.drawText(20, 80, QStringLiteral("辅助核算"));
+  }
+};
+
+int paint(QWidget& window) {
+  window.resize(606, 384);
+  window.show();
+  (void)window.grab();
+  return 0;
+}
+
+int showNavigator() {
+  tz::CQnCwAssistantDlg navigator(nullptr);
+  navigator.SetRunner({[](int) { return true; }, [](int) {}, {}});
+  return paint(navigator);
+}
+
+int showReport(const QStringList& words) {
+  tz::CQnCwDB db(tz::Access::report);
+  db.Open(words.at(2).toStdString());
+  tz::g_pDB = &db;
+  tz::g_lpszQnZwDBName = words.at(2).toStdString();
+  tz::g_tmLogonTime = tz::defaultLogonDate(db);
+  tz::Request request;
+  request.set(tz::ParameterKey::account, words.at(3).toStdString());
+  request.set(tz::ParameterKey::dept, words.at(4).toStdString());
+  request.set(tz::ParameterKey::person, words.at(5).toStdString());
+  request.set(tz::ParameterKey::from, "1");
+  request.set(tz::ParameterKey::to, "12");
+  tz::ReportLauncher launcher(tz::everybody(), tz::findReport);
+  auto* window = launcher.LaunchFromReport(10190, request, nullptr);
+  if (window == nullptr || window->Shown() == nullptr) return 1;
+  const int status = paint(*window);
+  delete window;
+  tz::g_pDB = nullptr;
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  const auto words = QApplication::arguments();
+  tz::installFonts();
+  tz::applyTheme(tz::ThemeChoice::light);
+  if (words.value(1) == QStringLiteral("navigator")) return showNavigator();
+  if (words.value(1) == QStringLiteral("report") && words.size() == 6) return showReport(words);
+  EmptyWindow empty;
+  return paint(empty);
+}
