@@ -8,6 +8,7 @@
 #include <string>
 #include <tuple>
 
+#include "catalogue/catalogue.h"
 #include "images/report_images.h"
 #include "shell/navigator.h"
 #include "suite/fonts.h"
@@ -27,7 +28,7 @@ bool save(QWidget& window, const QDir& folder, const QString& name) {
 }
 
 bool drawNavigator(const QDir& folder, const QString& theme) {
-  tz::CommandRunner runner{[](int) { return true; }, [](int) {}, {}};
+  const tz::CommandRunner runner{[](int command) { return tz::findReport(command) != nullptr; }, [](int) {}, {}};
   const std::tuple<std::string, QString, int> views[] = {{"", QStringLiteral("person"), 10182},
                                                          {"", QStringLiteral("unit"), 10195},
                                                          {"-ERPCONSOLE", QStringLiteral("console"), 10225}};
