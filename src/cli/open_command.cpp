@@ -1,4 +1,5 @@
 // tzassistant open: starts the desktop, which is a program of its own so that this one needs no window toolkit.
+#include <cstdlib>
 #include <filesystem>
 
 #include "cli/cli.h"
@@ -7,10 +8,21 @@
 namespace tz::cli {
 namespace {
 
+bool hasDisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    if (const char* value = std::getenv(name); value != nullptr && *value != '\0') return true;
+  }
+  return false;
+}
+
 Status startDesktop(const std::vector<std::string>& arguments) {
   const auto program = programFolder() / "tzassistant-desktop";
   if (!std::filesystem::exists(program)) {
     complain("桌面程序 tzassistant-desktop 没有安装；命令行的用法见 tzassistant --help");
+    return Status::failed;
+  }
+  if (!hasDisplay()) {
+    complain("这里没有显示器，无法打开桌面；命令行的用法见 tzassistant --help");
     return Status::failed;
   }
   replaceProcess(program.string(), arguments);
