@@ -24,13 +24,27 @@ std::set<std::string> tableNames(Connection& connection) {
   return names;
 }
 
-// Every table without which nothing can be read; a ledger made elsewhere may lack MarkLog.
-void requireLedger(const std::set<std::string>& there) {
+void requireVersion(Connection& connection) {
+  const auto cursor = connection.query(Sql(connection.dialect().versionQuery()));
+  const std::int64_t version = cursor->next() ? cursor->integer(0) : 0;
+  if (version <= ledgerVersion) return;
+  throw DbError(DbError::Kind::newer, "the ledger is of version " + std::to_string(version) +
+                                          ", this program knows versions up to " + std::to_string(ledgerVersion));
+}
+
+// Every table without which nothing can be read; a ledger made elsewhere may lack MarkLog. What holds none of them is
+// no ledger, whatever version it names; a newer ledger may have other tables.
+void requireLedger(Connection& connection, const std::set<std::string>& there) {
   std::string missing;
+  bool any = false;
   for (const auto& table : ledgerTables()) {
-    if (table.name != MarkLogInfo::table && !there.contains(lowered(table.name))) missing += " " + table.name;
+    const bool found = there.contains(lowered(table.name));
+    any = any || found;
+    if (!found && table.name != MarkLogInfo::table) missing += " " + table.name;
   }
-  if (!missing.empty()) throw DbError(DbError::Kind::notALedger, "tables are missing:" + missing);
+  if (!any) throw DbError(DbError::Kind::notALedger, "it holds none of a ledger's tables");
+  requireVersion(connection);
+  if (!missing.empty()) throw DbError(DbError::Kind::incomplete, "tables are missing:" + missing);
 }
 
 // What a ledger made elsewhere lacks for work: the mark log, the program's indexes, the report role's grants. Whoever
@@ -74,7 +88,7 @@ std::unique_ptr<Connection> openLedger(const std::string& address, Access access
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);
   const auto there = tableNames(*connection);
-  requireLedger(there);
+  requireLedger(*connection, there);
   if (access != Access::read) addMissing(*connection, there, server);
   if (access == Access::report) {
     server ? restrictPostgresToReports(*connection) : restrictSqliteToReports(*connection);

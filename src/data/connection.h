@@ -16,14 +16,20 @@ namespace tz {
 class DbError : public std::runtime_error {
  public:
   enum class Kind {
-    notFound,    // no such file, server or database
-    notALedger,  // it opened, but it holds no ledger
-    damaged,     // the file's contents are broken
-    locked,      // somebody else holds it
-    denied,      // the database refuses the statement or the operator
-    full,        // no room on the disk
-    lost,        // the connection broke
-    duplicate,   // a unique rule would be broken
+    notFound,     // no such file or database
+    unreachable,  // the server does not answer
+    badLogon,     // the server does not take the user or the password
+    notALedger,   // it is there, but it holds no ledger
+    incomplete,   // a ledger without a table or column that is needed
+    newer,        // made by a newer version of the program or of the database
+    damaged,      // the file's contents are broken
+    locked,       // somebody else holds it
+    unreadable,   // the file's or folder's rights forbid to read it
+    denied,       // the database refuses the statement
+    full,         // no room on the disk
+    disk,         // the disk failed
+    lost,         // the connection broke
+    duplicate,    // a unique rule would be broken
     other,
   };
 
@@ -117,8 +123,8 @@ class Transaction {
   Connection* connection_;
 };
 
-// Opens the ledger at a file path or a "postgresql://" address. Throws DbError when there is none, when it is no ledger
-// or when the access cannot be had.
+// Opens the ledger at a file path or a "postgresql://" address. Throws DbError when there is none, when it is no
+// ledger, when its version is newer than this program's or when the access cannot be had.
 [[nodiscard]] std::unique_ptr<Connection> openLedger(const std::string& address, Access access);
 // A connection to a place that holds no ledger yet: a file that does not exist, or a database without ledger tables.
 [[nodiscard]] std::unique_ptr<Connection> openEmpty(const std::string& address);

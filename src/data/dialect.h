@@ -27,6 +27,11 @@ class Dialect {
   [[nodiscard]] virtual std::string_view indexNames() const = 0;
   // Text behind CREATE TABLE ( … ).
   [[nodiscard]] virtual std::string_view tableSuffix() const = 0;
+  // The version that a ledger names, 0 when it names none; and the statement that writes it.
+  [[nodiscard]] virtual std::string_view versionQuery() const = 0;
+  [[nodiscard]] virtual std::string versionStatement(int version) const = 0;
+  // A query of what is broken in the stored file, "ok" when nothing is; empty where the server itself watches that.
+  [[nodiscard]] virtual std::string_view structureQuery() const = 0;
   // A unique id of its own (SQLite: lines by lId alone) or together with its voucher (spread tables).
   [[nodiscard]] virtual bool linesKeyedByVoucher() const = 0;
 };

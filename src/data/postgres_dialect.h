@@ -18,6 +18,15 @@ class PostgresDialect final : public Dialect {
     return "SELECT CAST(indexname AS text) FROM pg_catalog.pg_indexes WHERE schemaname = current_schema()";
   }
   [[nodiscard]] std::string_view tableSuffix() const override { return ""; }
+  // The comment on the catalogue view: every ledger has that view, and a dump keeps it.
+  [[nodiscard]] std::string_view versionQuery() const override {
+    return "SELECT coalesce(CAST(substring(pg_catalog.obj_description(to_regclass('systable'), 'pg_class') "
+           "FROM '^ledger version ([0-9]{1,9})$') AS integer), 0)";
+  }
+  [[nodiscard]] std::string versionStatement(int version) const override {
+    return "COMMENT ON VIEW systable IS 'ledger version " + std::to_string(version) + "'";
+  }
+  [[nodiscard]] std::string_view structureQuery() const override { return ""; }
   [[nodiscard]] bool linesKeyedByVoucher() const override { return true; }
 };
 

@@ -31,10 +31,11 @@ DbError::Kind kindOfSqlState(std::string_view state) {
     Kind kind;
   };
   static constexpr Meaning meanings[] = {
-      {"08", Kind::lost},       {"57P", Kind::lost},      {"28", Kind::denied},       {"42501", Kind::denied},
-      {"25006", Kind::denied},  {"53100", Kind::full},    {"23505", Kind::duplicate}, {"3D000", Kind::notFound},
-      {"55P03", Kind::locked},  {"55006", Kind::locked},  {"40P01", Kind::locked},    {"40001", Kind::locked},
-      {"XX001", Kind::damaged}, {"XX002", Kind::damaged},
+      {"08", Kind::lost},          {"57P", Kind::lost},      {"28", Kind::badLogon},     {"42501", Kind::denied},
+      {"25006", Kind::denied},     {"53100", Kind::full},    {"23505", Kind::duplicate}, {"3D000", Kind::notFound},
+      {"55P03", Kind::locked},     {"55006", Kind::locked},  {"40P01", Kind::locked},    {"40001", Kind::locked},
+      {"XX001", Kind::damaged},    {"XX002", Kind::damaged}, {"58", Kind::disk},         {"42P01", Kind::incomplete},
+      {"42703", Kind::incomplete}, {"53300", Kind::locked},
   };
   for (const auto& meaning : meanings) {
     if (state.starts_with(meaning.prefix)) return meaning.kind;
@@ -45,10 +46,11 @@ DbError::Kind kindOfSqlState(std::string_view state) {
 DbError connectError(std::string_view message, bool passwordMissing) {
   std::string text(message.substr(0, message.find("\nLOCATION:")));
   while (!text.empty() && text.back() == '\n') text.pop_back();
-  if (passwordMissing) return {DbError::Kind::denied, text};
+  if (passwordMissing) return {DbError::Kind::badLogon, text};
   const auto place = statePlace(text);
-  if (place == std::string::npos) return {DbError::Kind::notFound, text};
-  const auto kind = kindOfSqlState(text.substr(place));
+  if (place == std::string::npos) return {DbError::Kind::unreachable, text};
+  auto kind = kindOfSqlState(text.substr(place));
+  if (kind == DbError::Kind::lost) kind = DbError::Kind::unreachable;  // a server that starts or stops
   text.erase(place, std::string_view("3D000: ").size());
   return {kind, text};
 }

@@ -53,7 +53,7 @@ void PostgresSession::connect(const std::string& address) {
   auto step = broken() && client_.PQsocket(handle_) < 0 ? PGRES_POLLING_FAILED : PGRES_POLLING_WRITING;
   while (step == PGRES_POLLING_READING || step == PGRES_POLLING_WRITING) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
-    if (left <= 0ms) throw DbError(DbError::Kind::notFound, "the server does not answer");
+    if (left <= 0ms) throw DbError(DbError::Kind::unreachable, "the server does not answer");
     waitForSocket(client_.PQsocket(handle_), step == PGRES_POLLING_READING ? SocketUse::reading : SocketUse::writing,
                   left);
     step = client_.PQconnectPoll(handle_);

@@ -121,6 +121,7 @@ void createTables(Connection& connection) {
   const auto& dialect = connection.dialect();
   for (const auto& table : ledgerTables()) connection.execute(Sql(createTableText(table, dialect)));
   createCatalogueView(connection);
+  connection.execute(Sql(dialect.versionStatement(ledgerVersion)));
 }
 
 void createCatalogueView(Connection& connection) {

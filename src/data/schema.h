@@ -10,6 +10,9 @@
 
 namespace tz {
 
+// Written into every new ledger; one that names a larger version is not opened. Ledgers made elsewhere may name none.
+inline constexpr int ledgerVersion = 1;
+
 struct ColumnSchema {
   std::string name;
   Dialect::Type type;

@@ -7,6 +7,7 @@
 
 #include "data/backends.h"
 #include "data/report_writes.h"
+#include "data/sqlite_errors.h"
 
 namespace tz {
 namespace {
@@ -36,35 +37,15 @@ class SqliteDialect final : public Dialect {
   }
   std::string_view indexNames() const override { return "SELECT lower(name) FROM sqlite_master WHERE type = 'index'"; }
   std::string_view tableSuffix() const override { return " STRICT"; }
+  std::string_view versionQuery() const override { return "PRAGMA user_version"; }
+  std::string versionStatement(int version) const override {
+    return "PRAGMA user_version = " + std::to_string(version);
+  }
+  std::string_view structureQuery() const override { return "PRAGMA integrity_check(20)"; }
   bool linesKeyedByVoucher() const override { return false; }
 };
 
-DbError::Kind kindOf(int code) {
-  switch (code & 0xff) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return DbError::Kind::locked;
-    case SQLITE_CORRUPT:
-      return DbError::Kind::damaged;
-    case SQLITE_NOTADB:
-      return DbError::Kind::notALedger;
-    case SQLITE_FULL:
-      return DbError::Kind::full;
-    case SQLITE_AUTH:
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-      return DbError::Kind::denied;
-    case SQLITE_CANTOPEN:
-      return DbError::Kind::notFound;
-    case SQLITE_CONSTRAINT:
-      return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ? DbError::Kind::duplicate
-                                                                                      : DbError::Kind::other;
-    default:
-      return DbError::Kind::other;
-  }
-}
-
-[[noreturn]] void fail(sqlite3* db) { throw DbError(kindOf(sqlite3_extended_errcode(db)), sqlite3_errmsg(db)); }
+[[noreturn]] void fail(sqlite3* db) { throw sqliteError(sqlite3_extended_errcode(db), sqlite3_errmsg(db)); }
 
 using Statement = std::unique_ptr<sqlite3_stmt, decltype([](sqlite3_stmt* s) { sqlite3_finalize(s); })>;
 
@@ -273,40 +254,49 @@ std::unique_ptr<SqliteConnection> openFile(const std::string& name, int flags) {
   const int result = sqlite3_open_v2(name.c_str(), &raw,
                                      flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   auto connection = std::make_unique<SqliteConnection>(raw);
-  if (result != SQLITE_OK) throw DbError(kindOf(result), raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
+  if (result != SQLITE_OK) throw sqliteError(result, raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
   constexpr int busyMilliseconds = 5000;
   sqlite3_busy_timeout(raw, busyMilliseconds);
   connection->run("PRAGMA trusted_schema = OFF");
+  // A page of a damaged file is looked at before it is used; costs next to nothing.
+  connection->run("PRAGMA cell_size_check = ON");
   // As in the other database; account flags are tested with LIKE.
   connection->run("PRAGMA case_sensitive_like = ON");
   return connection;
 }
 
-// For reading alone. The file is opened as if for writing where that is allowed, because only such a connection can
-// clear away the work files of WAL mode when it closes; the database then refuses every write. Where the folder cannot
-// be written, a ledger in WAL mode that nobody has open is read as it stands.
-std::unique_ptr<SqliteConnection> openReadOnly(const std::string& path) {
+// As far as the first page, so that what is no database is found out here.
+std::unique_ptr<SqliteConnection> openAndLook(const std::string& path, Access access) {
+  auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE);
+  connection->run(access == Access::read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
+  connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
+  return connection;
+}
+
+// The file is opened as if for writing even for reading alone, because only such a connection can clear away the work
+// files of WAL mode when it closes; the database then refuses every write. Where the folder cannot be written, a ledger
+// in WAL mode that nobody has open is read as it stands.
+std::unique_ptr<SqliteConnection> openThere(const std::string& path, Access access) {
   try {
-    auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE);
-    connection->run("PRAGMA query_only = ON");
-    connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
-    return connection;
+    return openAndLook(path, access);
   } catch (const DbError& error) {
-    if (error.kind() != DbError::Kind::notFound || std::filesystem::exists(path + "-wal")) throw;
+    const bool noRight = error.kind() == DbError::Kind::notFound || error.kind() == DbError::Kind::denied;
+    if (!noRight || access == Access::keeper || std::filesystem::exists(path + "-wal")) throw;
   }
-  return openFile(uriOf(path, "?immutable=1"), SQLITE_OPEN_READONLY);
+  auto connection = openFile(uriOf(path, "?immutable=1"), SQLITE_OPEN_READONLY);
+  connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
+  return connection;
 }
 
 }  // namespace
 
 std::unique_ptr<Connection> openSqlite(const std::string& path, Access access) {
-  std::error_code ignored;
-  if (!std::filesystem::exists(path, ignored)) throw DbError(DbError::Kind::notFound, "no such file: " + path);
-  if (std::filesystem::is_directory(path, ignored)) throw DbError(DbError::Kind::notALedger, "a folder: " + path);
-  if (access == Access::read) return openReadOnly(path);
-  auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE);
-  connection->run("PRAGMA synchronous = FULL");
-  return connection;
+  requireFile(path);
+  try {
+    return openThere(path, access);
+  } catch (const DbError& error) {
+    throw openingError(path, error);
+  }
 }
 
 void restrictSqliteToReports(Connection& connection) {
@@ -314,10 +304,14 @@ void restrictSqliteToReports(Connection& connection) {
 }
 
 std::unique_ptr<Connection> createSqlite(const std::string& path) {
-  auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  connection->run("PRAGMA journal_mode = WAL");
-  connection->run("PRAGMA synchronous = FULL");
-  return connection;
+  try {
+    auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    connection->run("PRAGMA journal_mode = WAL");
+    connection->run("PRAGMA synchronous = FULL");
+    return connection;
+  } catch (const DbError& error) {
+    throw creatingError(path, error);
+  }
 }
 
 }  // namespace tz

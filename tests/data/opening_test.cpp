@@ -2,6 +2,8 @@
 #include <fstream>
 
 #include "data/create_ledger.h"
+#include "data/postgres_errors.h"
+#include "data/schema.h"
 #include "support/test_ledger.h"
 
 namespace tz::test {
@@ -62,6 +64,20 @@ TEST_P(Opening, AnUnfinishedLedgerLeavesNothingBehind) {
   EXPECT_EQ(rowsOf(*openLedger(place.address(), Access::read), "SELECT count(*) FROM Person"), "0\n");
 }
 
+TEST_P(Opening, ANewerLedgerIsLeftToItsProgram) {
+  TestLedger ledger(GetParam());
+  const auto& dialect = ledger.keeper().dialect();
+  EXPECT_EQ(ledger.rows(dialect.versionQuery()), std::to_string(ledgerVersion) + "\n");
+  ledger.keeper().execute(Sql(dialect.versionStatement(0)));
+  EXPECT_TRUE(ledger.open(Access::read)->alive()) << "a ledger made elsewhere names no version";
+  ledger.keeper().execute(Sql(dialect.versionStatement(ledgerVersion + 1)));
+  expectFailure(ledger.address(), DbError::Kind::newer);
+  ledger.keeper().execute("DROP TABLE Ages");
+  expectFailure(ledger.address(), DbError::Kind::newer);
+  ledger.keeper().execute(Sql(dialect.versionStatement(ledgerVersion)));
+  expectFailure(ledger.address(), DbError::Kind::incomplete);
+}
+
 TZ_ON_BOTH_DATABASES(Opening);
 
 TEST(OpeningAFile, TellsWhatIsWrongAndLeavesItAlone) {
@@ -83,11 +99,15 @@ TEST(OpeningAFile, TellsWhatIsWrongAndLeavesItAlone) {
 TEST(OpeningAServer, TellsWhatIsWrong) {
   expectFailure(serverAddress("no_such_database"), DbError::Kind::notFound);
   expectFailure(serverAddress("postgres"), DbError::Kind::notALedger);
-  expectFailure(serverAddress("postgres", "no_such_role"), DbError::Kind::denied);
-  expectFailure("postgresql://127.0.0.1:1/ledger", DbError::Kind::notFound);
-  expectFailure("postgresql:///ledger?host=/no/such/folder", DbError::Kind::notFound);
-  expectFailure("postgresql://127.0.0.1:99999/ledger", DbError::Kind::notFound);
+  expectFailure(serverAddress("postgres", "no_such_role"), DbError::Kind::badLogon);
+  expectFailure("postgresql://127.0.0.1:1/ledger", DbError::Kind::unreachable);
+  expectFailure("postgresql:///ledger?host=/no/such/folder", DbError::Kind::unreachable);
+  expectFailure("postgresql://127.0.0.1:99999/ledger", DbError::Kind::unreachable);
   expectFailure("postgresql:///ledger?no_such_option=1", DbError::Kind::notFound);
+  EXPECT_EQ(connectError("FATAL:  28P01: password authentication failed for user \"a\"\n", false).kind(),
+            DbError::Kind::badLogon);
+  EXPECT_EQ(connectError("FATAL:  57P03: the database system is starting up\n", false).kind(),
+            DbError::Kind::unreachable);
 }
 
 TEST(OpeningAServer, KeepsThePasswordToItself) {

@@ -171,12 +171,15 @@ TEST_P(Statements, ACancelCheckStopsALongStatement) {
 }
 
 TEST_P(Statements, AFaultyStatementSaysWhatIsWrong) {
-  for (const auto* statement : {"SELECT nothing FROM Person", "SELEC 1", "SELECT * FROM NoSuchTable"}) {
+  using Kind = DbError::Kind;
+  for (const auto& [statement, kind] : {std::pair{"SELECT nowhere FROM Person", Kind::incomplete},
+                                        {"SELEC 1", Kind::other},
+                                        {"SELECT * FROM NoSuchTable", Kind::incomplete}}) {
     try {
       (void)ledger.keeper().query(statement)->next();
       ADD_FAILURE() << "went through: " << statement;
     } catch (const DbError& error) {
-      EXPECT_EQ(error.kind(), DbError::Kind::other) << statement;
+      EXPECT_EQ(error.kind(), kind) << statement;
       EXPECT_STRNE(error.what(), "") << statement;
     }
   }

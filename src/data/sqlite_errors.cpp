@@ -1,0 +1,108 @@
+#include "data/sqlite_errors.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sqlite3.h>
+#include <system_error>
+
+namespace tz {
+namespace {
+
+namespace fs = std::filesystem;
+using Kind = DbError::Kind;
+
+// SQLite has one code for all that is wrong with a statement.
+Kind kindOfStatementError(std::string_view message) {
+  if (message.starts_with("no such table") || message.starts_with("no such column")) return Kind::incomplete;
+  return message.starts_with("unsupported file format") ? Kind::newer : Kind::other;
+}
+
+Kind kindOf(int code, std::string_view message) {
+  switch (code & 0xff) {
+    case SQLITE_ERROR:
+      return kindOfStatementError(message);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL:
+      return Kind::locked;
+    case SQLITE_CORRUPT:
+      return Kind::damaged;
+    case SQLITE_NOTADB:
+      return Kind::notALedger;
+    case SQLITE_FULL:
+      return Kind::full;
+    case SQLITE_IOERR:
+      return Kind::disk;
+    case SQLITE_AUTH:
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return Kind::denied;
+    case SQLITE_CANTOPEN:
+      return Kind::notFound;
+    case SQLITE_CONSTRAINT:
+      return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ? Kind::duplicate : Kind::other;
+    default:
+      return Kind::other;
+  }
+}
+
+// The start of a file, as far as it goes.
+struct Head {
+  bool readable = false;
+  std::string bytes;
+};
+
+Head headOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::array<char, 100> buffer{};
+  file.read(buffer.data(), buffer.size());
+  return {file.is_open(), std::string(buffer.data(), static_cast<std::size_t>(file.gcount()))};
+}
+
+// A file that SQLite does not take for a database although it begins like one: its format is newer, or it is broken.
+DbError notADatabase(const std::string& path, const std::string& head, const std::string& message) {
+  constexpr std::string_view magic("SQLite format 3\0", 16);
+  constexpr std::size_t readVersion = 19;
+  constexpr unsigned char knownVersion = 2;
+  if (!head.starts_with(magic)) return {Kind::notALedger, path + ": " + message};
+  const bool newer = head.size() > readVersion && static_cast<unsigned char>(head[readVersion]) > knownVersion;
+  return {newer ? Kind::newer : Kind::damaged, path + ": " + (newer ? "a newer SQLite file format" : message)};
+}
+
+}  // namespace
+
+DbError sqliteError(int code, const std::string& message) { return {kindOf(code, message), message}; }
+
+void requireFile(const std::string& path) {
+  std::error_code error;
+  const auto type = fs::status(path, error).type();
+  if (type == fs::file_type::regular) return;
+  if (type == fs::file_type::not_found) throw DbError(Kind::notFound, "no such file: " + path);
+  if (type == fs::file_type::none) throw DbError(Kind::unreadable, path + ": " + error.message());
+  throw DbError(Kind::notALedger, (type == fs::file_type::directory ? "a folder: " : "not a file: ") + path);
+}
+
+DbError openingError(const std::string& path, const DbError& error) {
+  const auto head = headOf(path);
+  if (!head.readable) return {Kind::unreadable, "the file may not be read: " + path};
+  std::error_code ignored;
+  if (error.kind() == Kind::notFound || error.kind() == Kind::denied) {
+    const bool unfinished = fs::exists(path + "-wal", ignored);
+    return {Kind::unreadable,
+            path + (unfinished ? ": its last changes lie in a file -wal beside it, and the folder may not be written"
+                               : ": its folder may not be written")};
+  }
+  if (error.kind() == Kind::notALedger) return notADatabase(path, head.bytes, error.what());
+  return {error.kind(), path + ": " + error.what()};
+}
+
+DbError creatingError(const std::string& path, const DbError& error) {
+  if (error.kind() != Kind::notFound) return error;
+  std::error_code ignored;
+  const auto folder = fs::absolute(path, ignored).parent_path();
+  if (!fs::is_directory(folder, ignored)) return {Kind::notFound, "no such folder: " + folder.string()};
+  return {Kind::denied, "the folder may not be written: " + folder.string()};
+}
+
+}  // namespace tz
