@@ -18,8 +18,8 @@ struct Violation {
   [[nodiscard]] std::string text() const { return table + (record.empty() ? "" : " " + record) + "：" + problem; }
 };
 
-// Calls `found` for every violation, table by table. Odd contents never throw; DbError only when the database fails.
-// Belongs inside a reading transaction.
+// Calls `found` for every violation, table by table. Odd contents never throw; DbError only when the database fails,
+// first of all when its file is broken: every page of it is looked at. Belongs inside a reading transaction.
 void checkLedger(Connection& connection, const std::function<void(const Violation&)>& found);
 
 }  // namespace tz
