@@ -1,0 +1,35 @@
+// Every report of the catalogue asked of one ledger, with conditions found by trial: a refusal names the condition that
+// is at fault, and the names that the ledger holds are tried for it one after the other.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "reports/report_definition.h"
+
+namespace tz::test {
+
+struct Question {
+  const ReportDefinition* report;
+  Request request;
+};
+
+// A session of a reader; the ledger is open while it lives. Throws DbError.
+class Reader {
+ public:
+  explicit Reader(const std::string& ledger);
+  [[nodiscard]] ReportOutcome ask(const Question& question);
+  [[nodiscard]] CQnCwDB& db() { return db_; }
+
+ private:
+  CQnCwDB db_{Access::read};
+  Session session_;
+};
+
+// For each report the conditions that it takes for the whole year, unposted vouchers included. One that refuses
+// whatever is tried keeps the last trial, so that its refusal is asked for as well.
+[[nodiscard]] std::vector<Question> everyReport(Reader& reader);
+// The report as JSON, or its refusal.
+[[nodiscard]] std::string answerText(const ReportOutcome& outcome);
+
+}  // namespace tz::test
