@@ -1,14 +1,21 @@
 #include "catalogue/catalogue.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 #include "ledger/definitions.h"
 
 namespace tz {
 
 std::span<const ReportDefinition* const> catalogue() {
-  static constexpr std::array reports = {&personThreeColumnDetail};
+  static const auto reports = [] {
+    std::vector<const ReportDefinition*> all;
+    for (const auto details : {personDetails(), unitDetails(), projectDetails(), departmentDetails()}) {
+      for (const auto& detail : details) all.push_back(&detail.report);
+    }
+    std::ranges::sort(all, {}, [](const auto* report) { return report->command; });
+    return all;
+  }();
   return reports;
 }
 

@@ -1,4 +1,5 @@
 // tzassistant report: computes one report and prints it or writes it to a file.
+#include <algorithm>
 #include <cstdio>
 #include <fmt/format.h>
 #include <map>
@@ -15,7 +16,7 @@ namespace {
 struct ReportOptions {
   int id = 0;
   std::string ledger;
-  std::map<ParameterKey, std::string> values;
+  std::map<ParameterKey, std::vector<std::string>> values;
   std::map<ParameterKey, bool> flags;
   std::string date;
   std::string operatorName;
@@ -24,8 +25,9 @@ struct ReportOptions {
 
 Request requestOf(const ReportOptions& options) {
   Request request;
-  for (const auto& [key, value] : options.values) {
-    if (!value.empty()) request.set(key, value);
+  for (const auto& [key, values] : options.values) {
+    const auto text = fmt::format("{}", fmt::join(values, "\n"));
+    if (!text.empty()) request.set(key, text);
   }
   for (const auto& [key, given] : options.flags) {
     if (given) request.set(key, "1");
@@ -44,7 +46,8 @@ std::optional<Date> logonDate(const ReportOptions& options) {
 // The message as the dialog shows it, nothing around it.
 Status refuse(const Refusal& refusal) {
   std::fprintf(stderr, "%s\n", refusal.text().c_str());
-  return refusal.id == MessageId::databaseNotOpen ? Status::failed : Status::refused;
+  const bool notOpen = refusal.id == MessageId::databaseNotOpen || refusal.id == MessageId::databaseNotOpenEnglish;
+  return notOpen ? Status::failed : Status::refused;
 }
 
 Status run(const ReportOptions& options) {
@@ -68,6 +71,13 @@ Status run(const ReportOptions& options) {
   return Status::done;
 }
 
+// Where the dialog has a list of accounts, the option may be given once for each.
+bool repeats(const ReportDefinition& report, ParameterKey key) {
+  return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
+    return control.kind == ControlSpec::Kind::accountLists && control.key == key;
+  });
+}
+
 void addConditions(CLI::App& command, const ReportDefinition& report, ReportOptions& options) {
   for (const auto key : parametersOf(report)) {
     const auto& condition = parameter(key);
@@ -75,7 +85,10 @@ void addConditions(CLI::App& command, const ReportDefinition& report, ReportOpti
     auto* option = condition.kind == Parameter::Kind::flag
                        ? command.add_flag(name, options.flags[key], std::string(condition.help))
                        : command.add_option(name, options.values[key], std::string(condition.help));
-    if (!condition.valueName.empty()) option->type_name(std::string(condition.valueName));
+    if (condition.kind != Parameter::Kind::flag) {
+      option->type_name(std::string(condition.valueName))->expected(1)->allow_extra_args(false);
+      if (!repeats(report, key)) option->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+    }
     option->group("条件");
   }
 }

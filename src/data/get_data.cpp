@@ -168,19 +168,33 @@ std::string CGetData::GetEnterClassName(Id classId) {
   return unitClass == nullptr ? "" : unitClass->sName;
 }
 
+const CachedTable<ItemInfo>& CGetData::items(std::string_view classId) {
+  if (const auto found = items_.find(classId); found != items_.end()) return found->second;
+  auto& table = items_[std::string(classId)];
+  table.records = db_.Items_GetInfo(classId, "lId IS NOT NULL ORDER BY lId");
+  for (std::size_t i = 0; i < table.records.size(); ++i) {
+    auto& item = table.records[i];
+    item.fields.resize(std::max<std::size_t>(item.fields.size(), 2));
+    table.byId.try_emplace(item.lId, i);
+    table.byName.try_emplace(item.fields[1], i);
+  }
+  return table;
+}
+
 Id CGetData::GetItemId(std::string_view classId, const std::string& name) {
-  const auto items = db_.Items_GetInfo(classId, Sql("FIELD1 = ? ORDER BY lId", name));
-  return items.empty() ? 0 : items.front().lId;
+  const auto* item = items(classId).find(name);
+  return item == nullptr ? 0 : item->lId;
 }
 
 Id CGetData::GetItemIdByCode(std::string_view classId, const std::string& code) {
-  const auto items = db_.Items_GetInfo(classId, Sql("FIELD0 = ? ORDER BY lId", code));
-  return items.empty() ? 0 : items.front().lId;
+  const auto& all = items(classId).records;
+  const auto found = std::ranges::find(all, code, [](const ItemInfo& item) { return item.fields[0]; });
+  return found == all.end() ? 0 : found->lId;
 }
 
 std::string CGetData::GetItemName(std::string_view classId, Id itemId) {
-  const auto items = db_.Items_GetInfo(classId, Sql("lId = ?", itemId));
-  return items.empty() || items.front().fields.size() < 2 ? "" : items.front().fields[1];
+  const auto* item = items(classId).find(itemId);
+  return item == nullptr ? "" : item->fields[1];
 }
 
 const CachedTable<CyrencyInfo>& CGetData::currencies() {

@@ -4,6 +4,7 @@
 // Unknown ids and names answer with null, 0 or "". Where a name occurs twice, the lowest lId answers.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -83,6 +84,8 @@ class CGetData {
   [[nodiscard]] Id GetItemId(std::string_view classId, const std::string& name);
   [[nodiscard]] Id GetItemIdByCode(std::string_view classId, const std::string& code);
   [[nodiscard]] std::string GetItemName(std::string_view classId, Id itemId);
+  // The items of a project class by lId; fields 0 and 1 are code and name.
+  [[nodiscard]] const std::vector<ItemInfo>& ItemTable(std::string_view classId) { return items(classId).records; }
 
   [[nodiscard]] std::string GetExchName(int currency);
   [[nodiscard]] const CyrencyInfo* GetCYRENCYINFOByName(const std::string& name);
@@ -104,6 +107,7 @@ class CGetData {
   [[nodiscard]] const CachedTable<PersonInfo>& persons();
   [[nodiscard]] const CachedTable<EnterInfo>& units();
   [[nodiscard]] const CachedTable<EnterClassInfo>& unitClasses();
+  [[nodiscard]] const CachedTable<ItemInfo>& items(std::string_view classId);
   [[nodiscard]] const CachedTable<CyrencyInfo>& currencies();
 
   const CQnCwDB& db_;
@@ -113,6 +117,7 @@ class CGetData {
   std::optional<CachedTable<PersonInfo>> persons_;
   std::optional<CachedTable<EnterInfo>> units_;
   std::optional<CachedTable<EnterClassInfo>> unitClasses_;
+  std::map<std::string, CachedTable<ItemInfo>, std::less<>> items_;  // by project class
   std::optional<CachedTable<CyrencyInfo>> currencies_;
 };
 

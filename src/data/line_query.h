@@ -19,6 +19,9 @@ struct LineQuery {
   std::string_view order;  // columns of the lines ("s.") as the member asks for them; continued by line and voucher id
 };
 
+// The values that a column of these lines takes; the order of the query does not matter.
+[[nodiscard]] Sql distinctStatement(const LineQuery& query, std::string_view column);
+
 // `columns` names what to read: "s." columns of the line, "m." columns of its head.
 [[nodiscard]] Sql lineStatement(const LineQuery& query, std::string_view columns);
 

@@ -1,6 +1,7 @@
 #include "data/schema.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <concepts>
 #include <set>
@@ -57,6 +58,31 @@ std::string_view defaultOf(Dialect::Type type) {
   }
 }
 
+// The orders in which detail ledgers read lines, each with the lines that have its dimension at all.
+struct LineOrder {
+  std::string_view name;
+  std::string_view lines;
+  std::string_view posted;         // empty: no posted lines are read so
+  std::string_view unposted = {};  // where these are ordered otherwise
+};
+constexpr std::array lineOrders = {
+    LineOrder{"PersonAccount", "lPersonId <> 0", "lDeptId, lPersonId, lCodeId, dtDate, lId, lTieId"},
+    LineOrder{"Unit", "lEnterId <> 0", "lEnterId, dtDate, lTieId, lId, lCodeId"},
+    LineOrder{"UnitDate", "lEnterId <> 0", "", "lEnterId, dtDate, lId, lTieId, lCodeId"},
+    LineOrder{"UnitAccount", "lEnterId <> 0", "lEnterId, lCodeId, lTieId, lId"},
+    LineOrder{"UnitDept", "lEnterId <> 0", "lDeptId, lEnterId, dtDate, lTieId, lId, lCodeId"},
+    LineOrder{"UnitClerk", "lEnterId <> 0", "sName, lEnterId, dtDate, lTieId, lId, lCodeId"},
+    LineOrder{"UnitItem", "lEnterId <> 0", "sItemId, lItemId, lEnterId, dtDate, lTieId, lId, lCodeId"},
+    LineOrder{"Dept", "lDeptId <> 0", "lDeptId, lTieId, lId, lCodeId", "lDeptId, dtDate, lTieId, lId, lCodeId"},
+    LineOrder{"DeptDate", "lDeptId <> 0", "lDeptId, dtDate, lTieId, lId, lCodeId",
+              "lDeptId, dtDate, lId, lTieId, lCodeId"},
+    LineOrder{"DeptAccount", "lDeptId <> 0", "lDeptId, lCodeId, lTieId, lId", "lDeptId, lCodeId, dtDate, lTieId, lId"},
+    LineOrder{"Item", "lItemId <> 0", "sItemId, lItemId, lTieId, lId, lCodeId",
+              "sItemId, lItemId, dtDate, lId, lTieId, lCodeId"},
+    LineOrder{"ItemDept", "lItemId <> 0", "sItemId, lDeptId, lItemId, lTieId, lId, lCodeId",
+              "sItemId, lDeptId, lItemId, dtDate, lId, lTieId, lCodeId"},
+};
+
 }  // namespace
 
 const std::vector<TableSchema>& ledgerTables() {
@@ -69,13 +95,26 @@ const std::vector<TableSchema>& ledgerTables() {
 }
 
 const std::vector<IndexSchema>& ledgerIndexes() {
-  // An index serves a report's order without a sort: the dimension first, then entry date, line id, voucher, account.
-  static const std::vector<IndexSchema> indexes = {
-      {"RegSub_Person", "RegSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
-      {"UnregSub_Person", "UnregSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
-      {"AssAcc_Person", "AssAcc", "lDeptId, lPersonId, byPeroid, lId, lCodeId"},
-      {"RegMain_Bill", "RegMain", "dtBill"},
-  };
+  // An index serves a report's order without a sort: the dimension first, then what the report orders by, continued by
+  // line id, voucher, account. Those of a dimension that few lines have leave the others out.
+  static const auto indexes = [] {
+    std::vector<IndexSchema> all = {
+        {"RegSub_Person", "RegSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
+        {"UnregSub_Person", "UnregSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
+        {"AssAcc_Person", "AssAcc", "lDeptId, lPersonId, byPeroid, lId, lCodeId"},
+        {"AssAcc_Unit", "AssAcc", "lEnterId, byPeroid, lId, lCodeId", "lEnterId <> 0"},
+        {"AssAcc_Item", "AssAcc", "sItemId, lItemId, byPeroid, lId, lCodeId", "lItemId <> 0"},
+        {"RegMain_Bill", "RegMain", "dtBill"},
+    };
+    for (const auto& order : lineOrders) {
+      for (const std::string table : {"RegSub", "UnregSub"}) {
+        const auto& columns = table == "RegSub" || order.unposted.empty() ? order.posted : order.unposted;
+        if (columns.empty()) continue;
+        all.push_back({table + "_" + std::string(order.name), table, std::string(columns), std::string(order.lines)});
+      }
+    }
+    return all;
+  }();
   return indexes;
 }
 
@@ -147,8 +186,9 @@ bool hasAllIndexes(Connection& connection) {
 
 void createIndexes(Connection& connection) {
   for (const auto& index : ledgerIndexes()) {
-    connection.execute(
-        Sql("CREATE INDEX IF NOT EXISTS " + index.name + " ON " + index.table + " (" + index.columns + ")"));
+    std::string text = "CREATE INDEX IF NOT EXISTS " + index.name + " ON " + index.table + " (" + index.columns + ")";
+    if (!index.rows.empty()) text += " WHERE " + index.rows;
+    connection.execute(Sql(text));
   }
 }
 

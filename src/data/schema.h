@@ -28,6 +28,7 @@ struct IndexSchema {
   std::string name;
   std::string table;
   std::string columns;
+  std::string rows = {};  // the rows that it holds, as a condition; empty: all
 };
 
 [[nodiscard]] const std::vector<TableSchema>& ledgerTables();

@@ -79,16 +79,28 @@ std::vector<std::string> detailFormats(const Conditions& conditions) {
   return formats;
 }
 
-void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout) {
-  CTzGridControl::AddCol(grid, "日期", 70, -1);
-  CTzGridControl::AddCol(grid, "凭证号", 60, -1);
-  CTzGridControl::AddCol(grid, "摘要", 120, -1);
-  if (layout.kind == 1 || layout.kind == 3) CTzGridControl::AddCol(grid, "单价", 60, -2);
-  if (layout.kind == 2 || layout.kind == 3) CTzGridControl::AddCol(grid, "汇率", 60, -2);
-  CTzGridControl::AddCol(grid, "借方", 100, layout.kind);
-  CTzGridControl::AddCol(grid, "贷方", 100, layout.kind);
-  CTzGridControl::AddCol(grid, "方向", 40, -1);
-  CTzGridControl::AddCol(grid, "余额", 100, layout.kind + 4);
+std::vector<std::string> multiColumnFormats(const Conditions& conditions) { return conditions.amounts.formats; }
+
+std::vector<std::string> formatsOfManyAccounts(const Conditions& /*conditions*/) {
+  return {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
+}
+
+void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout, const LedgerCaptions& captions) {
+  constexpr int textKind = -1;
+  constexpr int numberKind = -2;
+  constexpr int balanceKinds = 4;
+  const auto add = [&](const FixedColumn& column, int kind) {
+    CTzGridControl::AddCol(grid, column.caption, column.width, kind);
+  };
+  add(captions.date, textKind);
+  add(captions.voucher, textKind);
+  add(captions.summary, textKind);
+  if (layout.kind == 1 || layout.kind == 3) add({"单价", 60}, numberKind);
+  if (layout.kind == 2 || layout.kind == 3) add({"汇率", 60}, numberKind);
+  add(captions.debit, layout.kind);
+  add(captions.credit, layout.kind);
+  add(captions.direction, textKind);
+  add(captions.balance, layout.kind + balanceKinds);
   assert(grid.GetCols() == layout.columns);
 }
 

@@ -1,33 +1,36 @@
 #include "ledger/detail_engine.h"
 
-#include <cmath>
+#include <optional>
 
-#include "grid/tz_grid.h"
-#include "ledger/amount_layout.h"
+#include "ledger/detail_rows.h"
 #include "ledger/line_reader.h"
+#include "ledger/listed_entities.h"
+#include "ledger/member_filter.h"
+#include "ledger/opening_balances.h"
 #include "reports/cancellation.h"
 #include "reports/messages.h"
 
 namespace tz {
 namespace {
 
-constexpr int summaryColumn = 2;
+// Movements and closing balance of a block, a group or the whole report.
+struct Sums {
+  LedgerLine movements;
+  LedgerBalance closing;
 
-// Below this an opening balance counts as none and has no row.
-constexpr double openingThreshold = 0.00001;
+  void add(const Sums& other) {
+    movements.debit += other.movements.debit;
+    movements.credit += other.movements.credit;
+    closing.quantity += other.closing.quantity;
+    closing.foreignAmount += other.closing.foreignAmount;
+    closing.amount += other.closing.amount;
+  }
+};
 
-std::string_view openingDirection(double amount) { return amount >= 0 ? "借" : "贷"; }
-
-// Coarser than the opening's on purpose, and a balance of exactly the threshold reads "贷".
-std::string_view runningDirection(double amount) {
-  constexpr double threshold = 0.0001;
-  if (std::abs(amount) < threshold) return "平";
-  return amount > threshold ? "借" : "贷";
-}
-
-// The account condition and the member's dimension keys: what its lines and balances have in common.
-Sql memberFilter(const DetailMember& member, const Conditions& conditions) {
-  return conditions.data->GetCodeSubString(conditions.account.sCode) + " AND " + member.dimension(conditions);
+std::optional<SubAccountColumns> subAccountColumns(const DetailMember& member, Session& session,
+                                                   const Conditions& conditions) {
+  if (member.columnFlag == 0) return std::nullopt;
+  return SubAccountColumns(session.db, conditions, member.columnFlag);
 }
 
 class DetailRun {
@@ -36,66 +39,118 @@ class DetailRun {
       : member_(member),
         session_(session),
         conditions_(conditions),
-        data_(*conditions.data),
         grid_(grid),
         layout_(amountLayout(conditions.format)),
-        filter_(memberFilter(member, conditions)),
-        steps_(session) {}
+        columns_(subAccountColumns(member, session, conditions)),
+        rows_(grid, layout_, columns_ ? &*columns_ : nullptr),
+        steps_(session),
+        amounts_(conditions.amounts) {}
 
   void run() {
-    addLedgerColumns(grid_, layout_);
-    readOpening();
-    writeOpening();
+    openings_ = readOpenings(member_, session_, conditions_);
+    const ListedEntities listed(member_, session_, conditions_);
     posted_ = lines(Book::posted);
     if (conditions_.unposted) unposted_ = lines(Book::unposted);
-    while (!posted_.done() || !unposted_.done()) {
-      if (!walkMonths()) break;
+    if (member_.isList()) {
+      walkBlocks(listed);
+    } else {
+      runBlock({});
     }
-    reportLinesLeft();
+    if (left_ > 0) grid_.notices.push_back(messageText(MessageId::linesOutsideMonths, {std::to_string(left_)}));
   }
 
  private:
   [[nodiscard]] LineReader lines(Book book) const {
-    return {session_.db.Current(), memberLines(member_, conditions_, book), layout_, conditions_.amounts};
+    LineReader reader(session_.db.Current(), memberLines(member_, conditions_, book), member_, layout_);
+    reader.countIn(conditions_.amounts);
+    return reader;
   }
 
-  void readOpening() {
-    const auto records =
-        session_.db.Current().query(Sql("SELECT lCodeId, dBegin, mBeginFor, mBegin FROM AssAcc WHERE ") + filter_ +
-                                    Sql(" AND byPeroid = ? ORDER BY lId", conditions_.from));
-    while (records->next()) {
-      const auto* account = data_.GetCODEINFOByID(records->integer(0));
-      const double sign = account->bDirect != 0 ? 1 : -1;
-      balance_.quantity += sign * records->real(1);
-      balance_.foreignAmount += sign * records->real(2);
-      balance_.amount += sign * records->real(3);
+  void walkBlocks(const ListedEntities& listed) {
+    std::optional<GroupKey> group;  // the outer one that is open
+    Sums groupSums, all;
+    const auto closeGroup = [&] {
+      if (!group || !nested()) return;
+      writeSums(groupSums, member_.groups.front().subtotal, RowKind::subtotal);
+      groupSums = {};
+    };
+    while (const auto key = nextKey()) {
+      posted_.openBlock(*key);
+      unposted_.openBlock(*key);
+      const auto sums = listed.contains(*key) ? runEntity(*key, group, closeGroup) : std::nullopt;
+      passLines(listed.contains(*key));
+      openings_.erase(*key);
+      if (!sums) continue;
+      group = key;
+      groupSums.add(*sums);
+      all.add(*sums);
     }
-    if (conditions_.unposted) addEarlierUnposted();
-    recomputePriceAndRate();
+    closeGroup();
+    if (group) writeSums(all, "合计", RowKind::total);
   }
 
-  // Amounts only: quantities and foreign amounts of earlier unposted lines stay out of the opening.
-  void addEarlierUnposted() {
-    const LineQuery earlier{Book::unposted, filter_, 0, conditions_.from - 1, {}};
-    const auto rows = session_.db.Current().query(lineStatement(earlier, "s.bDirect, s.mMoney"));
-    while (rows->next()) balance_.amount += rows->integer(0) != 0 ? rows->real(1) : -rows->real(1);
+  // The block of an entity; nothing when it has neither an opening row nor lines.
+  template <class CloseGroup>
+  std::optional<Sums> runEntity(const GroupKey& key, const std::optional<GroupKey>& group, CloseGroup closeGroup) {
+    const bool hasLines = !posted_.done() || !unposted_.done();
+    if (!hasLines && !DetailRows::hasOpeningRow(openings_[key])) return std::nullopt;
+    if (group && !group->sameOuter(key)) closeGroup();
+    rows_.writeHeading(heading(key));
+    auto sums = runBlock(key);
+    sums.movements.summary = innermost().subtotal;
+    rows_.writeTotal(sums.movements, sums.closing, RowKind::subtotal);
+    return sums;
   }
 
-  void recomputePriceAndRate() {
-    const auto fresh = CGetData::GetScalAndPrice(balance_.amount, balance_.quantity, balance_.foreignAmount,
-                                                 conditions_.amounts.rateMethod);
-    const bool amount = balance_.amount != 0;
-    if (!conditions_.amounts.unit.empty() && amount && balance_.quantity != 0) balance_.unitPrice = fresh.price;
-    if (!conditions_.amounts.currency.empty() && amount && balance_.foreignAmount != 0) {
-      balance_.exchangeRate = fresh.rate;
+  [[nodiscard]] bool nested() const { return member_.groups.back().entity != Entity::none; }
+  [[nodiscard]] const GroupLevel& innermost() const {
+    return nested() ? member_.groups.back() : member_.groups.front();
+  }
+
+  [[nodiscard]] std::optional<GroupKey> nextKey() const {
+    std::optional<GroupKey> next;
+    const auto offer = [&](const GroupKey& key) {
+      if (!next || key < *next) next = key;
+    };
+    if (!openings_.empty()) offer(openings_.begin()->first);
+    if (!posted_.ended()) offer(posted_.key());
+    if (!unposted_.ended()) offer(unposted_.key());
+    return next;
+  }
+
+  [[nodiscard]] std::string heading(const GroupKey& key) const {
+    auto name = entityName(member_.groups.front().entity, key, 0, conditions_);
+    return nested() ? name + " " + entityName(member_.groups.back().entity, key, 1, conditions_) : name;
+  }
+
+  Sums runBlock(const GroupKey& key) {
+    balance_ = openings_[key];
+    block_ = {};
+    yearTotal_ = {};
+    if (member_.listsAccounts()) countInAccountOf(key);
+    recomputePriceAndRate(balance_);
+    rows_.writeOpening(member_.openingCaption, balance_);
+    while (!posted_.done() || !unposted_.done()) {
+      if (!walkMonths()) break;
     }
+    if (!member_.isList()) passLines(true);
+    return {block_, balance_};
   }
 
-  void writeOpening() {
-    if (std::abs(balance_.amount) < openingThreshold) return;
-    const auto row = appendRow(RowKind::opening);
-    grid_.SetText(row, summaryColumn, member_.openingCaption);
-    writeBalance(grid_, row, layout_.opening, openingDirection(balance_.amount), balance_);
+  void countInAccountOf(const GroupKey& key) {
+    auto& data = *conditions_.data;
+    const auto account = member_.groups.front().entity == Entity::account ? key.ids.front() : key.ids.back();
+    amounts_ = CInitComboFun::InitAmountCombox(data, data.GetCodeCode(account));
+    posted_.countIn(amounts_);
+    unposted_.countIn(amounts_);
+  }
+
+  void recomputePriceAndRate(LedgerBalance& balance) const {
+    const auto fresh =
+        CGetData::GetScalAndPrice(balance.amount, balance.quantity, balance.foreignAmount, amounts_.rateMethod);
+    if (balance.amount == 0) return;
+    if (!amounts_.unit.empty() && balance.quantity != 0) balance.unitPrice = fresh.price;
+    if (!amounts_.currency.empty() && balance.foreignAmount != 0) balance.exchangeRate = fresh.rate;
   }
 
   // One walk over the months; whether it consumed any line. A line whose voucher date lies outside the months stops its
@@ -105,7 +160,7 @@ class DetailRun {
     for (int month = conditions_.from; month <= conditions_.to; ++month) {
       bool inMonth = takeMonth(posted_, month, false);
       inMonth = takeMonth(unposted_, month, true) || inMonth;
-      if (inMonth) writeTotals();
+      if (inMonth) writeMonthTotals();
       any = any || inMonth;
     }
     return any;
@@ -120,71 +175,63 @@ class DetailRun {
       balance_.quantity += line.debit.quantity - line.credit.quantity;
       balance_.foreignAmount += line.debit.foreign - line.credit.foreign;
       balance_.amount += line.debit.amount - line.credit.amount;
-      recomputePriceAndRate();
-      writeRow(line, RowKind::line, unposted);
+      recomputePriceAndRate(balance_);
+      if (columns_) columns_->add(line);
+      rows_.writeLine(line, balance_, unposted);
       steps_.step();
       any = true;
     }
     return any;
   }
 
-  void writeTotals() {
+  void writeMonthTotals() {
     monthTotal_.summary = "本月合计";
-    writeRow(monthTotal_, RowKind::subtotal, false);
+    auto row = rows_.writeTotal(monthTotal_, balance_, RowKind::subtotal);
+    if (columns_) columns_->writeMonth(grid_, row);
     yearTotal_.debit += monthTotal_.debit;
     yearTotal_.credit += monthTotal_.credit;
     yearTotal_.summary = "本年累计";
-    writeRow(yearTotal_, RowKind::subtotal, false);
+    row = rows_.writeTotal(yearTotal_, balance_, RowKind::subtotal);
+    if (columns_) columns_->writeYear(grid_, row);
+    block_.debit += monthTotal_.debit;
+    block_.credit += monthTotal_.credit;
     monthTotal_ = {};
   }
 
-  void writeRow(const LedgerLine& line, RowKind kind, bool unposted) {
-    const auto row = appendRow(kind);
-    if (unposted) grid_.SetBackground(row, lightGreen);
-    grid_.SetRowData(row, unposted ? 1 : 0);
-    grid_.SetText(row, 0, line.dateText);
-    grid_.SetText(row, 1, line.voucherNumber);
-    grid_.SetText(row, summaryColumn, line.summary);
-    writeMovements(grid_, row, layout_, line);
-    writeBalance(grid_, row, layout_.balance, runningDirection(balance_.amount), balance_);
+  void writeSums(Sums& sums, std::string_view caption, RowKind kind) {
+    // Accounts with units and currencies of their own have no price in common.
+    if (!member_.listsAccounts()) recomputePriceAndRate(sums.closing);
+    sums.movements.summary = caption;
+    rows_.writeTotal(sums.movements, sums.closing, kind);
   }
 
-  std::int64_t appendRow(RowKind kind) {
-    const auto row = grid_.GetRows();
-    grid_.SetRows(row + 1);
-    grid_.SetRowKind(row, kind);
-    return row;
-  }
-
-  void reportLinesLeft() {
-    std::int64_t left = 0;
+  // Passes the lines of the open block that the month walk has left.
+  void passLines(bool counts) {
     for (auto* reader : {&posted_, &unposted_}) {
-      for (; !reader->done(); reader->advance()) ++left;
+      for (; !reader->done(); reader->advance()) left_ += counts ? 1 : 0;
     }
-    if (left > 0) grid_.notices.push_back(messageText(MessageId::linesOutsideMonths, {std::to_string(left)}));
   }
 
   const DetailMember& member_;
   Session& session_;
   const Conditions& conditions_;
-  CGetData& data_;
   CTzGrid& grid_;
   const AmountLayout& layout_;
-  Sql filter_;
+  std::optional<SubAccountColumns> columns_;
+  DetailRows rows_;
   Steps steps_;
+  AccountAmounts amounts_;  // of the block
+  OpeningBalances openings_;
   LineReader posted_;
   LineReader unposted_;
   LedgerBalance balance_;
   LedgerLine monthTotal_;
   LedgerLine yearTotal_;
+  LedgerLine block_;
+  std::int64_t left_ = 0;
 };
 
 }  // namespace
-
-LineQuery memberLines(const DetailMember& member, const Conditions& conditions, Book book) {
-  const auto order = book == Book::posted ? member.postedOrder : member.unpostedOrder;
-  return {book, memberFilter(member, conditions), conditions.from, conditions.to, order};
-}
 
 void runDetailLedger(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid) {
   DetailRun(member, session, conditions, grid).run();

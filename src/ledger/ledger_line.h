@@ -2,6 +2,7 @@
 // foreign amounts in its currency; nothing is rounded. A balance is debit-positive.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace tz {
@@ -33,7 +34,8 @@ struct LedgerLine {
   std::string dateText;       // "2006.01.05", the voucher date
   std::string voucherNumber;  // "记-0001"
   std::string summary;
-  int month = 0;  // calendar month of the voucher date
+  std::int64_t account = 0;  // its lId, in multi-column ledgers only
+  int month = 0;             // calendar month of the voucher date
   double unitPrice = 0;
   double exchangeRate = 0;
   SideFigures debit;

@@ -33,9 +33,8 @@ void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumb
 
 }  // namespace
 
-LineReader::LineReader(Connection& connection, const LineQuery& query, const AmountLayout& layout,
-                       const AccountAmounts& amounts)
-    : priced_(!amounts.unit.empty()), done_(false) {
+LineReader::LineReader(Connection& connection, const LineQuery& query, const DetailMember& member,
+                       const AmountLayout& layout) {
   std::string wanted = columns;
   int next = furtherColumns;
   const auto add = [&](const char* column) {
@@ -44,9 +43,14 @@ LineReader::LineReader(Connection& connection, const LineQuery& query, const Amo
   };
   if (layout.showsQuantities()) quantityColumn_ = add(", s.dAmount");
   if (layout.showsForeign()) foreignColumn_ = add(", s.mForeign");
-  if (layout.showsForeign() && !amounts.currency.empty()) rateColumn_ = add(", s.dFrat");
+  if (layout.showsForeign()) rateColumn_ = add(", s.dFrat");
+  if (member.columnFlag != 0) accountColumn_ = add(", s.lCodeId");
+  if (member.isList()) groups_.emplace(member, next);
+  if (groups_) wanted += groups_->names("s.");
   cursor_ = connection.query(lineStatement(query, wanted));
+  done_ = false;
   advance();
+  if (cursor_ != nullptr) done_ = false;
 }
 
 void LineReader::advance() {
@@ -55,6 +59,13 @@ void LineReader::advance() {
     cursor_.reset();
     return;
   }
+  if (groups_ && groups_->read(*cursor_, key_)) done_ = true;
+  readRow();
+}
+
+void LineReader::openBlock(const GroupKey& key) { done_ = ended() || key_ != key; }
+
+void LineReader::readRow() {
   const auto& row = *cursor_;
   const auto billDate = row.date(bill);
   putDate(line_.dateText, billDate);
@@ -66,9 +77,15 @@ void LineReader::advance() {
   const bool debit = row.integer(direct) != 0;
   line_.debit = debit ? figures : SideFigures{};
   line_.credit = debit ? SideFigures{} : figures;
-  line_.exchangeRate = figure(rateColumn_);
-  const bool priced = priced_ && figures.amount != 0 && figures.quantity != 0;
-  line_.unitPrice = priced ? figures.amount / figures.quantity : 0;
+  if (accountColumn_ >= 0) line_.account = row.integer(accountColumn_);
+  setPriceAndRate();
+}
+
+void LineReader::setPriceAndRate() {
+  if (ended()) return;
+  const auto& figures = cursor_->integer(direct) != 0 ? line_.debit : line_.credit;
+  line_.exchangeRate = rated_ && rateColumn_ >= 0 ? cursor_->real(rateColumn_) : 0;
+  line_.unitPrice = priced_ && figures.amount != 0 && figures.quantity != 0 ? figures.amount / figures.quantity : 0;
 }
 
 }  // namespace tz

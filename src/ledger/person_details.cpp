@@ -4,21 +4,28 @@
 
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
-#include "ledger/detail_engine.h"
+#include "ledger/detail_controls.h"
 #include "ledger/detail_toolbar.h"
 
 namespace tz {
 namespace {
 
-constexpr std::array threeColumnControls = {
-    ControlSpec{ControlSpec::Kind::accountCombo, ParameterKey::account, 2206, 0, "科目"},
-    ControlSpec{ControlSpec::Kind::deptReference, ParameterKey::dept, 8052, 2006, "部门"},
-    ControlSpec{ControlSpec::Kind::personReference, ParameterKey::person, 2111, 2007, "个人"},
-    ControlSpec{ControlSpec::Kind::months, ParameterKey::from, 2201, 2202, "月份"},
-    ControlSpec{ControlSpec::Kind::checkBox, ParameterKey::unposted, 2601, 0, "包含未记帐凭证"},
-};
+constexpr std::string_view personAccounts = "sAssBook LIKE '%A%' AND lId>0 ORDER BY sCode";
 
-constexpr std::array threeColumnChecks = {
+constexpr std::array ofAccount = {controls::account, controls::months, controls::unposted};
+constexpr std::array ofDept = {controls::account, controls::dept, controls::months, controls::unposted};
+constexpr std::array ofPerson = {controls::dept, controls::person, controls::months, controls::unposted};
+constexpr std::array ofAccountAndPerson = {controls::account, controls::dept, controls::person, controls::months,
+                                           controls::unposted};
+constexpr std::array ofParentAndPerson = {controls::account, controls::dept,     controls::person,
+                                          controls::months,  controls::analysis, controls::unposted};
+
+constexpr std::array deptChecks = {
+    Check{checks::deptGiven, MessageId::deptEmpty, ParameterKey::dept},
+    Check{checks::deptKnown, MessageId::deptUnknownLoud, ParameterKey::dept},
+    Check{checks::deptPersonsActive, MessageId::deptWithoutActivity, ParameterKey::dept},
+};
+constexpr std::array personChecks = {
     Check{checks::deptGiven, MessageId::deptEmpty, ParameterKey::dept},
     Check{checks::deptKnown, MessageId::deptUnknown, ParameterKey::dept},
     Check{checks::deptActive, MessageId::deptWithoutActivity, ParameterKey::dept},
@@ -28,28 +35,152 @@ constexpr std::array threeColumnChecks = {
     Check{checks::personActive, MessageId::personWithoutActivity, ParameterKey::person},
 };
 
+constexpr DialogSpec personDialog = {
+    .id = 510,
+    .title = "个人往来_个人明细帐",
+    .accountWhere = "",
+    .noAccount = MessageId::noAccount,
+    .controls = ofPerson,
+    .checks = personChecks,
+};
+constexpr DialogSpec accountDialog = {
+    .id = 511,
+    .title = "个人往来_科目明细帐",
+    .accountWhere = personAccounts,
+    .noAccount = MessageId::noPersonAccountSubject,
+    .controls = ofAccount,
+    .checks = {},
+};
+constexpr DialogSpec deptDialog = {
+    .id = 512,
+    .title = "个人往来_部门明细帐",
+    .accountWhere = personAccounts,
+    .noAccount = MessageId::noPersonAccountDept,
+    .controls = ofDept,
+    .checks = deptChecks,
+};
 constexpr DialogSpec threeColumnDialog = {
     .id = 513,
     .title = "个人往来_三栏式明细帐",
-    .accountWhere = "sAssBook LIKE '%A%' AND lId>0 ORDER BY sCode",
+    .accountWhere = personAccounts,
     .noAccount = MessageId::noPersonAccountThreeColumn,
-    .controls = threeColumnControls,
-    .checks = threeColumnChecks,
+    .controls = ofAccountAndPerson,
+    .checks = personChecks,
+};
+constexpr DialogSpec multiColumnDialog = {
+    .id = 514,
+    .title = "个人往来_多栏式明细帐",
+    .accountWhere = "sAssBook LIKE '%A%' AND bEnd = 0 ORDER BY sCode",
+    .noAccount = MessageId::noPersonAccountMulti,
+    .controls = ofParentAndPerson,
+    .checks = personChecks,
+};
+
+Sql onePerson(const Conditions& c) {
+  return Sql("lDeptId = ? AND lPersonId = ? AND lPersonId <> 0", c.dept.lDeptId, c.person.lId);
+}
+
+// Opening "%s AND lDeptId <> 0 AND lPersonId <>0 AND byPeroid = %d ORDER BY lDeptId, lPersonId, byPeroid"; posted lines
+// "%s AND lDeptId <> 0 AND lPersonId <> 0 AND lTieId IN ( … ) ORDER BY lDeptId, lPersonId, dtDate"; unposted the same.
+constexpr DetailMember accountMember = {
+    .accounts = chosenAccount,
+    .dimension = [](const Conditions&) { return Sql("lDeptId <> 0 AND lPersonId <> 0"); },
+    .openingCaption = "个人期初",
+    .groups = {GroupLevel{Entity::dept, "部门小计"}, GroupLevel{Entity::person, "个人小计"}},
+    .postedOrder = "s.lDeptId, s.lPersonId, s.dtDate",
+    .unpostedOrder = "s.lDeptId, s.lPersonId, s.dtDate",
+};
+
+// Opening "%s AND lDeptId = %ld AND lPersonId <> 0 AND byPeroid = %d ORDER BY lPersonId, byPeroid"; posted lines "%s
+// AND lDeptId = %ld AND lPersonId <> 0 AND lTieId IN ( … ) ORDER BY lPersonId, dtDate"; unposted the same.
+constexpr DetailMember deptMember = {
+    .accounts = chosenAccount,
+    .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId <> 0", c.dept.lDeptId); },
+    .openingCaption = "个人期初",
+    .groups = {GroupLevel{Entity::person, "个人小计"}},
+    .postedOrder = "s.lPersonId, s.dtDate",
+    .unpostedOrder = "s.lPersonId, s.dtDate",
+};
+
+// Opening "lDeptId = %ld AND lPersonId = %ld AND byPeroid = %d ORDER BY lCodeId, byPeroid"; posted lines "lDeptId = %ld
+// AND lPersonId = %ld AND lTieId IN ( … ) ORDER BY lCodeId, dtDate"; unposted the same.
+constexpr DetailMember personMember = {
+    .dimension = onePerson,
+    .openingCaption = "科目期初",
+    .groups = {GroupLevel{Entity::account, "科目小计"}},
+    .postedOrder = "s.lCodeId, s.dtDate",
+    .unpostedOrder = "s.lCodeId, s.dtDate",
 };
 
 // Opening "%s AND lDeptId = %ld AND lPersonId = %ld AND byPeroid = %d "; posted lines "%s AND lDeptId = %ld AND
 // lPersonId = %ld AND lTieId IN ( SELECT lTieId FROM RegMain WHERE byPeroid BETWEEN %d AND %d ) ORDER BY dtDate";
 // unposted lines the same over UnregMain.
 constexpr DetailMember threeColumnMember = {
-    .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId = ?", c.dept.lDeptId, c.person.lId); },
+    .accounts = chosenAccount,
+    .dimension = onePerson,
     .openingCaption = "个人期初",
     .postedOrder = "s.dtDate",
     .unpostedOrder = "s.dtDate",
 };
 
-}  // namespace
+// As the three-column ledger, with "mBegin <> 0" on the opening, whose caption is a department's.
+constexpr DetailMember multiColumnMember = {
+    .accounts = chosenAccount,
+    .dimension = onePerson,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "部门期初",
+    .postedOrder = "s.dtDate",
+    .unpostedOrder = "s.dtDate",
+    .columnFlag = 'A',
+};
 
-const ReportDefinition personThreeColumnDetail = {
+constexpr ReportDefinition accountLedger = {
+    .command = 10184,
+    .area = Area::person,
+    .right = 4,
+    .rightName = "科目明细帐",
+    .window = 515,
+    .windowTitle = "个人往来_科目明细帐",
+    .paintedTitle = "科 目 明 细 帐",
+    .printTitle = "个人往来明细帐",
+    .dialog = &accountDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("\n科  目:{}", c.accountText()); },
+    .formats = detailFormats,
+    .compute = computeDetail<accountMember>,
+};
+constexpr ReportDefinition deptLedger = {
+    .command = 10186,
+    .area = Area::person,
+    .right = 4,
+    .rightName = "部门明细帐",
+    .window = 516,
+    .windowTitle = "个人往来_部门明细帐",
+    .paintedTitle = "部 门 明 细 帐",
+    .printTitle = "部门明细帐",
+    .dialog = &deptDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) { return fmt::format("科目：{}\n部门：{}", c.accountText(), c.dept.sDeptName); },
+    .formats = detailFormats,
+    .compute = computeDetail<deptMember>,
+};
+constexpr ReportDefinition personLedger = {
+    .command = 10188,
+    .area = Area::person,
+    .right = 4,
+    .rightName = "个人明细帐",
+    .window = 517,
+    .windowTitle = "个人往来_个人明细帐",
+    .paintedTitle = "个 人 明 细 帐",
+    .printTitle = "个人明细帐",
+    .dialog = &personDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("部门：{}\n个人：{}", c.dept.sDeptName, c.person.sName); },
+    .formats = formatsOfManyAccounts,
+    .compute = computeDetail<personMember>,
+};
+constexpr ReportDefinition threeColumnLedger = {
     .command = 10190,
     .area = Area::person,
     .right = 4,
@@ -65,12 +196,36 @@ const ReportDefinition personThreeColumnDetail = {
           return fmt::format("科目：{}\n部门：{}     个人：{}", c.accountText(), c.dept.sDeptName, c.person.sName);
         },
     .formats = detailFormats,
-    .compute = [](Session& session, const Conditions& conditions,
-                  CTzGrid& grid) { runDetailLedger(threeColumnMember, session, conditions, grid); },
+    .compute = computeDetail<threeColumnMember>,
+};
+constexpr ReportDefinition multiColumnLedger = {
+    .command = 10191,
+    .area = Area::person,
+    .right = 4,
+    .rightName = "多栏式明细帐",
+    .window = 519,
+    .windowTitle = "个人往来_多栏式明细帐",
+    .paintedTitle = "多 栏 式 明 细 帐",
+    .printTitle = "多栏式明细帐",
+    .dialog = &multiColumnDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) {
+          return fmt::format("上级科目：{}\n部    门：{}     个人：{}", c.accountText(), c.dept.sDeptName,
+                             c.person.sName);
+        },
+    .formats = multiColumnFormats,
+    .compute = computeDetail<multiColumnMember>,
 };
 
-const DetailMember* detailMember(int command) {
-  return command == personThreeColumnDetail.command ? &threeColumnMember : nullptr;
-}
+constexpr std::array ledgers = {
+    DetailReport{accountLedger, &accountMember},         DetailReport{deptLedger, &deptMember},
+    DetailReport{personLedger, &personMember},           DetailReport{threeColumnLedger, &threeColumnMember},
+    DetailReport{multiColumnLedger, &multiColumnMember},
+};
+
+}  // namespace
+
+std::span<const DetailReport> personDetails() { return ledgers; }
 
 }  // namespace tz

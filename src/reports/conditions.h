@@ -3,19 +3,43 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "data/init_combo_fun.h"
 #include "reports/request.h"
 
 namespace tz {
 
+// What the clerk and class conditions name: one of their kind, or all that have none ("其它").
+struct ClerkChoice {
+  std::string name;  // empty: lines and units without a clerk
+};
+
+// The items of a range by code, class by class.
+struct ProjectRange {
+  struct Items {
+    std::string classId;
+    std::vector<Id> ids;
+  };
+  bool all = true;  // no range was asked for
+  std::vector<Items> classes = {};
+};
+
 struct Conditions {
   Request request;
   std::shared_ptr<CGetData> data;  // lookups as of the same moment
   CodeInfo account;
-  AccountAmounts amounts;  // of the account
-  DeptInfo dept;
+  std::vector<CodeInfo> accounts;  // where a report covers several: those picked, none for all
+  AccountAmounts amounts;          // of the account
+  DeptInfo dept;                   // lDeptId 0: all departments, where a report offers that
   PersonInfo person;
+  EnterInfo unit;
+  EnterClassInfo unitClass;  // lId 0: units without a class
+  ClerkChoice clerk;
+  ProjClassInfo projectClass;
+  ItemInfo project;
+  ProjectRange projects;
+  bool absoluteSums = false;  // multi-column ledgers: sums of absolute movements
   int from = 0;
   int to = 0;
   bool unposted = false;

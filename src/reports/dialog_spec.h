@@ -15,14 +15,37 @@ namespace tz {
 
 // One condition on the dialog: control 2206 for the account, an edit with a button for a name, and so on.
 struct ControlSpec {
-  enum class Kind { accountCombo, deptReference, personReference, months, checkBox };
+  enum class Kind {
+    accountCombo,
+    accountLists,  // offered and chosen accounts side by side, with move buttons
+    deptReference,
+    personReference,
+    unitReference,
+    deptCombo,         // departments, with `all` also "全部"
+    unitClassCombo,    // unit classes and "其它"
+    clerkCombo,        // clerks of the account's lines and "其它"
+    classCombo,        // project classes
+    projectReference,  // project class (combo 2211), item name and its button
+    projectRange,      // a button that unfolds two combos from and to
+    months,
+    amountRange,
+    side,
+    date,
+    analysis,
+    checkBox,
+  };
 
   Kind kind;
-  ParameterKey key;  // of months: the first one; the last one follows
+  ParameterKey key;  // of conditions with two ends or parts: the first one
   int id;
-  int companion = 0;  // the VIEW button of a reference, the second combo of months
+  int companion = 0;  // the VIEW button of a reference, the second control of two
   std::string_view caption;
+  bool all = false;                       // "全部" is offered
+  std::string_view unfoldedCaption = {};  // of a button that shows and hides something, when that is shown
 };
+
+// The conditions of a control: one, or the two parts of months, ranges and project references.
+[[nodiscard]] std::vector<ParameterKey> keysOf(const ControlSpec& control);
 
 // What a check works on: conditions are resolved step by step, each check behind those it needs.
 struct CheckContext {
@@ -34,7 +57,8 @@ struct CheckContext {
 struct Check {
   bool (*passes)(CheckContext&);
   MessageId message;
-  ParameterKey about;  // the condition that the person should look at
+  ParameterKey about;      // the condition that the person should look at
+  bool atOpening = false;  // before anything is asked: the dialog does not even open
 };
 
 struct DialogSpec {
@@ -43,25 +67,52 @@ struct DialogSpec {
   std::string_view accountWhere;  // which accounts the combo offers; empty = no account condition
   MessageId noAccount;            // when there are none, or the one asked for is not among them
   std::span<const ControlSpec> controls;
-  std::span<const Check> checks;  // behind the account's
+  std::span<const Check> checks;         // behind the account's; those at opening come before it
+  std::string_view messageCaption = {};  // of its message boxes; empty = the program's own
 };
 
 // The accounts that the dialog offers, as "code name".
 [[nodiscard]] ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db);
 
+[[nodiscard]] bool asksForAccount(const DialogSpec& dialog);
+
+// The refusal with which the dialog closes itself before it opens, for want of accounts or classes; nothing otherwise.
+[[nodiscard]] std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session);
+
+// What the lists of the dialog offer besides accounts.
+[[nodiscard]] ComboList offeredClerks(const CQnCwDB& db, Id accountId);
+[[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);  // "code name" by code
+
 // The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read.
 [[nodiscard]] std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request,
                                                          Session& session);
 
-// Checks that dialogs have in common.
+// Checks that dialogs have in common. Each resolves what it has checked.
 namespace checks {
 bool deptGiven(CheckContext& context);
 bool deptKnown(CheckContext& context);
 bool deptActive(CheckContext& context);
+bool deptPersonsActive(CheckContext& context);  // lines of the department that name a person
+bool deptKnownOrAll(CheckContext& context);     // none and "全部" are all departments
+bool deptChosen(CheckContext& context);         // in a list that offers no "全部"
 bool personGiven(CheckContext& context);
 bool personKnown(CheckContext& context);
 bool personOfDept(CheckContext& context);
 bool personActive(CheckContext& context);
+bool unitGiven(CheckContext& context);
+bool unitKnown(CheckContext& context);
+bool unitClassChosen(CheckContext& context);
+bool clerkChosen(CheckContext& context);
+bool accountGiven(CheckContext& context);
+bool classesDefined(CheckContext& context);
+bool classChosen(CheckContext& context);     // none given: refused
+bool classOrFirst(CheckContext& context);    // none given: the first class
+bool classOfAccount(CheckContext& context);  // the account's own, or the one chosen among them
+bool projectGiven(CheckContext& context);
+bool projectKnown(CheckContext& context);
+bool projectRange(CheckContext& context);
+bool accountsPicked(CheckContext& context);  // none picked: all
+bool rangeInOrder(CheckContext& context);    // upper bound of the amount range not below the lower
 }  // namespace checks
 
 }  // namespace tz

@@ -1,43 +1,63 @@
 #include "reports/messages.h"
 
+#include <algorithm>
+#include <array>
 #include <cassert>
 
 namespace tz {
 namespace {
 
+struct Message {
+  MessageId id;
+  std::string_view text;
+};
+constexpr std::array messages = {
+    Message{MessageId::databaseNotOpen, "数据库没有打开!"},
+    Message{MessageId::noAccount, "没有符合条件的科目!"},
+    Message{MessageId::noPersonAccountThreeColumn, "没有个人核算科目,不能查询个人三栏明细帐。"},
+    Message{MessageId::deptEmpty, "部门不能为空，请重新输入！"},
+    Message{MessageId::deptUnknown, "非法的部门"},
+    Message{MessageId::deptWithoutActivity, "没有查到该部门的个人往来记录"},
+    Message{MessageId::personEmpty, "姓名不能为空，请重新输入！"},
+    Message{MessageId::personUnknown, "非法的姓名"},
+    Message{MessageId::personOfOtherDept, "该用户不属于该部门，请重新输入其他名字。"},
+    Message{MessageId::personWithoutActivity, "没有查到该部门此人的发生额"},
+    Message{MessageId::noPersonAccountSubject, "没有个人核算科目，不能查询个人科目明细帐。"},
+    Message{MessageId::noPersonAccountDept, "没有个人核算科目,不能查询个人部门明细帐。"},
+    Message{MessageId::deptUnknownLoud, "非法的部门！"},
+    Message{MessageId::noPersonAccountMulti, "不能查询个人多栏式明细帐。"},
+    Message{MessageId::noDeptAccount, "没有部门核算科目！"},
+    Message{MessageId::noDeptParentAccount, "没有符合条件的的部门核算科目！"},
+    Message{MessageId::deptEmptyPlain, "部门不能为空，请重新输入。"},
+    Message{MessageId::deptUnknownPlain, "没有该部门，请重新输入。"},
+    Message{MessageId::deptEmptySpaced, "部门不能为空, 请重新输入!"},
+    Message{MessageId::deptUnknownSpaced, "非法的部门, 请重新输入!"},
+    Message{MessageId::noAccountCode, "没有查到符合要求的科目编号。"},
+    Message{MessageId::noQualifyingAccount, "没有查到符合要求的科目。"},
+    Message{MessageId::noProjectClassPlain, "请先定义项目大类"},
+    Message{MessageId::noQualifyingProjectAccount, "没有查到符合要求的项目核算科目。"},
+    Message{MessageId::noProjectAccount, "没有项目核算科目！"},
+    Message{MessageId::classNotChosen, "请选择项目大累"},
+    Message{MessageId::projectEmpty, "项目名称不能为空。"},
+    Message{MessageId::projectNotInClass, "该项目大类下没有该项目."},
+    Message{MessageId::deptNameUnknown, "非法的部门名称."},
+    Message{MessageId::noUnitAccount, "没有单位核算科目！"},
+    Message{MessageId::noUnitParentAccount, "没有单位核算上级科目！"},
+    Message{MessageId::unitEmpty, "单位不能为空"},
+    Message{MessageId::unitWanted, "请输入单位"},
+    Message{MessageId::unitUnknown, "非法的单位"},
+    Message{MessageId::rangeInvalid, "金额范围不合法!"},
+    Message{MessageId::databaseNotOpenEnglish, "The Database is not Opened!"},
+    Message{MessageId::noProjectClass, "请先定义项目大类!"},
+    Message{MessageId::noPlanAccount, "没有查到符合要求的科目!"},
+    Message{MessageId::noPlanProjectClass, "没有查到符合条件的项目大类!"},
+    Message{MessageId::linesOutsideMonths, "有%d条分录的凭证日期不在查询月份内，未列示"},
+};
+
 std::string_view pattern(MessageId id) {
-  switch (id) {
-    case MessageId::databaseNotOpen:
-      return "数据库没有打开!";
-    case MessageId::noAccount:
-      return "没有符合条件的科目!";
-    case MessageId::noPersonAccountThreeColumn:
-      return "没有个人核算科目,不能查询个人三栏明细帐。";
-    case MessageId::deptEmpty:
-      return "部门不能为空，请重新输入！";
-    case MessageId::deptUnknown:
-      return "非法的部门";
-    case MessageId::deptWithoutActivity:
-      return "没有查到该部门的个人往来记录";
-    case MessageId::personEmpty:
-      return "姓名不能为空，请重新输入！";
-    case MessageId::personUnknown:
-      return "非法的姓名";
-    case MessageId::personOfOtherDept:
-      return "该用户不属于该部门，请重新输入其他名字。";
-    case MessageId::personWithoutActivity:
-      return "没有查到该部门此人的发生额";
-    case MessageId::noProjectClass:
-      return "请先定义项目大类!";
-    case MessageId::noPlanAccount:
-      return "没有查到符合要求的科目!";
-    case MessageId::noPlanProjectClass:
-      return "没有查到符合条件的项目大类!";
-    case MessageId::linesOutsideMonths:
-      return "有%d条分录的凭证日期不在查询月份内，未列示";
-  }
-  assert(false);
-  return {};
+  const auto* const found = std::ranges::find(messages, id, &Message::id);
+  assert(found != messages.end());
+  return found->text;
 }
 
 }  // namespace

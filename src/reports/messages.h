@@ -22,10 +22,36 @@ enum class MessageId {
   personUnknown,
   personOfOtherDept,
   personWithoutActivity,
-  noProjectClass,      // command 10224
-  noPlanAccount,       // command 10237
-  noPlanProjectClass,  // command 10238
-  linesOutsideMonths,  // notice below a detail ledger; one number
+  noPersonAccountSubject,      // dialog 511
+  noPersonAccountDept,         // dialog 512
+  deptUnknownLoud,             // dialog 512
+  noPersonAccountMulti,        // dialog 514
+  noDeptAccount,               // dialogs 538 and 540
+  noDeptParentAccount,         // dialog 541
+  deptEmptyPlain,              // dialog 540
+  deptUnknownPlain,            // dialog 540
+  deptEmptySpaced,             // dialogs 539 and 541
+  deptUnknownSpaced,           // dialogs 539 and 541
+  noAccountCode,               // dialogs 558, 559 and 561
+  noQualifyingAccount,         // dialog 560
+  noProjectClassPlain,         // dialog 562
+  noQualifyingProjectAccount,  // dialog 562
+  noProjectAccount,            // dialog 562
+  classNotChosen,              // dialog 562
+  projectEmpty,
+  projectNotInClass,
+  deptNameUnknown,      // project dialogs
+  noUnitAccount,        // dialog 618
+  noUnitParentAccount,  // dialog 624
+  unitEmpty,            // dialog 618
+  unitWanted,           // dialog 619
+  unitUnknown,
+  rangeInvalid,
+  databaseNotOpenEnglish,  // department reports
+  noProjectClass,          // command 10224, dialogs 559 and 561
+  noPlanAccount,           // command 10237
+  noPlanProjectClass,      // command 10238
+  linesOutsideMonths,      // notice below a detail ledger; one number
 };
 
 // The text with its arguments in the places of %d and %s.

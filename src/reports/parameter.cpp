@@ -10,12 +10,24 @@ namespace {
 using Kind = Parameter::Kind;
 
 constexpr std::array parameters = {
-    Parameter{ParameterKey::account, "account", Kind::text, "CODE", "科目编码，例如 122101"},
-    Parameter{ParameterKey::dept, "dept", Kind::text, "NAME", "部门名称"},
+    Parameter{ParameterKey::account, "account", Kind::list, "CODE", "科目编码，例如 122101；可选多个科目的报表可重复"},
+    Parameter{ParameterKey::dept, "dept", Kind::text, "NAME", "部门名称；可选全部部门的报表为“全部”"},
     Parameter{ParameterKey::person, "person", Kind::text, "NAME", "个人姓名"},
+    Parameter{ParameterKey::unit, "unit", Kind::text, "NAME", "单位名称"},
+    Parameter{ParameterKey::unitClass, "unit-class", Kind::text, "NAME", "单位分类名称，“其它”为没有分类的单位"},
+    Parameter{ParameterKey::clerk, "clerk", Kind::text, "NAME", "业务员，“其它”为没有业务员的分录和单位"},
+    Parameter{ParameterKey::projectClass, "project-class", Kind::text, "ID", "项目大类的编号"},
+    Parameter{ParameterKey::project, "project", Kind::text, "NAME", "项目名称"},
+    Parameter{ParameterKey::projectFrom, "project-from", Kind::text, "CODE", "项目范围的起始编码"},
+    Parameter{ParameterKey::projectTo, "project-to", Kind::text, "CODE", "项目范围的终止编码"},
     Parameter{ParameterKey::from, "from", Kind::month, "M", "起始月份 1–12，缺省为登录月份"},
     Parameter{ParameterKey::to, "to", Kind::month, "M", "终止月份 1–12，缺省为登录月份"},
     Parameter{ParameterKey::unposted, "unposted", Kind::flag, "", "包含未记帐凭证"},
+    Parameter{ParameterKey::minimum, "min", Kind::amount, "X", "余额范围的下限"},
+    Parameter{ParameterKey::maximum, "max", Kind::amount, "Y", "余额范围的上限"},
+    Parameter{ParameterKey::side, "side", Kind::choice, "SIDE", "双方余额、借方余额或贷方余额", "both|debit|credit"},
+    Parameter{ParameterKey::cutoff, "cutoff", Kind::date, "YYYY-MM-DD", "截止日期"},
+    Parameter{ParameterKey::analysis, "analysis", Kind::choice, "METHOD", "余额分析或金额分析", "balance|amount"},
     Parameter{ParameterKey::format, "format", Kind::text, "NAME",
               "金额式、数量金额式、外币金额式、数量外币式，明细帐另有外币式；缺省为科目自身的格式"},
 };
@@ -28,6 +40,16 @@ const Parameter& parameter(ParameterKey key) {
   const auto* const found = std::ranges::find(parameters, key, &Parameter::key);
   assert(found != parameters.end());
   return *found;
+}
+
+std::vector<std::string_view> choicesOf(std::string_view choices) {
+  std::vector<std::string_view> all;
+  for (;;) {
+    const auto end = choices.find('|');
+    all.push_back(choices.substr(0, end));
+    if (end == std::string_view::npos) return all;
+    choices.remove_prefix(end + 1);
+  }
 }
 
 }  // namespace tz

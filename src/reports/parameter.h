@@ -7,16 +7,41 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tz {
 
-enum class ParameterKey { account, dept, person, from, to, unposted, format };
+enum class ParameterKey {
+  account,
+  dept,
+  person,
+  unit,
+  unitClass,
+  clerk,
+  projectClass,
+  project,
+  projectFrom,
+  projectTo,
+  from,
+  to,
+  unposted,
+  minimum,
+  maximum,
+  side,
+  cutoff,
+  analysis,
+  format,
+};
 
 struct Parameter {
   enum class Kind {
-    text,   // a code, name or choice
-    month,  // 1 to 12
-    flag,   // given or not
+    text,    // a code or name
+    list,    // codes, one on each line; the option may be repeated
+    month,   // 1 to 12
+    amount,  // a number
+    date,    // YYYY-MM-DD
+    choice,  // one of `choices`
+    flag,    // given or not
   };
 
   ParameterKey key;
@@ -24,10 +49,14 @@ struct Parameter {
   Kind kind;
   std::string_view valueName;  // as help shows the value; empty for flags
   std::string_view help;
+  std::string_view choices = {};  // of a choice, separated by "|"
 };
 
 [[nodiscard]] std::span<const Parameter> allParameters();
 [[nodiscard]] const Parameter& parameter(ParameterKey key);
+
+// "both|debit|credit" as its parts.
+[[nodiscard]] std::vector<std::string_view> choicesOf(std::string_view choices);
 
 // A value that is none of its kind, or a choice that is not offered: an error of use, not a refusal.
 class WrongUse : public std::invalid_argument {

@@ -40,6 +40,7 @@ struct ReportDefinition {
   std::string_view printTitle;    // files, terminal and JSON
   const DialogSpec* dialog = nullptr;
   std::span<const WindowCommand> toolbar;
+  MessageId databaseNotOpen = MessageId::databaseNotOpen;
 
   // The printed subtitle of these conditions.
   std::string (*subtitle)(const Conditions&) = nullptr;

@@ -1,7 +1,11 @@
 #include "reports/request.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <sstream>
 
+#include "data/value.h"
 #include "grid/utf8.h"
 
 namespace tz {
@@ -11,6 +15,34 @@ bool isMonth(std::string_view text) {
   int month = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), month);
   return error == std::errc{} && end == text.data() + text.size() && month >= 1 && month <= 12;
+}
+
+bool isNumber(std::string_view text) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc{} && end == text.data() + text.size() && std::isfinite(number);
+}
+
+bool isChoice(std::string_view choices, std::string_view text) {
+  const auto offered = choicesOf(choices);
+  return std::ranges::find(offered, text) != offered.end();
+}
+
+// What is wrong with a value of this kind; empty when nothing is.
+std::string complaint(const Parameter& condition, std::string_view text) {
+  const auto quoted = "“" + std::string(text) + "”";
+  switch (condition.kind) {
+    case Parameter::Kind::month:
+      return isMonth(text) ? "" : "月份应为 1 至 12，不是" + quoted;
+    case Parameter::Kind::amount:
+      return isNumber(text) ? "" : quoted + "不是数字";
+    case Parameter::Kind::date:
+      return parseIsoDate(text) ? "" : quoted + "不是 YYYY-MM-DD 形式的日期";
+    case Parameter::Kind::choice:
+      return isChoice(condition.choices, text) ? "" : quoted + "不在可选项中：" + std::string(condition.choices);
+    default:
+      return "";
+  }
 }
 
 bool isUtf8(std::string_view text) {
@@ -24,15 +56,28 @@ bool isUtf8(std::string_view text) {
 void Request::set(ParameterKey key, std::string_view text) {
   const auto& condition = parameter(key);
   if (!isUtf8(text)) throw WrongUse("--" + std::string(condition.option) + "：不是有效的 UTF-8 文字");
-  if (condition.kind == Parameter::Kind::month && !isMonth(text)) {
-    throw WrongUse("--" + std::string(condition.option) + "：月份应为 1 至 12，不是“" + std::string(text) + "”");
-  }
+  const auto wrong = complaint(condition, text);
+  if (!wrong.empty()) throw WrongUse("--" + std::string(condition.option) + "：" + wrong);
   values_[key] = text;
 }
 
 std::string Request::text(ParameterKey key) const {
   const auto found = values_.find(key);
   return found == values_.end() ? std::string() : found->second;
+}
+
+std::vector<std::string> Request::list(ParameterKey key) const {
+  std::vector<std::string> all;
+  std::istringstream lines(text(key));
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.empty()) all.push_back(line);
+  }
+  return all;
+}
+
+double Request::amount(ParameterKey key) const {
+  const auto found = values_.find(key);
+  return found == values_.end() ? 0 : std::stod(found->second);
 }
 
 int Request::month(ParameterKey key) const {

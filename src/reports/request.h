@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "reports/parameter.h"
 
@@ -18,7 +19,9 @@ class Request {
 
   [[nodiscard]] std::string text(ParameterKey key) const;
   [[nodiscard]] bool flag(ParameterKey key) const { return values_.contains(key); }
-  [[nodiscard]] int month(ParameterKey key) const;  // 0 when left out
+  [[nodiscard]] std::vector<std::string> list(ParameterKey key) const;  // the lines of a list
+  [[nodiscard]] double amount(ParameterKey key) const;                  // 0 when left out
+  [[nodiscard]] int month(ParameterKey key) const;                      // 0 when left out
   [[nodiscard]] const std::map<ParameterKey, std::string>& values() const { return values_; }
 
  private:

@@ -9,7 +9,8 @@ namespace {
 
 void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
   const auto asked = conditions.request.text(ParameterKey::format);
-  conditions.format = asked.empty() ? conditions.amounts.preselectedFormat : asked;
+  const auto& preselected = conditions.amounts.preselectedFormat;  // empty: no one account, so no richest format
+  conditions.format = !asked.empty() ? asked : preselected.empty() ? "金额式" : preselected;
   if (asked.empty() || report.formats == nullptr) return;
   const auto offered = report.formats(conditions);
   if (std::ranges::find(offered, asked) != offered.end()) return;
@@ -65,15 +66,14 @@ std::string_view areaName(Area area) {
 std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
   std::vector<ParameterKey> keys;
   for (const auto& control : report.dialog->controls) {
-    keys.push_back(control.key);
-    if (control.kind == ControlSpec::Kind::months) keys.push_back(ParameterKey::to);
+    for (const auto key : keysOf(control)) keys.push_back(key);
   }
   if (report.formats != nullptr) keys.push_back(ParameterKey::format);
   return keys;
 }
 
 ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
-  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = MessageId::databaseNotOpen};
+  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.databaseNotOpen};
   const CancelWatch watch(session);
   Transaction reading(session.db.Current(), Transaction::Purpose::reading);
   try {

@@ -10,27 +10,91 @@ int monthOr(const Request& request, ParameterKey key, int otherwise) {
   return month == 0 ? otherwise : month;
 }
 
+bool hasControl(const DialogSpec& dialog, ControlSpec::Kind kind) {
+  return std::ranges::find(dialog.controls, kind, &ControlSpec::kind) != dialog.controls.end();
+}
+
+// An account left out is refused at once, unless a later check has words for just that.
 bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
+  auto& conditions = context.conditions;
+  auto offered = context.session.db.Code_GetInfo(Sql(dialog.accountWhere));
+  if (hasControl(dialog, ControlSpec::Kind::accountLists)) {
+    conditions.accounts = std::move(offered);
+    return !conditions.accounts.empty();
+  }
   const auto wanted = CGetData::GetCode_Separator(context.request.text(ParameterKey::account));
-  const auto offered = context.session.db.Code_GetInfo(Sql(dialog.accountWhere));
+  if (wanted.empty() &&
+      std::ranges::find(dialog.checks, &checks::accountGiven, &Check::passes) != dialog.checks.end()) {
+    return !offered.empty();
+  }
   const auto found = std::ranges::find(offered, wanted, &CodeInfo::sCode);
   if (found == offered.end()) return false;
-  context.conditions.account = *found;
-  context.conditions.amounts = CInitComboFun::InitAmountCombox(*context.conditions.data, wanted);
+  conditions.account = *found;
+  conditions.amounts = CInitComboFun::InitAmountCombox(*conditions.data, wanted);
   return true;
 }
 
-// Balances, or with unposted vouchers lines as well, that meet the condition.
-bool anyActivity(const CheckContext& context, const Sql& where) {
-  const auto& db = context.session.db;
-  if (db.Exists("AssAcc", where)) return true;
-  return context.conditions.unposted && db.Exists("UnregSub", where);
+Refusal refusal(const DialogSpec& dialog, MessageId message, ParameterKey about) {
+  return {.id = message, .arguments = {}, .caption = dialog.messageCaption, .about = about};
+}
+
+std::optional<Refusal> firstRefusal(const DialogSpec& dialog, CheckContext& context, bool atOpening) {
+  for (const auto& check : dialog.checks) {
+    if (check.atOpening == atOpening && !check.passes(context)) return refusal(dialog, check.message, check.about);
+  }
+  return std::nullopt;
 }
 
 }  // namespace
 
+std::vector<ParameterKey> keysOf(const ControlSpec& control) {
+  switch (control.kind) {
+    case ControlSpec::Kind::months:
+      return {ParameterKey::from, ParameterKey::to};
+    case ControlSpec::Kind::amountRange:
+      return {ParameterKey::minimum, ParameterKey::maximum};
+    case ControlSpec::Kind::projectReference:
+      return {ParameterKey::projectClass, ParameterKey::project};
+    case ControlSpec::Kind::projectRange:
+      return {ParameterKey::projectFrom, ParameterKey::projectTo};
+    default:
+      return {control.key};
+  }
+}
+
+bool asksForAccount(const DialogSpec& dialog) { return !dialog.accountWhere.empty(); }
+
 ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db) {
   return CInitComboFun::InitCodeComb_1Blank(db, Sql(dialog.accountWhere));
+}
+
+ComboList offeredClerks(const CQnCwDB& db, Id accountId) {
+  CGetData data(db);
+  const auto accounts = data.GetCodeSubString(data.GetCodeCode(accountId));
+  ComboList list;
+  const auto names = db.QRYGetData("SELECT DISTINCT sName FROM RegSub WHERE " + accounts +
+                                   " AND sName <> '' UNION SELECT DISTINCT sName FROM UnregSub WHERE " + accounts +
+                                   " AND sName <> '' ORDER BY sName");
+  for (int row = 0; row < names.rows; ++row) list.push_back({names.at(row, 0), row + 1});
+  list.push_back({std::string(otherMembers), 0});
+  return list;
+}
+
+ComboList offeredProjects(CGetData& data, std::string_view classId) {
+  ComboList list;
+  for (const auto& item : data.ItemTable(classId)) list.push_back({item.fields[0] + " " + item.fields[1], item.lId});
+  std::ranges::sort(list, {}, &ComboEntry::text);
+  return list;
+}
+
+std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session) {
+  Conditions conditions;
+  conditions.data = std::make_shared<CGetData>(session.db);
+  const Request nothing;
+  CheckContext context{session, nothing, conditions};
+  if (auto refused = firstRefusal(dialog, context, true)) return refused;
+  if (!asksForAccount(dialog) || !offeredAccounts(dialog, session.db).empty()) return std::nullopt;
+  return refusal(dialog, dialog.noAccount, ParameterKey::account);
 }
 
 std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request, Session& session) {
@@ -40,51 +104,14 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.from = monthOr(request, ParameterKey::from, session.logon.month);
   conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
   conditions.unposted = request.flag(ParameterKey::unposted);
+  conditions.absoluteSums = request.text(ParameterKey::analysis) == "amount";
   CheckContext context{session, request, conditions};
-  if (!dialog.accountWhere.empty() && !takeAccount(dialog, context)) {
-    return Refusal{.id = dialog.noAccount, .about = ParameterKey::account};
+  if (auto refused = firstRefusal(dialog, context, true)) return *refused;
+  if (asksForAccount(dialog) && !takeAccount(dialog, context)) {
+    return refusal(dialog, dialog.noAccount, ParameterKey::account);
   }
-  for (const auto& check : dialog.checks) {
-    if (!check.passes(context)) return Refusal{.id = check.message, .about = check.about};
-  }
+  if (auto refused = firstRefusal(dialog, context, false)) return *refused;
   return conditions;
 }
 
-namespace checks {
-
-bool deptGiven(CheckContext& context) { return !context.request.text(ParameterKey::dept).empty(); }
-
-bool deptKnown(CheckContext& context) {
-  const auto found =
-      context.session.db.Dept_GetInfo(Sql("sDeptName = ? ORDER BY lId", context.request.text(ParameterKey::dept)));
-  if (found.empty()) return false;
-  context.conditions.dept = found.front();
-  return true;
-}
-
-bool deptActive(CheckContext& context) {
-  return anyActivity(context, Sql("lDeptId = ?", context.conditions.dept.lDeptId));
-}
-
-bool personGiven(CheckContext& context) { return !context.request.text(ParameterKey::person).empty(); }
-
-bool personKnown(CheckContext& context) {
-  return context.session.db.Exists("Person", Sql("sName = ?", context.request.text(ParameterKey::person)));
-}
-
-bool personOfDept(CheckContext& context) {
-  const auto found = context.session.db.Person_GetInfo(Sql("sName = ? AND lDeptId = ? ORDER BY lId",
-                                                           context.request.text(ParameterKey::person),
-                                                           context.conditions.dept.lDeptId));
-  if (found.empty()) return false;
-  context.conditions.person = found.front();
-  return true;
-}
-
-bool personActive(CheckContext& context) {
-  return anyActivity(
-      context, Sql("lDeptId = ? AND lPersonId = ?", context.conditions.dept.lDeptId, context.conditions.person.lId));
-}
-
-}  // namespace checks
 }  // namespace tz
