@@ -3,8 +3,6 @@
 #include <cfloat>
 #include <cmath>
 
-#include "data/record_io.h"
-
 namespace tz {
 namespace {
 
@@ -73,32 +71,6 @@ Connection& CQnCwDB::Current() const {
   if (current_ == nullptr) throw DbError(DbError::Kind::lost, "no ledger is open");
   return *current_;
 }
-
-#define TZ_GET_INFO(Table)                                                    \
-  std::vector<Table##Info> CQnCwDB::Table##_GetInfo(const Sql& where) const { \
-    return readRecords<Table##Info>(Current(), where);                        \
-  }
-TZ_GET_INFO(Code)
-TZ_GET_INFO(Dept)
-TZ_GET_INFO(Person)
-TZ_GET_INFO(EnterClass)
-TZ_GET_INFO(Enter)
-TZ_GET_INFO(AssAcc)
-TZ_GET_INFO(RegMain)
-TZ_GET_INFO(UnregMain)
-TZ_GET_INFO(RegSub)
-TZ_GET_INFO(UnregSub)
-TZ_GET_INFO(ProjClass)
-TZ_GET_INFO(ProjItems)
-TZ_GET_INFO(ProjCodes)
-TZ_GET_INFO(Plan)
-TZ_GET_INFO(Ages)
-TZ_GET_INFO(Cyrency)
-TZ_GET_INFO(ExchgFix)
-TZ_GET_INFO(ExchgFlt)
-TZ_GET_INFO(zOperator)
-TZ_GET_INFO(zRight)
-#undef TZ_GET_INFO
 
 std::optional<zAccountMInfo> CQnCwDB::zAccountM_GetInfo(Id accountSetId) const {
   auto records = readRecords<zAccountMInfo>(Current(), Sql("lId = ?", accountSetId));

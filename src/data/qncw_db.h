@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "data/record_io.h"
 #include "data/records.h"
 
 namespace tz {
@@ -36,11 +37,12 @@ class CQnCwDB {
   void Close(const std::string& name);
   // Makes an open ledger current. 0 when it is open and answers, nonzero otherwise.
   int DBSelect(const std::string& name);
-  [[nodiscard]] bool IsOpen() const { return current_ != nullptr; }
-  [[nodiscard]] const std::string& CurrentName() const { return currentName_; }
   [[nodiscard]] Connection& Current() const;
 
-#define TZ_GET_INFO(Table) std::vector<Table##Info> Table##_GetInfo(const Sql& where) const;
+#define TZ_GET_INFO(Table)                                                         \
+  [[nodiscard]] std::vector<Table##Info> Table##_GetInfo(const Sql& where) const { \
+    return readRecords<Table##Info>(Current(), where);                             \
+  }
   TZ_GET_INFO(Code)
   TZ_GET_INFO(Dept)
   TZ_GET_INFO(Person)

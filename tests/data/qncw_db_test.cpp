@@ -21,12 +21,12 @@ class Operations : public DatabaseTest {
 TEST_P(Operations, SelectsAnOpenLedgerOnly) {
   EXPECT_EQ(db_.DBSelect(ledger_.address()), 0);
   EXPECT_NE(db_.DBSelect("another"), 0);
-  EXPECT_TRUE(db_.IsOpen());
+  EXPECT_NO_THROW((void)db_.Current());
   db_.Close(ledger_.address());
   EXPECT_NE(db_.DBSelect(ledger_.address()), 0);
   EXPECT_THROW((void)db_.Person_GetInfo("lId > 0"), DbError);
   EXPECT_THROW(db_.Open(ledger_.address() + "x"), DbError);
-  EXPECT_FALSE(db_.IsOpen());
+  EXPECT_THROW((void)db_.Current(), DbError);
 }
 
 TEST_P(Operations, AnswersFreeQueriesAsText) {
