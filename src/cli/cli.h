@@ -19,6 +19,7 @@ void addReportsCommand(CLI::App& app, Work& work);
 void addReportCommand(CLI::App& app, Work& work, int reportId);
 void addLedgerCommand(CLI::App& app, Work& work);
 void addOpenCommand(CLI::App& app, Work& work);
+void addCompletionCommand(CLI::App& app, Work& work);
 
 // One line on standard error, behind the program's name.
 void complain(const std::string& message);

@@ -68,7 +68,6 @@ void addLedgerCommand(CLI::App& app, Work& work) {
       ->check(CLI::Range(1900, 9999))
       ->excludes(sample);
   createCommand->add_option("--name", options->name, "空帐套的名称")->excludes(sample);
-  createCommand->footer("例：tzassistant ledger create 示例.db --sample");
   createCommand->callback([&work, options] { work = [options] { return create(*options); }; });
 
   auto* checkCommand = ledger->add_subcommand("check", "逐条检查帐套的规则，每处违反一行");

@@ -9,7 +9,9 @@
 
 #include "catalogue/catalogue.h"
 #include "cli/cli.h"
+#include "cli/examples.h"
 #include "cli/explain.h"
+#include "cli/manual_page.h"
 #include "data/connection.h"
 #include "reports/explain_error.h"
 #include "reports/parameter.h"
@@ -44,6 +46,16 @@ void translateHelp(CLI::App& app) {
                                       {"Excludes", "不与"}}) {
     dynamic_cast<CLI::Formatter&>(*formatter).label(word, chinese);
   }
+  app.option_defaults()->group("选项");
+  app.group("子命令");
+}
+
+// The help flags of subcommands are made before they inherit the group of the others.
+void groupHelpFlags(CLI::App& app) {
+  for (auto* command : app.get_subcommands({})) {
+    command->get_help_ptr()->group("选项");
+    groupHelpFlags(*command);
+  }
 }
 
 Status run(int argc, char** argv) {
@@ -51,6 +63,8 @@ Status run(int argc, char** argv) {
   translateHelp(app);
   app.set_help_flag("-h,--help", "显示说明");
   app.set_version_flag("--version", TZ_VERSION, "显示版本");
+  bool manual = false;
+  app.add_flag("--man", manual, "输出手册页，供 man 阅读");
   app.footer(
       "子命令的说明：tzassistant 子命令 --help\n退出状态：0 完成，1 被拒绝，2 用法不对，3 数据库或输出失败，4 "
       "没有权限");
@@ -59,7 +73,11 @@ Status run(int argc, char** argv) {
   addOpenCommand(app, work);
   addLedgerCommand(app, work);
   addReportsCommand(app, work);
-  addReportCommand(app, work, namedReport(argc, argv));
+  const int reportId = namedReport(argc, argv);
+  addReportCommand(app, work, reportId);
+  addCompletionCommand(app, work);
+  addExamples(app, reportId);
+  groupHelpFlags(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& asked) {
@@ -68,6 +86,10 @@ Status run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     complain(explain(error, app));
     return Status::wrongUse;
+  }
+  if (manual) {
+    std::fputs(manualPage(app).c_str(), stdout);
+    return Status::done;
   }
   return work();
 }

@@ -1,8 +1,7 @@
-// The subcommands that list reports and make ledgers, and the examples in their help.
+// The subcommands that list reports and make ledgers.
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "cli/small_company.h"
 
@@ -84,32 +83,6 @@ TEST(SampleLedger, GivesTheSameOnBothDatabases) {
     EXPECT_TRUE(ask(server.address()).out == onFile.out) << form;
     EXPECT_NE(onFile.out.find("本年累计"), std::string::npos);
   }
-}
-
-// Every line "例：tzassistant ..." of the help is run as it stands, files in a folder of the test.
-TEST(Help, ShowsExamplesThatWork) {
-  const TempFolder folder;
-  int examples = 0;
-  for (const Arguments& command : {Arguments{}, Arguments{"ledger"}, Arguments{"ledger", "create"},
-                                   Arguments{"reports"}, Arguments{"report"}, Arguments{"report", "10190"}}) {
-    auto arguments = command;
-    arguments.emplace_back("--help");
-    const auto help = runProgram(arguments);
-    EXPECT_EQ(help.status, 0);
-    EXPECT_EQ(help.err, "");
-    std::istringstream lines(help.out);
-    for (std::string line; std::getline(lines, line);) {
-      const std::string mark = "例：tzassistant ";
-      if (!line.starts_with(mark)) continue;
-      ++examples;
-      Arguments words;
-      std::istringstream text(line.substr(mark.size()));
-      for (std::string word; text >> word;) words.push_back(word.ends_with(".db") ? folder.file(word) : word);
-      const auto run = runProgram(words);
-      EXPECT_EQ(run.status, 0) << line << "\n" << run.err;
-    }
-  }
-  EXPECT_GT(examples, 0);
 }
 
 }  // namespace

@@ -52,6 +52,13 @@ TEST_P(OperatorsTest, MustSayWhoTheyAre) {
   EXPECT_EQ(smallReport(ledger_.address(), {"--operator", "空白"}, {"TZ_PASSWORD="}).status, 4);
 }
 
+TEST_P(OperatorsTest, WithoutTerminalNeedThePasswordInTheEnvironment) {
+  const auto run = smallReport(ledger_.address(), {"--operator", "主管"});
+  EXPECT_EQ(run.status, 4);
+  EXPECT_EQ(run.out, "");
+  EXPECT_NE(run.err.find("TZ_PASSWORD"), std::string::npos) << run.err;
+}
+
 TZ_ON_BOTH_DATABASES(OperatorsTest);
 
 TEST(LedgerWithoutOperators, AsksNobody) {

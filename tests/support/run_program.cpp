@@ -42,6 +42,10 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
 ProgramRun runProgram(const std::vector<std::string>& arguments, const std::vector<std::string>& settings) {
   std::vector<std::string> words = {TZ_PROGRAM};
   words.insert(words.end(), arguments.begin(), arguments.end());
+  return runCommand(words, settings);
+}
+
+ProgramRun runCommand(std::vector<std::string> words, const std::vector<std::string>& settings) {
   // The first of two equal names counts, so the settings come before what is there.
   std::vector<std::string> environment = settings;
   for (char** entry = environ; *entry != nullptr; ++entry) environment.emplace_back(*entry);
@@ -53,14 +57,18 @@ ProgramRun runProgram(const std::vector<std::string>& arguments, const std::vect
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_adddup2(&actions, out.descriptor(), STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, err.descriptor(), STDERR_FILENO);
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);  // no terminal to ask at
   pid_t process = 0;
-  const int failure =
-      posix_spawn(&process, TZ_PROGRAM, &actions, nullptr, pointers(words).data(), pointers(environment).data());
+  const int failure = posix_spawnp(&process, words.front().c_str(), &actions, &attributes, pointers(words).data(),
+                                   pointers(environment).data());
+  posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
-  if (failure != 0) throw std::runtime_error("cannot start " TZ_PROGRAM);
+  if (failure != 0) throw std::runtime_error("cannot start " + words.front());
 
   int status = 0;
-  if (waitpid(process, &status, 0) != process) throw std::runtime_error("lost sight of " TZ_PROGRAM);
+  if (waitpid(process, &status, 0) != process) throw std::runtime_error("lost sight of " + words.front());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.text(), err.text()};
 }
 

@@ -11,8 +11,10 @@ struct ProgramRun {
   std::string out, err;
 };
 
-// `settings` ("NAME=value") are added to the environment; standard input is empty.
+// `settings` ("NAME=value") are added to the environment; standard input is empty, and there is no terminal.
 [[nodiscard]] ProgramRun runProgram(const std::vector<std::string>& arguments,
                                     const std::vector<std::string>& settings = {});
+// Any other program in the same way; the first word is its name.
+[[nodiscard]] ProgramRun runCommand(std::vector<std::string> words, const std::vector<std::string>& settings = {});
 
 }  // namespace tz::test

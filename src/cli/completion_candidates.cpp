@@ -1,0 +1,138 @@
+#include "cli/completion_candidates.h"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+
+#include "catalogue/catalogue.h"
+#include "cli/ledger_names.h"
+
+namespace tz::cli {
+namespace {
+
+// The name under which an option is typed, or that of a place on the line.
+std::string nameOf(const CLI::Option& option) {
+  if (!option.get_lnames().empty()) return "--" + option.get_lnames().front();
+  if (!option.get_snames().empty()) return "-" + option.get_snames().front();
+  return option.get_name();
+}
+
+bool takesValue(const CLI::Option& option) { return option.get_items_expected_max() > 0; }
+
+// The line before the word that is being typed.
+struct TypedLine {
+  const CLI::App* command;
+  const CLI::Option* awaiting = nullptr;  // the option whose value comes next
+  std::size_t places = 0;                 // how many places of the command are taken
+  GivenValues given;
+
+  void take(const std::string& word) {
+    if (word == "=") return;  // a shell may part "--as=json" into three words
+    if (awaiting != nullptr) {
+      given[nameOf(*awaiting)] = word;
+      awaiting = nullptr;
+    } else if (word.starts_with("-")) {
+      const auto* option = command->get_option_no_throw(word);
+      if (option == nullptr) return;
+      given.try_emplace(nameOf(*option));
+      if (takesValue(*option)) awaiting = option;
+    } else {
+      takePlain(word);
+    }
+  }
+  // A place that is still free.
+  [[nodiscard]] const CLI::Option* nextPlace() const {
+    const auto all = command->get_options([](const CLI::Option* option) { return option->get_positional(); });
+    return places < all.size() ? all[places] : nullptr;
+  }
+
+ private:
+  void takePlain(const std::string& word) {
+    const auto found = command->get_subcommands([&](const CLI::App* one) { return one->get_name() == word; });
+    if (!found.empty()) {
+      *this = {found.front(), nullptr, 0, {}};
+      return;
+    }
+    if (const auto* place = nextPlace()) given[nameOf(*place)] = word;
+    ++places;
+  }
+};
+
+// "a|b" and the parser's "TEXT:{a,b}" as words.
+std::vector<std::string> choicesIn(const std::string& typeName) {
+  const auto open = typeName.find('{');
+  const auto list = open == std::string::npos ? typeName : typeName.substr(open + 1, typeName.find('}') - open - 1);
+  const char mark = open == std::string::npos ? '|' : ',';
+  if (list.find(mark) == std::string::npos) return {};
+  return CLI::detail::split(list, mark);
+}
+
+// The amount formats; which of them an account offers is seen when the report is asked for.
+constexpr std::array amountFormats = {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
+
+void addChoices(Candidates& found, const CLI::Option& option) {
+  const auto name = nameOf(option);
+  const auto type = option.get_type_name();
+  if (type == "FILE" || type == "LEDGER" || option.get_name() == "LEDGER") found.files = true;
+  for (const auto& choice : choicesIn(type)) found.words.push_back({choice, ""});
+  if (name == "--" + std::string(parameter(ParameterKey::format).option)) {
+    for (const auto* format : amountFormats) found.words.push_back({format, ""});
+  }
+  if (type == "M") {
+    for (int month = 1; month <= 12; ++month) found.words.push_back({std::to_string(month), ""});
+  }
+}
+
+void addReports(Candidates& found) {
+  for (const auto* report : catalogue()) {
+    found.words.push_back(
+        {std::to_string(report->command), fmt::format("{} {}", areaName(report->area), report->printTitle)});
+  }
+}
+
+void addValues(Candidates& found, const TypedLine& line, const CLI::Option& option) {
+  addChoices(found, option);
+  if (line.command->get_name() != "report") return;
+  if (option.get_name() == "ID") return addReports(found);
+  for (auto& [word, meaning] : ledgerNames(nameOf(option), line.given)) found.words.push_back({word, meaning});
+}
+
+void addOptions(Candidates& found, const TypedLine& line) {
+  for (const auto* option : line.command->get_options()) {
+    const auto name = nameOf(*option);
+    const bool again = option->get_expected_max() > 1;
+    if (option->get_positional() || (line.given.contains(name) && !again)) continue;
+    found.words.push_back({name, option->get_description()});
+  }
+}
+
+void addPlain(Candidates& found, const TypedLine& line) {
+  for (const auto* command : line.command->get_subcommands({})) {
+    found.words.push_back({command->get_name(), command->get_description()});
+  }
+  if (const auto* place = line.nextPlace()) addValues(found, line, *place);
+  if (line.command->get_name() == "open") found.files = true;  // its words are the desktop's
+}
+
+}  // namespace
+
+Candidates candidatesFor(const CLI::App& app, std::span<const std::string> words) {
+  TypedLine line{&app, nullptr, 0, {}};
+  if (words.empty()) return {};
+  for (const auto& word : words.first(words.size() - 1)) line.take(word);
+  const auto typed = words.back() == "=" ? std::string() : words.back();
+
+  Candidates found;
+  if (line.awaiting != nullptr) {
+    addValues(found, line, *line.awaiting);
+  } else if (typed.starts_with("-")) {
+    addOptions(found, line);
+  } else {
+    addPlain(found, line);
+    if (found.words.empty() && !found.files) addOptions(found, line);
+  }
+  std::erase_if(found.words, [&](const Candidate& one) { return !one.word.starts_with(typed); });
+  return found;
+}
+
+}  // namespace tz::cli

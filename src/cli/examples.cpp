@@ -1,0 +1,73 @@
+#include "cli/examples.h"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+
+#include "catalogue/catalogue.h"
+
+namespace tz::cli {
+namespace {
+
+constexpr int firstReport = 10190;
+
+// Values of conditions that lead to a report of the sample company.
+struct SampleValue {
+  Area area;
+  std::string_view option;
+  std::string_view value;
+};
+
+constexpr std::array sampleValues = {
+    SampleValue{Area::person, "account", "122101"}, SampleValue{Area::person, "dept", "销售部"},
+    SampleValue{Area::person, "person", "李明"},    SampleValue{Area::person, "from", "1"},
+    SampleValue{Area::person, "to", "3"},
+};
+
+const SampleValue* sampleValue(Area area, std::string_view option) {
+  const auto* const found = std::ranges::find_if(
+      sampleValues, [&](const auto& value) { return value.area == area && value.option == option; });
+  return found == sampleValues.end() ? nullptr : found;
+}
+
+// Its conditions in their order; empty for an area without values.
+std::string reportLine(const ReportDefinition& report) {
+  std::string conditions;
+  for (const auto key : parametersOf(report)) {
+    const auto option = parameter(key).option;
+    if (const auto* sample = sampleValue(report.area, option)) {
+      conditions += fmt::format(" --{} {}", option, sample->value);
+    }
+  }
+  if (conditions.empty()) return {};
+  return fmt::format("report {} --ledger 示例.db{}", report.command, conditions);
+}
+
+void addExample(CLI::App& command, std::string_view line) {
+  if (line.empty()) return;
+  const auto before = command.get_footer();
+  command.footer(fmt::format("{}{}例：tzassistant {}", before, before.empty() ? "" : "\n", line));
+}
+
+}  // namespace
+
+void addExamples(CLI::App& app, int reportId) {
+  const auto* report = findReport(reportId == 0 ? firstReport : reportId);
+  auto& ledger = *app.get_subcommand("ledger");
+  addExample(app, "ledger create 示例.db --sample");
+  addExample(app, "reports");
+  addExample(app, reportLine(*findReport(firstReport)));
+  addExample(ledger, "ledger create 示例.db --sample");
+  addExample(*ledger.get_subcommand("create"), "ledger create 示例.db --sample");
+  addExample(*ledger.get_subcommand("create"), "ledger create 新帐套.db --empty --year 2025 --name 新帐套");
+  addExample(*ledger.get_subcommand("check"), "ledger check 示例.db");
+  addExample(*app.get_subcommand("reports"), "reports --as json");
+  addExample(*app.get_subcommand("completion"), "completion bash");
+  const auto line = reportLine(*report);
+  if (line.empty()) return;
+  for (const char* more : {"", " --as json", " --as xlsx -o 明细帐.xlsx"}) {
+    addExample(*app.get_subcommand("report"), line + more);
+  }
+}
+
+}  // namespace tz::cli

@@ -1,0 +1,19 @@
+// The names that a condition may take in a ledger, for completion: only from a ledger file that is there and needs no
+// logon, since a shell completes without asking anybody. Whatever goes wrong answers with none.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tz::cli {
+
+// What is on the line already, by option ("--ledger") or place ("ID").
+using GivenValues = std::map<std::string, std::string>;
+
+// Each name with what stands beside it in the archive, in the archive's order.
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> ledgerNames(const std::string& option,
+                                                                           const GivenValues& given);
+
+}  // namespace tz::cli

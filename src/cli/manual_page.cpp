@@ -1,0 +1,106 @@
+#include "cli/manual_page.h"
+
+#include <fmt/format.h>
+
+#include "catalogue/catalogue.h"
+
+namespace tz::cli {
+namespace {
+
+// Text that means itself: no command at the start of a line, no escapes, a hyphen as it is typed. Chinese has no
+// blanks, so a line may break behind every character.
+std::string plain(std::string_view text) {
+  std::string written;
+  bool lineStart = true;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (lineStart && (c == '.' || c == '\'')) written += "\\&";
+    if (c == '\\' || c == '-') written += '\\';
+    written += c == '\\' ? 'e' : c;
+    lineStart = c == '\n';
+    const bool inside = i + 1 < text.size() && (static_cast<unsigned char>(text[i + 1]) & 0xc0U) == 0x80;
+    if ((static_cast<unsigned char>(c) & 0x80U) != 0 && !inside) written += "\\:";
+  }
+  return written;
+}
+
+std::string section(std::string_view title) { return fmt::format(".SH {}\n", title); }
+std::string item(std::string_view term, std::string_view text) {
+  return fmt::format(".TP\n\\fB{}\\fR\n{}\n", plain(term), plain(text));
+}
+
+// "TEXT:{text,csv}" is shown as its choices, "INT:INT in [1 - 12]" as "INT".
+std::string valueText(const CLI::Option& option) {
+  if (option.get_items_expected_max() == 0) return {};
+  const auto type = option.get_type_name();
+  const auto open = type.find('{');
+  return " " + (open == std::string::npos ? type.substr(0, type.find(':')) : type.substr(open));
+}
+
+std::string optionItem(const CLI::Option& option) {
+  const auto name = option.get_positional() ? option.get_name() : option.get_name(false, true);
+  return item(name + (option.get_positional() ? "" : valueText(option)), option.get_description());
+}
+
+std::string commandPart(const CLI::App& command, const std::string& path) {
+  std::string text = fmt::format(".SS {}\n{}\n", plain(path), plain(command.get_description()));
+  for (const auto* option : command.get_options()) {
+    if (option->get_name() != "--help" || command.get_parent() == nullptr) text += optionItem(*option);
+  }
+  for (const auto* inner : command.get_subcommands({})) text += commandPart(*inner, path + " " + inner->get_name());
+  return text;
+}
+
+std::string reportsPart() {
+  std::string text;
+  for (const auto* report : catalogue()) {
+    std::string options;
+    for (const auto key : parametersOf(*report)) options += fmt::format(" --{}", parameter(key).option);
+    text += item(std::to_string(report->command),
+                 fmt::format("{}，{}，条件：{}", areaName(report->area), report->printTitle, options));
+  }
+  return text;
+}
+
+std::string conditionsPart() {
+  std::string text;
+  for (const auto& condition : allParameters()) {
+    text += item(fmt::format("--{} {}", condition.option, condition.valueName), condition.help);
+  }
+  return text;
+}
+
+// The examples of the program's help, one a line as they are typed.
+std::string examplesPart(const CLI::App& app) {
+  std::string text = ".nf\n";
+  constexpr std::string_view mark = "例：";
+  for (const auto& line : CLI::detail::split(app.get_footer(), '\n')) {
+    if (line.starts_with(mark)) text += plain(line.substr(mark.size())) + "\n";
+  }
+  return text + ".fi\n";
+}
+
+}  // namespace
+
+std::string manualPage(const CLI::App& app) {
+  std::string text = ".TH TZASSISTANT 1 \"\" \"TzAssistant " TZ_VERSION "\" \"用户命令\"\n.ad l\n.nh\n";
+  text += section("名称") + "tzassistant \\- 企业会计的辅助核算\n";
+  text += section("用法") + ".B tzassistant\n[子命令] [选项]\n";
+  text += section("说明") + plain(app.get_description()) + "\n";
+  text += section("选项");
+  for (const auto* option : app.get_options()) text += optionItem(*option);
+  text += section("子命令");
+  for (const auto* command : app.get_subcommands({})) {
+    text += commandPart(*command, app.get_name() + " " + command->get_name());
+  }
+  text += section("报表") + reportsPart();
+  text += section("条件") + conditionsPart();
+  text += section("退出状态");
+  text += item("0", "完成") + item("1", "被拒绝，原因见标准错误输出") + item("2", "用法不对");
+  text += item("3", "数据库或输出失败") + item("4", "没有权限");
+  text += section("环境变量");
+  text += item("TZ_PASSWORD", "操作员的口令") + item("NO_COLOR", "终端上不用颜色");
+  return text + section("示例") + examplesPart(app);
+}
+
+}  // namespace tz::cli

@@ -1,0 +1,121 @@
+// The help of every command: its examples are run as they stand, and the manual page is well-formed and whole.
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "catalogue/catalogue.h"
+#include "cli/small_company.h"
+
+namespace tz::test {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+std::string helpOf(Arguments command) {
+  command.emplace_back("--help");
+  const auto help = runProgram(command);
+  EXPECT_EQ(help.status, 0) << help.err;
+  EXPECT_EQ(help.err, "");
+  return help.out;
+}
+
+// The program, its subcommands and theirs, as help lists them.
+void collectCommands(const Arguments& command, std::vector<Arguments>& all) {
+  all.push_back(command);
+  bool inList = false;
+  for (const auto& line : linesOf(helpOf(command))) {
+    if (inList && line.starts_with("  ") && line[2] != ' ') {
+      auto inner = command;
+      inner.push_back(line.substr(2, line.find(' ', 2) - 2));
+      collectCommands(inner, all);
+    }
+    inList = line.ends_with("子命令:") || (inList && !line.empty());
+  }
+}
+
+class HelpTest : public ::testing::Test {
+ protected:
+  HelpTest() { EXPECT_EQ(runProgram({"ledger", "create", folder_.file("示例.db"), "--sample"}).status, 0); }
+
+  // Files go into the folder of the test. What it prints, or the file that it makes.
+  std::string runExample(const std::string& line) {
+    Arguments words;
+    std::string made;
+    std::istringstream text(line);
+    for (std::string word; text >> word; words.push_back(word)) {
+      if (word.find(".db") == std::string::npos && word.find(".xlsx") == std::string::npos) continue;
+      word = folder_.file(word);
+      if (word.ends_with(".xlsx") || words.back() == "create") made = word;
+    }
+    if (!made.empty()) std::filesystem::remove(made);
+    const auto run = runProgram(words);
+    EXPECT_EQ(run.status, 0) << line << "\n" << run.err;
+    EXPECT_EQ(run.err, "") << line;
+    return made.empty() ? run.out : fileBytes(made);
+  }
+  // How many examples the help of a command shows.
+  int runExamples(const Arguments& command, const std::string& expected) {
+    const std::string mark = "例：tzassistant ";
+    int examples = 0;
+    for (const auto& line : linesOf(helpOf(command))) {
+      if (!line.starts_with(mark)) continue;
+      ++examples;
+      const auto result = runExample(line.substr(mark.size()));
+      EXPECT_NE(result, "") << line;
+      const bool workbook = line.find(".xlsx") != std::string::npos;
+      EXPECT_TRUE(workbook || result.find(expected) != std::string::npos) << line;
+    }
+    return examples;
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(HelpTest, ShowsExamplesThatWork) {
+  std::vector<Arguments> commands;
+  collectCommands({}, commands);
+  EXPECT_GT(commands.size(), 6U);
+  for (const auto& command : commands) {
+    const bool desktop = !command.empty() && command.front() == "open";
+    const int examples = runExamples(command, "");
+    EXPECT_EQ(examples > 0, !desktop) << (command.empty() ? "tzassistant" : command.back());
+  }
+}
+
+TEST_F(HelpTest, ShowsExamplesOfReports) {
+  int examples = 0;
+  for (const auto* report : catalogue()) {
+    examples += runExamples({"report", std::to_string(report->command)}, std::string(report->printTitle));
+  }
+  EXPECT_GE(examples, 3);
+}
+
+TEST(ManualPage, IsWellFormedAndWhole) {
+  const auto page = runProgram({"--man"});
+  ASSERT_EQ(page.status, 0) << page.err;
+  const TempFolder folder;
+  std::ofstream(folder.file("tzassistant.1")) << page.out;
+  const auto shown = runCommand({"groff", "-Kutf8", "-Tutf8", "-man", "-ww", "-P-c", folder.file("tzassistant.1")});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_EQ(shown.err, "");
+  for (const auto* report : catalogue()) {
+    EXPECT_NE(page.out.find("\\fB" + std::to_string(report->command) + "\\fR"), std::string::npos);
+  }
+  std::string text = page.out;
+  for (auto at = text.find('\\'); at != std::string::npos; at = text.find('\\', at)) text.erase(at, 1);
+  for (const auto& condition : allParameters()) {
+    EXPECT_NE(text.find("fB--" + std::string(condition.option)), std::string::npos) << condition.option;
+  }
+  EXPECT_NE(text.find("tzassistant ledger create"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tz::test
