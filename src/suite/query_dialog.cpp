@@ -28,6 +28,13 @@ QPushButton* textButton(int id, const QString& text, QWidget* parent) {
   return button;
 }
 
+// Accounts and classes: others offer what belongs to them.
+bool ownsOthers(const QueryField& field) {
+  return std::ranges::any_of(keysOf(field.Spec()), [](ParameterKey key) {
+    return key == ParameterKey::account || key == ParameterKey::projectClass;
+  });
+}
+
 }  // namespace
 
 CTzQueryDialog::CTzQueryDialog(const DialogSpec& dialog, Session& session, QWidget* parent)
@@ -38,6 +45,7 @@ CTzQueryDialog::CTzQueryDialog(const DialogSpec& dialog, Session& session, QWidg
     fields_.push_back(makeField(control, this));
     QueryField* field = fields_.back().get();
     connect(field, &QueryField::referenceWanted, this, [this, field] { OnReference(*field); });
+    connect(field, &QueryField::ownerChanged, this, &CTzQueryDialog::OnOwnerChanged);
   }
   LayOut();
 }
@@ -75,22 +83,23 @@ void CTzQueryDialog::LayOut() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(margin);
+  // Not the window's own least width: that would let fields that need more overlap.
+  layout->addStrut(smallestWidth - 2 * margin);
   layout->addLayout(rows);
   layout->addStretch();
   layout->addLayout(buttons);
-  setMinimumWidth(smallestWidth);
 }
 
 void CTzQueryDialog::OfferSaved(ConditionStore& store, int report) {
-  const auto current = [this] {
-    DoDataExchange(true);
+  const auto current = [this]() -> std::optional<Request> {
+    if (!Attempt([this] { DoDataExchange(true); })) return std::nullopt;
     return request_;
   };
   saved_ = new SavedConditionsBar(store, report, current, this);
   connect(saved_, &SavedConditionsBar::chosen, this, [this](const Request& request) {
     request_ = request;
     openedOn_ = request.text(ParameterKey::account);
-    DoDataExchange(false);
+    Attempt([this] { DoDataExchange(false); });
   });
   auto* rule = new QFrame(this);
   rule->setFrameShape(QFrame::HLine);
@@ -111,79 +120,117 @@ bool CTzQueryDialog::OnInitDialog() {
     return false;
   }
   if (saved_ != nullptr) saved_->Refresh();
-  openedOn_ = request_.text(ParameterKey::account);
-  DoDataExchange(false);
   const auto stops = Stops();
   if (!stops.empty()) stops.front()->setFocus(Qt::TabFocusReason);
   return true;
 }
 
 bool CTzQueryDialog::FillFields() {
-  try {
+  bool filled = false;
+  const bool read = Attempt([&] {
     if (session_.db.DBSelect(session_.ledger) != 0) {
-      AfxMessageBox(parentWidget(), Refusal{.id = MessageId::databaseNotOpen});
-      return false;
+      AfxMessageBox(parentWidget(), Refusal{.id = MessageId::databaseNotOpen, .caption = dialog_.messageCaption});
+      return;
     }
-    for (const auto& field : fields_) {
-      if (field->Fill(dialog_, session_)) continue;
-      AfxMessageBox(parentWidget(), Refusal{.id = dialog_.noAccount});
-      return false;
+    if (const auto refusal = openingRefusal(dialog_, session_)) {
+      AfxMessageBox(parentWidget(), *refusal);
+      return;
     }
+    for (const auto& field : fields_) field->Fill(dialog_, session_);
+    openedOn_ = request_.text(ParameterKey::account);
+    DoDataExchange(false);
+    filled = true;
+  });
+  return read && filled;
+}
+
+bool CTzQueryDialog::Attempt(const std::function<void()>& work) {
+  try {
+    work();
     return true;
   } catch (const DbError& error) {
-    AfxMessageBox(parentWidget(), explain(error), {}, MessageIcon::warning);
-    return false;
+    AfxMessageBox(isVisible() ? this : parentWidget(), explain(error), {}, MessageIcon::warning);
+  } catch (const WrongUse& wrong) {
+    TellWrongUse(wrong.what());
   }
+  return false;
+}
+
+// The words name the condition as the command line does; here the focus shows which one is meant.
+void CTzQueryDialog::TellWrongUse(std::string_view words) {
+  for (const auto& condition : allParameters()) {
+    const auto option = "--" + std::string(condition.option) + "：";
+    if (!words.starts_with(option)) continue;
+    AfxMessageBox(this, words.substr(option.size()), dialog_.messageCaption);
+    FocusOn(condition.key);
+    return;
+  }
+  AfxMessageBox(this, words, dialog_.messageCaption);
 }
 
 void CTzQueryDialog::DoDataExchange(bool takes) {
-  for (const auto& field : fields_) {
-    if (takes) {
-      field->Take(request_);
-    } else {
-      field->Show(request_);
-    }
+  if (takes) {
+    Request taken = request_;
+    for (const auto& field : fields_) field->Take(taken);
+    request_ = std::move(taken);
+    return;
   }
+  Request owners = request_;
+  for (const auto& field : fields_) {
+    field->Follow(owners, session_);
+    field->Show(request_);
+    if (ownsOthers(*field)) field->Take(owners);
+  }
+}
+
+void CTzQueryDialog::OnOwnerChanged() {
+  Attempt([this] {
+    Request owners = request_;
+    for (const auto& field : fields_) {
+      field->Follow(owners, session_);
+      if (ownsOthers(*field)) field->Take(owners);
+    }
+  });
 }
 
 void CTzQueryDialog::OnOK() {
-  DoDataExchange(true);
-  // An amount format belongs to the account that it was chosen for.
-  if (request_.text(ParameterKey::account) != openedOn_) request_.clear(ParameterKey::format);
-  try {
+  Attempt([this] {
+    DoDataExchange(true);
+    // An amount format belongs to the account that it was chosen for.
+    if (request_.text(ParameterKey::account) != openedOn_) request_.clear(ParameterKey::format);
     const auto validated = validate(dialog_, request_, session_);
-    if (const auto* refusal = std::get_if<Refusal>(&validated)) {
-      AfxMessageBox(this, *refusal);
-      if (refusal->about) FocusOn(*refusal->about);
+    const auto* refusal = std::get_if<Refusal>(&validated);
+    if (refusal == nullptr) {
+      QDialog::done(Accepted);
       return;
     }
-  } catch (const DbError& error) {
-    AfxMessageBox(this, explain(error), {}, MessageIcon::warning);
-    return;
-  }
-  QDialog::done(Accepted);
+    AfxMessageBox(this, *refusal);
+    if (refusal->about) FocusOn(*refusal->about);
+  });
 }
 
 void CTzQueryDialog::OnReference(QueryField& field) {
-  DoDataExchange(true);
-  try {
+  const bool asked = Attempt([&] {
+    DoDataExchange(true);
     if (field.Refer(request_, session_)) DoDataExchange(false);
-  } catch (const DbError& error) {
-    AfxMessageBox(this, explain(error), {}, MessageIcon::warning);
-  }
-  field.Stops().front()->setFocus(Qt::TabFocusReason);
+  });
+  if (asked) field.Stops().front()->setFocus(Qt::TabFocusReason);
 }
 
 void CTzQueryDialog::FocusOn(ParameterKey key) {
   for (const auto& field : fields_) {
-    if (field->Spec().key == key) field->Stops().front()->setFocus(Qt::TabFocusReason);
+    const auto keys = keysOf(field->Spec());
+    const auto part = static_cast<std::size_t>(std::ranges::find(keys, key) - keys.begin());
+    if (part < keys.size()) field->Stops().at(part)->setFocus(Qt::TabFocusReason);
   }
 }
 
 std::vector<QWidget*> CTzQueryDialog::Stops() const {
   std::vector<QWidget*> all;
   for (const auto& field : fields_) {
-    for (QWidget* stop : field->Stops()) all.push_back(stop);
+    for (QWidget* stop : field->Stops()) {
+      if (stop->isVisibleTo(this)) all.push_back(stop);
+    }
   }
   return all;
 }

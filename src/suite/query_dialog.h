@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -50,6 +51,11 @@ class CTzQueryDialog : public QDialog {
  private:
   void LayOut();
   bool FillFields();
+  // Fields that offer what belongs to an account or class offer what belongs to those chosen now.
+  void OnOwnerChanged();
+  // Runs a piece of work and tells by message box why it fails.
+  bool Attempt(const std::function<void()>& work);
+  void TellWrongUse(std::string_view words);
   void OnReference(QueryField& field);
   void FocusOn(ParameterKey key);
   void OnEnter();

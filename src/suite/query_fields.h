@@ -21,20 +21,25 @@ class QueryField : public QObject {
   [[nodiscard]] const ControlSpec& Spec() const { return spec_; }
   // What stands in the field's row, behind its caption.
   [[nodiscard]] virtual QWidget* Row() = 0;
-  // The controls that Enter goes through.
+  // The controls that Enter goes through, one for each condition of the field and in their order.
   [[nodiscard]] virtual std::vector<QWidget*> Stops() = 0;
   // Whether its caption stands in front of the row, not inside it.
   [[nodiscard]] virtual bool HasLabel() const { return true; }
 
-  // What the field offers, as the ledger stands at this opening. False: a list without which the dialog cannot open.
-  virtual bool Fill(const DialogSpec& /*dialog*/, Session& /*session*/) { return true; }
+  // What the field offers, as the ledger stands at this opening.
+  virtual void Fill(const DialogSpec& /*dialog*/, Session& /*session*/) {}
+  // What it offers for the account and the class that are chosen; what is chosen stays, where it is still offered.
+  virtual void Follow(const Request& /*request*/, Session& /*session*/) {}
   virtual void Show(const Request& request) = 0;
+  // Throws WrongUse for text that is no value of its condition.
   virtual void Take(Request& request) const = 0;
   // Lets the person pick from a reference window. False when nothing was picked, or there is no such window.
   virtual bool Refer(Request& /*request*/, Session& /*session*/) { return false; }
 
  signals:
   void referenceWanted();
+  // Another account or class was chosen by hand: fields that offer what belongs to it follow.
+  void ownerChanged();
 
  private:
   const ControlSpec& spec_;

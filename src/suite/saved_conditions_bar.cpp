@@ -24,8 +24,7 @@ QToolButton* textButton(const QString& name, const QString& text, const QString&
 
 }  // namespace
 
-SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, std::function<Request()> current,
-                                       QWidget* parent)
+SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, Current current, QWidget* parent)
     : QWidget(parent), store_(store), report_(report), current_(std::move(current)), names_(new QComboBox(this)) {
   const QString caption = QStringLiteral("保存的条件");
   auto* label = new QLabel(caption, this);
@@ -74,7 +73,8 @@ void SavedConditionsBar::Save() {
   if (IsKept(name) && !AfxMessageBox(window(), fromQt(question), {}, MessageIcon::information, MessageButtons::yesNo)) {
     return;
   }
-  if (!Attempt([&] { store_.Save(report_, fromQt(name), current_()); })) return;
+  const auto request = current_();
+  if (!request || !Attempt([&] { store_.Save(report_, fromQt(name), *request); })) return;
   Refresh();
   names_->setCurrentIndex(names_->findText(name, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "suite/condition_store.h"
 
@@ -15,8 +16,9 @@ class SavedConditionsBar : public QWidget {
   Q_OBJECT
 
  public:
-  // `current` tells what the fields hold.
-  SavedConditionsBar(ConditionStore& store, int report, std::function<Request()> current, QWidget* parent);
+  // What the fields hold; nothing when that is no condition, which the person has then been told.
+  using Current = std::function<std::optional<Request>()>;
+  SavedConditionsBar(ConditionStore& store, int report, Current current, QWidget* parent);
 
   // Reads the names anew and shows none of them as chosen.
   void Refresh();
@@ -35,7 +37,7 @@ class SavedConditionsBar : public QWidget {
 
   ConditionStore& store_;
   int report_;
-  std::function<Request()> current_;
+  Current current_;
   QComboBox* names_;
 };
 

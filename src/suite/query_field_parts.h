@@ -1,0 +1,49 @@
+// What the fields of condition dialogs are made of, and the makers of their groups.
+#pragma once
+
+#include <QHBoxLayout>
+#include <QString>
+#include <string>
+
+#include "suite/query_fields.h"
+
+class QToolButton;
+
+namespace tz {
+
+class CUsefulCombox;
+
+// A control with its id as object name.
+template <class Control>
+Control* madeControl(int id, QWidget* parent) {
+  auto* control = new Control(parent);
+  control->setObjectName(QString::number(id));
+  return control;
+}
+
+// A row without margins of its own.
+[[nodiscard]] QHBoxLayout* rowLayout(QWidget* row);
+// The button beside a name, which opens the name's reference window.
+[[nodiscard]] QToolButton* viewButton(const ControlSpec& spec, QWidget* parent);
+// An empty field is a condition left out.
+void setText(Request& request, ParameterKey key, const std::string& text);
+
+// Texts that begin with a code are the same when their codes are.
+enum class EntryValue { text, code };
+[[nodiscard]] std::string valueOf(const std::string& entry, EntryValue value);
+// Chooses the entry of this value; none when there is no such one, which the empty field then tells.
+void chooseValue(CUsefulCombox& combo, const std::string& wanted, EntryValue value);
+// Other entries; the one chosen stays, else the first one is chosen.
+void refill(CUsefulCombox& combo, const ComboList& list);
+// The id of the project class that an account carries, the first of several; empty when it carries none.
+[[nodiscard]] std::string classOfAccount(const std::string& account, Session& session);
+
+// The makers. Each knows the kinds of its group, of others it returns null.
+[[nodiscard]] std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeListField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeRangeField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeAccountListsField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeFigureField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeChoiceField(const ControlSpec& spec, QWidget* dialog);
+
+}  // namespace tz

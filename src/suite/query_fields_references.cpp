@@ -1,0 +1,151 @@
+// Names to type, or to pick with the button beside them: department, person, unit, item of a project class.
+#include <QLineEdit>
+#include <QToolButton>
+
+#include "suite/archive_references.h"
+#include "suite/qt_text.h"
+#include "suite/query_field_parts.h"
+#include "suite/useful_combox.h"
+
+namespace tz {
+namespace {
+
+constexpr int classComboId = 2211;
+
+class ReferenceField : public QueryField {
+ public:
+  ReferenceField(const ControlSpec& spec, QWidget* dialog)
+      : QueryField(spec),
+        row_(new QWidget(dialog)),
+        edit_(madeControl<QLineEdit>(spec.id, row_)),
+        view_(viewButton(spec, row_)) {
+    edit_->setAccessibleName(toQt(spec.caption));
+    if (spec.all) edit_->setPlaceholderText(toQt(allMembers));
+    auto* layout = rowLayout(row_);
+    layout->setSpacing(4);
+    layout->addWidget(edit_, 1);
+    layout->addWidget(view_);
+    connect(view_, &QToolButton::clicked, this, &QueryField::referenceWanted);
+  }
+  QWidget* Row() override { return row_; }
+  std::vector<QWidget*> Stops() override { return {edit_}; }
+  void Show(const Request& request) override { ShowName(request, Spec().key); }
+  void Take(Request& request) const override { TakeName(request, Spec().key); }
+
+ protected:
+  void ShowName(const Request& request, ParameterKey key) {
+    edit_->setText(toQt(request.text(key)));
+    edit_->setCursorPosition(0);
+  }
+  void TakeName(Request& request, ParameterKey key) const { setText(request, key, fromQt(edit_->text().trimmed())); }
+  [[nodiscard]] QLineEdit* Edit() const { return edit_; }
+  // Puts a control in front of the name.
+  void Lead(QWidget* control) {
+    static_cast<QHBoxLayout*>(row_->layout())->insertWidget(0, control, 1);
+    QWidget::setTabOrder(control, edit_);
+    QWidget::setTabOrder(edit_, view_);
+  }
+
+ private:
+  QWidget* row_;
+  QLineEdit* edit_;
+  QToolButton* view_;
+};
+
+class DeptField : public ReferenceField {
+ public:
+  using ReferenceField::ReferenceField;
+  bool Refer(Request& request, Session& session) override {
+    CDeptReferenceDlg reference(session.db, Row()->window());
+    reference.SetDeptName(request.text(ParameterKey::dept));
+    if (!reference.DoModal()) return false;
+    setText(request, ParameterKey::dept, reference.DeptName());
+    return true;
+  }
+};
+
+class PersonField : public ReferenceField {
+ public:
+  using ReferenceField::ReferenceField;
+  bool Refer(Request& request, Session& session) override {
+    CPersonReferenceDlg reference(session.db, Row()->window());
+    reference.SetNames(request.text(ParameterKey::dept), request.text(ParameterKey::person));
+    if (!reference.DoModal()) return false;
+    setText(request, ParameterKey::dept, reference.DeptName());
+    setText(request, ParameterKey::person, reference.PersonName());
+    return true;
+  }
+};
+
+class UnitField : public ReferenceField {
+ public:
+  using ReferenceField::ReferenceField;
+  bool Refer(Request& request, Session& session) override {
+    CUnitReferenceDlg reference(session.db, Row()->window());
+    reference.SetUnitName(request.text(ParameterKey::unit));
+    if (!reference.DoModal()) return false;
+    setText(request, ParameterKey::unit, reference.UnitName());
+    return true;
+  }
+};
+
+// An item: its class in front of its name.
+class ProjectField : public ReferenceField {
+ public:
+  ProjectField(const ControlSpec& spec, QWidget* dialog)
+      : ReferenceField(spec, dialog), class_(madeControl<CUsefulCombox>(classComboId, Row())) {
+    constexpr int signs = 12;
+    class_->setMinimumContentsLength(signs);
+    class_->setAccessibleName(QStringLiteral("项目大类"));
+    Lead(class_);
+    connect(class_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);
+  }
+  std::vector<QWidget*> Stops() override { return {class_, Edit()}; }
+  void Fill(const DialogSpec& /*dialog*/, Session& session) override {
+    class_->Fill(CInitComboFun::InitItemClassCombox(session.db));
+  }
+  void Show(const Request& request) override {
+    const auto classId = valueOf(request.text(ParameterKey::projectClass), EntryValue::code);
+    if (classId.empty()) {
+      class_->SelectIndex(0);
+    } else {
+      chooseValue(*class_, classId, EntryValue::code);
+    }
+    ShowName(request, ParameterKey::project);
+  }
+  void Take(Request& request) const override {
+    setText(request, ParameterKey::projectClass, valueOf(class_->CurrentText(), EntryValue::code));
+    TakeName(request, ParameterKey::project);
+  }
+  bool Refer(Request& request, Session& session) override {
+    const auto classId = request.text(ParameterKey::projectClass);
+    if (classId.empty()) return false;
+    CItemReferenceDlg reference(session.db, classId, Row()->window());
+    reference.SetItemName(request.text(ParameterKey::project));
+    if (!reference.DoModal()) return false;
+    setText(request, ParameterKey::project, reference.ItemName());
+    return true;
+  }
+
+ private:
+  CUsefulCombox* class_;
+};
+
+}  // namespace
+
+std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog) {
+  switch (spec.kind) {
+    case ControlSpec::Kind::deptReference:
+      return std::make_unique<DeptField>(spec, dialog);
+    case ControlSpec::Kind::personReference:
+      return std::make_unique<PersonField>(spec, dialog);
+    case ControlSpec::Kind::unitReference:
+      return std::make_unique<UnitField>(spec, dialog);
+    case ControlSpec::Kind::projectReference:
+      return std::make_unique<ProjectField>(spec, dialog);
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace tz

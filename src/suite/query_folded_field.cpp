@@ -1,0 +1,42 @@
+#include "suite/query_folded_field.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "suite/qt_text.h"
+
+namespace tz {
+
+FoldedField::FoldedField(const ControlSpec& spec, bool folds, QWidget* dialog)
+    : QueryField(spec), row_(new QWidget(dialog)), body_(new QWidget(row_)) {
+  auto* layout = new QVBoxLayout(row_);
+  layout->setContentsMargins(0, 0, 0, 0);
+  if (folds) {
+    button_ = new QPushButton(toQt(spec.caption), row_);
+    button_->setObjectName(QStringLiteral("unfold"));
+    button_->setCheckable(true);
+    button_->setAutoDefault(false);
+    layout->addWidget(button_, 0, Qt::AlignLeft);
+    connect(button_, &QPushButton::clicked, this, &FoldedField::OnButton);
+  }
+  layout->addWidget(body_);
+  body_->setVisible(!folds);
+}
+
+bool FoldedField::IsFolded() const { return body_->isHidden(); }
+
+void FoldedField::Unfold(bool unfolded) {
+  if (button_ == nullptr) return;
+  button_->setChecked(unfolded);
+  button_->setText(toQt(unfolded && !Spec().unfoldedCaption.empty() ? Spec().unfoldedCaption : Spec().caption));
+  body_->setVisible(unfolded);
+}
+
+void FoldedField::OnButton(bool unfolded) {
+  Unfold(unfolded);
+  row_->updateGeometry();
+  row_->window()->adjustSize();
+  if (unfolded) Stops().front()->setFocus(Qt::TabFocusReason);
+}
+
+}  // namespace tz
