@@ -5,6 +5,7 @@
 #include <array>
 
 #include "suite/qt_text.h"
+#include "suite/query_field_parts.h"
 #include "suite/useful_combox.h"
 #include "ui/painted_static.h"
 
@@ -17,9 +18,10 @@ struct WindowCombo {
   int id;
 };
 constexpr std::array windowCombos = {
-    WindowCombo{ControlSpec::Kind::accountCombo, 2206},
-    WindowCombo{ControlSpec::Kind::deptReference, 2207},
-    WindowCombo{ControlSpec::Kind::personReference, 2208},
+    WindowCombo{ControlSpec::Kind::accountCombo, 2206},  WindowCombo{ControlSpec::Kind::deptReference, 2207},
+    WindowCombo{ControlSpec::Kind::deptCombo, 2207},     WindowCombo{ControlSpec::Kind::personReference, 2208},
+    WindowCombo{ControlSpec::Kind::unitReference, 2212}, WindowCombo{ControlSpec::Kind::unitClassCombo, 2212},
+    WindowCombo{ControlSpec::Kind::clerkCombo, 2213},
 };
 // The labels in front of them, from left to right.
 constexpr std::array labelIds = {1006, 1009, 1012};
@@ -27,6 +29,19 @@ constexpr std::array labelIds = {1006, 1009, 1012};
 // Accounts are the same when their codes are: a condition may name the code alone.
 std::string comparable(ParameterKey key, const std::string& text) {
   return key == ParameterKey::account ? CGetData::GetCode_Separator(text) : text;
+}
+
+ComboList unitsByCode(const CQnCwDB& db) {
+  ComboList list;
+  for (const auto& unit : db.Enter_GetInfo("lId > 0 ORDER BY sEnterId, lId"))
+    list.push_back({unit.sEnterName, unit.lId});
+  return list;
+}
+
+ComboList depts(const CQnCwDB& db, bool all) {
+  auto list = CInitComboFun::InitPartNameCombox(db);
+  if (all) list.insert(list.begin(), {std::string(allMembers), 0});
+  return list;
 }
 
 }  // namespace
@@ -58,7 +73,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   if (!members_.empty()) row->addSpacing(10);
   row->addWidget(label);
   row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
-  members_.push_back({control.key, combo});
+  members_.push_back({control.key, control.all, combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, combo->CurrentText()); });
 }
@@ -74,13 +89,18 @@ bool ConditionCombos::Fill(const CQnCwDB& db) {
     if (accounts.empty()) return false;
     if (auto* account = Find(ParameterKey::account)) account->Fill(accounts);
   }
-  if (auto* dept = Find(ParameterKey::dept)) dept->Fill(CInitComboFun::InitPartNameCombox(db));
+  for (const Member& member : members_) {
+    if (member.key == ParameterKey::dept) member.combo->Fill(depts(db, member.all));
+    if (member.key == ParameterKey::unit) member.combo->Fill(unitsByCode(db));
+    if (member.key == ParameterKey::unitClass) member.combo->Fill(CInitComboFun::InitEnterClassCombox(db));
+  }
   return true;
 }
 
 void ConditionCombos::Select(const Request& request, const CQnCwDB& db) {
   for (const Member& member : members_) {
     if (member.key == ParameterKey::person) RefillPersons(db);
+    if (member.key == ParameterKey::clerk) RefillClerks(request.text(ParameterKey::account), db);
     SelectIn(member, request.text(member.key));
   }
 }
@@ -100,6 +120,17 @@ void ConditionCombos::RefillPersons(const CQnCwDB& db) {
   auto* person = Find(ParameterKey::person);
   const auto* dept = Find(ParameterKey::dept);
   if (person != nullptr && dept != nullptr) person->Fill(CInitComboFun::InitNameCombox(db, dept->CurrentDatum()));
+}
+
+void ConditionCombos::RefillClerks(const std::string& account, const CQnCwDB& db) {
+  refill(*Find(ParameterKey::clerk), offeredClerks(db, CGetData(db).GetCodeId_new(account)));
+}
+
+void ConditionCombos::FollowAccount(Request& request, const CQnCwDB& db) {
+  const auto* clerk = Find(ParameterKey::clerk);
+  if (clerk == nullptr) return;
+  RefillClerks(request.text(ParameterKey::account), db);
+  request.set(ParameterKey::clerk, clerk->CurrentText());
 }
 
 }  // namespace tz

@@ -1,4 +1,5 @@
-// The condition combos above the grid of a report: account, department, person, as the report's conditions have them.
+// The condition combos above the grid of a report: account, department, person, unit or unit class, clerk, as the
+// report's conditions have them.
 // They show what the grid shows; choosing another entry changes the condition.
 #pragma once
 
@@ -24,6 +25,8 @@ class ConditionCombos : public QWidget {
   void Select(const Request& request, const CQnCwDB& db);
   // Fills the list of persons with those of the chosen department and selects none of them.
   void RefillPersons(const CQnCwDB& db);
+  // Lets the request follow another account: a clerk that it does not have becomes the first one that it has.
+  void FollowAccount(Request& request, const CQnCwDB& db);
 
  signals:
   // Another entry than before was chosen by hand.
@@ -32,10 +35,12 @@ class ConditionCombos : public QWidget {
  private:
   struct Member {
     ParameterKey key;
+    bool all;  // "全部" is offered
     CUsefulCombox* combo;
   };
   void AddCombo(const ControlSpec& control, int comboId);
   [[nodiscard]] CUsefulCombox* Find(ParameterKey key) const;
+  void RefillClerks(const std::string& account, const CQnCwDB& db);
   static void SelectIn(const Member& member, const std::string& wanted);
 
   const DialogSpec& dialog_;

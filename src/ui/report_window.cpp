@@ -256,9 +256,10 @@ void ReportWindow::OnConditionChosen(ParameterKey key, const std::string& chosen
   request_.set(key, chosen);
   if (key == ParameterKey::dept && !request_.text(ParameterKey::person).empty()) {
     Attempt([this] { AwaitPerson(); });
-  } else {
-    Refresh();
+    return;
   }
+  if (key == ParameterKey::account) Attempt([this] { heading_->Conditions().FollowAccount(request_, *g_pDB); });
+  Refresh();
 }
 
 void ReportWindow::AwaitPerson() {
