@@ -85,9 +85,11 @@ GoldenFile readGoldenFile(const std::string& path) {
   enum class Section { none, table, report } section = Section::none;
   for (std::string line; std::getline(stream, line);) {
     if (line.starts_with('#')) continue;
-    if (line.starts_with("[report]")) {
+    if (line.starts_with("[report")) {
       section = Section::report;
-      file.reports.push_back({words(line.substr(8)), {}});
+      const auto end = line.find(']');
+      const auto id = trimmed(line.substr(7, end - 7));
+      file.reports.push_back({id.empty() ? "10190" : id, words(line.substr(end + 1)), {}});
     } else if (line.starts_with('[')) {
       section = Section::table;
       file.tables.push_back({line.substr(1, line.find(']') - 1), {}});

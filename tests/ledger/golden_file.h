@@ -23,7 +23,8 @@ struct GoldenTable {
 };
 
 struct GoldenReport {
-  std::vector<std::string> arguments;  // behind "report 10190 --ledger LEDGER"
+  std::string id;                      // "[report 10184]"; 10190 where a file says "[report]"
+  std::vector<std::string> arguments;  // behind "report ID --ledger LEDGER"
   std::string expected;                // canonical lines, as shownReport makes them
 };
 
