@@ -6,8 +6,7 @@
 #include <QLineEdit>
 #include <gtest/gtest.h>
 
-#include "ledger/definitions.h"
-#include "reports/report_definition.h"
+#include "catalogue/catalogue.h"
 #include "suite/condition_store.h"
 #include "suite/person_ledger.h"
 #include "suite/useful_combox.h"
@@ -34,7 +33,7 @@ class QueryDialog : public ::testing::Test {
   PersonLedger ledger;
   RecordedMessages messages;
   Session session = ledger.session();
-  CTzQueryDialog dialog{*personThreeColumnDetail.dialog, session, nullptr};
+  CTzQueryDialog dialog{*findReport(10190)->dialog, session, nullptr};
 };
 
 Request requestFor(std::string_view account, std::string_view dept, std::string_view person) {
@@ -214,7 +213,7 @@ TEST_F(QueryDialog, HostileNamesAreOnlyNames) {
 
 TEST_F(QueryDialog, LedgerThatIsNotOpenIsToldAtOnce) {
   Session closed{.db = ledger.db, .ledger = "nowhere", .logon = {2006, 3, 15}};
-  CTzQueryDialog other(*personThreeColumnDetail.dialog, closed, nullptr);
+  CTzQueryDialog other(*findReport(10190)->dialog, closed, nullptr);
   EXPECT_FALSE(other.DoModal());
   EXPECT_EQ(messages.takeLast(), "数据库没有打开!");
 }
@@ -236,7 +235,7 @@ TEST(QueryDialogWithoutAccounts, ClosesItselfAfterItsMessage) {
   PersonLedger ledger(false);
   RecordedMessages messages;
   Session session = ledger.session();
-  CTzQueryDialog dialog(*personThreeColumnDetail.dialog, session, nullptr);
+  CTzQueryDialog dialog(*findReport(10190)->dialog, session, nullptr);
   EXPECT_FALSE(dialog.DoModal());
   EXPECT_EQ(messages.takeLast(), "没有个人核算科目,不能查询个人三栏明细帐。");
   EXPECT_FALSE(dialog.isVisible());
