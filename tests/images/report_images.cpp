@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 
 #include "catalogue/catalogue.h"
@@ -110,6 +111,24 @@ bool drawDialogs(const ReportDefinition& report, const QString& theme, const Sav
   return asked && referred;
 }
 
+// Condition dialogs that have lists, ranges or choices, with everything unfolded.
+constexpr std::array tellingDialogs = {541, 559, 560, 618, 621};
+
+bool drawConditions(const ReportDefinition& report, const QString& theme, const Save& save) {
+  ReportWindow window(report, nullptr);
+  bool saved = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    if (auto* button = dialog->findChild<QAbstractButton*>(QStringLiteral("unfold"))) button->click();
+    QApplication::processEvents();
+    saved = save(*dialog, QStringLiteral("conditions-%1-%2").arg(report.dialog->id).arg(theme));
+    dialog->done(QDialog::Rejected);
+  });
+  window.OnCommandQuery();
+  return saved;
+}
+
 // What the host shows: the window that asks for a ledger, and the navigator with the ledger's menu.
 bool drawHost(const QString& ledger, const QString& theme, const Save& save) {
   g_lpArgument.clear();
@@ -136,6 +155,10 @@ bool drawReports(const QString& theme, const Save& save) {
   const ReportDefinition* report = findReport(10190);
   for (const View& view : views) {
     if (!drawView(*report, view, theme, save)) return false;
+  }
+  for (const ReportDefinition* each : catalogue()) {
+    const bool telling = std::ranges::find(tellingDialogs, each->dialog->id) != tellingDialogs.end();
+    if (telling && !drawConditions(*each, theme, save)) return false;
   }
   return drawDialogs(*report, theme, save) && drawHost(ledger.File(), theme, save);
 }
