@@ -76,6 +76,10 @@ Question questionFor(const ReportDefinition& report, Reader& reader, const std::
        {std::pair{ParameterKey::from, "1"}, {ParameterKey::to, "12"}, {ParameterKey::unposted, "1"}}) {
     if (std::ranges::find(taken, key) != taken.end()) question.request.set(key, value);
   }
+  const auto classes = reader.db().ProjClass_GetInfo("sItemId <> '' ORDER BY lId");
+  if (!classes.empty() && std::ranges::find(taken, ParameterKey::projectClass) != taken.end()) {
+    question.request.set(ParameterKey::projectClass, classes.front().sItemId);
+  }
   Search search(values);
   for (int tries = 0; tries < 5000; ++tries) {
     const auto outcome = reader.ask(question);
