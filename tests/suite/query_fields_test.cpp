@@ -18,44 +18,30 @@ namespace {
 using Kind = ControlSpec::Kind;
 using Key = ParameterKey;
 
-constexpr ControlSpec account{Kind::accountCombo, Key::account, 2206, 0,
-                              "科目"};
+constexpr ControlSpec account{Kind::accountCombo, Key::account, 2206, 0, "科目"};
 constexpr ControlSpec dept{Kind::deptCombo, Key::dept, 2207, 0, "部门", true};
 constexpr ControlSpec unit{Kind::unitReference, Key::unit, 2115, 2028, "单位"};
-constexpr ControlSpec unitClass{Kind::unitClassCombo, Key::unitClass, 2210, 0,
-                                "分类"};
+constexpr ControlSpec unitClass{Kind::unitClassCombo, Key::unitClass, 2210, 0, "分类"};
 constexpr ControlSpec clerk{Kind::clerkCombo, Key::clerk, 2213, 0, "业务员"};
-constexpr ControlSpec projectClass{Kind::classCombo, Key::projectClass, 2211, 0,
-                                   "项目大类"};
-constexpr ControlSpec project{Kind::projectReference, Key::project, 2117, 2015,
-                              "项目"};
-constexpr ControlSpec range{
-    Kind::projectRange, Key::projectFrom, 2214, 2215, "显示项目", false,
-    "不显示项目"};
-constexpr ControlSpec lists{Kind::accountLists, Key::account, 2301, 2302,
-                            "科目"};
-constexpr ControlSpec foldedLists{
-    Kind::accountLists, Key::account, 2301,        2302,
-    "显示科目",         false,        "不显示科目"};
-constexpr ControlSpec amounts{Kind::amountRange, Key::minimum, 2113, 2114,
-                              "余额"};
+constexpr ControlSpec projectClass{Kind::classCombo, Key::projectClass, 2211, 0, "项目大类"};
+constexpr ControlSpec project{Kind::projectReference, Key::project, 2117, 2015, "项目"};
+constexpr ControlSpec range{Kind::projectRange, Key::projectFrom, 2214, 2215, "显示项目", false, "不显示项目"};
+constexpr ControlSpec lists{Kind::accountLists, Key::account, 2301, 2302, "科目"};
+constexpr ControlSpec foldedLists{Kind::accountLists, Key::account, 2301, 2302, "显示科目", false, "不显示科目"};
+constexpr ControlSpec amounts{Kind::amountRange, Key::minimum, 2113, 2114, "余额"};
 constexpr ControlSpec side{Kind::side, Key::side, 2405, 0, "方向"};
-constexpr ControlSpec analysis{Kind::analysis, Key::analysis, 2464, 2409,
-                               "分析方式"};
+constexpr ControlSpec analysis{Kind::analysis, Key::analysis, 2464, 2409, "分析方式"};
 constexpr ControlSpec cutoff{Kind::date, Key::cutoff, 2101, 2001, "截止日期"};
-constexpr ControlSpec unposted{Kind::checkBox, Key::unposted, 2601, 0,
-                               "包含未记帐凭证"};
+constexpr ControlSpec unposted{Kind::checkBox, Key::unposted, 2601, 0, "包含未记帐凭证"};
 
-constexpr std::string_view unitAccounts =
-    "sAssBook = 'B' AND bEnd <> 0 ORDER BY sCode";
+constexpr std::string_view unitAccounts = "sAssBook = 'B' AND bEnd <> 0 ORDER BY sCode";
 constexpr std::string_view projectAccounts = "sAssBook = 'D' ORDER BY sCode";
 
 class QueryFields : public ::testing::Test {
-protected:
+ protected:
   // Opens a dialog of these controls with `script` inside; whether it was
   // confirmed.
-  bool run(std::vector<ControlSpec> controls, std::string_view accounts,
-           std::function<void(QWidget &)> script) {
+  bool run(std::vector<ControlSpec> controls, std::string_view accounts, std::function<void(QWidget&)> script) {
     controls_ = std::move(controls);
     spec_ = {.id = 9999,
              .title = "条件",
@@ -71,27 +57,23 @@ protected:
     request = dialog.GetRequest();
     return confirmed;
   }
-  static QString shown(const QWidget &window, const QString &id) {
+  static QString shown(const QWidget& window, const QString& id) {
     return control<CUsefulCombox>(window, id).currentText();
   }
-  static void press(const QWidget &window, const QString &id, Qt::Key key) {
+  static void press(const QWidget& window, const QString& id, Qt::Key key) {
     QTest::keyClick(&control<QWidget>(window, id), key);
   }
-  static QStringList texts(const QWidget &window, const QString &list) {
-    const auto &items = control<QListWidget>(window, list);
+  static QStringList texts(const QWidget& window, const QString& list) {
+    const auto& items = control<QListWidget>(window, list);
     QStringList all;
-    for (int i = 0; i < items.count(); ++i)
-      all << items.item(i)->text();
+    for (int i = 0; i < items.count(); ++i) all << items.item(i)->text();
     return all;
   }
-  static void clickItem(const QWidget &window, const QString &list, int row,
-                        bool twice = false) {
-    auto &items = control<QListWidget>(window, list);
+  static void clickItem(const QWidget& window, const QString& list, int row, bool twice = false) {
+    auto& items = control<QListWidget>(window, list);
     const QPoint place = items.visualItemRect(items.item(row)).center();
     QTest::mouseClick(items.viewport(), Qt::LeftButton, Qt::NoModifier, place);
-    if (twice)
-      QTest::mouseDClick(items.viewport(), Qt::LeftButton, Qt::NoModifier,
-                         place);
+    if (twice) QTest::mouseDClick(items.viewport(), Qt::LeftButton, Qt::NoModifier, place);
   }
 
   MemberLedger ledger;
@@ -100,13 +82,13 @@ protected:
   Request request;
   std::vector<Check> checks;
 
-private:
+ private:
   std::vector<ControlSpec> controls_;
   DialogSpec spec_;
 };
 
 TEST_F(QueryFields, ListsOfferAllAndOther) {
-  EXPECT_TRUE(run({dept, unitClass}, "", [](QWidget &window) {
+  EXPECT_TRUE(run({dept, unitClass}, "", [](QWidget& window) {
     EXPECT_EQ(shown(window, "2207"), "全部");
     EXPECT_EQ(shown(window, "2210"), "客户");
     press(window, "2207", Qt::Key_Down);
@@ -119,8 +101,8 @@ TEST_F(QueryFields, ListsOfferAllAndOther) {
 }
 
 TEST_F(QueryFields, UnitIsPickedFromItsWindow) {
-  EXPECT_TRUE(run({unit}, "", [](QWidget &window) {
-    inModal([](QWidget &reference) {
+  EXPECT_TRUE(run({unit}, "", [](QWidget& window) {
+    inModal([](QWidget& reference) {
       QTest::keyClicks(&control<QLineEdit>(reference, "search"), "jyjx");
       QTest::keyClick(&control<QLineEdit>(reference, "search"), Qt::Key_Return);
     });
@@ -131,9 +113,9 @@ TEST_F(QueryFields, UnitIsPickedFromItsWindow) {
 }
 
 TEST_F(QueryFields, ClerksAreThoseOfTheAccountAndTheChosenOneStays) {
-  EXPECT_TRUE(run({account, clerk}, unitAccounts, [](QWidget &window) {
-    auto &clerks = control<CUsefulCombox>(window, "2213");
-    EXPECT_EQ(clerks.count(), 3); // two and "其它"
+  EXPECT_TRUE(run({account, clerk}, unitAccounts, [](QWidget& window) {
+    auto& clerks = control<CUsefulCombox>(window, "2213");
+    EXPECT_EQ(clerks.count(), 3);  // two and "其它"
     EXPECT_EQ(clerks.currentIndex(), 0);
     clerks.setFocus(Qt::TabFocusReason);
     QTest::keyClicks(&clerks, "wq");
@@ -154,7 +136,7 @@ TEST_F(QueryFields, ClerkThatIsGoneIsNotReplaced) {
   checks = {{&tz::checks::clerkChosen, MessageId::noAccount, Key::clerk}};
   request.set(Key::account, "112202");
   request.set(Key::clerk, "李娜");
-  EXPECT_FALSE(run({account, clerk}, unitAccounts, [this](QWidget &window) {
+  EXPECT_FALSE(run({account, clerk}, unitAccounts, [this](QWidget& window) {
     EXPECT_EQ(shown(window, "2213"), "");
     click(window, "1");
     ASSERT_EQ(messages.all.size(), 1U);
@@ -167,15 +149,13 @@ TEST_F(QueryFields, ClerkThatIsGoneIsNotReplaced) {
 }
 
 TEST_F(QueryFields, ItemIsPickedFromTheChosenClass) {
-  EXPECT_TRUE(run({project, unposted}, "", [](QWidget &window) {
+  EXPECT_TRUE(run({project, unposted}, "", [](QWidget& window) {
     EXPECT_EQ(window.focusWidget()->objectName(), "2211");
     EXPECT_EQ(shown(window, "2211"), "01 工程");
     press(window, "2211", Qt::Key_Down);
     QTest::keyClick(window.focusWidget(), Qt::Key_Return);
     EXPECT_EQ(window.focusWidget()->objectName(), "2117");
-    inModal([](QWidget &reference) {
-      QTest::keyClick(&control<QLineEdit>(reference, "search"), Qt::Key_Return);
-    });
+    inModal([](QWidget& reference) { QTest::keyClick(&control<QLineEdit>(reference, "search"), Qt::Key_Return); });
     QTest::keyClick(window.focusWidget(), Qt::Key_F2);
     EXPECT_EQ(control<QLineEdit>(window, "2117").text(), "新机型");
     click(window, "1");
@@ -185,116 +165,102 @@ TEST_F(QueryFields, ItemIsPickedFromTheChosenClass) {
 }
 
 TEST_F(QueryFields, ClassFollowsTheAccountAndStaysAsChosen) {
-  EXPECT_TRUE(
-      run({account, projectClass}, projectAccounts, [](QWidget &window) {
-        EXPECT_EQ(shown(window, "2211"), "01 工程");
-        press(window, "2206", Qt::Key_Down);
-        EXPECT_EQ(shown(window, "2211"), "RD 研发");
-        press(window, "2211", Qt::Key_Up);
-        EXPECT_EQ(shown(window, "2211"), "01 工程");
-        click(window, "1");
-      }));
+  EXPECT_TRUE(run({account, projectClass}, projectAccounts, [](QWidget& window) {
+    EXPECT_EQ(shown(window, "2211"), "01 工程");
+    press(window, "2206", Qt::Key_Down);
+    EXPECT_EQ(shown(window, "2211"), "RD 研发");
+    press(window, "2211", Qt::Key_Up);
+    EXPECT_EQ(shown(window, "2211"), "01 工程");
+    click(window, "1");
+  }));
   EXPECT_EQ(request.text(Key::projectClass), "01");
 }
 
 TEST_F(QueryFields, RangeUnfoldsAndOffersTheProjectsOfTheAccount) {
-  EXPECT_TRUE(
-      run({account, range, unposted}, projectAccounts, [](QWidget &window) {
-        const auto &from = control<CUsefulCombox>(window, "2214");
-        auto &button = control<QAbstractButton>(window, "unfold");
-        EXPECT_FALSE(from.isVisible());
-        press(window, "2206", Qt::Key_Return);
-        EXPECT_EQ(window.focusWidget()->objectName(),
-                  "2601"); // past what is folded up
-        const int folded = window.height();
-        click(window, "unfold");
-        EXPECT_TRUE(from.isVisible());
-        EXPECT_EQ(button.text(), "不显示项目");
-        EXPECT_EQ(window.focusWidget()->objectName(), "2214");
-        EXPECT_GT(window.height(), folded);
-        EXPECT_EQ(from.count(), 3);
-        EXPECT_EQ(from.itemText(1), "001 一号厂房");
-        press(window, "2206", Qt::Key_Down);
-        EXPECT_EQ(from.itemText(1), "R1 新机型");
-        press(window, "2206", Qt::Key_Up);
-        press(window, "2214", Qt::Key_Down);
-        click(window, "1");
-      }));
+  EXPECT_TRUE(run({account, range, unposted}, projectAccounts, [](QWidget& window) {
+    const auto& from = control<CUsefulCombox>(window, "2214");
+    auto& button = control<QAbstractButton>(window, "unfold");
+    EXPECT_FALSE(from.isVisible());
+    press(window, "2206", Qt::Key_Return);
+    EXPECT_EQ(window.focusWidget()->objectName(),
+              "2601");  // past what is folded up
+    const int folded = window.height();
+    click(window, "unfold");
+    EXPECT_TRUE(from.isVisible());
+    EXPECT_EQ(button.text(), "不显示项目");
+    EXPECT_EQ(window.focusWidget()->objectName(), "2214");
+    EXPECT_GT(window.height(), folded);
+    EXPECT_EQ(from.count(), 3);
+    EXPECT_EQ(from.itemText(1), "001 一号厂房");
+    press(window, "2206", Qt::Key_Down);
+    EXPECT_EQ(from.itemText(1), "R1 新机型");
+    press(window, "2206", Qt::Key_Up);
+    press(window, "2214", Qt::Key_Down);
+    click(window, "1");
+  }));
   EXPECT_EQ(request.text(Key::projectFrom), "001");
   EXPECT_EQ(request.text(Key::projectTo), "");
 
-  EXPECT_TRUE(
-      run({account, range, unposted}, projectAccounts, [](QWidget &window) {
-        EXPECT_EQ(shown(window, "2214"), "001 一号厂房");
-        EXPECT_TRUE(control<QWidget>(window, "2214").isVisible());
-        click(window, "unfold");
-        EXPECT_FALSE(control<QWidget>(window, "2214").isVisible());
-        EXPECT_EQ(control<QAbstractButton>(window, "unfold").text(),
-                  "显示项目");
-        click(window, "1");
-      }));
-  EXPECT_EQ(request.text(Key::projectFrom), ""); // nobody sees it any more
+  EXPECT_TRUE(run({account, range, unposted}, projectAccounts, [](QWidget& window) {
+    EXPECT_EQ(shown(window, "2214"), "001 一号厂房");
+    EXPECT_TRUE(control<QWidget>(window, "2214").isVisible());
+    click(window, "unfold");
+    EXPECT_FALSE(control<QWidget>(window, "2214").isVisible());
+    EXPECT_EQ(control<QAbstractButton>(window, "unfold").text(), "显示项目");
+    click(window, "1");
+  }));
+  EXPECT_EQ(request.text(Key::projectFrom), "");  // nobody sees it any more
 }
 
 TEST_F(QueryFields, AccountsMoveBetweenTheLists) {
-  EXPECT_TRUE(
-      run({lists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget &window) {
-        EXPECT_EQ(control<QAbstractButton>(window, "add").text(), "->");
-        const QWidget &add = control<QWidget>(window, "add");
-        EXPECT_FALSE(add.geometry().intersects(
-            control<QWidget>(window, "2301").geometry()));
-        EXPECT_FALSE(add.geometry().intersects(
-            control<QWidget>(window, "2302").geometry()));
-        clickItem(window, "2301", 2, true);
-        EXPECT_EQ(texts(window, "2302"), QStringList{"112202 运费"});
-        press(window, "2301", Qt::Key_Home);
-        click(window, "add");
-        EXPECT_EQ(texts(window, "2302"),
-                  QStringList({"1122 应收账款", "112202 运费"}));
-        EXPECT_EQ(texts(window, "2301"), QStringList{"112201 货款"});
-        click(window, "addAll");
-        EXPECT_EQ(texts(window, "2302").size(), 3);
-        clickItem(window, "2302", 1);
-        click(window, "remove");
-        EXPECT_EQ(texts(window, "2301"), QStringList{"112201 货款"});
-        click(window, "1");
-      }));
-  EXPECT_EQ(request.list(Key::account),
-            (std::vector<std::string>{"1122", "112202"}));
+  EXPECT_TRUE(run({lists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget& window) {
+    EXPECT_EQ(control<QAbstractButton>(window, "add").text(), "->");
+    const QWidget& add = control<QWidget>(window, "add");
+    EXPECT_FALSE(add.geometry().intersects(control<QWidget>(window, "2301").geometry()));
+    EXPECT_FALSE(add.geometry().intersects(control<QWidget>(window, "2302").geometry()));
+    clickItem(window, "2301", 2, true);
+    EXPECT_EQ(texts(window, "2302"), QStringList{"112202 运费"});
+    press(window, "2301", Qt::Key_Home);
+    click(window, "add");
+    EXPECT_EQ(texts(window, "2302"), QStringList({"1122 应收账款", "112202 运费"}));
+    EXPECT_EQ(texts(window, "2301"), QStringList{"112201 货款"});
+    click(window, "addAll");
+    EXPECT_EQ(texts(window, "2302").size(), 3);
+    clickItem(window, "2302", 1);
+    click(window, "remove");
+    EXPECT_EQ(texts(window, "2301"), QStringList{"112201 货款"});
+    click(window, "1");
+  }));
+  EXPECT_EQ(request.list(Key::account), (std::vector<std::string>{"1122", "112202"}));
 
-  EXPECT_TRUE(
-      run({lists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget &window) {
-        EXPECT_EQ(texts(window, "2302"),
-                  QStringList({"1122 应收账款", "112202 运费"}));
-        click(window, "removeAll");
-        click(window, "remove"); // nothing is left to move
-        click(window, "1");
-      }));
+  EXPECT_TRUE(run({lists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget& window) {
+    EXPECT_EQ(texts(window, "2302"), QStringList({"1122 应收账款", "112202 运费"}));
+    click(window, "removeAll");
+    click(window, "remove");  // nothing is left to move
+    click(window, "1");
+  }));
   EXPECT_TRUE(request.list(Key::account).empty());
 }
 
 TEST_F(QueryFields, SeveralSelectedAccountsMoveAtOnceAndFoldAway) {
-  EXPECT_TRUE(
-      run({foldedLists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget &window) {
-        EXPECT_FALSE(control<QWidget>(window, "2301").isVisible());
-        click(window, "unfold");
-        EXPECT_EQ(control<QAbstractButton>(window, "unfold").text(),
-                  "不显示科目");
-        EXPECT_EQ(control<QAbstractButton>(window, "add").text(), ">");
-        auto &offered = control<QListWidget>(window, "2301");
-        QTest::keyClick(&offered, Qt::Key_Home);
-        QTest::keyClick(&offered, Qt::Key_Down, Qt::ShiftModifier);
-        click(window, "add");
-        click(window, "1");
-      }));
-  EXPECT_EQ(request.list(Key::account),
-            (std::vector<std::string>{"1122", "112201"}));
+  EXPECT_TRUE(run({foldedLists}, "sAssBook = 'B' ORDER BY sCode", [](QWidget& window) {
+    EXPECT_FALSE(control<QWidget>(window, "2301").isVisible());
+    click(window, "unfold");
+    EXPECT_EQ(control<QAbstractButton>(window, "unfold").text(), "不显示科目");
+    EXPECT_EQ(control<QAbstractButton>(window, "add").text(), ">");
+    auto& offered = control<QListWidget>(window, "2301");
+    QTest::keyClick(&offered, Qt::Key_Home);
+    QTest::keyClick(&offered, Qt::Key_Down, Qt::ShiftModifier);
+    click(window, "add");
+    click(window, "1");
+  }));
+  EXPECT_EQ(request.list(Key::account), (std::vector<std::string>{"1122", "112201"}));
 }
 
 TEST_F(QueryFields, AmountsAreNumbersInOrder) {
   checks = {{&tz::checks::rangeInOrder, MessageId::rangeInvalid, Key::maximum}};
-  EXPECT_TRUE(run({amounts, side}, "", [this](QWidget &window) {
-    auto &lower = control<QLineEdit>(window, "2113");
+  EXPECT_TRUE(run({amounts, side}, "", [this](QWidget& window) {
+    auto& lower = control<QLineEdit>(window, "2113");
     QTest::keyClicks(&lower, "1x0,0.5e");
     EXPECT_EQ(lower.text(), "100.5");
     click(window, "1");
@@ -320,7 +286,7 @@ TEST_F(QueryFields, AmountsAreNumbersInOrder) {
 
 TEST_F(QueryFields, AnalysisOpensOnBalancesAndOnWhatWasChosen) {
   for (const bool again : {false, true}) {
-    EXPECT_TRUE(run({analysis}, "", [again](QWidget &window) {
+    EXPECT_TRUE(run({analysis}, "", [again](QWidget& window) {
       EXPECT_EQ(control<QRadioButton>(window, "2409").isChecked(), again);
       click(window, "2409");
       click(window, "1");
@@ -330,8 +296,8 @@ TEST_F(QueryFields, AnalysisOpensOnBalancesAndOnWhatWasChosen) {
 }
 
 TEST_F(QueryFields, DateIsTypedOrPickedAndHasToBeOne) {
-  EXPECT_TRUE(run({cutoff}, "", [this](QWidget &window) {
-    auto &edit = control<QLineEdit>(window, "2101");
+  EXPECT_TRUE(run({cutoff}, "", [this](QWidget& window) {
+    auto& edit = control<QLineEdit>(window, "2101");
     EXPECT_EQ(edit.text(), "2006-03-15");
     edit.selectAll();
     QTest::keyClicks(&edit, "2006-02-30");
@@ -340,7 +306,7 @@ TEST_F(QueryFields, DateIsTypedOrPickedAndHasToBeOne) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.focusWidget(), &edit);
     click(window, "2001");
-    auto &calendar = control<QCalendarWidget>(window, "calendar");
+    auto& calendar = control<QCalendarWidget>(window, "calendar");
     EXPECT_EQ(calendar.selectedDate(), QDate(2006, 3, 15));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
@@ -352,8 +318,7 @@ TEST_F(QueryFields, DateIsTypedOrPickedAndHasToBeOne) {
 
 TEST_F(QueryFields, MissingClassesAreToldAtOpening) {
   ledger.ledger().keeper().execute("DELETE FROM ProjClass");
-  checks = {{&tz::checks::classesDefined, MessageId::noProjectClass,
-             Key::projectClass, true}};
+  checks = {{&tz::checks::classesDefined, MessageId::noProjectClass, Key::projectClass, true}};
   const std::array controls{project};
   const DialogSpec spec{.id = 9999,
                         .title = "条件",
@@ -371,25 +336,19 @@ TEST_F(QueryFields, MissingClassesAreToldAtOpening) {
 
 // Everything can be told by a screen reader.
 TEST_F(QueryFields, EveryControlHasAnAccessibleName) {
-  run({account, dept, unit, clerk, project, range, amounts, side, analysis,
-       cutoff},
-      unitAccounts, [](QWidget &window) {
-        click(window, "unfold");
-        for (const auto *widget : window.findChildren<QWidget *>()) {
-          if (!widget->isVisible() ||
-              (widget->focusPolicy() & Qt::TabFocus) == 0 ||
-              widget->objectName().startsWith("qt_"))
-            continue;
-          if (qobject_cast<QComboBox *>(widget->parentWidget()) != nullptr)
-            continue;
-          const auto *button = qobject_cast<const QAbstractButton *>(widget);
-          const bool captioned = button != nullptr && !button->text().isEmpty();
-          EXPECT_TRUE(captioned || !widget->accessibleName().isEmpty())
-              << fromQt(widget->objectName());
-        }
-        click(window, "2");
-      });
+  run({account, dept, unit, clerk, project, range, amounts, side, analysis, cutoff}, unitAccounts, [](QWidget& window) {
+    click(window, "unfold");
+    for (const auto* widget : window.findChildren<QWidget*>()) {
+      if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0 || widget->objectName().startsWith("qt_"))
+        continue;
+      if (qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr) continue;
+      const auto* button = qobject_cast<const QAbstractButton*>(widget);
+      const bool captioned = button != nullptr && !button->text().isEmpty();
+      EXPECT_TRUE(captioned || !widget->accessibleName().isEmpty()) << fromQt(widget->objectName());
+    }
+    click(window, "2");
+  });
 }
 
-} // namespace
-} // namespace tz::test
+}  // namespace
+}  // namespace tz::test
