@@ -27,8 +27,13 @@ class ComboField : public QueryField {
     } else {
       chooseValue(*combo_, wanted, value_);
     }
+    gone_ = combo_->currentIndex() < 0 ? wanted : std::string();
   }
-  void Take(Request& request) const override { setText(request, Spec().key, valueOf(combo_->CurrentText(), value_)); }
+  // What is no longer offered stays the condition until another is chosen, so that it is refused by its name.
+  void Take(Request& request) const override {
+    const auto chosen = valueOf(combo_->CurrentText(), value_);
+    setText(request, Spec().key, chosen.empty() ? gone_ : chosen);
+  }
 
  protected:
   [[nodiscard]] CUsefulCombox& Combo() { return *combo_; }
@@ -38,6 +43,7 @@ class ComboField : public QueryField {
  private:
   CUsefulCombox* combo_;
   EntryValue value_;
+  std::string gone_;
 };
 
 class AccountField : public ComboField {
