@@ -115,7 +115,7 @@ TEST_F(ReportWindowTest, AFailureIsToldInTheStatusLineAlone) {
   ledger_.ledger().keeper().execute("DROP TABLE RegSub");
   choose(2206, "122104 工具款");
   EXPECT_TRUE(messages_.all.empty());
-  EXPECT_NE(labelled("status").find("数据库"), std::string::npos) << labelled("status");
+  EXPECT_NE(labelled("status").find("帐套不完整"), std::string::npos) << labelled("status");
   EXPECT_EQ(ReportLedger::json(window.Shown()->report), before);
   EXPECT_EQ(fromQt(combo(2206).currentText()), "122101 职工借款");
 }
@@ -125,7 +125,7 @@ TEST_F(ReportWindowTest, AFailureOfTheListsIsNoDisaster) {
   const std::string before = ReportLedger::json(window.Shown()->report);
   ledger_.ledger().keeper().execute("DROP TABLE Person");
   choose(2207, "采购部");
-  EXPECT_NE(labelled("status").find("数据库"), std::string::npos) << labelled("status");
+  EXPECT_NE(labelled("status").find("帐套不完整"), std::string::npos) << labelled("status");
   EXPECT_EQ(ReportLedger::json(window.Shown()->report), before);
 }
 
