@@ -11,7 +11,7 @@ ComputedReport makeReport(std::int64_t rows) {
   ComputedReport report;
   report.title = "三栏式明细帐";
   auto& grid = report.grid;
-  addLedgerColumns(grid, amountLayout("金额式"));
+  addLedgerColumns(grid, amountLayout("金额式"), threeColumnCaptions);
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) {
     const auto figure = static_cast<double>(row);

@@ -6,6 +6,7 @@
 
 #include "catalogue/catalogue.h"
 #include "cli/ledger_names.h"
+#include "reports/parameter.h"
 
 namespace tz::cli {
 namespace {
@@ -58,29 +59,41 @@ struct TypedLine {
   }
 };
 
-// "a|b" and the parser's "TEXT:{a,b}" as words.
+// The parser's "TEXT:{a,b}" as words.
 std::vector<std::string> choicesIn(const std::string& typeName) {
   const auto open = typeName.find('{');
-  const auto list = open == std::string::npos ? typeName : typeName.substr(open + 1, typeName.find('}') - open - 1);
-  const char mark = open == std::string::npos ? '|' : ',';
-  if (list.find(mark) == std::string::npos) return {};
-  return CLI::detail::split(list, mark);
+  if (open == std::string::npos) return {};
+  return CLI::detail::split(typeName.substr(open + 1, typeName.find('}') - open - 1), ',');
+}
+
+// The condition that an option of the report command stands for; null for the others.
+const Parameter* conditionOf(const CLI::Option& option) {
+  const auto all = allParameters();
+  const auto found =
+      std::ranges::find_if(all, [&](const auto& one) { return nameOf(option) == "--" + std::string(one.option); });
+  return found == all.end() ? nullptr : &*found;
 }
 
 // The amount formats; which of them an account offers is seen when the report is asked for.
 constexpr std::array amountFormats = {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
 
+void addConditionChoices(Candidates& found, const Parameter& condition) {
+  if (condition.kind == Parameter::Kind::choice) {
+    for (const auto choice : choicesOf(condition.choices)) found.words.push_back({std::string(choice), ""});
+  }
+  if (condition.key == ParameterKey::format) {
+    for (const auto* format : amountFormats) found.words.push_back({format, ""});
+  }
+  if (condition.kind == Parameter::Kind::month) {
+    for (int month = 1; month <= 12; ++month) found.words.push_back({std::to_string(month), ""});
+  }
+}
+
 void addChoices(Candidates& found, const CLI::Option& option) {
-  const auto name = nameOf(option);
   const auto type = option.get_type_name();
   if (type == "FILE" || type == "LEDGER" || option.get_name() == "LEDGER") found.files = true;
   for (const auto& choice : choicesIn(type)) found.words.push_back({choice, ""});
-  if (name == "--" + std::string(parameter(ParameterKey::format).option)) {
-    for (const auto* format : amountFormats) found.words.push_back({format, ""});
-  }
-  if (type == "M") {
-    for (int month = 1; month <= 12; ++month) found.words.push_back({std::to_string(month), ""});
-  }
+  if (const auto* condition = conditionOf(option)) addConditionChoices(found, *condition);
 }
 
 void addReports(Candidates& found) {
@@ -100,7 +113,8 @@ void addValues(Candidates& found, const TypedLine& line, const CLI::Option& opti
 void addOptions(Candidates& found, const TypedLine& line) {
   for (const auto* option : line.command->get_options()) {
     const auto name = nameOf(*option);
-    const bool again = option->get_expected_max() > 1;
+    const auto* condition = conditionOf(*option);
+    const bool again = condition != nullptr && condition->kind == Parameter::Kind::list;
     if (option->get_positional() || (line.given.contains(name) && !again)) continue;
     found.words.push_back({name, option->get_description()});
   }

@@ -16,17 +16,24 @@ struct SampleValue {
   Area area;
   std::string_view option;
   std::string_view value;
+  int report = 0;  // of this report alone
 };
 
+// Those of one report stand before those of its area.
 constexpr std::array sampleValues = {
-    SampleValue{Area::person, "account", "122101"}, SampleValue{Area::person, "dept", "销售部"},
-    SampleValue{Area::person, "person", "李明"},    SampleValue{Area::person, "from", "1"},
+    SampleValue{Area::person, "account", "1221", 10191},
+    SampleValue{Area::person, "account", "122101"},
+    SampleValue{Area::person, "dept", "销售部"},
+    SampleValue{Area::person, "person", "李明"},
+    SampleValue{Area::person, "from", "1"},
     SampleValue{Area::person, "to", "3"},
 };
 
-const SampleValue* sampleValue(Area area, std::string_view option) {
-  const auto* const found = std::ranges::find_if(
-      sampleValues, [&](const auto& value) { return value.area == area && value.option == option; });
+const SampleValue* sampleValue(const ReportDefinition& report, std::string_view option) {
+  const auto* const found = std::ranges::find_if(sampleValues, [&](const auto& value) {
+    const bool meant = value.report == 0 ? value.area == report.area : value.report == report.command;
+    return meant && value.option == option;
+  });
   return found == sampleValues.end() ? nullptr : found;
 }
 
@@ -35,7 +42,7 @@ std::string reportLine(const ReportDefinition& report) {
   std::string conditions;
   for (const auto key : parametersOf(report)) {
     const auto option = parameter(key).option;
-    if (const auto* sample = sampleValue(report.area, option)) {
+    if (const auto* sample = sampleValue(report, option)) {
       conditions += fmt::format(" --{} {}", option, sample->value);
     }
   }

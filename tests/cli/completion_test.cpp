@@ -62,6 +62,8 @@ TEST(Completion, OffersTheChoicesOfAnOption) {
   EXPECT_EQ(completed({"report", "10190", "--as", "=", "x"}), Words{"xlsx"}) << "bash parts --as=x";
   EXPECT_EQ(completed({"report", "10190", "--from", "1"}), (Words{"1", "10", "11", "12"}));
   EXPECT_EQ(completed({"report", "10190", "--format", "数量"}), (Words{"数量金额式", "数量外币式"}));
+  EXPECT_EQ(completed({"report", "10191", "--analysis", ""}), (Words{"balance", "amount"}));
+  EXPECT_EQ(completed({"report", "10184", "--account", "122101", "--acc"}), Words{"--account"}) << "may be repeated";
 }
 
 TEST(Completion, OffersNamesOfTheLedgerOnTheLine) {
