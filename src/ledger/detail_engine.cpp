@@ -77,8 +77,9 @@ class DetailRun {
     while (const auto key = nextKey()) {
       posted_.openBlock(*key);
       unposted_.openBlock(*key);
-      const auto sums = listed.contains(*key) ? runEntity(*key, group, closeGroup) : std::nullopt;
-      passLines(listed.contains(*key));
+      const bool shown = listed.contains(*key);
+      const auto sums = shown ? runEntity(*key, group, closeGroup) : std::nullopt;
+      passLines(shown);
       openings_.erase(*key);
       if (!sums) continue;
       group = key;

@@ -48,9 +48,8 @@ LineReader::LineReader(Connection& connection, const LineQuery& query, const Det
   if (member.isList()) groups_.emplace(member, next);
   if (groups_) wanted += groups_->names("s.");
   cursor_ = connection.query(lineStatement(query, wanted));
-  done_ = false;
   advance();
-  if (cursor_ != nullptr) done_ = false;
+  done_ = ended();
 }
 
 void LineReader::advance() {
@@ -83,7 +82,8 @@ void LineReader::readRow() {
 
 void LineReader::setPriceAndRate() {
   if (ended()) return;
-  const auto& figures = cursor_->integer(direct) != 0 ? line_.debit : line_.credit;
+  // A line whose amount is 0 has no price, whichever side it stands on.
+  const auto& figures = line_.debit.amount != 0 ? line_.debit : line_.credit;
   line_.exchangeRate = rated_ && rateColumn_ >= 0 ? cursor_->real(rateColumn_) : 0;
   line_.unitPrice = priced_ && figures.amount != 0 && figures.quantity != 0 ? figures.amount / figures.quantity : 0;
 }
