@@ -181,6 +181,11 @@ const CachedTable<ItemInfo>& CGetData::items(std::string_view classId) {
   return table;
 }
 
+const std::vector<ProjClassInfo>& CGetData::ProjClassTable() {
+  if (!projectClasses_) projectClasses_ = db_.ProjClass_GetInfo("sItemId <> '' ORDER BY lId");
+  return *projectClasses_;
+}
+
 Id CGetData::GetItemId(std::string_view classId, const std::string& name) {
   const auto* item = items(classId).find(name);
   return item == nullptr ? 0 : item->lId;

@@ -81,6 +81,8 @@ class CGetData {
   [[nodiscard]] Id GetEnterClassIdByEnterId(Id unitId);
   [[nodiscard]] std::string GetEnterClassName(Id classId);
 
+  // The project classes that have an id, by lId.
+  [[nodiscard]] const std::vector<ProjClassInfo>& ProjClassTable();
   [[nodiscard]] Id GetItemId(std::string_view classId, const std::string& name);
   [[nodiscard]] Id GetItemIdByCode(std::string_view classId, const std::string& code);
   [[nodiscard]] std::string GetItemName(std::string_view classId, Id itemId);
@@ -117,6 +119,7 @@ class CGetData {
   std::optional<CachedTable<PersonInfo>> persons_;
   std::optional<CachedTable<EnterInfo>> units_;
   std::optional<CachedTable<EnterClassInfo>> unitClasses_;
+  std::optional<std::vector<ProjClassInfo>> projectClasses_;
   std::map<std::string, CachedTable<ItemInfo>, std::less<>> items_;  // by project class
   std::optional<CachedTable<CyrencyInfo>> currencies_;
 };

@@ -31,7 +31,6 @@ constexpr std::array ofProject = {controls::account, controls::project, controls
 
 constexpr std::array accountChecks = {
     Check{checks::classOfAccount, MessageId::noAccountCode, ParameterKey::projectClass},
-    Check{checks::projectRange, MessageId::noAccountCode, ParameterKey::projectFrom},
 };
 constexpr std::array projectAndAccountsChecks = {
     Check{checks::classesDefined, MessageId::noProjectClass, ParameterKey::projectClass, true},
@@ -43,7 +42,6 @@ constexpr std::array projectAndAccountsChecks = {
 };
 constexpr std::array deptChecks = {
     Check{checks::classOfAccount, MessageId::noQualifyingAccount, ParameterKey::projectClass},
-    Check{checks::projectRange, MessageId::noQualifyingAccount, ParameterKey::projectFrom},
     Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
 };
 constexpr std::array multiColumnChecks = {
@@ -61,6 +59,8 @@ constexpr std::array threeColumnChecks = {
     Check{checks::accountGiven, MessageId::noProjectAccount, ParameterKey::account},
 };
 
+constexpr std::array<Choice, 1> projectChoice = {choices::projectRange};
+
 constexpr DialogSpec accountDialog = {
     .id = 558,
     .title = "项目管理_科目明细帐",
@@ -68,6 +68,7 @@ constexpr DialogSpec accountDialog = {
     .noAccount = MessageId::noAccountCode,
     .controls = ofAccount,
     .checks = accountChecks,
+    .choices = projectChoice,
 };
 constexpr DialogSpec projectDialog = {
     .id = 559,
@@ -84,6 +85,7 @@ constexpr DialogSpec deptDialog = {
     .noAccount = MessageId::noQualifyingAccount,
     .controls = ofDept,
     .checks = deptChecks,
+    .choices = projectChoice,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 561,

@@ -38,18 +38,10 @@ constexpr std::array unitChecks = {
 constexpr std::array parentChecks = {
     Check{checks::unitKnown, MessageId::unitUnknown, ParameterKey::unit},
 };
-constexpr std::array classChecks = {
-    Check{checks::unitClassChosen, MessageId::noAccount, ParameterKey::unitClass},
-};
-constexpr std::array clerkChecks = {
-    Check{checks::clerkChosen, MessageId::noAccount, ParameterKey::clerk},
-};
-constexpr std::array projectChecks = {
-    Check{checks::projectRange, MessageId::noAccount, ParameterKey::projectFrom},
-};
-constexpr std::array deptChecks = {
-    Check{checks::deptChosen, MessageId::noAccount, ParameterKey::dept},
-};
+constexpr std::array<Choice, 1> classChoice = {choices::unitClass};
+constexpr std::array<Choice, 1> clerkChoice = {choices::clerk};
+constexpr std::array<Choice, 1> projectChoice = {choices::projectRange};
+constexpr std::array<Choice, 1> deptChoice = {choices::dept};
 
 constexpr DialogSpec accountDialog = {
     .id = 617,
@@ -83,7 +75,8 @@ constexpr DialogSpec unitClassDialog = {
     .accountWhere = unitAccounts,
     .noAccount = MessageId::noAccount,
     .controls = ofClass,
-    .checks = classChecks,
+    .checks = {},
+    .choices = classChoice,
 };
 constexpr DialogSpec clerkDialog = {
     .id = 621,
@@ -91,7 +84,8 @@ constexpr DialogSpec clerkDialog = {
     .accountWhere = unitAccounts,
     .noAccount = MessageId::noAccount,
     .controls = ofClerk,
-    .checks = clerkChecks,
+    .checks = {},
+    .choices = clerkChoice,
 };
 constexpr DialogSpec projectDialog = {
     .id = 623,
@@ -99,7 +93,8 @@ constexpr DialogSpec projectDialog = {
     .accountWhere = unitAccounts,
     .noAccount = MessageId::noAccount,
     .controls = ofProjects,
-    .checks = projectChecks,
+    .checks = {},
+    .choices = projectChoice,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 624,
@@ -115,7 +110,8 @@ constexpr DialogSpec deptDialog = {
     .accountWhere = unitAccounts,
     .noAccount = MessageId::noAccount,
     .controls = ofDept,
-    .checks = deptChecks,
+    .checks = {},
+    .choices = deptChoice,
 };
 
 std::string clerkName(const Conditions& c) { return c.clerk.name.empty() ? std::string(otherMembers) : c.clerk.name; }

@@ -4,7 +4,7 @@
 
 #include "reports/dialog_spec.h"
 
-namespace tz::checks {
+namespace tz {
 namespace {
 
 std::string text(const CheckContext& context, ParameterKey key) { return context.request.text(key); }
@@ -29,8 +29,8 @@ const Record& chosen(const std::vector<Record>& offered, ParameterKey key, const
       fmt::format("--{}：“{}”不在可选项中，可用：{}", parameter(key).option, wanted, fmt::join(names, "、")));
 }
 
-std::vector<ProjClassInfo> projectClasses(const CheckContext& context) {
-  return context.session.db.ProjClass_GetInfo("sItemId <> '' ORDER BY lId");
+const std::vector<ProjClassInfo>& projectClasses(const CheckContext& context) {
+  return context.conditions.data->ProjClassTable();
 }
 
 // The classes that the account carries, else those of the accounts below it.
@@ -51,12 +51,19 @@ std::vector<ProjClassInfo> classesOfAccount(const CheckContext& context) {
   return carried(inList("lCodeId", conditions.data->GetCode_Include(conditions.account.sCode)));
 }
 
-// An end of a range may be a code, or code and name as the combos show them.
-std::string rangeEnd(const CheckContext& context, ParameterKey key) {
-  return CGetData::GetCode_Separator(text(context, key));
+// An end of a range may be a code, or code and name as the combos show them; it is the code of an item of the classes.
+std::string rangeEnd(const CheckContext& context, ParameterKey key, const std::vector<ProjClassInfo>& classes) {
+  const auto code = CGetData::GetCode_Separator(text(context, key));
+  const auto& data = context.conditions.data;
+  const bool known = std::ranges::any_of(
+      classes, [&](const ProjClassInfo& itemClass) { return data->GetItemIdByCode(itemClass.sItemId, code) != 0; });
+  if (code.empty() || known) return code;
+  throw WrongUse(fmt::format("--{}：没有编码为“{}”的项目", parameter(key).option, code));
 }
 
 }  // namespace
+
+namespace checks {
 
 bool deptGiven(CheckContext& context) { return !text(context, ParameterKey::dept).empty(); }
 
@@ -81,13 +88,6 @@ bool deptKnownOrAll(CheckContext& context) {
   if (!wanted.empty() && wanted != allMembers) return deptKnown(context);
   context.conditions.dept = {};
   context.conditions.dept.sDeptName = allMembers;
-  return true;
-}
-
-bool deptChosen(CheckContext& context) {
-  const auto offered = context.session.db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId");
-  context.conditions.dept =
-      chosen(offered, ParameterKey::dept, text(context, ParameterKey::dept), &DeptInfo::sDeptName);
   return true;
 }
 
@@ -120,28 +120,13 @@ bool unitKnown(CheckContext& context) {
   return true;
 }
 
-bool unitClassChosen(CheckContext& context) {
-  auto offered = context.session.db.EnterClass_GetInfo("lId > 0 ORDER BY lId");
-  offered.push_back({0, std::string(otherMembers)});
-  context.conditions.unitClass =
-      chosen(offered, ParameterKey::unitClass, text(context, ParameterKey::unitClass), &EnterClassInfo::sName);
-  return true;
-}
-
-bool clerkChosen(CheckContext& context) {
-  const auto offered = offeredClerks(context.session.db, context.conditions.account.lId);
-  const auto& clerk = chosen(offered, ParameterKey::clerk, text(context, ParameterKey::clerk), &ComboEntry::text);
-  context.conditions.clerk.name = clerk.text == otherMembers ? "" : clerk.text;
-  return true;
-}
-
 bool accountGiven(CheckContext& context) { return !text(context, ParameterKey::account).empty(); }
 
 bool classesDefined(CheckContext& context) { return !projectClasses(context).empty(); }
 
 bool classChosen(CheckContext& context) {
   const auto wanted = CGetData::GetCode_Separator(text(context, ParameterKey::projectClass));
-  const auto classes = projectClasses(context);
+  const auto& classes = projectClasses(context);
   const auto found = std::ranges::find(classes, wanted, &ProjClassInfo::sItemId);
   if (found == classes.end()) return false;
   context.conditions.projectClass = *found;
@@ -150,7 +135,7 @@ bool classChosen(CheckContext& context) {
 
 bool classOrFirst(CheckContext& context) {
   if (!text(context, ParameterKey::projectClass).empty()) return classChosen(context);
-  const auto classes = projectClasses(context);
+  const auto& classes = projectClasses(context);
   if (classes.empty()) return false;
   context.conditions.projectClass = classes.front();
   return true;
@@ -180,25 +165,6 @@ bool projectKnown(CheckContext& context) {
   return true;
 }
 
-bool projectRange(CheckContext& context) {
-  auto& conditions = context.conditions;
-  const auto from = rangeEnd(context, ParameterKey::projectFrom);
-  const auto to = rangeEnd(context, ParameterKey::projectTo);
-  conditions.projects.all = from.empty() && to.empty();
-  if (conditions.projects.all) return true;
-  for (const auto& itemClass : projectClasses(context)) {
-    const auto& asked = conditions.projectClass.sItemId;
-    if (!asked.empty() && asked != itemClass.sItemId) continue;
-    ProjectRange::Items items{itemClass.sItemId, {}};
-    for (const auto& item : conditions.data->ItemTable(itemClass.sItemId)) {
-      const auto& code = item.fields[0];
-      if (code >= from && (to.empty() || code <= to)) items.ids.push_back(item.lId);
-    }
-    conditions.projects.classes.push_back(std::move(items));
-  }
-  return true;
-}
-
 bool accountsPicked(CheckContext& context) {
   auto& accounts = context.conditions.accounts;
   const auto picked = context.request.list(ParameterKey::account);
@@ -215,4 +181,46 @@ bool rangeInOrder(CheckContext& context) {
   return context.request.amount(ParameterKey::maximum) >= context.request.amount(ParameterKey::minimum);
 }
 
-}  // namespace tz::checks
+}  // namespace checks
+
+namespace choices {
+
+void dept(CheckContext& context) {
+  const auto offered = context.session.db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId");
+  context.conditions.dept =
+      chosen(offered, ParameterKey::dept, text(context, ParameterKey::dept), &DeptInfo::sDeptName);
+}
+
+void unitClass(CheckContext& context) {
+  auto offered = context.session.db.EnterClass_GetInfo("lId > 0 ORDER BY lId");
+  offered.push_back({0, std::string(otherMembers)});
+  context.conditions.unitClass =
+      chosen(offered, ParameterKey::unitClass, text(context, ParameterKey::unitClass), &EnterClassInfo::sName);
+}
+
+void clerk(CheckContext& context) {
+  const auto offered = offeredClerks(context.session.db, context.conditions.account.lId);
+  const auto& clerk = chosen(offered, ParameterKey::clerk, text(context, ParameterKey::clerk), &ComboEntry::text);
+  context.conditions.clerk.name = clerk.text == otherMembers ? "" : clerk.text;
+}
+
+void projectRange(CheckContext& context) {
+  auto& conditions = context.conditions;
+  auto classes = projectClasses(context);
+  if (const auto& asked = conditions.projectClass.sItemId; !asked.empty()) classes = {conditions.projectClass};
+  const auto from = rangeEnd(context, ParameterKey::projectFrom, classes);
+  const auto to = rangeEnd(context, ParameterKey::projectTo, classes);
+  conditions.projects.all = from.empty() && to.empty();
+  if (conditions.projects.all) return;
+  for (const auto& itemClass : classes) {
+    ProjectRange::Items items{itemClass.sItemId, {}};
+    for (const auto& item : conditions.data->ItemTable(itemClass.sItemId)) {
+      const auto& code = item.fields[0];
+      if (code >= from && (to.empty() || code <= to)) items.ids.push_back(item.lId);
+    }
+    conditions.projects.classes.push_back(std::move(items));
+  }
+}
+
+}  // namespace choices
+}  // namespace tz

@@ -61,6 +61,10 @@ struct Check {
   bool atOpening = false;  // before anything is asked: the dialog does not even open
 };
 
+// What is taken from a list in which something always stands, so that nothing is refused: without a value the first
+// entry, and a value that is not on the list throws WrongUse.
+using Choice = void (*)(CheckContext&);
+
 struct DialogSpec {
   int id;
   std::string_view title;
@@ -68,6 +72,7 @@ struct DialogSpec {
   MessageId noAccount;            // when there are none, or the one asked for is not among them
   std::span<const ControlSpec> controls;
   std::span<const Check> checks;         // behind the account's; those at opening come before it
+  std::span<const Choice> choices = {};  // behind the checks
   std::string_view messageCaption = {};  // of its message boxes; empty = the program's own
 };
 
@@ -94,15 +99,12 @@ bool deptKnown(CheckContext& context);
 bool deptActive(CheckContext& context);
 bool deptPersonsActive(CheckContext& context);  // lines of the department that name a person
 bool deptKnownOrAll(CheckContext& context);     // none and "全部" are all departments
-bool deptChosen(CheckContext& context);         // in a list that offers no "全部"
 bool personGiven(CheckContext& context);
 bool personKnown(CheckContext& context);
 bool personOfDept(CheckContext& context);
 bool personActive(CheckContext& context);
 bool unitGiven(CheckContext& context);
 bool unitKnown(CheckContext& context);
-bool unitClassChosen(CheckContext& context);
-bool clerkChosen(CheckContext& context);
 bool accountGiven(CheckContext& context);
 bool classesDefined(CheckContext& context);
 bool classChosen(CheckContext& context);     // none given: refused
@@ -110,9 +112,15 @@ bool classOrFirst(CheckContext& context);    // none given: the first class
 bool classOfAccount(CheckContext& context);  // the account's own, or the one chosen among them
 bool projectGiven(CheckContext& context);
 bool projectKnown(CheckContext& context);
-bool projectRange(CheckContext& context);
 bool accountsPicked(CheckContext& context);  // none picked: all
 bool rangeInOrder(CheckContext& context);    // upper bound of the amount range not below the lower
 }  // namespace checks
+
+namespace choices {
+void dept(CheckContext& context);  // in a list that offers no "全部"
+void unitClass(CheckContext& context);
+void clerk(CheckContext& context);
+void projectRange(CheckContext& context);  // without an end the range is open there
+}  // namespace choices
 
 }  // namespace tz

@@ -111,6 +111,7 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
     return refusal(dialog, dialog.noAccount, ParameterKey::account);
   }
   if (auto refused = firstRefusal(dialog, context, false)) return *refused;
+  for (const auto choose : dialog.choices) choose(context);
   return conditions;
 }
 

@@ -49,6 +49,7 @@ class QueryFields : public ::testing::Test {
              .noAccount = MessageId::noUnitAccount,
              .controls = controls_,
              .checks = checks,
+             .choices = choices,
              .messageCaption = "岚川财务软件"};
     CTzQueryDialog dialog(spec_, session, nullptr);
     dialog.SetRequest(request);
@@ -81,6 +82,7 @@ class QueryFields : public ::testing::Test {
   Session session = ledger.session();
   Request request;
   std::vector<Check> checks;
+  std::vector<Choice> choices;
 
  private:
   std::vector<ControlSpec> controls_;
@@ -133,7 +135,7 @@ TEST_F(QueryFields, ClerksAreThoseOfTheAccountAndTheChosenOneStays) {
 // What a list no longer offers is told when it is confirmed, and the dialog
 // stays.
 TEST_F(QueryFields, ClerkThatIsGoneIsNotReplaced) {
-  checks = {{&tz::checks::clerkChosen, MessageId::noAccount, Key::clerk}};
+  choices = {&tz::choices::clerk};
   request.set(Key::account, "112202");
   request.set(Key::clerk, "李娜");
   EXPECT_FALSE(run({account, clerk}, unitAccounts, [this](QWidget& window) {
