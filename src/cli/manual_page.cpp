@@ -1,6 +1,10 @@
 #include "cli/manual_page.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <span>
+#include <utility>
+#include <vector>
 
 #include "catalogue/catalogue.h"
 
@@ -51,6 +55,26 @@ std::string commandPart(const CLI::App& command, const std::string& path) {
   return text;
 }
 
+// What holds for several reports, once below their numbers.
+std::string rulesPart() {
+  std::vector<std::pair<std::string, std::span<const std::string_view>>> families;
+  for (const auto* report : catalogue()) {
+    const auto number = std::to_string(report->command);
+    const auto same = [&](const auto& family) { return family.second.data() == report->rules.data(); };
+    if (const auto known = std::ranges::find_if(families, same); known != families.end()) {
+      known->first += " " + number;
+    } else {
+      families.emplace_back(number, report->rules);
+    }
+  }
+  std::string text;
+  for (const auto& [numbers, rules] : families) {
+    text += item(numbers, {});
+    for (const auto rule : rules) text += ".IP\n" + plain(rule) + "\n";
+  }
+  return text;
+}
+
 std::string reportsPart() {
   std::string text;
   for (const auto* report : catalogue()) {
@@ -58,7 +82,9 @@ std::string reportsPart() {
     for (const auto key : parametersOf(*report)) options += fmt::format(" --{}", parameter(key).option);
     text += item(std::to_string(report->command),
                  fmt::format("{}，{}，条件：{}", areaName(report->area), report->printTitle, options));
+    text += ".IP\n" + plain(report->about) + "\n";
   }
+  return text;
   return text;
 }
 
@@ -94,6 +120,7 @@ std::string manualPage(const CLI::App& app) {
     text += commandPart(*command, app.get_name() + " " + command->get_name());
   }
   text += section("报表") + reportsPart();
+  text += section("报表的规则") + rulesPart();
   text += section("条件") + conditionsPart();
   text += section("退出状态");
   text += item("0", "完成") + item("1", "被拒绝，原因见标准错误输出") + item("2", "用法不对");

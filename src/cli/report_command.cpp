@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <map>
 
 #include "catalogue/catalogue.h"
@@ -109,7 +110,8 @@ void addReportCommand(CLI::App& app, Work& work, int reportId) {
       ->check(CLI::IsMember({"utf-8", "gb18030"}));
   command->add_option("-o,--output", options->output.file, "写入文件，要么完整要么不写")->type_name("FILE");
   if (const auto* report = findReport(reportId)) {
-    command->description(fmt::format("{} {}", report->windowTitle, report->command));
+    command->description(fmt::format("{} {}\n{}", report->windowTitle, report->command, report->about));
+    command->footer("说明\n  " + fmt::to_string(fmt::join(report->rules, "\n  ")));
     addConditions(*command, *report, *options);
   } else {
     command->footer("各报表的条件：tzassistant report 编号 --help");

@@ -5,6 +5,7 @@
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
 #include "ledger/detail_controls.h"
+#include "ledger/detail_manual.h"
 #include "ledger/detail_toolbar.h"
 
 namespace tz {
@@ -120,6 +121,10 @@ constexpr ReportDefinition accountLedger = {
     .windowTitle = "部门管理_科目明细帐",
     .paintedTitle = "科 目 明 细 帐",
     .printTitle = "科目明细帐",
+    .about =
+        "一个科目（含下级科目）的部门逐笔明细，按部门分段，已记帐分录按凭证排列，未记帐分录按分录日期"
+        "排列。每个部门一段，有部门期初和小计，最后是合计。",
+    .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
     .databaseNotOpen = MessageId::databaseNotOpenEnglish,
@@ -136,6 +141,10 @@ constexpr ReportDefinition deptLedger = {
     .windowTitle = "部门管理_部门明细帐",
     .paintedTitle = "部 门 明 细 帐",
     .printTitle = "部门明细帐",
+    .about =
+        "一个部门在全部部门科目上的逐笔明细，按科目分段，已记帐分录按凭证排列，未记帐分录按分录日期排"
+        "列。每个科目一段，有科目期初和小计，最后是合计。",
+    .rules = detailRules,
     .dialog = &deptDialog,
     .toolbar = detailToolbar,
     .databaseNotOpen = MessageId::databaseNotOpenEnglish,
@@ -152,6 +161,10 @@ constexpr ReportDefinition threeColumnLedger = {
     .windowTitle = "部门管理_三栏明细帐",
     .paintedTitle = "三 栏 式 明 细 帐",
     .printTitle = "部门三栏式明细帐",
+    .about =
+        "一个部门在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
+        "，随时看到余额。",
+    .rules = detailRules,
     .dialog = &threeColumnDialog,
     .toolbar = detailToolbar,
     .databaseNotOpen = MessageId::databaseNotOpenEnglish,
@@ -169,6 +182,10 @@ constexpr ReportDefinition multiColumnLedger = {
     .windowTitle = "部门管理_多栏明细帐",
     .paintedTitle = "多 栏 式 明 细 帐",
     .printTitle = "部门三栏明细帐",
+    .about =
+        "一个部门在一个非末级科目上的逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。期初由年初"
+        "余额加上起始月份以前的已记帐分录得出。",
+    .rules = multiColumnRules,
     .dialog = &multiColumnDialog,
     .toolbar = detailToolbar,
     .databaseNotOpen = MessageId::databaseNotOpenEnglish,

@@ -5,6 +5,7 @@
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
 #include "ledger/detail_controls.h"
+#include "ledger/detail_manual.h"
 #include "ledger/detail_toolbar.h"
 
 namespace tz {
@@ -143,6 +144,11 @@ constexpr ReportDefinition accountLedger = {
     .windowTitle = "个人往来_科目明细帐",
     .paintedTitle = "科 目 明 细 帐",
     .printTitle = "个人往来明细帐",
+    .about =
+        "一个科目（含下级科目）的个人往来逐笔明细，按部门、再按个人分段，段内按分录日期排列。每人一段"
+        "：个人期初、凭证、本月合计、本年累计、个人小计；每个部门有部门小计，最后是合计。没有个人的分"
+        "录不列入。",
+    .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科  目:{}", c.accountText()); },
@@ -158,6 +164,10 @@ constexpr ReportDefinition deptLedger = {
     .windowTitle = "个人往来_部门明细帐",
     .paintedTitle = "部 门 明 细 帐",
     .printTitle = "部门明细帐",
+    .about =
+        "一个部门在一个科目（含下级科目）上的个人往来逐笔明细，按个人分段，段内按分录日期排列。每人一"
+        "段，有个人期初和个人小计，最后是合计。",
+    .rules = detailRules,
     .dialog = &deptDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -174,6 +184,10 @@ constexpr ReportDefinition personLedger = {
     .windowTitle = "个人往来_个人明细帐",
     .paintedTitle = "个 人 明 细 帐",
     .printTitle = "个人明细帐",
+    .about =
+        "一个人在全部科目上的往来逐笔明细，按科目分段，段内按分录日期排列。每个科目一段，有科目期初和"
+        "科目小计，最后是合计。科目的余额方向各不相同，小计与合计按借为正、贷为负相加。",
+    .rules = detailRules,
     .dialog = &personDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("部门：{}\n个人：{}", c.dept.sDeptName, c.person.sName); },
@@ -189,6 +203,8 @@ constexpr ReportDefinition threeColumnLedger = {
     .windowTitle = "个人往来_三栏明细帐",
     .paintedTitle = "三 栏 式 明 细 帐",
     .printTitle = "三栏式明细帐",
+    .about = "一个人在一个科目（含下级科目）上的往来逐笔明细，按分录日期排列，随时看到余额。",
+    .rules = detailRules,
     .dialog = &threeColumnDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -207,6 +223,8 @@ constexpr ReportDefinition multiColumnLedger = {
     .windowTitle = "个人往来_多栏式明细帐",
     .paintedTitle = "多 栏 式 明 细 帐",
     .printTitle = "多栏式明细帐",
+    .about = "一个人在一个非末级科目上的往来逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。",
+    .rules = multiColumnRules,
     .dialog = &multiColumnDialog,
     .toolbar = detailToolbar,
     .subtitle =

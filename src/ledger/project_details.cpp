@@ -5,6 +5,7 @@
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
 #include "ledger/detail_controls.h"
+#include "ledger/detail_manual.h"
 #include "ledger/detail_toolbar.h"
 
 namespace tz {
@@ -59,7 +60,7 @@ constexpr std::array threeColumnChecks = {
     Check{checks::accountGiven, MessageId::noProjectAccount, ParameterKey::account},
 };
 
-constexpr std::array<Choice, 1> projectChoice = {choices::projectRange};
+constexpr std::array<ListChoice, 1> projectChoice = {choices::projectRange};
 
 constexpr DialogSpec accountDialog = {
     .id = 558,
@@ -191,6 +192,11 @@ constexpr ReportDefinition accountLedger = {
     .windowTitle = "项目管理_科目明细帐",
     .paintedTitle = "科 目 明 细 帐",
     .printTitle = "项目科目明细帐",
+    .about =
+        "一个科目（含下级科目）的项目逐笔明细，按项目分段，已记帐分录按凭证排列，未记帐分录按分录日期"
+        "排列。每个项目一段，有项目期初和项目小计，最后是合计。项目范围可限定项目编码的起止，两端都包"
+        "括，空着的一端不限。",
+    .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
@@ -206,6 +212,10 @@ constexpr ReportDefinition projectLedger = {
     .windowTitle = "项目管理_项目明细帐",
     .paintedTitle = "项 目 明 细 帐",
     .printTitle = "项目明细帐",
+    .about =
+        "一个项目在所选科目上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列。不选科目即全"
+        "部项目科目；部门为“全部”时包括所有部门。",
+    .rules = detailRules,
     .dialog = &projectDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -222,6 +232,10 @@ constexpr ReportDefinition threeColumnLedger = {
     .windowTitle = "项目管理_三栏明细帐",
     .paintedTitle = "三 栏 式 明 细 帐",
     .printTitle = "项目明细帐",
+    .about =
+        "一个项目在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
+        "，随时看到余额。",
+    .rules = detailRules,
     .dialog = &threeColumnDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
@@ -237,6 +251,10 @@ constexpr ReportDefinition deptLedger = {
     .windowTitle = "项目管理_部门明细帐",
     .paintedTitle = "部 门 项 目 明 细 帐",
     .printTitle = "部门项目明细帐",
+    .about =
+        "一个科目（含下级科目）的部门项目逐笔明细，按部门、再按项目分段。每个项目有项目小结，每个部门"
+        "有部门小结，最后是合计。没有部门或没有项目的分录不列入。可限定一个部门和项目编码的起止。",
+    .rules = detailRules,
     .dialog = &deptDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -253,6 +271,10 @@ constexpr ReportDefinition multiColumnLedger = {
     .windowTitle = "项目管理_多栏明细帐",
     .paintedTitle = "多 栏 式 明 细 帐",
     .printTitle = "项目明细帐",
+    .about =
+        "一个项目在一个非末级科目上的逐笔明细，每个下级科目在右边各占一栏；部门为“全部”时包括所有部门"
+        "。",
+    .rules = multiColumnRules,
     .dialog = &multiColumnDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },

@@ -5,6 +5,7 @@
 #include "ledger/amount_layout.h"
 #include "ledger/definitions.h"
 #include "ledger/detail_controls.h"
+#include "ledger/detail_manual.h"
 #include "ledger/detail_toolbar.h"
 
 namespace tz {
@@ -38,10 +39,10 @@ constexpr std::array unitChecks = {
 constexpr std::array parentChecks = {
     Check{checks::unitKnown, MessageId::unitUnknown, ParameterKey::unit},
 };
-constexpr std::array<Choice, 1> classChoice = {choices::unitClass};
-constexpr std::array<Choice, 1> clerkChoice = {choices::clerk};
-constexpr std::array<Choice, 1> projectChoice = {choices::projectRange};
-constexpr std::array<Choice, 1> deptChoice = {choices::dept};
+constexpr std::array<ListChoice, 1> classChoice = {choices::unitClass};
+constexpr std::array<ListChoice, 1> clerkChoice = {choices::clerk};
+constexpr std::array<ListChoice, 1> projectChoice = {choices::projectRange};
+constexpr std::array<ListChoice, 1> deptChoice = {choices::dept};
 
 constexpr DialogSpec accountDialog = {
     .id = 617,
@@ -233,6 +234,10 @@ constexpr ReportDefinition accountLedger = {
     .windowTitle = "部门管理_科目明细帐",
     .paintedTitle = "科 目 明 细 帐",
     .printTitle = "单位往来_科目明细帐",
+    .about =
+        "一个科目（含下级科目）的单位往来逐笔明细，按单位分段，段内按分录日期排列。每个单位一段，有单"
+        "位期初和小计，最后是合计。",
+    .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科  目: {}", c.accountText()); },
@@ -248,6 +253,11 @@ constexpr ReportDefinition unitLedger = {
     .windowTitle = "单位往来_单位明细帐",
     .paintedTitle = "单 位 明 细 帐",
     .printTitle = "单位明细帐",
+    .about =
+        "一个单位在所选科目上的往来逐笔明细，按科目分段，段内按凭证排列；不选科目即全部单位科目。列出"
+        "到终止月份为止有已记帐分录的科目，包含未记帐凭证时也列出只有未记帐分录的科目；只有期初而从无"
+        "分录的科目不列。",
+    .rules = detailRules,
     .dialog = &unitDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("\n单  位: {}", c.unit.sEnterName); },
@@ -263,6 +273,10 @@ constexpr ReportDefinition classLedger = {
     .windowTitle = "单位往来_分类明细帐",
     .paintedTitle = "分 类 明 细 帐",
     .printTitle = "分类明细帐",
+    .about =
+        "一个单位分类在一个科目（含下级科目）上的往来逐笔明细，按单位分段，段内按分录日期排列。“其它”"
+        "是没有分类的单位；没有指定分类时取第一个。",
+    .rules = detailRules,
     .dialog = &unitClassDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -279,6 +293,10 @@ constexpr ReportDefinition deptLedger = {
     .windowTitle = "单位往来_部门明细帐",
     .paintedTitle = "部 门 明 细 帐",
     .printTitle = "部门明细帐",
+    .about =
+        "一个部门在一个科目（含下级科目）上的单位往来逐笔明细，按单位分段，段内按分录日期排列。没有指"
+        "定部门时取第一个。",
+    .rules = detailRules,
     .dialog = &deptDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -295,6 +313,11 @@ constexpr ReportDefinition projectLedger = {
     .windowTitle = "单位往来_项目明细帐",
     .paintedTitle = "项 目 明 细 帐",
     .printTitle = "项目往来明细帐",
+    .about =
+        "一个科目（含下级科目）的单位往来逐笔明细，按项目、再按单位分段，段内按分录日期排列。每个单位"
+        "有单位小计，每个项目有项目小计，最后是合计。统计条件可限定项目编码的起止，两端都包括，空着的"
+        "一端不限。",
+    .rules = detailRules,
     .dialog = &projectDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科  目: {}", c.accountText()); },
@@ -310,6 +333,8 @@ constexpr ReportDefinition threeColumnLedger = {
     .windowTitle = "单位往来_三栏明细帐",
     .paintedTitle = "三 栏 式 明 细 帐",
     .printTitle = "三栏式明细帐",
+    .about = "一个单位在一个科目（含下级科目）上的往来逐笔明细，按分录日期排列，随时看到余额。",
+    .rules = detailRules,
     .dialog = &threeColumnDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -326,6 +351,8 @@ constexpr ReportDefinition multiColumnLedger = {
     .windowTitle = "单位往来_多栏式明细帐",
     .paintedTitle = "多 栏 式 明 细 帐",
     .printTitle = "单位往来多栏帐",
+    .about = "一个单位在一个非末级科目上的往来逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。",
+    .rules = multiColumnRules,
     .dialog = &multiColumnDialog,
     .toolbar = detailToolbar,
     .subtitle =
@@ -344,6 +371,11 @@ constexpr ReportDefinition clerkLedger = {
     .windowTitle = "单位往来_业务员明细帐",
     .paintedTitle = "业 务 员 明 细 帐",
     .printTitle = "业务员明细帐",
+    .about =
+        "一个业务员经手的单位往来逐笔明细，按单位分段，段内按分录日期排列，每个单位有单位小记。只列他"
+        "经手的分录；余额不记业务员，所以期初是单位的全部期初。“其它”是没有业务员的分录；没有指定业务"
+        "员时取第一个。",
+    .rules = detailRules,
     .dialog = &clerkDialog,
     .toolbar = detailToolbar,
     .subtitle = [](const Conditions& c) { return fmt::format("业务员: {}\n科 目:{}", clerkName(c), c.accountText()); },

@@ -63,7 +63,7 @@ struct Check {
 
 // What is taken from a list in which something always stands, so that nothing is refused: without a value the first
 // entry, and a value that is not on the list throws WrongUse.
-using Choice = void (*)(CheckContext&);
+using ListChoice = void (*)(CheckContext&);
 
 struct DialogSpec {
   int id;
@@ -71,9 +71,9 @@ struct DialogSpec {
   std::string_view accountWhere;  // which accounts the combo offers; empty = no account condition
   MessageId noAccount;            // when there are none, or the one asked for is not among them
   std::span<const ControlSpec> controls;
-  std::span<const Check> checks;         // behind the account's; those at opening come before it
-  std::span<const Choice> choices = {};  // behind the checks
-  std::string_view messageCaption = {};  // of its message boxes; empty = the program's own
+  std::span<const Check> checks;             // behind the account's; those at opening come before it
+  std::span<const ListChoice> choices = {};  // behind the checks
+  std::string_view messageCaption = {};      // of its message boxes; empty = the program's own
 };
 
 // The accounts that the dialog offers, as "code name".

@@ -27,7 +27,8 @@ constexpr std::array parameters = {
     Parameter{ParameterKey::maximum, "max", Kind::amount, "Y", "余额范围的上限"},
     Parameter{ParameterKey::side, "side", Kind::choice, "SIDE", "双方余额、借方余额或贷方余额", "both|debit|credit"},
     Parameter{ParameterKey::cutoff, "cutoff", Kind::date, "YYYY-MM-DD", "截止日期"},
-    Parameter{ParameterKey::analysis, "analysis", Kind::choice, "METHOD", "余额分析或金额分析", "balance|amount"},
+    Parameter{ParameterKey::analysis, "analysis", Kind::choice, "METHOD",
+              "balance 余额分析，amount 金额分析；缺省为余额分析", "balance|amount"},
     Parameter{ParameterKey::format, "format", Kind::text, "NAME",
               "金额式、数量金额式、外币金额式、数量外币式，明细帐另有外币式；缺省为科目自身的格式"},
 };

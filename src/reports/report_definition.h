@@ -38,6 +38,10 @@ struct ReportDefinition {
   std::string_view windowTitle;
   std::string_view paintedTitle;  // static 1010
   std::string_view printTitle;    // files, terminal and JSON
+  // For the manual: what the report answers, which lines it takes, in which order and with which subtotals; and what
+  // holds for the whole family.
+  std::string_view about;
+  std::span<const std::string_view> rules;
   const DialogSpec* dialog = nullptr;
   std::span<const WindowCommand> toolbar;
   MessageId databaseNotOpen = MessageId::databaseNotOpen;

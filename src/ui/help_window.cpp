@@ -40,17 +40,25 @@ QString commands(const ReportDefinition& report) {
   return rows;
 }
 
+QString rules(const ReportDefinition& report) {
+  QString items;
+  for (const auto rule : report.rules) items += QStringLiteral("<li>%1</li>").arg(text(rule));
+  return items;
+}
+
 QString page(const ReportDefinition& report) {
   return QStringLiteral(
-             "<h2>%1</h2><p>%2</p>"
-             "<h3>条件</h3><table>%3</table>"
-             "<h3>工具栏</h3><table>%4</table>"
+             "<h2>%1</h2><p>%2</p><p>%3</p>"
+             "<h3>条件</h3><table>%4</table>"
+             "<h3>说明</h3><ul>%5</ul>"
+             "<h3>工具栏</h3><table>%6</table>"
              "<h3>表格</h3><ul>"
              "<li>浅绿色的行来自未记帐凭证，红色数字为红字。</li>"
              "<li>Ctrl+C 复制选中的单元格，Ctrl+A 全选；状态栏显示选中数字的个数与合计。</li>"
              "<li>表格上方可直接改换条件与金额格式。</li>"
              "<li>计算时间较长时按 Esc 停止，原有内容不变。</li></ul>")
-      .arg(text(report.printTitle), text(report.windowTitle), conditions(report), commands(report));
+      .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report), rules(report),
+           commands(report));
 }
 
 }  // namespace

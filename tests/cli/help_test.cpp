@@ -2,6 +2,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 
 #include "catalogue/catalogue.h"
@@ -90,12 +91,18 @@ TEST_F(HelpTest, ShowsExamplesThatWork) {
   }
 }
 
-TEST_F(HelpTest, ShowsExamplesOfReports) {
-  int examples = 0;
+TEST_F(HelpTest, ShowsExamplesOfEachReportAndWhatItIs) {
+  std::set<std::string_view> seen;
   for (const auto* report : catalogue()) {
-    examples += runExamples({"report", std::to_string(report->command)}, std::string(report->printTitle));
+    SCOPED_TRACE(report->command);
+    const Arguments command = {"report", std::to_string(report->command)};
+    EXPECT_GE(runExamples(command, std::string(report->printTitle)), 3);
+    EXPECT_TRUE(!report->about.empty() && seen.insert(report->about).second);
+    EXPECT_FALSE(report->rules.empty());
+    const auto help = helpOf(command);
+    EXPECT_NE(help.find(report->about), std::string::npos);
+    for (const auto rule : report->rules) EXPECT_NE(help.find(rule), std::string::npos) << rule;
   }
-  EXPECT_GE(examples, 3);
 }
 
 TEST(ManualPage, IsWellFormedAndWhole) {
