@@ -57,6 +57,34 @@ Member memberOf(const std::string& ledger, int lines) {
           found->integer(3),           found->integer(4),           found->integer(5)};
 }
 
+// A list member: the ledger of a unit account, unit by unit.
+struct ListMember {
+  std::string account;
+  Id accountId;
+
+  [[nodiscard]] Command report(const std::string& ledger) const {
+    return {program, "report", "10203", "--ledger", ledger, "--account", account, "--from", "1", "--to", "12"};
+  }
+  [[nodiscard]] std::string select() const {
+    return fmt::format(
+        "SELECT m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney, s.lEnterId "
+        "FROM RegSub s CROSS JOIN RegMain m WHERE m.lTieId = s.lTieId AND m.byPeroid BETWEEN 1 AND 12 AND "
+        "+lCodeId IN ({}) AND lEnterId <> 0 ORDER BY s.lEnterId, s.dtDate, s.lTieId, s.lId",
+        accountId);
+  }
+};
+
+// That with the fewest lines of at least `lines`.
+ListMember listMemberOf(const std::string& ledger, int lines) {
+  const auto connection = openLedger(ledger, Access::read);
+  const auto found = connection->query(
+      Sql("SELECT c.sCode, c.lId, count(*) FROM RegSub s, Code c WHERE c.lId = s.lCodeId AND c.sAssBook LIKE '%B%' AND "
+          "s.lEnterId <> 0 GROUP BY c.sCode, c.lId HAVING count(*) >= ? ORDER BY 3, 2 LIMIT 1",
+          lines));
+  if (!found->next()) throw std::runtime_error("no list member of that size");
+  return {std::string(found->text(0)), found->integer(1)};
+}
+
 void createLedger(const std::string& address, std::int64_t lines) {
   run({program, "ledger", "create", address, "--sample", "--lines", std::to_string(lines)});
 }
@@ -71,6 +99,9 @@ void measureOnFiles(const fs::path& folder) {
   const auto detail = compare(big.report(large), {build + "/bench/bare_scan", large, big.select()}, 7);
   printRatio("detail ledger of 100 000 lines as text", "stepping the same rows", detail, 1.5);
   printFigure("the same, memory", "", detail.peakMiB, 64, "MiB");
+  const auto list = listMemberOf(large, 100'000);
+  printRatio("an account's ledger, unit by unit, of more than 100 000 lines", "stepping the same rows",
+             compare(list.report(large), {build + "/bench/bare_scan", large, list.select()}, 7), 1.5);
 
   const std::string windows = build + "/bench/desktop_work";
   printRatio("the navigator painted once", "an empty window with the same fonts",

@@ -82,7 +82,7 @@ class QueryFields : public ::testing::Test {
   Session session = ledger.session();
   Request request;
   std::vector<Check> checks;
-  std::vector<Choice> choices;
+  std::vector<ListChoice> choices;
 
  private:
   std::vector<ControlSpec> controls_;
