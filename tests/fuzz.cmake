@@ -9,7 +9,7 @@ endforeach()
 target_sources(fuzz_arguments PRIVATE ${TZ_FUZZED_PROGRAM})
 target_link_libraries(fuzz_arguments PRIVATE CLI11::CLI11)
 target_compile_definitions(fuzz_arguments PRIVATE TZ_VERSION="${PROJECT_VERSION}")
-add_executable(fuzz_seeds fuzz/seeds.cpp)
+add_executable(fuzz_seeds fuzz/seeds.cpp support/every_report.cpp)
 target_link_options(fuzz_seeds PRIVATE -fsanitize=fuzzer-no-link)
 
 foreach(program fuzz_ledger fuzz_arguments fuzz_names fuzz_seeds)

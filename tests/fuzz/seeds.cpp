@@ -5,7 +5,9 @@
 #include "catalogue/catalogue.h"
 #include "data/create_ledger.h"
 #include "data/record_io.h"
+#include "fuzz/fuzz_base.h"
 #include "reports/parameter.h"
+#include "support/every_report.h"
 
 namespace {
 
@@ -30,17 +32,34 @@ void makeLedger(const fs::path& path) {
   }
 }
 
-// Every report with a value for every condition that it takes.
+std::string valueOf(const Parameter& condition) {
+  switch (condition.kind) {
+    case Parameter::Kind::amount:
+      return "1,000.5";
+    case Parameter::Kind::date:
+      return "2025-06-30";
+    case Parameter::Kind::choice:
+      return std::string(choicesOf(condition.choices).back());
+    default:
+      return {};
+  }
+}
+
+// Every report as it is asked of the sample company, with a value for each further condition but names.
 void makeArguments(const fs::path& folder) {
-  for (const auto* report : catalogue()) {
-    std::string text = "report\n" + std::to_string(report->command) + "\n--ledger\n@\n";
-    for (const auto key : parametersOf(*report)) {
+  test::Reader reader(fuzz::makeSample((fuzz::folder() / "sample.db").string()));
+  for (const auto& question : test::everyReport(reader)) {
+    const auto id = std::to_string(question.report->command);
+    std::string text = "report\n" + id + "\n--ledger\n@\n";
+    for (const auto key : parametersOf(*question.report)) {
       const auto& condition = parameter(key);
+      const auto& asked = question.request.values();
+      const auto value = asked.contains(key) ? asked.at(key) : valueOf(condition);
+      if (value.empty()) continue;
       text += "--" + std::string(condition.option) + "\n";
-      if (condition.kind == Parameter::Kind::month) text += "12\n";
-      if (condition.kind == Parameter::Kind::text) text += key == ParameterKey::account ? "122101\n" : "销售部\n";
+      if (condition.kind != Parameter::Kind::flag) text += value + "\n";
     }
-    write(folder / std::to_string(report->command), text + "--as\njson\n-o\nout\n");
+    write(folder / id, text + "--as\njson\n-o\nout\n");
   }
   write(folder / "check", "ledger\ncheck\n@\n");
   write(folder / "create", "ledger\ncreate\nnew.db\n--year\n2025\n--name\n新\n");
