@@ -59,7 +59,7 @@ struct DetailMember {
   }
 };
 
-// The accounts of a condition: the chosen one with all below it; those picked, or all.
+// The accounts of a condition: the chosen one with all below it; those picked with all below them, or all.
 [[nodiscard]] Sql chosenAccount(const Conditions& conditions);
 [[nodiscard]] Sql pickedAccounts(const Conditions& conditions);
 

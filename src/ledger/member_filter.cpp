@@ -7,7 +7,10 @@ Sql chosenAccount(const Conditions& conditions) { return conditions.data->GetCod
 Sql pickedAccounts(const Conditions& conditions) {
   if (conditions.accounts.empty()) return "lCodeId > 0";
   std::vector<Id> ids;
-  for (const auto& account : conditions.accounts) ids.push_back(account.lId);
+  for (const auto& account : conditions.accounts) {
+    const auto below = conditions.data->GetCode_Include(account.sCode);
+    ids.insert(ids.end(), below.begin(), below.end());
+  }
   return inList("+lCodeId", ids);
 }
 
