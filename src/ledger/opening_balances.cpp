@@ -39,8 +39,8 @@ class OpeningReader {
 
   void addEarlierPosted() {
     const GroupColumns groups(member_, 4);
-    const LineQuery earlier{Book::posted, memberLineFilter(member_, conditions_), firstPeriodOfYear,
-                            conditions_.from - 1, member_.postedOrder};
+    const LineQuery earlier{Book::posted, memberFilter(member_, conditions_), firstPeriodOfYear, conditions_.from - 1,
+                            member_.postedOrder};
     const auto rows =
         connection_.query(lineStatement(earlier, "s.bDirect, s.dAmount, s.mForeign, s.mMoney" + groups.names("s.")));
     while (rows->next()) {
@@ -52,10 +52,11 @@ class OpeningReader {
     }
   }
 
-  // Amounts only: quantities and foreign amounts of earlier unposted lines stay out of the opening.
+  // Amounts only: quantities and foreign amounts of earlier unposted lines stay out of the opening. A balance knows no
+  // clerk, so the lines of every clerk move it.
   void addEarlierUnposted() {
     const GroupColumns groups(member_, 2);
-    const LineQuery earlier{Book::unposted, memberLineFilter(member_, conditions_), 0, conditions_.from - 1,
+    const LineQuery earlier{Book::unposted, memberFilter(member_, conditions_), 0, conditions_.from - 1,
                             member_.unpostedOrder};
     const auto rows = connection_.query(lineStatement(earlier, "s.bDirect, s.mMoney" + groups.names("s.")));
     while (rows->next()) {
