@@ -104,7 +104,8 @@ std::string paintedPeriodText(int year, int from, int to) {
 std::string unitText(std::string_view format, const AccountAmounts& amounts) {
   if (format == "数量金额式") return amounts.unit;
   if (format == "外币金额式") return amounts.currency;
-  if (format == "数量外币式") return amounts.unit + "\n" + amounts.currency;
+  const bool both = !amounts.unit.empty() && !amounts.currency.empty();  // without one account there are none
+  if (format == "数量外币式" && both) return amounts.unit + "\n" + amounts.currency;
   return {};
 }
 
