@@ -8,6 +8,7 @@
 #include "reports/explain_error.h"
 #include "suite/fonts.h"
 #include "suite/globals.h"
+#include "suite/language.h"
 #include "suite/qt_text.h"
 #include "ui/log.h"
 
@@ -98,6 +99,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationDisplayName(QStringLiteral("辅助核算"));
   QApplication::setQuitOnLastWindowClosed(false);
   tz::installFonts();
+  tz::installLanguage();
   Host host;
   tz::applyTheme(host.Settings().Theme());
   const Arguments arguments = readArguments();

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "suite/fonts.h"
+#include "suite/language.h"
 #include "suite/theme.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   tz::installFonts();
+  tz::installLanguage();
   tz::applyTheme(tz::ThemeChoice::light);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

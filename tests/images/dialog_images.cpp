@@ -1,0 +1,137 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "catalogue/catalogue.h"
+#include "images/images.h"
+#include "suite/condition_store.h"
+#include "suite/globals.h"
+#include "suite/message_box.h"
+#include "suite/query_dialog.h"
+#include "suite/useful_combox.h"
+
+namespace tz::images {
+namespace {
+
+// Condition dialogs that have lists, ranges or choices.
+constexpr std::array inManual = {513, 541, 559, 560, 618, 621};
+
+Session sessionOver(SampleLedger& ledger) {
+  return {.db = ledger.Database(), .ledger = ledger.File(), .logon = g_tmLogonTime};
+}
+
+void click(const QWidget& window, const QString& name) {
+  if (auto* button = window.findChild<QAbstractButton*>(name)) button->click();
+}
+
+Request liMing() {
+  Request request;
+  request.set(ParameterKey::account, "122101");
+  request.set(ParameterKey::dept, "销售部");
+  request.set(ParameterKey::person, "李明");
+  request.set(ParameterKey::from, "1");
+  request.set(ParameterKey::to, "12");
+  request.set(ParameterKey::unposted, "1");
+  return request;
+}
+
+void drawConditions(const PictureBook& book, SampleLedger& ledger) {
+  Session session = sessionOver(ledger);
+  std::set<int> drawn;
+  for (const ReportDefinition* report : catalogue()) {
+    const int id = report->dialog->id;
+    if (!drawn.insert(id).second) continue;
+    if (!book.All() && std::ranges::find(inManual, id) == inManual.end()) continue;
+    CTzQueryDialog dialog(*report->dialog, session, nullptr);
+    if (id == 513) dialog.SetRequest(liMing());
+    book.TakeModal(
+        QStringLiteral("conditions-%1").arg(id), [&] { dialog.DoModal(); },
+        [](QWidget& window) { click(window, QStringLiteral("unfold")); });
+  }
+}
+
+// The kinds of conditions that no dialog above has, the bar of saved conditions, and what pops up.
+void drawKinds(const PictureBook& book, SampleLedger& ledger) {
+  using Kind = ControlSpec::Kind;
+  constexpr std::array controls = {
+      ControlSpec{Kind::accountCombo, ParameterKey::account, 2206, 0, "科目"},
+      ControlSpec{Kind::unitReference, ParameterKey::unit, 2115, 2028, "单位"},
+      ControlSpec{Kind::projectReference, ParameterKey::project, 2117, 2015, "项目"},
+      ControlSpec{Kind::amountRange, ParameterKey::minimum, 2113, 2114, "余额"},
+      ControlSpec{Kind::side, ParameterKey::side, 2405, 0, "方向"},
+      ControlSpec{Kind::date, ParameterKey::cutoff, 2101, 2001, "截止日期"},
+      ControlSpec{Kind::checkBox, ParameterKey::unposted, 2601, 0, "包含未记帐凭证"},
+  };
+  const DialogSpec spec{.id = 9999,
+                        .title = "条件",
+                        .accountWhere = "bEnd <> 0 ORDER BY sCode",
+                        .noAccount = MessageId::noAccount,
+                        .controls = controls,
+                        .checks = {}};
+  Session session = sessionOver(ledger);
+  QTemporaryDir folder;
+  FileConditionStore store(folder.filePath(QStringLiteral("conditions.json")).toStdString());
+  CTzQueryDialog dialog(spec, session, nullptr);
+  dialog.OfferSaved(store, 0);
+  book.TakeModal(
+      QStringLiteral("conditions-kinds"), [&] { dialog.DoModal(); }, {},
+      [&](QWidget& window) {
+        book.TakePopup(QStringLiteral("calendar"), [&] { click(window, QStringLiteral("2001")); });
+        book.TakePopup(QStringLiteral("combo-list"),
+                       [&] { window.findChild<CUsefulCombox*>(QStringLiteral("2206"))->showPopup(); });
+        for (const auto& [name, button] : {std::pair("unit", "2028"), std::pair("item", "2015")}) {
+          book.TakeModal(QStringLiteral("reference-") + QLatin1String(name),
+                         [&] { click(window, QLatin1String(button)); });
+        }
+      });
+}
+
+void drawReferences(const PictureBook& book, SampleLedger& ledger) {
+  Session session = sessionOver(ledger);
+  const ReportDefinition* report = findReport(10190);
+  CTzQueryDialog dialog(*report->dialog, session, nullptr);
+  dialog.SetRequest(liMing());
+  book.TakeModal(
+      QStringLiteral("conditions"), [&] { dialog.DoModal(); }, {},
+      [&](QWidget& window) {
+        book.TakeModal(QStringLiteral("reference"), [&] { click(window, QStringLiteral("2007")); });
+        if (!book.All()) return;
+        book.TakeModal(QStringLiteral("reference-dept"), [&] { click(window, QStringLiteral("2006")); });
+      });
+}
+
+void drawMessages(const PictureBook& book) {
+  struct Box {
+    const char* name;
+    const char* text;
+    MessageIcon icon;
+    MessageButtons buttons;
+  };
+  constexpr std::array boxes = {
+      Box{"short", "非法的部门", MessageIcon::information, MessageButtons::ok},
+      Box{"long",
+          "帐套文件已损坏或不是帐套：/home/zhang/帐套/华源机械制造有限公司2025年度.db。请从备份恢复，或在命令行用 "
+          "tzassistant ledger check 查看细节。",
+          MessageIcon::warning, MessageButtons::ok},
+      Box{"question", "“每月往来”已经保存过，换成现在的条件吗？", MessageIcon::information, MessageButtons::yesNo},
+  };
+  for (const Box& box : boxes) {
+    book.TakeModal(QStringLiteral("message-") + QLatin1String(box.name),
+                   [&] { AfxMessageBox(nullptr, box.text, {}, box.icon, box.buttons); });
+  }
+}
+
+}  // namespace
+
+void drawDialogs(const PictureBook& book, SampleLedger& ledger) {
+  drawConditions(book, ledger);
+  drawReferences(book, ledger);
+  if (!book.All()) return;
+  drawKinds(book, ledger);
+  drawMessages(book);
+}
+
+}  // namespace tz::images

@@ -1,0 +1,14 @@
+// The pictures by the windows they show.
+#pragma once
+
+#include "images/picture_book.h"
+#include "images/sample_ledger.h"
+
+namespace tz::images {
+
+void drawNavigator(const PictureBook& book);
+void drawReports(const PictureBook& book, SampleLedger& ledger);
+void drawDialogs(const PictureBook& book, SampleLedger& ledger);
+void drawHost(const PictureBook& book, SampleLedger& ledger);
+
+}  // namespace tz::images
