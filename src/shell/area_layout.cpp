@@ -87,6 +87,12 @@ std::span<const PicturePlace> picturesOf(NavigatorArea area) {
   Q_UNREACHABLE();
 }
 
+bool standClose(NavigatorArea area) {
+  constexpr int narrow = 100;
+  return std::ranges::any_of(picturesOf(area),
+                             [](const PicturePlace& picture) { return picture.place.width() < narrow; });
+}
+
 std::span<const AreaPicture> areaPictures() { return areas; }
 
 const AreaPicture& pictureOf(NavigatorArea area) { return *std::ranges::find(areas, area, &AreaPicture::area); }

@@ -23,6 +23,8 @@ struct PicturePlace {
 };
 // In the order in which they are inserted, which is the order of the Tab key.
 [[nodiscard]] std::span<const PicturePlace> picturesOf(NavigatorArea area);
+// Whether some of them are so narrow that all keep little room around their captions.
+[[nodiscard]] bool standClose(NavigatorArea area);
 
 struct AreaPicture {
   NavigatorArea area;

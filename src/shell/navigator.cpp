@@ -87,13 +87,14 @@ void CQnCwAssistantDlg::ClearAssistant() {
 }
 
 void CQnCwAssistantDlg::InitArea(NavigatorArea area) {
+  const PictureLook look = standClose(area) ? PictureLook::closeCard : PictureLook::card;
   for (const PicturePlace& picture : picturesOf(area)) {
     RCII image = imageOf(picture.command, picture.bitmap, picture.place);
     if (!runner_.available || !runner_.available(picture.command)) {
       image.enabled = 0;
       image.text = "该功能尚未提供";
     }
-    InsertSubImage(image);
+    InsertSubImage(image, look);
   }
 }
 

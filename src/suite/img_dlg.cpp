@@ -45,13 +45,13 @@ PictureButton* CImgDlg::Insert(const RCII& image, PictureLook look) {
 
 void CImgDlg::InsertCmdImage(const RCII& image, PictureLook look) { mainButtons_.push_back(Insert(image, look)); }
 
-void CImgDlg::InsertSubImage(const RCII& image) {
+void CImgDlg::InsertSubImage(const RCII& image, PictureLook look) {
   if (image == RCII{}) {
     for (PictureButton* button : areaButtons_) delete button;
     areaButtons_.clear();
     return;
   }
-  areaButtons_.push_back(Insert(image, PictureLook::card));
+  areaButtons_.push_back(Insert(image, look));
   // Tab goes through the rail, then the area, then what leaves the window.
   QWidget* last = areaButtons_.back();
   for (PictureButton* button : mainButtons_) {

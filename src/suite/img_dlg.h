@@ -38,7 +38,7 @@ class CImgDlg : public QDialog {
   CImgDlg(int templateId, QWidget* parent);
 
   void InsertCmdImage(const RCII& image, PictureLook look = PictureLook::rail);
-  void InsertSubImage(const RCII& image);
+  void InsertSubImage(const RCII& image, PictureLook look = PictureLook::card);
 
   void setVisible(bool visible) override;
 

@@ -9,8 +9,6 @@
 namespace tz {
 namespace {
 
-// Narrower buttons stand wall to wall and keep less around their caption.
-constexpr int narrow = 100;
 // High enough for a caption of two lines.
 constexpr int tall = 40;
 
@@ -39,7 +37,7 @@ void PictureButton::MoveTo(QPointF origin, double scale) {
 
 PictureButton::Measures PictureButton::MeasuresAt(double scale) const {
   if (look_ == PictureLook::rail) return {10 * scale, 17 * scale, 9 * scale, qRound(13 * scale)};
-  if (place_.width() < narrow) return {3 * scale, 15 * scale, 4 * scale, qRound(12 * scale)};
+  if (look_ == PictureLook::closeCard) return {3 * scale, 15 * scale, 4 * scale, qRound(12 * scale)};
   return {7 * scale, 16 * scale, 6 * scale, qRound(12 * scale)};
 }
 

@@ -8,8 +8,9 @@
 
 namespace tz {
 
-// Areas stand on the dark rail, commands on the card, and what leaves the window has an outline.
-enum class PictureLook { rail, card, outlined };
+// Areas stand on the dark rail, commands on the card (close to each other where there are many), and what leaves the
+// window has an outline.
+enum class PictureLook { rail, card, closeCard, outlined };
 
 class PictureButton : public QAbstractButton {
   Q_OBJECT

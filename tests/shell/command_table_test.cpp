@@ -64,7 +64,8 @@ TEST(CommandTable, CaptionsFitTheirPictures) {
     EXPECT_TRUE(button.CaptionFits()) << bitmap << " when current";
   };
   for (const NavigatorArea area : allAreas) {
-    for (const PicturePlace& picture : picturesOf(area)) expectFit(picture.bitmap, picture.place, PictureLook::card);
+    const PictureLook look = standClose(area) ? PictureLook::closeCard : PictureLook::card;
+    for (const PicturePlace& picture : picturesOf(area)) expectFit(picture.bitmap, picture.place, look);
   }
   for (const Layout layout : {Layout::standard, Layout::console}) {
     for (const AreaPicture& area : areaPictures()) {

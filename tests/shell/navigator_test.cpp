@@ -38,7 +38,8 @@ class Navigator : public testing::Test {
   std::set<int> CommandsShown() {
     std::set<int> shown;
     for (const PictureButton* button : window_->findChildren<PictureButton*>()) {
-      if (button->Look() == PictureLook::card && button->isVisible()) shown.insert(button->objectName().toInt());
+      const bool ofArea = button->Look() == PictureLook::card || button->Look() == PictureLook::closeCard;
+      if (ofArea && button->isVisible()) shown.insert(button->objectName().toInt());
     }
     return shown;
   }
