@@ -66,6 +66,7 @@ void GridView::LayOut() {
   const int headerHeight = header_->HeightNeeded();
   setViewportMargins(0, headerHeight, 0, 0);
   const QRect view = viewport()->geometry();
+  columns_.FillRoom(view.width());
   header_->setGeometry(view.left(), view.top() - headerHeight, view.width(), headerHeight);
   header_->update();
 

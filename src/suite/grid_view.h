@@ -24,6 +24,8 @@ class GridView : public QAbstractScrollArea {
   void Refresh();
   // Zero figures are left out; totals keep theirs.
   void SetHideZeros(bool hide);
+  // What stands in the middle of a grid without rows.
+  void SetEmptyText(const QString& text) { emptyText_ = text; }
 
   // Makes a cell current, alone selected and visible; false outside the grid.
   bool SetCurrent(std::int64_t row, int column);
@@ -73,6 +75,7 @@ class GridView : public QAbstractScrollArea {
   void DescribeCurrent();
 
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
+  void PaintNothing(QPainter& painter) const;
   void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
   void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;
 
@@ -81,6 +84,7 @@ class GridView : public QAbstractScrollArea {
   GridViewHeader* header_;
   int rowHeight_ = 24;
   bool hideZeros_ = false;
+  QString emptyText_;
   GridCell anchor_;
   GridCell current_;
   RangeSum sum_;

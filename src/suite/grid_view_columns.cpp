@@ -8,6 +8,10 @@ namespace {
 constexpr int narrowest = 24;
 // A long summary must not push the figures out of the window.
 constexpr int widestMeasured = 320;
+// Nor may room to spare part them from their dates.
+constexpr int widestElastic = 480;
+// Dates and voucher numbers gain nothing from more room.
+constexpr int shortTexts = 90;
 constexpr int edgeReach = 4;
 constexpr std::int64_t sampleSize = 100;
 
@@ -48,6 +52,26 @@ void GridViewColumns::Measure(const CTzGrid& grid, const GridFonts& fonts) {
       groups_.push_back({group, index, index});
     }
   }
+  elastic_ = WidestText(grid);
+  Place();
+}
+
+int GridViewColumns::WidestText(const CTzGrid& grid) const {
+  int found = -1;
+  int width = shortTexts;
+  for (int index = 0; const GridColumn& column : grid.Columns()) {
+    const int measured = measured_[static_cast<std::size_t>(index)];
+    if (column.figure == Figure::none && measured > width) {
+      found = index;
+      width = measured;
+    }
+    ++index;
+  }
+  return found;
+}
+
+void GridViewColumns::FillRoom(int width) {
+  room_ = width;
   Place();
 }
 
@@ -72,6 +96,10 @@ void GridViewColumns::Place() {
   for (std::size_t column = 0; column < measured_.size(); ++column) {
     lefts_.push_back(lefts_.back() + drawn_.value(keys_[column], measured_[column]));
   }
+  if (elastic_ < 0 || drawn_.contains(keys_[static_cast<std::size_t>(elastic_)])) return;
+  const int wanted = std::min(WidthOf(elastic_) + std::max(0, room_ - TotalWidth()), widestElastic);
+  const int more = std::max(0, wanted - WidthOf(elastic_));
+  for (auto edge = lefts_.begin() + elastic_ + 1; edge != lefts_.end(); ++edge) *edge += more;
 }
 
 int GridViewColumns::ColumnAt(int x) const {

@@ -35,6 +35,8 @@ class GridViewColumns {
   [[nodiscard]] int LeftOf(int column) const { return lefts_[static_cast<std::size_t>(column)]; }
   [[nodiscard]] int WidthOf(int column) const { return LeftOf(column + 1) - LeftOf(column); }
   [[nodiscard]] int TotalWidth() const { return lefts_.back(); }
+  // Room to the right of all columns goes to the widest column of texts, unless a person has drawn it.
+  void FillRoom(int width);
   // The column at a distance from the left edge of the first; the nearest one outside of all.
   [[nodiscard]] int ColumnAt(int x) const;
   // The column whose right edge lies there, to be drawn wider; -1 for none.
@@ -51,6 +53,7 @@ class GridViewColumns {
   static constexpr int margin = 7;
 
  private:
+  [[nodiscard]] int WidestText(const CTzGrid& grid) const;
   [[nodiscard]] static int ContentWidth(const CTzGrid& grid, int column, const GridFonts& fonts);
   void Place();
 
@@ -58,6 +61,8 @@ class GridViewColumns {
   std::vector<QString> keys_;  // group and caption: what a drawn width is remembered by
   std::vector<Group> groups_;
   std::vector<int> measured_;
+  int elastic_ = -1;  // the column that takes the room; -1 for none
+  int room_ = 0;
   std::vector<int> lefts_{0};  // one more than there are columns
   QHash<QString, int> drawn_;
 };

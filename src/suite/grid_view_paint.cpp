@@ -24,7 +24,10 @@ struct GridView::Style {
 void GridView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), currentTheme().ground);
-  if (Empty()) return;
+  if (Empty()) {
+    PaintNothing(painter);
+    return;
+  }
   const QRect area = event->rect();
   const int offset = horizontalScrollBar()->value();
   const std::int64_t scrolled = verticalScrollBar()->value();
@@ -38,6 +41,12 @@ void GridView::paintEvent(QPaintEvent* event) {
   painter.setPen(QPen(currentTheme().accent, 2));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(CellRect(current_.row, current_.column).adjusted(1, 0, -2, -1));
+}
+
+void GridView::PaintNothing(QPainter& painter) const {
+  if (columns_.Count() == 0) return;
+  painter.setPen(currentTheme().mutedText);
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
 }
 
 void GridView::PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const {

@@ -44,6 +44,11 @@ ComboList depts(const CQnCwDB& db, bool all) {
   return list;
 }
 
+bool alwaysStands(ControlSpec::Kind kind) {
+  return kind == ControlSpec::Kind::deptCombo || kind == ControlSpec::Kind::unitClassCombo ||
+         kind == ControlSpec::Kind::clerkCombo;
+}
+
 }  // namespace
 
 ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
@@ -73,7 +78,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   if (!members_.empty()) row->addSpacing(10);
   row->addWidget(label);
   row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
-  members_.push_back({control.key, control.all, combo});
+  members_.push_back({control.key, control.all, alwaysStands(control.kind), combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, combo->CurrentText()); });
 }
@@ -107,7 +112,8 @@ void ConditionCombos::Select(const Request& request, const CQnCwDB& db) {
 
 void ConditionCombos::SelectIn(const Member& member, const std::string& wanted) {
   CUsefulCombox& combo = *member.combo;
-  int place = wanted.empty() || combo.count() == 0 ? -1 : 0;
+  const bool leftOut = wanted.empty() && !member.alwaysStands;
+  int place = leftOut || combo.count() == 0 ? -1 : 0;
   for (int i = 0; i < combo.count() && !wanted.empty(); ++i) {
     if (comparable(member.key, fromQt(combo.itemText(i))) != comparable(member.key, wanted)) continue;
     place = i;

@@ -20,8 +20,8 @@ class ConditionCombos : public QWidget {
 
   // Fills the lists that depend on nothing else. False when the report needs an account and none qualifies.
   bool Fill(const CQnCwDB& db);
-  // Selects what the request names, in each list the first entry when there is no such one; a condition left empty
-  // selects nothing.
+  // Selects what the request names, in each list the first entry when there is no such one. Of a name left out nothing
+  // is selected, of a list in which something always stands its first entry.
   void Select(const Request& request, const CQnCwDB& db);
   // Fills the list of persons with those of the chosen department and selects none of them.
   void RefillPersons(const CQnCwDB& db);
@@ -35,7 +35,8 @@ class ConditionCombos : public QWidget {
  private:
   struct Member {
     ParameterKey key;
-    bool all;  // "全部" is offered
+    bool all;           // "全部" is offered
+    bool alwaysStands;  // left out, it is the first entry
     CUsefulCombox* combo;
   };
   void AddCombo(const ControlSpec& control, int comboId);

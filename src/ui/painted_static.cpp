@@ -30,7 +30,8 @@ PaintedStatic::PaintedStatic(int id, Look look, QWidget* parent) : QLabel(parent
 void PaintedStatic::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const int top = (height() - fontMetrics().height()) / 2;
-  CNeedBitmap::DisplayAString(painter, {0, top}, text(), currentTheme().text, font());
+  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+  CNeedBitmap::DisplayAString(painter, {0, top}, fitting, currentTheme().text, font());
 }
 
 }  // namespace tz

@@ -15,6 +15,8 @@ constexpr int titleId = 1010;
 constexpr int periodId = 1007;
 constexpr int currencyId = 1008;
 constexpr int unitId = 1011;
+// Of our own; templates have none.
+constexpr int othersId = 1013;
 constexpr int formatId = 2201;
 constexpr int gapBetweenLabels = 36;
 
@@ -27,6 +29,7 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
       period_(label(periodId, this)),
       currency_(label(currencyId, this)),
       unit_(label(unitId, this)),
+      others_(label(othersId, this)),
       format_(new QComboBox(this)),
       conditions_(new ConditionCombos(*report.dialog, this)) {
   auto* title = new PaintedStatic(titleId, PaintedStatic::Look::title, this);
@@ -39,6 +42,8 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
   format_->setVisible(report.formats != nullptr);
   connect(format_, &QComboBox::activated, this, &ReportHeading::OnFormatChosen);
 
+  others_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+
   auto* top = new QHBoxLayout;
   top->addWidget(title);
   top->addStretch(1);
@@ -48,7 +53,7 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
   labels->addWidget(period_);
   labels->addWidget(unit_);
   labels->addWidget(currency_);
-  labels->addStretch(1);
+  labels->addWidget(others_, 1);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(8);
@@ -67,6 +72,11 @@ void ReportHeading::SetFormats(const std::vector<std::string>& formats, const st
 void ReportHeading::SetPeriod(const std::string& text) {
   period_->setText(toQt(text));
   period_->setVisible(!text.empty());
+}
+
+void ReportHeading::SetOthers(const std::string& text) {
+  others_->setText(toQt(text));
+  others_->setToolTip(others_->text());
 }
 
 void ReportHeading::SetUnits(const AccountAmounts& amounts, const std::string& format) {

@@ -24,6 +24,8 @@ class ReportHeading : public QWidget {
   // The formats to choose from and the one that is shown.
   void SetFormats(const std::vector<std::string>& formats, const std::string& shown);
   void SetPeriod(const std::string& text);
+  // Conditions without a combo of their own, as one line.
+  void SetOthers(const std::string& text);
   // Quantity unit and currency, each shown when the format has figures of that kind.
   void SetUnits(const AccountAmounts& amounts, const std::string& format);
 
@@ -37,6 +39,7 @@ class ReportHeading : public QWidget {
   PaintedStatic* period_;
   PaintedStatic* currency_;
   PaintedStatic* unit_;
+  PaintedStatic* others_;
   QComboBox* format_;
   ConditionCombos* conditions_;
   QString rememberedFormat_;

@@ -23,6 +23,7 @@
 #include "ui/long_work.h"
 #include "ui/report_heading.h"
 #include "ui/report_status.h"
+#include "ui/shown_conditions.h"
 
 namespace tz {
 namespace {
@@ -235,6 +236,8 @@ void ReportWindow::Show(ShownReport shown) {
                           ? std::string()
                           : paintedPeriodText(g_tmLogonTime.year, conditions.from, conditions.to));
   heading_->SetUnits(conditions.amounts, shown_->report.format);
+  heading_->SetOthers(shownConditions(*definition_.dialog, conditions));
+  view_->SetEmptyText(QStringLiteral("没有记录"));
   view_->SetGrid(&shown_->report.grid);
   status_->ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   update();
@@ -263,16 +266,18 @@ void ReportWindow::OnConditionChosen(ParameterKey key, const std::string& chosen
 }
 
 void ReportWindow::AwaitPerson() {
+  const QString wanted = QStringLiteral("请选择个人");
   request_.clear(ParameterKey::person);
   heading_->Conditions().RefillPersons(*g_pDB);
   if (shown_) {
     shown_->request = request_;
     shown_->report.grid.SetRows(0);
     shown_->report.grid.notices.clear();
+    view_->SetEmptyText(wanted);
     view_->Refresh();
   }
   status_->ShowRows(0, {});
-  status_->ShowMessage(QStringLiteral("请选择个人"));
+  status_->ShowMessage(wanted);
 }
 
 void ReportWindow::OnFormatChosen(const QString& format) {

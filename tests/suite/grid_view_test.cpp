@@ -95,7 +95,7 @@ TEST_F(GridViewTest, GroupsSpanTheirColumnsAndSingleCaptionsBothLevels) {
 TEST_F(GridViewTest, ColumnsWidenForTheirContentsAndByTheMouse) {
   CTzGrid grid = longLedger(2000);
   grid.SetNumber(1999, 1, -98765432109876.25);
-  Show(std::move(grid));
+  Show(std::move(grid), {320, 320});
   GridViewHeader& header = *view_.Header();
   const int figure = header.CaptionRect(1).width();
   EXPECT_GT(figure, view_.fontMetrics().horizontalAdvance(QStringLiteral("-98,765,432,109,876.25")));
@@ -110,6 +110,18 @@ TEST_F(GridViewTest, ColumnsWidenForTheirContentsAndByTheMouse) {
   EXPECT_EQ(header.CaptionRect(0).width(), 120) << "a refresh keeps the width that was drawn";
   QTest::mouseDClick(&header, Qt::LeftButton, {}, edge - QPoint(80, 0));
   EXPECT_EQ(header.CaptionRect(0).width(), 200);
+}
+
+TEST_F(GridViewTest, RoomToSpareGoesToTheSummaryUntilItIsDrawn) {
+  Show(longLedger(3), {500, 320});
+  const GridViewColumns& columns = view_.ColumnWidths();
+  EXPECT_EQ(columns.TotalWidth(), view_.viewport()->width());
+  EXPECT_EQ(columns.WidthOf(1), 100);
+  EXPECT_EQ(view_.CellRect(0, 1).right(), view_.viewport()->rect().right());
+  view_.resize(2000, 320);
+  EXPECT_LT(columns.TotalWidth(), 700) << "figures stay near their dates";
+  view_.ColumnWidths().SetWidth(0, 150);
+  EXPECT_EQ(columns.TotalWidth(), 250);
 }
 
 TEST_F(GridViewTest, RowColoursFollowTheTheme) {
