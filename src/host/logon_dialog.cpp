@@ -62,6 +62,7 @@ LogonDialog::LogonDialog(const CQnCwDB& db, const QString& ledger, const QString
   failure_->hide();
 
   auto* form = new QFormLayout;
+  form->setLabelAlignment(Qt::AlignRight);
   form->addRow(QStringLiteral("操作员"), names_);
   form->addRow(QStringLiteral("口令"), password_);
   form->addRow(QStringLiteral("登录日期"), date_);

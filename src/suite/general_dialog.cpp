@@ -9,22 +9,28 @@
 namespace tz {
 
 CGeneralDialog::CGeneralDialog(QWidget* parent)
-    : QDialog(parent), text_(new QLabel(this)), cancel_(new QPushButton(QStringLiteral("取消"), this)) {
+    : QDialog(parent),
+      text_(new QLabel(this)),
+      bar_(new QProgressBar(this)),
+      cancel_(new QPushButton(QStringLiteral("取消"), this)) {
   setWindowTitle(QStringLiteral("请稍候"));
   setWindowModality(Qt::WindowModal);
   cancel_->setObjectName(QStringLiteral("2"));
-  auto* bar = new QProgressBar(this);
-  bar->setRange(0, 0);
-  bar->setTextVisible(false);
-  bar->setAccessibleName(QStringLiteral("进度"));
+  // Enter on what one is waiting for must not end the waiting.
+  cancel_->setAutoDefault(false);
+  bar_->setRange(0, 0);
+  bar_->setTextVisible(false);
+  bar_->setAccessibleName(QStringLiteral("进度"));
   auto* layout = new QVBoxLayout(this);
   constexpr int margin = 20;
   layout->setContentsMargins(margin, margin, margin, margin);
   layout->setSpacing(12);
   layout->addWidget(text_);
-  layout->addWidget(bar);
+  layout->addWidget(bar_);
   layout->addWidget(cancel_, 0, Qt::AlignRight);
   setMinimumWidth(320);
+  constexpr int frame = 40;  // milliseconds
+  startTimer(frame);
   connect(cancel_, &QPushButton::clicked, this, &CGeneralDialog::cancelled);
 }
 
@@ -33,6 +39,8 @@ void CGeneralDialog::Begin() {
   cancel_->setCursor(Qt::ArrowCursor);
   show();
 }
+
+void CGeneralDialog::timerEvent(QTimerEvent* /*event*/) { bar_->update(); }
 
 void CGeneralDialog::SetTextGeneral(const QString& text) { text_->setText(text); }
 

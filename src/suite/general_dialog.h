@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class QLabel;
+class QProgressBar;
 class QPushButton;
 
 namespace tz {
@@ -27,9 +28,11 @@ class CGeneralDialog : public QDialog {
  protected:
   void accept() override {}
   void reject() override { emit cancelled(); }
+  void timerEvent(QTimerEvent* event) override;
 
  private:
   QLabel* text_;
+  QProgressBar* bar_;
   QPushButton* cancel_;
 };
 

@@ -1,6 +1,7 @@
 #include "suite/message_box.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -43,10 +44,12 @@ QPixmap iconOf(const Message& message, double scale) {
 
 // A message of one line stays on one line; a longer one is broken at a width that reads well.
 void setTextWidth(QMessageBox& box) {
+  constexpr int narrowest = 200;
   constexpr int widest = 420;
   auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
   if (label == nullptr) return;
-  label->setMinimumWidth(std::min(widest, label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1));
+  label->setMinimumWidth(
+      std::clamp(label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1, narrowest, widest));
 }
 
 bool showBox(QWidget* parent, const Message& message) {
@@ -59,6 +62,8 @@ bool showBox(QWidget* parent, const Message& message) {
   QPushButton* yes = box.addButton(asks ? QStringLiteral("是(&Y)") : QStringLiteral("确定"), QMessageBox::AcceptRole);
   box.setDefaultButton(yes);
   if (asks) box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::RejectRole));
+  constexpr int margin = 20;
+  box.layout()->setContentsMargins(margin, margin, margin, margin);
   box.exec();
   return box.clickedButton() == yes;
 }

@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "suite/picture_icon.h"
 #include "suite/qt_text.h"
 #include "suite/query_field_parts.h"
 #include "suite/theme.h"
@@ -58,7 +59,8 @@ class DateField : public QueryField {
     edit_->setAccessibleName(toQt(spec.caption));
     edit_->setPlaceholderText(QStringLiteral("YYYY-MM-DD"));
     auto* pick = madeControl<QToolButton>(spec.companion, row_);
-    pick->setArrowType(Qt::DownArrow);
+    constexpr int calendarPicture = 1357;
+    pick->setIcon(pictureIcon(calendarPicture));
     pick->setToolTip(QStringLiteral("选择日期 (F2)"));
     pick->setAccessibleName(QStringLiteral("选择日期"));
     pick->setFocusPolicy(Qt::TabFocus);
@@ -96,7 +98,16 @@ class DateField : public QueryField {
     calendar->setWeekdayTextFormat(Qt::Sunday, plain);
     calendar->findChild<QToolButton*>(QStringLiteral("qt_calendar_prevmonth"))->setArrowType(Qt::LeftArrow);
     calendar->findChild<QToolButton*>(QStringLiteral("qt_calendar_nextmonth"))->setArrowType(Qt::RightArrow);
+    CalmBar(*calendar->findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar")));
     return calendar;
+  }
+  // Month and year on the colour of heads: only the chosen day stands out.
+  static void CalmBar(QWidget& bar) {
+    QPalette colours = bar.palette();
+    colours.setColor(QPalette::Highlight, currentTheme().header);
+    colours.setColor(QPalette::HighlightedText, currentTheme().text);
+    bar.setPalette(colours);
+    for (auto* button : bar.findChildren<QToolButton*>()) button->setPalette(colours);
   }
   void OpenCalendar() {
     auto* popup = new QFrame(edit_, Qt::Popup);

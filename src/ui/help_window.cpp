@@ -73,6 +73,8 @@ void showHelp(QWidget* window, const ReportDefinition& report) {
     auto* browser = new QTextBrowser(help);
     browser->setFrameShape(QFrame::NoFrame);
     browser->setHtml(page(report));
+    constexpr int margin = 20;
+    browser->document()->setDocumentMargin(margin);
     auto* layout = new QVBoxLayout(help);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(browser);

@@ -101,6 +101,7 @@ void ReportStatus::BeginWork(const QString& text) {
 
 void ReportStatus::ShowProgress(qint64 done, qint64 of) {
   progress_->setRange(0, of == 0 ? 0 : 100);
+  progress_->update();
   if (of != 0) progress_->setValue(static_cast<int>(done * 100 / of));
   progress_->show();
   stop_->show();
