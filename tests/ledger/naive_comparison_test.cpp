@@ -1,6 +1,8 @@
-// The program's person detail ledger against the naive computation, on random ledgers.
+// The program's detail ledgers against the naive computation, on random ledgers.
 #include <gtest/gtest.h>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "catalogue/catalogue.h"
 #include "data/record_io.h"
@@ -16,33 +18,67 @@ using naive::Question;
 
 constexpr int logonMonth = 7;
 
+void fillItems(Connection& keeper, const naive::Ledger& ledger) {
+  for (const char* itemClass : naive::itemClasses) {
+    const auto table = std::string("ProjItems") + itemClass;
+    keeper.execute(Sql("DELETE FROM " + table));
+    for (const auto& item : ledger.items) {
+      if (item.classId != itemClass) continue;
+      keeper.execute(
+          Sql("INSERT INTO " + table + " (lId, FIELD0, FIELD1) VALUES (?, ?, ?)", item.id, item.code, item.name));
+    }
+  }
+}
+
 void fillLedger(Connection& keeper, const naive::Ledger& ledger) {
   Transaction transaction(keeper, Transaction::Purpose::writing);
-  for (const char* table :
-       {"Code", "Cyrency", "Dept", "Person", "AssAcc", "RegMain", "RegSub", "UnregMain", "UnregSub"}) {
-    keeper.execute(Sql(std::string("DELETE FROM ") + table));
-  }
-  insertRecords(keeper, ledger.accounts);
-  insertRecords(keeper, ledger.currencies);
-  insertRecords(keeper, ledger.depts);
-  insertRecords(keeper, ledger.persons);
-  insertRecords(keeper, ledger.balances);
-  insertRecords(keeper, ledger.postedHeads);
-  insertRecords(keeper, ledger.postedLines);
-  insertRecords(keeper, ledger.unpostedHeads);
-  insertRecords(keeper, ledger.unpostedLines);
+  const auto replace = [&](const auto& records) {
+    using Record = typename std::decay_t<decltype(records)>::value_type;
+    keeper.execute(Sql(std::string("DELETE FROM ") + Record::table));
+    insertRecords(keeper, records);
+  };
+  replace(ledger.accounts);
+  replace(ledger.currencies);
+  replace(ledger.depts);
+  replace(ledger.persons);
+  replace(ledger.unitClasses);
+  replace(ledger.units);
+  replace(ledger.classes);
+  replace(ledger.classesOfAccounts);
+  replace(ledger.balances);
+  replace(ledger.postedHeads);
+  replace(ledger.postedLines);
+  replace(ledger.unpostedHeads);
+  replace(ledger.unpostedLines);
+  fillItems(keeper, ledger);
   transaction.commit();
 }
 
+// The conditions that the report takes; one that is empty is left out.
 Request requestOf(const Question& question) {
+  std::string accounts;
+  for (const auto& code : question.accounts) accounts += (accounts.empty() ? "" : "\n") + code;
+  std::map<ParameterKey, std::string> values = {
+      {ParameterKey::account, accounts},
+      {ParameterKey::dept, question.dept},
+      {ParameterKey::person, question.person},
+      {ParameterKey::unit, question.unit},
+      {ParameterKey::unitClass, question.unitClass},
+      {ParameterKey::clerk, question.clerk},
+      {ParameterKey::projectClass, question.projectClass},
+      {ParameterKey::project, question.project},
+      {ParameterKey::projectFrom, question.projectFrom},
+      {ParameterKey::projectTo, question.projectTo},
+      {ParameterKey::analysis, question.amountAnalysis ? "amount" : ""},
+      {ParameterKey::unposted, question.unposted ? "1" : ""},
+      {ParameterKey::format, question.format},
+  };
+  if (question.from != logonMonth) values[ParameterKey::from] = std::to_string(question.from);
+  if (question.to != logonMonth) values[ParameterKey::to] = std::to_string(question.to);
   Request request;
-  request.set(ParameterKey::account, question.account);
-  request.set(ParameterKey::dept, question.dept);
-  request.set(ParameterKey::person, question.person);
-  if (question.from != logonMonth) request.set(ParameterKey::from, std::to_string(question.from));
-  if (question.to != logonMonth) request.set(ParameterKey::to, std::to_string(question.to));
-  if (question.unposted) request.set(ParameterKey::unposted, "1");
-  if (!question.format.empty()) request.set(ParameterKey::format, question.format);
+  for (const auto key : parametersOf(*findReport(question.report))) {
+    if (!values[key].empty()) request.set(key, values[key]);
+  }
   return request;
 }
 
@@ -64,7 +100,8 @@ nlohmann::json jsonOf(const Answer& answer, const Question& question) {
                     {"background", row.green ? nlohmann::json("#E0FFE0") : nlohmann::json()},
                     {"data", row.data}});
   }
-  return {{"subtitle", answer.subtitle},
+  return {{"title", answer.title},
+          {"subtitle", answer.subtitle},
           {"unit", answer.unit},
           {"format", answer.format},
           {"period", "月份: " + monthText(question.from) + " - " + monthText(question.to)},
@@ -85,7 +122,7 @@ std::string printed(const ComputedReport& report) {
 std::string ask(CQnCwDB& db, const std::string& ledger, const Question& question) {
   Session session{.db = db, .ledger = ledger, .logon = {2006, logonMonth, 31}};
   try {
-    const auto outcome = runReport(*findReport(10190), requestOf(question), session);
+    const auto outcome = runReport(*findReport(question.report), requestOf(question), session);
     if (const auto* refusal = std::get_if<Refusal>(&outcome)) return "refused: " + refusal->text();
     return printed(std::get<ComputedReport>(outcome));
   } catch (const WrongUse&) {
@@ -95,8 +132,8 @@ std::string ask(CQnCwDB& db, const std::string& ledger, const Question& question
 
 // Where both differ, for a person to look at; empty when they agree.
 std::string difference(const std::string& program, const Answer& answer, const Question& question) {
-  if (!answer.refusal.empty() || answer.formatNotOffered) {
-    const auto expected = answer.formatNotOffered ? "wrong use" : "refused: " + answer.refusal;
+  if (!answer.refusal.empty() || answer.wrongUse) {
+    const auto expected = answer.wrongUse ? "wrong use" : "refused: " + answer.refusal;
     return program == expected ? "" : "expected " + expected + "\nprogram  " + program;
   }
   if (!program.starts_with('{')) return "expected a report\nprogram  " + program;
@@ -118,11 +155,15 @@ std::string difference(const std::string& program, const Answer& answer, const Q
 }
 
 std::string spelled(const Question& question) {
-  return question.account + " / " + question.dept + " / " + question.person + " / " + std::to_string(question.from) +
-         "-" + std::to_string(question.to) + (question.unposted ? " unposted " : " ") + question.format;
+  std::string text = "report " + std::to_string(question.report);
+  const auto request = requestOf(question);
+  for (const auto& [key, value] : request.values()) {
+    text += " --" + std::string(parameter(key).option) + " " + value;
+  }
+  return text;
 }
 
-// How much the random ledgers really reach.
+// How much the random ledgers really reach, by report.
 struct Reached {
   int reports = 0, rows = 0, unpostedRows = 0, notices = 0, refusals = 0;
 
@@ -134,25 +175,34 @@ struct Reached {
     for (const auto& row : answer.rows) unpostedRows += row.green ? 1 : 0;
   }
 };
+using ReachedByReport = std::map<int, Reached>;
 
-Reached compareMany(Engine engine, int seeds) {
-  constexpr int questionsPerLedger = 15;
+// A sum of cents depends on the order in which it is formed, and only the month walk has a fixed one.
+bool addsInFixedOrder(const naive::Report& report) { return report.groups.empty() && report.id != 10232; }
+
+ReachedByReport compareMany(Engine engine, int seeds) {
+  constexpr int questionsPerReport = 2;
   TestLedger place(engine);
+  for (const char* itemClass : naive::itemClasses) place.makeItemTable(itemClass);
   CQnCwDB db(Access::read);
   db.Open(place.address());
-  Reached reached;
-  for (int seed = 1; seed <= seeds && !::testing::Test::HasFailure(); ++seed) {
+  ReachedByReport reached;
+  std::set<int> differ;  // shown once each
+  for (int seed = 1; seed <= seeds; ++seed) {
     naive::Dice dice(static_cast<std::uint64_t>(seed));
-    const auto ledger = naive::randomLedger(dice);
+    const bool cents = seed % 3 == 0;
+    const auto ledger = naive::randomLedger(dice, cents ? naive::Amounts::cents : naive::Amounts::sixtyFourths);
     fillLedger(place.keeper(), ledger);
-    for (int i = 0; i < questionsPerLedger; ++i) {
-      const auto question = naive::randomQuestion(dice, ledger);
-      const auto answer = naive::threeColumnLedger(ledger, question);
-      reached.count(answer);
-      const auto found = difference(ask(db, place.address(), question), answer, question);
-      if (!found.empty()) {
-        ADD_FAILURE() << "seed " << seed << ", question " << i << ": " << spelled(question) << "\n" << found;
-        break;
+    for (const auto& report : naive::allNaive()) {
+      for (int i = 0; i < questionsPerReport; ++i) {
+        const auto question = naive::randomQuestion(dice, ledger, report);
+        if (differ.contains(report.id) || (cents && !addsInFixedOrder(report))) continue;
+        const auto answer = naive::detailLedger(ledger, question);
+        reached[report.id].count(answer);
+        const auto found = difference(ask(db, place.address(), question), answer, question);
+        if (found.empty()) continue;
+        ADD_FAILURE() << "seed " << seed << ": " << spelled(question) << "\n" << found;
+        differ.insert(report.id);
       }
     }
   }
@@ -160,17 +210,26 @@ Reached compareMany(Engine engine, int seeds) {
 }
 
 TEST(NaiveComparison, AgreesOnAFile) {
-  const auto reached = compareMany(Engine::sqlite, 300);
-  EXPECT_GT(reached.reports, 1500);
-  EXPECT_GT(reached.rows, 10000);
-  EXPECT_GT(reached.unpostedRows, 500);
-  EXPECT_GT(reached.notices, 150);
-  EXPECT_GT(reached.refusals, 200);
+  for (const auto& [id, reached] : compareMany(Engine::sqlite, 300)) {
+    EXPECT_GT(reached.reports, 100) << id;
+    EXPECT_GT(reached.rows, 1000) << id;
+    EXPECT_GT(reached.unpostedRows, 50) << id;
+    EXPECT_GT(reached.notices, 5) << id;
+    EXPECT_GT(reached.refusals, 5) << id;
+  }
 }
 
 TEST(NaiveComparison, AgreesOnAServer) {
-  const auto reached = compareMany(Engine::postgres, 30);
-  EXPECT_GT(reached.reports, 150);
+  for (const auto& [id, reached] : compareMany(Engine::postgres, 30)) EXPECT_GT(reached.reports, 10) << id;
+}
+
+// A new detail ledger needs its naive side.
+TEST(NaiveComparison, KnowsEveryDetailLedger) {
+  for (const auto* report : catalogue()) {
+    const auto title = std::string(report->printTitle);
+    const bool detail = title.ends_with("明细帐") || title.ends_with("多栏帐");
+    EXPECT_EQ(naive::findNaive(report->command) != nullptr, detail) << report->command << " " << title;
+  }
 }
 
 }  // namespace

@@ -1,11 +1,12 @@
-// Small random ledgers for the comparison with the naive computation: a chart with parents over both directions,
-// quantity and currency accounts, names that occur twice, ids that are easily mistaken for each other, red entries,
-// voucher dates in and out of their periods. The same seed makes the same ledger everywhere.
+// Small random ledgers for the comparison with the naive computation: a chart of three grades with both directions,
+// every dimension, quantity and currency accounts, names that occur twice, ids that are easily mistaken for each other,
+// red entries, voucher dates in and out of their periods. The same seed makes the same ledger everywhere.
 #pragma once
 
 #include <cstdint>
 
 #include "ledger/naive_ledger.h"
+#include "ledger/naive_reports.h"
 
 namespace tz::test::naive {
 
@@ -29,10 +30,18 @@ class Dice {
   std::uint64_t state_;
 };
 
-// Openings and unposted amounts are multiples of powers of two, so that their sums do not depend on an order that
-// nothing fixes; posted lines, whose order is fixed, hold any cents.
-[[nodiscard]] Ledger randomLedger(Dice& dice);
+// The two classes of project items that every ledger has item tables of.
+inline constexpr const char* itemClasses[] = {"Z9", "01"};
+
+// What posted lines hold. Openings and unposted amounts are always multiples of powers of two, so that their sums do
+// not depend on an order that nothing fixes.
+enum class Amounts {
+  cents,         // for reports that add lines only in an order that is fixed
+  sixtyFourths,  // for all reports
+};
+
+[[nodiscard]] Ledger randomLedger(Dice& dice, Amounts amounts);
 // Mostly a question that has an answer, now and then one that is refused.
-[[nodiscard]] Question randomQuestion(Dice& dice, const Ledger& ledger);
+[[nodiscard]] Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report);
 
 }  // namespace tz::test::naive

@@ -1,0 +1,323 @@
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+
+#include "ledger/naive_columns.h"
+#include "ledger/naive_dialog.h"
+#include "ledger/naive_lines.h"
+
+namespace tz::test::naive {
+namespace {
+
+// One member with its lines: the whole ledger where a report has no groups.
+struct Block {
+  Balance opening;
+  std::vector<Entry> posted, unposted;
+};
+
+using Key = std::vector<std::pair<std::string, Id>>;  // for each group the project class and the id
+
+struct Sums {
+  Figures moved;
+  Balance balance;
+};
+
+class Computation {
+ public:
+  Computation(const Ledger& ledger, const Report& report, const Question& question)
+      : ledger_(ledger), report_(report), question_(question), chosen_(choose(ledger, report, question)) {}
+
+  Answer run() {
+    answer_.refusal = chosen_.refusal;
+    answer_.wrongUse = chosen_.wrongUse;
+    if (chosen_.wrongUse || !chosen_.refusal.empty()) return answer_;
+    chooseFormat();
+    if (answer_.wrongUse) return answer_;
+    answer_.title = report_.title;
+    answer_.subtitle = subtitle();
+    if (report_.columns) {
+      columns_ = std::make_unique<SubAccountColumns>(ledger_, chosen_.accounts.front(), report_.flags[0],
+                                                     question_.amountAnalysis, columnsOf(answer_.format));
+    }
+    const Lines lines(ledger_, report_, question_, chosen_);
+    openings(lines);
+    movements(lines);
+    write();
+    return answer_;
+  }
+
+ private:
+  // Where no account is chosen every format is offered.
+  void chooseFormat() {
+    const bool oneAccount = report_.accounts != Accounts::none && report_.accounts != Accounts::list;
+    if (oneAccount) keeps_ = keptBy(chosen_.accounts.front().lId);
+    const bool units = !oneAccount || !keeps_.unit.empty();
+    const bool currencies = !oneAccount || !keeps_.currency.empty();
+    std::vector<std::string> offered = {"金额式"};
+    if (units) offered.emplace_back("数量金额式");
+    if (currencies) offered.emplace_back("外币金额式");
+    if (units && currencies) offered.emplace_back("数量外币式");
+    answer_.format = question_.format;
+    if (answer_.format.empty()) answer_.format = oneAccount ? offered.back() : offered.front();
+    if (currencies && !report_.columns) offered.emplace_back("外币式");
+    answer_.wrongUse = std::find(offered.begin(), offered.end(), answer_.format) == offered.end();
+    if (answer_.format == "数量金额式") answer_.unit = keeps_.unit;
+    if (answer_.format == "外币金额式") answer_.unit = keeps_.currency;
+    if (answer_.format == "数量外币式" && oneAccount) answer_.unit = keeps_.unit + "\n" + keeps_.currency;
+  }
+
+  Keeps keptBy(Id id) const {
+    Keeps keeps;
+    for (const auto& account : ledger_.accounts) {
+      if (account.lId != id) continue;
+      keeps.unit = account.sUnit;
+      for (const auto& currency : ledger_.currencies) {
+        if (account.byExchId == 0 || currency.byExchId != account.byExchId) continue;
+        keeps.currency = currency.sName;
+        keeps.multiplies = currency.bConvert != 0;
+      }
+    }
+    return keeps;
+  }
+
+  std::string subtitle() const {
+    std::map<std::string, std::string> texts = {
+        {"{dept}", chosen_.dept.sDeptName},  {"{person}", chosen_.person.sName},
+        {"{unit}", chosen_.unit.sEnterName}, {"{unit class}", chosen_.unitClass.sName},
+        {"{project}", chosen_.project.name}, {"{clerk}", chosen_.clerk.empty() ? "其它" : chosen_.clerk},
+    };
+    if (!chosen_.accounts.empty()) {
+      texts["{account}"] = chosen_.accounts.front().sCode + " " + chosen_.accounts.front().sName;
+    }
+    std::string text, rest = report_.subtitle;
+    while (!rest.empty()) {
+      const auto open = rest.find('{');
+      text += rest.substr(0, open);
+      if (open == std::string::npos) break;
+      const auto close = rest.find('}', open);
+      text += texts[rest.substr(open, close + 1 - open)];
+      rest = rest.substr(close + 1);
+    }
+    return text;
+  }
+
+  // --- what belongs to which block
+
+  Key keyOf(const Dimensions& of) const {
+    Key key;
+    for (const auto& group : report_.groups) {
+      switch (group.entity) {
+        case Entity::account:
+          key.push_back({"", of.account});
+          break;
+        case Entity::dept:
+          key.push_back({"", of.dept});
+          break;
+        case Entity::person:
+          key.push_back({"", of.person});
+          break;
+        case Entity::unit:
+          key.push_back({"", of.unit});
+          break;
+        case Entity::project:
+          key.push_back({of.classId, of.item});
+          break;
+      }
+    }
+    return key;
+  }
+
+  void openings(const Lines& lines) {
+    // The multi-column ledger of a department starts from the year's opening.
+    const bool fromYearsStart = report_.id == 10232;
+    for (const auto& record : lines.openings(fromYearsStart ? 1 : question_.from)) {
+      auto& opening = blocks_[keyOf(record.of)].opening;
+      opening.quantity += record.quantity;
+      opening.foreign += record.foreign;
+      opening.money += record.money;
+    }
+    if (fromYearsStart) {
+      for (const auto& entry : lines.posted(1, question_.from - 1)) blocks_[keyOf(entry.of)].opening.add(entry.figures);
+    }
+    if (!question_.unposted) return;
+    for (const auto& entry : lines.unpostedBefore(question_.from)) {
+      blocks_[keyOf(entry.of)].opening.money += entry.figures.debitMoney - entry.figures.creditMoney;
+    }
+  }
+
+  void movements(const Lines& lines) {
+    for (auto& entry : lines.posted(question_.from, question_.to)) blocks_[keyOf(entry.of)].posted.push_back(entry);
+    if (!question_.unposted) return;
+    for (auto& entry : lines.unposted(question_.from, question_.to)) {
+      blocks_[keyOf(entry.of)].unposted.push_back(entry);
+    }
+  }
+
+  // --- rows
+
+  void write() {
+    std::vector<Sums> open(report_.groups.size());  // of each group but the innermost, and behind them the whole report
+    const Key* previous = nullptr;
+    int blocks = 0;
+    std::size_t unlisted = 0;
+    for (auto& [key, block] : blocks_) {
+      const bool shown = std::fabs(block.opening.money) >= 0.00001 || !block.posted.empty() || !block.unposted.empty();
+      if (!report_.groups.empty() && !shown) continue;
+      if (previous != nullptr) closeOuter(*previous, key, open);
+      previous = &key;
+      ++blocks;
+      if (!report_.groups.empty()) addRow("", "", heading(key), {}, "", {}, Place::opening, true);
+      if (!report_.groups.empty() && report_.groups[0].entity == Entity::account) keeps_ = keptBy(key[0].second);
+      const auto sums = writeBlock(block);
+      unlisted += block.posted.size() + block.unposted.size();
+      if (report_.groups.empty()) continue;
+      addRow("", "", report_.groups.back().subtotal, sums.moved, running(sums.balance), sums.balance, Place::running);
+      for (auto& outer : open) {
+        outer.moved.add(sums.moved);
+        outer.balance.quantity += sums.balance.quantity;
+        outer.balance.foreign += sums.balance.foreign;
+        outer.balance.money += sums.balance.money;
+      }
+    }
+    if (!report_.groups.empty() && blocks != 0) {
+      closeOuter(*previous, {}, open);
+      addTotal("合计", open.back());
+    }
+    if (unlisted != 0) {
+      answer_.notices.push_back("有" + std::to_string(unlisted) + "条分录的凭证日期不在查询月份内，未列示");
+    }
+  }
+
+  // The outer groups that end with this block, innermost first.
+  void closeOuter(const Key& ended, const Key& next, std::vector<Sums>& open) {
+    for (std::size_t level = report_.groups.size(); level-- > 1;) {
+      const bool goesOn =
+          !next.empty() && std::equal(ended.begin(), ended.begin() + static_cast<long>(level), next.begin());
+      if (goesOn) return;
+      addTotal(report_.groups[level - 1].subtotal, open[level - 1]);
+      open[level - 1] = {};
+    }
+  }
+
+  void addTotal(const char* caption, Sums& sums) {
+    if (report_.groups[0].entity != Entity::account) keeps_.priceAndRate(sums.balance);
+    addRow("", "", caption, sums.moved, running(sums.balance), sums.balance, Place::running);
+  }
+
+  std::string heading(const Key& key) const {
+    std::string text;
+    for (std::size_t i = 0; i < key.size(); ++i) {
+      text += (i == 0 ? "" : " ") + nameOf(report_.groups[i].entity, key[i].first, key[i].second);
+    }
+    return text;
+  }
+
+  std::string nameOf(Entity entity, const std::string& classId, Id id) const {
+    const auto find = [id](const auto& records, auto key, auto name) {
+      for (const auto& record : records) {
+        if (record.*key == id) return record.*name;
+      }
+      return std::string();
+    };
+    switch (entity) {
+      case Entity::account:
+        return find(ledger_.accounts, &CodeInfo::lId, &CodeInfo::sName);
+      case Entity::dept:
+        return find(ledger_.depts, &DeptInfo::lDeptId, &DeptInfo::sDeptName);
+      case Entity::person:
+        return find(ledger_.persons, &PersonInfo::lId, &PersonInfo::sName);
+      case Entity::unit:
+        return find(ledger_.units, &EnterInfo::lId, &EnterInfo::sEnterName);
+      case Entity::project:
+        break;
+    }
+    for (const auto& item : ledger_.items) {
+      if (item.classId == classId && item.id == id) return item.name;
+    }
+    return {};
+  }
+
+  // The opening row and the months; the lines that no month takes remain in the block.
+  Sums writeBlock(Block& block) {
+    Sums sums;
+    sums.balance = block.opening;
+    keeps_.priceAndRate(sums.balance);
+    const double money = sums.balance.money;
+    if (std::fabs(money) >= 0.00001) {
+      addRow("", "", report_.opening, {}, money >= 0 ? "借" : "贷", sums.balance, Place::opening);
+    }
+    Figures month;
+    bool progress = true;
+    while (progress && !(block.posted.empty() && block.unposted.empty())) {
+      progress = false;
+      for (int m = question_.from; m <= question_.to; ++m) {
+        const auto before = block.posted.size() + block.unposted.size();
+        take(block.posted, m, false, month, sums.balance);
+        take(block.unposted, m, true, month, sums.balance);
+        if (block.posted.size() + block.unposted.size() == before) continue;
+        progress = true;
+        addRow("", "", "本月合计", month, running(sums.balance), sums.balance, Place::running);
+        if (columns_) columns_->monthTotal(answer_.rows.back());
+        sums.moved.add(month);
+        month = {};
+        addRow("", "", "本年累计", sums.moved, running(sums.balance), sums.balance, Place::running);
+        if (columns_) columns_->yearTotal(answer_.rows.back());
+      }
+    }
+    return sums;
+  }
+
+  void take(std::vector<Entry>& entries, int month, bool unposted, Figures& total, Balance& balance) {
+    while (!entries.empty() && entries.front().bill.month == month) {
+      const auto entry = entries.front();
+      entries.erase(entries.begin());
+      auto figures = entry.figures;
+      const double money = figures.debitMoney + figures.creditMoney;
+      const double quantity = figures.debitQuantity + figures.creditQuantity;
+      if (!keeps_.unit.empty() && money != 0 && quantity != 0) figures.price = money / quantity;
+      if (keeps_.currency.empty()) figures.rate = 0;
+      total.add(figures);
+      balance.add(figures);
+      keeps_.priceAndRate(balance);
+      addRow(dotted(entry.bill), voucherText(entry), entry.digest, figures, running(balance), balance, Place::running);
+      if (columns_) columns_->line(entry.of.account, figures, answer_.rows.back());
+      answer_.rows.back().green = unposted;
+      answer_.rows.back().data = unposted ? 1 : 0;
+    }
+  }
+
+  // Beside sub-accounts the direction is finer and takes an even balance below zero for a credit.
+  std::string running(const Balance& balance) const {
+    if (std::fabs(balance.money) < (report_.columns ? 0.00001 : 0.0001)) return "平";
+    return balance.money > (report_.columns ? 0 : 0.0001) ? "借" : "贷";
+  }
+
+  void addRow(const std::string& date, const std::string& number, const std::string& summary, const Figures& figures,
+              const std::string& direction, const Balance& balance, Place place, bool isHeading = false) {
+    Row row;
+    for (const auto& text : {date, number, summary}) row.cells.push_back(text.empty() ? Cell() : Cell(text));
+    for (const auto& cell : figureCells(answer_.format, place, figures, direction, balance)) {
+      row.cells.push_back(isHeading ? Cell() : cell);
+    }
+    if (columns_) columns_->widen(row);
+    answer_.rows.push_back(row);
+  }
+
+  const Ledger& ledger_;
+  const Report& report_;
+  const Question& question_;
+  const Chosen chosen_;
+  Answer answer_;
+  Keeps keeps_;
+  std::map<Key, Block> blocks_;
+  std::unique_ptr<SubAccountColumns> columns_;
+};
+
+}  // namespace
+
+Answer detailLedger(const Ledger& ledger, const Question& question) {
+  return Computation(ledger, *findNaive(question.report), question).run();
+}
+
+}  // namespace tz::test::naive

@@ -1,0 +1,254 @@
+#include "ledger/naive_dialog.h"
+
+#include <algorithm>
+#include <set>
+
+namespace tz::test::naive {
+namespace {
+
+constexpr const char* others = "其它";
+
+bool offers(const Report& report, const CodeInfo& account) {
+  const std::string flags = report.flags;
+  if (flags == "B alone") return account.sAssBook == "B";
+  for (const char flag : flags) {
+    if (!account.keeps(flag)) return false;
+  }
+  if (report.accounts == Accounts::leaf) return account.bEnd != 0;
+  return report.accounts != Accounts::parent || account.bEnd == 0;
+}
+
+// The record of the lowest id that meets a condition.
+template <class Record, class Meets>
+std::optional<Record> first(const std::vector<Record>& records, Meets meets) {
+  std::optional<Record> best;
+  for (const auto& record : records) {
+    if (meets(record) && (!best || record.lId < best->lId)) best = record;
+  }
+  return best;
+}
+
+// Asks in the dialog's order; each step that refuses or finds a wrong use ends the asking.
+class Asking {
+ public:
+  Asking(const Ledger& ledger, const Report& report, const Question& question)
+      : ledger_(ledger), report_(report), question_(question) {}
+
+  Chosen run() {
+    const bool done = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
+                      classOfAccount() && project() && deptOrAll() && range() &&
+                      (report_.accounts != Accounts::list || take());
+    static_cast<void>(done);
+    return chosen_;
+  }
+
+ private:
+  bool refuse(const char* text) {
+    chosen_.refusal = text;
+    return false;
+  }
+  bool wrongUse() {
+    chosen_.wrongUse = true;
+    return false;
+  }
+
+  bool classesThere() { return report_.noClass == nullptr || !ledger_.classes.empty() || refuse(report_.noClass); }
+
+  bool accounts() {
+    if (report_.accounts == Accounts::none) return true;
+    bool any = false;
+    for (const auto& account : ledger_.accounts) any = any || offers(report_, account);
+    if (!any) return refuse(report_.noAccount);
+    return report_.accounts == Accounts::list || take();
+  }
+
+  bool take() {
+    for (const auto& code : question_.accounts) {
+      const auto found = first(ledger_.accounts, [&](const CodeInfo& account) { return account.sCode == code; });
+      if (!found || !offers(report_, *found)) return refuse(report_.noAccount);
+      chosen_.accounts.push_back(*found);
+    }
+    return true;
+  }
+
+  template <class Meets>
+  bool active(Meets meets) const {
+    for (const auto& balance : ledger_.balances) {
+      if (meets(balance)) return true;
+    }
+    if (!question_.unposted) return false;
+    for (const auto& line : ledger_.unpostedLines) {
+      if (meets(line)) return true;
+    }
+    return false;
+  }
+
+  // The departments that a report names one of; those of the project area come behind the item.
+  bool dept() {
+    if (report_.dept.unknown == nullptr || report_.dept.missing == nullptr) return deptOfList();
+    if (question_.dept.empty()) return refuse(report_.dept.missing);
+    if (!knownDept()) return refuse(report_.dept.unknown);
+    const bool personsOnly = report_.id == 10186;
+    const bool met = active([&](const auto& record) {
+      return record.lDeptId == chosen_.dept.lDeptId && (!personsOnly || record.lPersonId > 0);
+    });
+    return report_.dept.idle == nullptr || met || refuse(report_.dept.idle);
+  }
+
+  bool knownDept() {
+    const auto found =
+        first(ledger_.depts, [&](const DeptInfo& candidate) { return candidate.sDeptName == question_.dept; });
+    if (found) chosen_.dept = *found;
+    return found.has_value();
+  }
+
+  // A list of departments by code, in which something always stands.
+  bool deptOfList() {
+    if (report_.id != 10206) return true;
+    auto depts = ledger_.depts;
+    std::sort(depts.begin(), depts.end(), [](const auto& a, const auto& b) {
+      return a.sDeptId != b.sDeptId ? a.sDeptId < b.sDeptId : a.lId < b.lId;
+    });
+    for (const auto& dept : depts) {
+      if (question_.dept != dept.sDeptName && !question_.dept.empty()) continue;
+      chosen_.dept = dept;
+      return true;
+    }
+    return wrongUse();
+  }
+
+  bool deptOrAll() {
+    if (report_.dept.unknown == nullptr || report_.dept.missing != nullptr) return true;
+    chosen_.dept.sDeptName = "全部";
+    if (question_.dept.empty() || question_.dept == "全部") return true;
+    return knownDept() || refuse(report_.dept.unknown);
+  }
+
+  bool person() {
+    if (!report_.person) return true;
+    if (question_.person.empty()) return refuse("姓名不能为空，请重新输入！");
+    const auto named = [&](const PersonInfo& candidate) { return candidate.sName == question_.person; };
+    if (!first(ledger_.persons, named)) return refuse("非法的姓名");
+    const auto found = first(ledger_.persons, [&](const PersonInfo& candidate) {
+      return named(candidate) && candidate.lDeptId == chosen_.dept.lDeptId;
+    });
+    if (!found) return refuse("该用户不属于该部门，请重新输入其他名字。");
+    chosen_.person = *found;
+    const bool met = active(
+        [&](const auto& record) { return record.lDeptId == chosen_.dept.lDeptId && record.lPersonId == found->lId; });
+    return met || refuse("没有查到该部门此人的发生额");
+  }
+
+  bool unit() {
+    if (report_.unit.unknown == nullptr) return true;
+    if (question_.unit.empty() && report_.unit.missing != nullptr) return refuse(report_.unit.missing);
+    const auto found =
+        first(ledger_.units, [&](const EnterInfo& candidate) { return candidate.sEnterName == question_.unit; });
+    if (!found) return refuse(report_.unit.unknown);
+    chosen_.unit = *found;
+    return true;
+  }
+
+  bool unitClass() {
+    if (report_.id != 10205) return true;
+    const auto found = first(ledger_.unitClasses, [&](const EnterClassInfo& candidate) {
+      return question_.unitClass.empty() || candidate.sName == question_.unitClass;
+    });
+    if (found) chosen_.unitClass = *found;
+    if (found || question_.unitClass.empty() || question_.unitClass == others) {
+      if (!found) chosen_.unitClass.sName = others;
+      return true;
+    }
+    return wrongUse();
+  }
+
+  // Those named on lines of the account or below it, by name, then "其它".
+  bool clerk() {
+    if (report_.id != 10210) return true;
+    std::set<std::string> clerks;
+    const auto collect = [&](const auto& lines) {
+      for (const auto& line : lines) {
+        const auto found =
+            first(ledger_.accounts, [&](const CodeInfo& account) { return account.lId == line.lCodeId; });
+        const bool covered = found && found->sCode.starts_with(chosen_.accounts.front().sCode);
+        if (covered && !line.sName.empty()) clerks.insert(line.sName);
+      }
+    };
+    collect(ledger_.postedLines);
+    collect(ledger_.unpostedLines);
+    if (question_.clerk.empty() && !clerks.empty()) chosen_.clerk = *clerks.begin();
+    if (question_.clerk.empty() || question_.clerk == others) return true;
+    chosen_.clerk = question_.clerk;
+    return clerks.contains(question_.clerk) || wrongUse();
+  }
+
+  // The classes of the account, or where it has none those of the accounts below it.
+  bool classOfAccount() {
+    if (!report_.classOfAccount) return true;
+    const auto& account = chosen_.accounts.front();
+    std::set<std::string> own, below;
+    for (const auto& link : ledger_.classesOfAccounts) {
+      if (link.lCodeId == account.lId) own.insert(link.sItemId);
+      for (const auto& other : ledger_.accounts) {
+        if (other.lId == link.lCodeId && other.sCode.starts_with(account.sCode)) below.insert(link.sItemId);
+      }
+    }
+    const auto& offered = own.empty() ? below : own;
+    const auto found = first(ledger_.classes, [&](const ProjClassInfo& candidate) {
+      return offered.contains(candidate.sItemId) &&
+             (question_.projectClass.empty() || candidate.sItemId == question_.projectClass);
+    });
+    if (found) chosen_.classId = found->sItemId;
+    if (found) return true;
+    return question_.projectClass.empty() ? refuse(report_.noAccount) : wrongUse();
+  }
+
+  bool project() {
+    if (!report_.project) return true;
+    const bool firstOfAll = report_.id != 10221;  // where a class is preselected
+    if (question_.project.empty()) return refuse("项目名称不能为空。");
+    const auto found = first(ledger_.classes, [&](const ProjClassInfo& candidate) {
+      return (firstOfAll && question_.projectClass.empty()) || candidate.sItemId == question_.projectClass;
+    });
+    constexpr const char* noSuchItem = "该项目大类下没有该项目.";
+    if (!found) return refuse(firstOfAll ? noSuchItem : "请选择项目大累");
+    chosen_.classId = found->sItemId;
+    for (const auto& item : ledger_.items) {
+      if (item.classId != found->sItemId || item.name != question_.project) continue;
+      if (chosen_.project.id == 0 || item.id < chosen_.project.id) chosen_.project = item;
+    }
+    return chosen_.project.id != 0 || refuse(noSuchItem);
+  }
+
+  // Each end is the code of an item.
+  bool range() {
+    if (report_.some.find('i') == std::string_view::npos) return true;
+    chosen_.projectFrom = question_.projectFrom;
+    chosen_.projectTo = question_.projectTo;
+    for (const auto& end : {question_.projectFrom, question_.projectTo}) {
+      const bool known = std::any_of(ledger_.items.begin(), ledger_.items.end(), [&](const Item& item) {
+        return item.code == end && classDefined(item.classId) &&
+               (chosen_.classId.empty() || item.classId == chosen_.classId);
+      });
+      if (!end.empty() && !known) return wrongUse();
+    }
+    return true;
+  }
+
+  bool classDefined(const std::string& id) const {
+    return first(ledger_.classes, [&](const ProjClassInfo& candidate) { return candidate.sItemId == id; }).has_value();
+  }
+
+  const Ledger& ledger_;
+  const Report& report_;
+  const Question& question_;
+  Chosen chosen_;
+};
+
+}  // namespace
+
+Chosen choose(const Ledger& ledger, const Report& report, const Question& question) {
+  return Asking(ledger, report, question).run();
+}
+
+}  // namespace tz::test::naive

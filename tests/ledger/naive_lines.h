@@ -1,0 +1,59 @@
+// The balances and lines of a ledger that a report covers, for the naive computation.
+#pragma once
+
+#include "ledger/naive_dialog.h"
+#include "ledger/naive_figures.h"
+
+namespace tz::test::naive {
+
+struct Dimensions {
+  Id account = 0, dept = 0, person = 0, unit = 0, item = 0;
+  std::string classId;
+};
+
+// A line with its head beside it. The rate is the line's, the price is not yet there.
+struct Entry {
+  Dimensions of;
+  Date bill, entered;
+  std::string word, digest, clerk;
+  int number = 0, period = 0;
+  Id lineId = 0, voucherId = 0;
+  Figures figures;
+};
+
+// An opening, positive on the debit side.
+struct Opening {
+  Dimensions of;
+  double quantity = 0, foreign = 0, money = 0;
+};
+
+[[nodiscard]] std::string dotted(Date date);
+[[nodiscard]] std::string voucherText(const Entry& entry);
+
+class Lines {
+ public:
+  Lines(const Ledger& ledger, const Report& report, const Question& question, const Chosen& chosen);
+
+  [[nodiscard]] std::vector<Opening> openings(int period) const;
+  // Lines of periods first to last in the report's order.
+  [[nodiscard]] std::vector<Entry> posted(int first, int last) const;
+  [[nodiscard]] std::vector<Entry> unposted(int first, int last) const;
+  // Lines that move the opening, whichever clerk is theirs.
+  [[nodiscard]] std::vector<Entry> unpostedBefore(int period) const;
+
+ private:
+  [[nodiscard]] bool covers(const Dimensions& of) const;
+  [[nodiscard]] bool coversAccount(Id account) const;
+  [[nodiscard]] bool coversUnit(Id unit) const;
+  [[nodiscard]] bool coversProject(const Dimensions& of) const;
+  [[nodiscard]] bool listsAccount(const Dimensions& of) const;
+  [[nodiscard]] std::vector<Entry> selected(const std::vector<Entry>& all, int first, int last, Order order) const;
+
+  const Ledger& ledger_;
+  const Report& report_;
+  const Question& question_;
+  const Chosen& chosen_;
+  std::vector<Entry> posted_, unposted_;
+};
+
+}  // namespace tz::test::naive
