@@ -10,6 +10,7 @@
 #include "catalogue/catalogue.h"
 #include "host/logon_dialog.h"
 #include "shell/launch_window_list.h"
+#include "shell/navigator_help.h"
 #include "suite/globals.h"
 #include "suite/grid_view.h"
 #include "suite/qt_text.h"
@@ -37,7 +38,7 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
   launcher_.OfferSaved(conditions_);
   navigator_.SetRunner({[this](int command) { return launcher_.Available(command); },
                         [this](int command) { launcher_.Launch(command); },
-                        {}});
+                        [this](unsigned) { showNavigatorHelp(&navigator_); }});
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
   connect(&navigator_, &QDialog::finished, this, &Desktop::Finish);
   AddBar(ledger);

@@ -22,7 +22,7 @@ class Desktop : public QObject {
   Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who);
   ~Desktop() override;
 
-  void Show() { navigator_.show(); }
+  void Show() { navigator_.RefreshDisplay(); }
 
  signals:
   // The navigator and all its reports are closed; `another` when a ledger is to be chosen anew.

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QScreen>
 
+#include "shell/launch_window_list.h"
 #include "suite/fonts.h"
 #include "suite/globals.h"
 #include "suite/theme.h"
@@ -42,7 +43,7 @@ RCII imageOf(int command, int bitmap, QRect place) {
 }  // namespace
 
 CQnCwAssistantDlg::CQnCwAssistantDlg(QWidget* parent)
-    : CImgDlg(navigatorTemplate, parent), layout_(layoutFor(g_lpArgument)) {
+    : CImgDlg(navigatorTemplate, parent), CProcess(nullptr), layout_(layoutFor(g_lpArgument)) {
   g_pDlgWnd = this;
 }
 
@@ -53,6 +54,11 @@ CQnCwAssistantDlg::~CQnCwAssistantDlg() {
 void CQnCwAssistantDlg::SetRunner(CommandRunner runner) {
   runner_ = std::move(runner);
   OpenArea(area_);
+}
+
+void CQnCwAssistantDlg::RefreshDisplay() {
+  show();
+  bringToFront(this);
 }
 
 bool CQnCwAssistantDlg::OnInitDialog() {

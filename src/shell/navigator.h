@@ -6,6 +6,7 @@
 
 #include "shell/area_layout.h"
 #include "suite/img_dlg.h"
+#include "suite/process.h"
 
 namespace tz {
 
@@ -16,7 +17,7 @@ struct CommandRunner {
   std::function<void(unsigned context)> help;  // may be empty
 };
 
-class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg {
+class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg, public CProcess {
   Q_OBJECT
 
  public:
@@ -26,6 +27,10 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg {
 
   void SetRunner(CommandRunner runner);
   [[nodiscard]] NavigatorArea CurrentArea() const { return area_; }
+
+  // It has no conditions to ask for, and comes to the front as it is.
+  bool OnCommandQuery() override { return false; }
+  void RefreshDisplay() override;
 
   void OnTzAssistantArchive() { OpenArea(NavigatorArea::archive); }
   void OnTzAssistantPerson() { OpenArea(NavigatorArea::person); }

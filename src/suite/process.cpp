@@ -90,6 +90,7 @@ void CProcess::DrawAToolBar(QToolBar* bar, std::span<const CToolBarInfo> table) 
 }
 
 bool CProcess::DoPostNcDestroy() {
+  if (window_ == nullptr) return false;
   window_->deleteLater();
   return true;
 }

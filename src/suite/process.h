@@ -1,5 +1,6 @@
-// CProcess: what makes a window a report. It asks for conditions, is created modeless under the navigator, refreshes
-// itself, carries a toolbar of fixed commands and goes once it is closed.
+// CProcess: what a command opens. A report asks for conditions, is created modeless under the navigator, refreshes
+// itself, carries a toolbar of fixed commands and goes once it is closed. The navigator is one without a result window,
+// which its owner keeps.
 #pragma once
 
 #include <QString>
@@ -21,6 +22,7 @@ struct CToolBarInfo {
 
 class CProcess {
  public:
+  // Null for a process that is no result window.
   explicit CProcess(CTzResultDialog* window) : window_(window) {}
   CProcess(const CProcess&) = delete;
   CProcess& operator=(const CProcess&) = delete;
@@ -42,7 +44,7 @@ class CProcess {
   void ProcessInitDialog();
   // Fills a toolbar; each command goes to the window's OnCommand.
   void DrawAToolBar(QToolBar* bar, std::span<const CToolBarInfo> table);
-  // The object goes when control is back in the event loop.
+  // The object goes when control is back in the event loop. False when there is no result window to go.
   bool DoPostNcDestroy();
 
  private:

@@ -63,7 +63,9 @@ QString page(const ReportDefinition& report) {
 
 }  // namespace
 
-void showHelp(QWidget* window, const ReportDefinition& report) {
+void showHelp(QWidget* window, const ReportDefinition& report) { showHelpPage(window, page(report)); }
+
+void showHelpPage(QWidget* window, const QString& html) {
   const QString name = QStringLiteral("help");
   auto* help = window->findChild<QDialog*>(name);
   if (help == nullptr) {
@@ -72,7 +74,7 @@ void showHelp(QWidget* window, const ReportDefinition& report) {
     help->setWindowTitle(QStringLiteral("帮助"));
     auto* browser = new QTextBrowser(help);
     browser->setFrameShape(QFrame::NoFrame);
-    browser->setHtml(page(report));
+    browser->setHtml(html);
     constexpr int margin = 20;
     browser->document()->setDocumentMargin(margin);
     auto* layout = new QVBoxLayout(help);

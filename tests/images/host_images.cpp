@@ -8,6 +8,7 @@
 #include "host/logon_dialog.h"
 #include "host/start_window.h"
 #include "images/images.h"
+#include "shell/navigator_help.h"
 #include "suite/globals.h"
 #include "ui/export_file.h"
 
@@ -60,6 +61,9 @@ void drawHost(const PictureBook& book, SampleLedger& ledger) {
   QApplication::processEvents();
   book.Take(*g_pDlgWnd, QStringLiteral("host"));
   if (!book.All()) return;
+  showNavigatorHelp(g_pDlgWnd);
+  QApplication::processEvents();
+  book.Take(*g_pDlgWnd->findChild<QDialog*>(QStringLiteral("help")), QStringLiteral("help-navigator"));
   for (auto* button : g_pDlgWnd->findChildren<QToolButton*>()) {
     const bool windows = button->text().startsWith(QStringLiteral("窗口"));
     book.TakePopup(windows ? QStringLiteral("host-windows") : QStringLiteral("host-menu"), [&] { button->click(); });

@@ -62,6 +62,23 @@ TEST_F(Navigator, IsTheParentOfReportsWhileItLives) {
   EXPECT_EQ(g_pDlgWnd, nullptr);
 }
 
+// A process without a result window: nothing is asked, and it is its owner's after it closed.
+TEST_F(Navigator, ComesToTheFrontAsAProcess) {
+  Open("");
+  CProcess& process = *window_;
+  EXPECT_FALSE(process.OnCommandQuery());
+  EXPECT_FALSE(process.IsCreated());
+  Click(10195);
+  window_->showMinimized();
+  process.RefreshDisplay();
+  EXPECT_FALSE(window_->isMinimized());
+  EXPECT_EQ(window_->CurrentArea(), NavigatorArea::unit);
+  window_->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  process.RefreshDisplay();
+  EXPECT_TRUE(window_->isVisible());
+}
+
 TEST_F(Navigator, StartsInTheArchivesUnlessTheConsoleKeepsThem) {
   for (const std::string argument : {"", "-erp", "-ERPSINGLE2"}) {
     Open(argument);
