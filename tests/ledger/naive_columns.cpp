@@ -32,9 +32,9 @@ std::size_t SubAccountColumns::placeOf(Id account) const {
 void SubAccountColumns::line(Id account, const Figures& figures, Row& row) {
   widen(row);
   const auto place = placeOf(account);
-  if (debit_ && figures.debitMoney != 0) row.cells[place] = figures.debitMoney;
-  if (figures.creditMoney != 0) row.cells[place] = figures.creditMoney;
-  const double net = figures.debitMoney - figures.creditMoney;
+  if (debit_ && figures.debit.money != 0) row.cells[place] = figures.debit.money;
+  if (figures.credit.money != 0) row.cells[place] = figures.credit.money;
+  const double net = figures.debit.money - figures.credit.money;
   for (auto& column : columns_) {
     if (column.account.lId != account) continue;
     column.month += absolute_ ? std::fabs(net) : net;

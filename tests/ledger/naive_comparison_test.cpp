@@ -32,24 +32,14 @@ void fillItems(Connection& keeper, const naive::Ledger& ledger) {
 
 void fillLedger(Connection& keeper, const naive::Ledger& ledger) {
   Transaction transaction(keeper, Transaction::Purpose::writing);
-  const auto replace = [&](const auto& records) {
-    using Record = typename std::decay_t<decltype(records)>::value_type;
+  const auto replace = [&]<class Record>(const std::vector<Record>& records) {
     keeper.execute(Sql(std::string("DELETE FROM ") + Record::table));
     insertRecords(keeper, records);
   };
-  replace(ledger.accounts);
-  replace(ledger.currencies);
-  replace(ledger.depts);
-  replace(ledger.persons);
-  replace(ledger.unitClasses);
-  replace(ledger.units);
-  replace(ledger.classes);
-  replace(ledger.classesOfAccounts);
-  replace(ledger.balances);
-  replace(ledger.postedHeads);
-  replace(ledger.postedLines);
-  replace(ledger.unpostedHeads);
-  replace(ledger.unpostedLines);
+  const auto replaceAll = [&](const auto&... tables) { (replace(tables), ...); };
+  replaceAll(ledger.accounts, ledger.currencies, ledger.depts, ledger.persons, ledger.unitClasses, ledger.units,
+             ledger.classes, ledger.classesOfAccounts, ledger.balances, ledger.postedHeads, ledger.postedLines,
+             ledger.unpostedHeads, ledger.unpostedLines);
   fillItems(keeper, ledger);
   transaction.commit();
 }

@@ -34,10 +34,10 @@ class Computation {
     if (chosen_.wrongUse || !chosen_.refusal.empty()) return answer_;
     chooseFormat();
     if (answer_.wrongUse) return answer_;
-    answer_.title = report_.title;
+    answer_.title = report_.wording.title;
     answer_.subtitle = subtitle();
     if (report_.columns) {
-      columns_ = std::make_unique<SubAccountColumns>(ledger_, chosen_.accounts.front(), report_.flags[0],
+      columns_ = std::make_unique<SubAccountColumns>(ledger_, chosen_.accounts.front(), report_.accounts.flags[0],
                                                      question_.amountAnalysis, columnsOf(answer_.format));
     }
     const Lines lines(ledger_, report_, question_, chosen_);
@@ -50,7 +50,7 @@ class Computation {
  private:
   // Where no account is chosen every format is offered.
   void chooseFormat() {
-    const bool oneAccount = report_.accounts != Accounts::none && report_.accounts != Accounts::list;
+    const bool oneAccount = report_.accounts.which != Accounts::none && report_.accounts.which != Accounts::list;
     if (oneAccount) keeps_ = keptBy(chosen_.accounts.front().lId);
     const bool units = !oneAccount || !keeps_.unit.empty();
     const bool currencies = !oneAccount || !keeps_.currency.empty();
@@ -90,7 +90,7 @@ class Computation {
     if (!chosen_.accounts.empty()) {
       texts["{account}"] = chosen_.accounts.front().sCode + " " + chosen_.accounts.front().sName;
     }
-    std::string text, rest = report_.subtitle;
+    std::string text, rest = report_.wording.subtitle;
     while (!rest.empty()) {
       const auto open = rest.find('{');
       text += rest.substr(0, open);
@@ -107,23 +107,7 @@ class Computation {
   Key keyOf(const Dimensions& of) const {
     Key key;
     for (const auto& group : report_.groups) {
-      switch (group.entity) {
-        case Entity::account:
-          key.push_back({"", of.account});
-          break;
-        case Entity::dept:
-          key.push_back({"", of.dept});
-          break;
-        case Entity::person:
-          key.push_back({"", of.person});
-          break;
-        case Entity::unit:
-          key.push_back({"", of.unit});
-          break;
-        case Entity::project:
-          key.push_back({of.classId, of.item});
-          break;
-      }
+      key.push_back({group.entity == Entity::project ? of.classId : "", of[group.entity]});
     }
     return key;
   }
@@ -132,17 +116,15 @@ class Computation {
     // The multi-column ledger of a department starts from the year's opening.
     const bool fromYearsStart = report_.id == 10232;
     for (const auto& record : lines.openings(fromYearsStart ? 1 : question_.from)) {
-      auto& opening = blocks_[keyOf(record.of)].opening;
-      opening.quantity += record.quantity;
-      opening.foreign += record.foreign;
-      opening.money += record.money;
+      blocks_[keyOf(record.of)].opening.add(record.amounts);
     }
     if (fromYearsStart) {
-      for (const auto& entry : lines.posted(1, question_.from - 1)) blocks_[keyOf(entry.of)].opening.add(entry.figures);
+      for (const auto& entry : lines.posted(1, question_.from - 1))
+        blocks_[keyOf(entry.of)].opening.move(entry.figures);
     }
     if (!question_.unposted) return;
     for (const auto& entry : lines.unpostedBefore(question_.from)) {
-      blocks_[keyOf(entry.of)].opening.money += entry.figures.debitMoney - entry.figures.creditMoney;
+      blocks_[keyOf(entry.of)].opening.money += entry.figures.debit.money - entry.figures.credit.money;
     }
   }
 
@@ -175,9 +157,7 @@ class Computation {
       addRow("", "", report_.groups.back().subtotal, sums.moved, running(sums.balance), sums.balance, Place::running);
       for (auto& outer : open) {
         outer.moved.add(sums.moved);
-        outer.balance.quantity += sums.balance.quantity;
-        outer.balance.foreign += sums.balance.foreign;
-        outer.balance.money += sums.balance.money;
+        outer.balance.add(sums.balance);
       }
     }
     if (!report_.groups.empty() && blocks != 0) {
@@ -245,7 +225,7 @@ class Computation {
     keeps_.priceAndRate(sums.balance);
     const double money = sums.balance.money;
     if (std::fabs(money) >= 0.00001) {
-      addRow("", "", report_.opening, {}, money >= 0 ? "借" : "贷", sums.balance, Place::opening);
+      addRow("", "", report_.wording.opening, {}, money >= 0 ? "借" : "贷", sums.balance, Place::opening);
     }
     Figures month;
     bool progress = true;
@@ -273,15 +253,15 @@ class Computation {
       const auto entry = entries.front();
       entries.erase(entries.begin());
       auto figures = entry.figures;
-      const double money = figures.debitMoney + figures.creditMoney;
-      const double quantity = figures.debitQuantity + figures.creditQuantity;
+      const double money = figures.debit.money + figures.credit.money;
+      const double quantity = figures.debit.quantity + figures.credit.quantity;
       if (!keeps_.unit.empty() && money != 0 && quantity != 0) figures.price = money / quantity;
       if (keeps_.currency.empty()) figures.rate = 0;
       total.add(figures);
-      balance.add(figures);
+      balance.move(figures);
       keeps_.priceAndRate(balance);
       addRow(dotted(entry.bill), voucherText(entry), entry.digest, figures, running(balance), balance, Place::running);
-      if (columns_) columns_->line(entry.of.account, figures, answer_.rows.back());
+      if (columns_) columns_->line(entry.of[Entity::account], figures, answer_.rows.back());
       answer_.rows.back().green = unposted;
       answer_.rows.back().data = unposted ? 1 : 0;
     }

@@ -9,13 +9,13 @@ namespace {
 constexpr const char* others = "其它";
 
 bool offers(const Report& report, const CodeInfo& account) {
-  const std::string flags = report.flags;
+  const std::string flags = report.accounts.flags;
   if (flags == "B alone") return account.sAssBook == "B";
   for (const char flag : flags) {
     if (!account.keeps(flag)) return false;
   }
-  if (report.accounts == Accounts::leaf) return account.bEnd != 0;
-  return report.accounts != Accounts::parent || account.bEnd == 0;
+  if (report.accounts.which == Accounts::leaf) return account.bEnd != 0;
+  return report.accounts.which != Accounts::parent || account.bEnd == 0;
 }
 
 // The record of the lowest id that meets a condition.
@@ -28,6 +28,11 @@ std::optional<Record> first(const std::vector<Record>& records, Meets meets) {
   return best;
 }
 
+template <class Record>
+std::optional<Record> named(const std::vector<Record>& records, std::string Record::*name, const std::string& wanted) {
+  return first(records, [&](const Record& record) { return record.*name == wanted; });
+}
+
 // Asks in the dialog's order; each step that refuses or finds a wrong use ends the asking.
 class Asking {
  public:
@@ -35,10 +40,9 @@ class Asking {
       : ledger_(ledger), report_(report), question_(question) {}
 
   Chosen run() {
-    const bool done = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
-                      classOfAccount() && project() && deptOrAll() && range() &&
-                      (report_.accounts != Accounts::list || take());
-    static_cast<void>(done);
+    std::ignore = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
+                  classOfAccount() && project() && deptOrAll() && range() &&
+                  (report_.accounts.which != Accounts::list || take());
     return chosen_;
   }
 
@@ -55,17 +59,16 @@ class Asking {
   bool classesThere() { return report_.noClass == nullptr || !ledger_.classes.empty() || refuse(report_.noClass); }
 
   bool accounts() {
-    if (report_.accounts == Accounts::none) return true;
-    bool any = false;
-    for (const auto& account : ledger_.accounts) any = any || offers(report_, account);
-    if (!any) return refuse(report_.noAccount);
-    return report_.accounts == Accounts::list || take();
+    if (report_.accounts.which == Accounts::none) return true;
+    const auto any = first(ledger_.accounts, [&](const CodeInfo& account) { return offers(report_, account); });
+    if (!any) return refuse(report_.accounts.noAccount);
+    return report_.accounts.which == Accounts::list || take();
   }
 
   bool take() {
     for (const auto& code : question_.accounts) {
-      const auto found = first(ledger_.accounts, [&](const CodeInfo& account) { return account.sCode == code; });
-      if (!found || !offers(report_, *found)) return refuse(report_.noAccount);
+      const auto found = named(ledger_.accounts, &CodeInfo::sCode, code);
+      if (!found || !offers(report_, *found)) return refuse(report_.accounts.noAccount);
       chosen_.accounts.push_back(*found);
     }
     return true;
@@ -73,33 +76,29 @@ class Asking {
 
   template <class Meets>
   bool active(Meets meets) const {
-    for (const auto& balance : ledger_.balances) {
-      if (meets(balance)) return true;
-    }
-    if (!question_.unposted) return false;
-    for (const auto& line : ledger_.unpostedLines) {
-      if (meets(line)) return true;
-    }
-    return false;
+    return std::any_of(ledger_.balances.begin(), ledger_.balances.end(), meets) ||
+           (question_.unposted && std::any_of(ledger_.unpostedLines.begin(), ledger_.unpostedLines.end(), meets));
   }
 
-  // The departments that a report names one of; those of the project area come behind the item.
+  // A name that a field asks for, with the messages of that field.
+  template <class Record>
+  bool look(const Name& texts, const std::vector<Record>& records, std::string Record::*name, const std::string& wanted,
+            Record& found) {
+    if (wanted.empty() && texts.missing != nullptr) return refuse(texts.missing);
+    const auto record = named(records, name, wanted);
+    if (record) found = *record;
+    return record || refuse(texts.unknown);
+  }
+
+  // One department, of a field or of a list; that of the project area comes behind the item.
   bool dept() {
     if (report_.dept.unknown == nullptr || report_.dept.missing == nullptr) return deptOfList();
-    if (question_.dept.empty()) return refuse(report_.dept.missing);
-    if (!knownDept()) return refuse(report_.dept.unknown);
+    if (!look(report_.dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept)) return false;
     const bool personsOnly = report_.id == 10186;
     const bool met = active([&](const auto& record) {
       return record.lDeptId == chosen_.dept.lDeptId && (!personsOnly || record.lPersonId > 0);
     });
     return report_.dept.idle == nullptr || met || refuse(report_.dept.idle);
-  }
-
-  bool knownDept() {
-    const auto found =
-        first(ledger_.depts, [&](const DeptInfo& candidate) { return candidate.sDeptName == question_.dept; });
-    if (found) chosen_.dept = *found;
-    return found.has_value();
   }
 
   // A list of departments by code, in which something always stands.
@@ -121,16 +120,15 @@ class Asking {
     if (report_.dept.unknown == nullptr || report_.dept.missing != nullptr) return true;
     chosen_.dept.sDeptName = "全部";
     if (question_.dept.empty() || question_.dept == "全部") return true;
-    return knownDept() || refuse(report_.dept.unknown);
+    return look(report_.dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);
   }
 
   bool person() {
     if (!report_.person) return true;
     if (question_.person.empty()) return refuse("姓名不能为空，请重新输入！");
-    const auto named = [&](const PersonInfo& candidate) { return candidate.sName == question_.person; };
-    if (!first(ledger_.persons, named)) return refuse("非法的姓名");
+    if (!named(ledger_.persons, &PersonInfo::sName, question_.person)) return refuse("非法的姓名");
     const auto found = first(ledger_.persons, [&](const PersonInfo& candidate) {
-      return named(candidate) && candidate.lDeptId == chosen_.dept.lDeptId;
+      return candidate.sName == question_.person && candidate.lDeptId == chosen_.dept.lDeptId;
     });
     if (!found) return refuse("该用户不属于该部门，请重新输入其他名字。");
     chosen_.person = *found;
@@ -141,25 +139,21 @@ class Asking {
 
   bool unit() {
     if (report_.unit.unknown == nullptr) return true;
-    if (question_.unit.empty() && report_.unit.missing != nullptr) return refuse(report_.unit.missing);
-    const auto found =
-        first(ledger_.units, [&](const EnterInfo& candidate) { return candidate.sEnterName == question_.unit; });
-    if (!found) return refuse(report_.unit.unknown);
-    chosen_.unit = *found;
-    return true;
+    return look(report_.unit, ledger_.units, &EnterInfo::sEnterName, question_.unit, chosen_.unit);
   }
 
   bool unitClass() {
     if (report_.id != 10205) return true;
-    const auto found = first(ledger_.unitClasses, [&](const EnterClassInfo& candidate) {
-      return question_.unitClass.empty() || candidate.sName == question_.unitClass;
-    });
-    if (found) chosen_.unitClass = *found;
-    if (found || question_.unitClass.empty() || question_.unitClass == others) {
-      if (!found) chosen_.unitClass.sName = others;
+    auto offered = ledger_.unitClasses;
+    if (question_.unitClass.empty() && !offered.empty()) {
+      chosen_.unitClass = offered.front();
       return true;
     }
-    return wrongUse();
+    offered.push_back({0, others});
+    const auto found =
+        named(offered, &EnterClassInfo::sName, question_.unitClass.empty() ? others : question_.unitClass);
+    if (found) chosen_.unitClass = *found;
+    return found || wrongUse();
   }
 
   // Those named on lines of the account or below it, by name, then "其它".
@@ -200,7 +194,7 @@ class Asking {
     });
     if (found) chosen_.classId = found->sItemId;
     if (found) return true;
-    return question_.projectClass.empty() ? refuse(report_.noAccount) : wrongUse();
+    return question_.projectClass.empty() ? refuse(report_.accounts.noAccount) : wrongUse();
   }
 
   bool project() {

@@ -18,19 +18,21 @@ std::string places(const std::string& format, Place place) {
 
 }  // namespace
 
-void Figures::add(const Figures& other) {
-  debitQuantity += other.debitQuantity;
-  debitForeign += other.debitForeign;
-  debitMoney += other.debitMoney;
-  creditQuantity += other.creditQuantity;
-  creditForeign += other.creditForeign;
-  creditMoney += other.creditMoney;
+void Side::add(const Side& other, double sign) {
+  quantity += sign * other.quantity;
+  foreign += sign * other.foreign;
+  money += sign * other.money;
 }
 
-void Balance::add(const Figures& movement) {
-  quantity += movement.debitQuantity - movement.creditQuantity;
-  foreign += movement.debitForeign - movement.creditForeign;
-  money += movement.debitMoney - movement.creditMoney;
+void Figures::add(const Figures& other) {
+  debit.add(other.debit);
+  credit.add(other.credit);
+}
+
+void Balance::move(const Figures& movement) {
+  Side net = movement.debit;
+  net.add(movement.credit, -1);
+  add(net);
 }
 
 void Keeps::priceAndRate(Balance& balance) const {
@@ -45,12 +47,12 @@ std::vector<Cell> figureCells(const std::string& format, Place place, const Figu
   const std::map<char, double> shown = {
       {'p', figures.price},
       {'r', figures.rate},
-      {'q', figures.debitQuantity},
-      {'f', figures.debitForeign},
-      {'m', figures.debitMoney},
-      {'Q', figures.creditQuantity},
-      {'F', figures.creditForeign},
-      {'M', figures.creditMoney},
+      {'q', figures.debit.quantity},
+      {'f', figures.debit.foreign},
+      {'m', figures.debit.money},
+      {'Q', figures.credit.quantity},
+      {'F', figures.credit.foreign},
+      {'M', figures.credit.money},
       {'1', std::fabs(balance.quantity)},
       {'2', std::fabs(balance.price)},
       {'3', std::fabs(balance.foreign)},

@@ -7,18 +7,23 @@
 
 namespace tz::test::naive {
 
+struct Side {
+  double quantity = 0, foreign = 0, money = 0;
+
+  void add(const Side& other, double sign = 1);
+};
+
 struct Figures {
   double price = 0, rate = 0;
-  double debitQuantity = 0, debitForeign = 0, debitMoney = 0;
-  double creditQuantity = 0, creditForeign = 0, creditMoney = 0;
+  Side debit, credit;
 
   void add(const Figures& other);  // all but price and rate
 };
 
-struct Balance {
-  double price = 0, rate = 0, quantity = 0, foreign = 0, money = 0;
+struct Balance : Side {
+  double price = 0, rate = 0;
 
-  void add(const Figures& movement);
+  void move(const Figures& movement);
 };
 
 // What an account keeps besides money.

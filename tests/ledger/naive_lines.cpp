@@ -8,7 +8,7 @@ namespace {
 
 template <class Record>
 Dimensions dimensionsOf(const Record& record) {
-  return {record.lCodeId, record.lDeptId, record.lPersonId, record.lEnterId, record.lItemId, record.sItemId};
+  return {{record.lCodeId, record.lDeptId, record.lPersonId, record.lEnterId, record.lItemId}, record.sItemId};
 }
 
 template <class Head, class Line>
@@ -19,10 +19,7 @@ std::vector<Entry> entries(const std::vector<Head>& heads, const std::vector<Lin
       if (head.lTieId != line.lTieId) continue;
       Figures figures;
       figures.rate = line.dFrat;
-      const bool debit = line.bDirect != 0;
-      (debit ? figures.debitQuantity : figures.creditQuantity) = line.dAmount;
-      (debit ? figures.debitForeign : figures.creditForeign) = line.mForeign;
-      (debit ? figures.debitMoney : figures.creditMoney) = line.mMoney;
+      (line.bDirect != 0 ? figures.debit : figures.credit) = {line.dAmount, line.mForeign, line.mMoney};
       all.push_back({dimensionsOf(line), head.dtBill, line.dtDate, head.sWord, line.sDigest, line.sName, head.nNumber,
                      head.byPeroid, line.lId, line.lTieId, figures});
     }
@@ -58,7 +55,8 @@ bool Lines::coversAccount(Id id) const {
       if (account.sCode.starts_with(one.sCode)) return true;
     }
     if (!chosen_.accounts.empty()) return false;
-    return report_.accounts == Accounts::list || *report_.flags == 0 || account.keeps(*report_.flags);
+    return report_.accounts.which == Accounts::list || *report_.accounts.flags == 0 ||
+           account.keeps(*report_.accounts.flags);
   }
   return false;
 }
@@ -75,7 +73,8 @@ bool Lines::coversUnit(Id id) const {
   bool his = false, anybodys = false;
   const auto look = [&](const std::vector<Entry>& all) {
     for (const auto& entry : all) {
-      if (entry.of.unit != id || entry.period > question_.to || !coversAccount(entry.of.account)) continue;
+      if (entry.of[Entity::unit] != id || entry.period > question_.to || !coversAccount(entry.of[Entity::account]))
+        continue;
       his = his || entry.clerk == chosen_.clerk;
       anybodys = anybodys || !entry.clerk.empty();
     }
@@ -89,26 +88,26 @@ bool Lines::coversProject(const Dimensions& of) const {
   if (!chosen_.classId.empty() && of.classId != chosen_.classId) return false;
   if (chosen_.projectFrom.empty() && chosen_.projectTo.empty()) return true;
   for (const auto& item : ledger_.items) {
-    if (item.classId != of.classId || item.id != of.item) continue;
+    if (item.classId != of.classId || item.id != of[Entity::project]) continue;
     return item.code >= chosen_.projectFrom && (chosen_.projectTo.empty() || item.code <= chosen_.projectTo);
   }
   return false;
 }
 
 bool Lines::covers(const Dimensions& of) const {
-  if (!coversAccount(of.account)) return false;
+  if (!coversAccount(of[Entity::account])) return false;
   for (const char dimension : report_.chosen) {
-    if (dimension == 'd' && of.dept != chosen_.dept.lDeptId) return false;
-    if (dimension == 'D' && chosen_.dept.lDeptId != 0 && of.dept != chosen_.dept.lDeptId) return false;
-    if (dimension == 'p' && of.person != chosen_.person.lId) return false;
-    if (dimension == 'u' && of.unit != chosen_.unit.lId) return false;
-    if (dimension == 'i' && (of.item != chosen_.project.id || of.classId != chosen_.classId)) return false;
+    if (dimension == 'd' && of[Entity::dept] != chosen_.dept.lDeptId) return false;
+    if (dimension == 'D' && chosen_.dept.lDeptId != 0 && of[Entity::dept] != chosen_.dept.lDeptId) return false;
+    if (dimension == 'p' && of[Entity::person] != chosen_.person.lId) return false;
+    if (dimension == 'u' && of[Entity::unit] != chosen_.unit.lId) return false;
+    if (dimension == 'i' && (of[Entity::project] != chosen_.project.id || of.classId != chosen_.classId)) return false;
   }
   for (const char dimension : report_.some) {
-    if (dimension == 'd' && of.dept == 0) return false;
-    if (dimension == 'p' && of.person == 0) return false;
-    if (dimension == 'u' && (of.unit == 0 || !coversUnit(of.unit))) return false;
-    if (dimension == 'i' && (of.item == 0 || !coversProject(of))) return false;
+    if (dimension == 'd' && of[Entity::dept] == 0) return false;
+    if (dimension == 'p' && of[Entity::person] == 0) return false;
+    if (dimension == 'u' && (of[Entity::unit] == 0 || !coversUnit(of[Entity::unit]))) return false;
+    if (dimension == 'i' && (of[Entity::project] == 0 || !coversProject(of))) return false;
   }
   return listsAccount(of);
 }
@@ -118,7 +117,8 @@ bool Lines::listsAccount(const Dimensions& of) const {
   if (report_.id != 10204) return true;
   const auto met = [&](const std::vector<Entry>& all) {
     return std::any_of(all.begin(), all.end(), [&](const Entry& entry) {
-      return entry.of.unit == of.unit && entry.of.account == of.account && entry.period <= question_.to;
+      return entry.of[Entity::unit] == of[Entity::unit] && entry.of[Entity::account] == of[Entity::account] &&
+             entry.period <= question_.to;
     });
   };
   return met(posted_) || (question_.unposted && met(unposted_));
@@ -134,15 +134,17 @@ std::vector<Opening> Lines::openings(int period) const {
     for (const auto& account : ledger_.accounts) {
       if (account.lId == record.lCodeId && account.bDirect == 0) sign = -1;
     }
-    chosen.push_back({of, sign * record.dBegin, sign * record.mBeginFor, sign * record.mBegin});
+    chosen.push_back({of, {sign * record.dBegin, sign * record.mBeginFor, sign * record.mBegin}});
   }
   return chosen;
 }
 
-std::vector<Entry> Lines::posted(int first, int last) const { return selected(posted_, first, last, report_.posted); }
+std::vector<Entry> Lines::posted(int first, int last) const {
+  return selected(posted_, first, last, report_.order.posted);
+}
 
 std::vector<Entry> Lines::unposted(int first, int last) const {
-  return selected(unposted_, first, last, report_.unposted);
+  return selected(unposted_, first, last, report_.order.unposted);
 }
 
 std::vector<Entry> Lines::unpostedBefore(int period) const {

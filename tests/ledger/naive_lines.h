@@ -1,14 +1,18 @@
 // The balances and lines of a ledger that a report covers, for the naive computation.
 #pragma once
 
+#include <array>
+
 #include "ledger/naive_dialog.h"
 #include "ledger/naive_figures.h"
 
 namespace tz::test::naive {
 
 struct Dimensions {
-  Id account = 0, dept = 0, person = 0, unit = 0, item = 0;
+  std::array<Id, 5> ids;  // by Entity; of a project the item
   std::string classId;
+
+  [[nodiscard]] Id operator[](Entity entity) const { return ids[static_cast<std::size_t>(entity)]; }
 };
 
 // A line with its head beside it. The rate is the line's, the price is not yet there.
@@ -24,7 +28,7 @@ struct Entry {
 // An opening, positive on the debit side.
 struct Opening {
   Dimensions of;
-  double quantity = 0, foreign = 0, money = 0;
+  Side amounts;
 };
 
 [[nodiscard]] std::string dotted(Date date);

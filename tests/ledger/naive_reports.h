@@ -25,6 +25,22 @@ struct Group {
   const char* subtotal;
 };
 
+struct Orders {
+  Order posted = Order::entryDate, unposted = Order::entryDate;
+};
+
+struct Wording {
+  const char* title;
+  const char* subtitle;  // with {account}, {dept}, {person}, {unit}, {unit class}, {clerk}, {project} in it
+  const char* opening;   // the opening row's caption
+};
+
+struct AccountRule {
+  Accounts which;
+  const char* flags;           // that an account must have to be offered; "B alone": just that one
+  const char* noAccount = "";  // the message for none
+};
+
 // A name that the dialog asks for, with the messages for none, an unknown one and one without any records.
 struct Name {
   const char* missing = nullptr;  // null: none given is looked up like any other
@@ -34,12 +50,8 @@ struct Name {
 
 struct Report {
   int id = 0;
-  const char* title = "";
-  const char* subtitle = "";  // with {account}, {dept}, {person}, {unit}, {unit class}, {clerk}, {project} in it
-  const char* opening = "";   // the opening row's caption
-  Accounts accounts = Accounts::any;
-  const char* flags = "";  // that an account must have to be offered
-  const char* noAccount = "";
+  Wording wording;
+  AccountRule accounts;
   Name dept = {}, unit = {};
   bool person = false;            // the person of the department is asked for
   const char* noClass = nullptr;  // project reports: refused when no class is defined
@@ -48,10 +60,9 @@ struct Report {
   std::string_view chosen = "";   // dimensions of its lines: those named in the question, d p u i; D: all, when none is
   std::string_view some = "";     // dimensions that its lines must have, whichever they are
   std::vector<Group> groups = {};  // outer first
-  Order posted = Order::entryDate;
-  Order unposted = Order::entryDate;
-  bool onlyRealOpenings = false;  // balances without an opening amount are passed over, their quantity as well
-  bool columns = false;           // a column per sub-account
+  bool onlyRealOpenings = false;   // balances without an opening amount are passed over, their quantity as well
+  bool columns = false;            // a column per sub-account
+  Orders order = {};
 };
 
 // Null for another report.

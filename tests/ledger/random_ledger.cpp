@@ -9,10 +9,10 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const Texts names = {"张三", "李四", "O'Brien'; DROP TABLE Plan --", "100%", "\"引号\"\n换行", "王_五"};
+const Texts names = {"张三", "李四", "O'Brien'; DROP TABLE Plan --", "100%", "\"引号\"\n换行", "王_五", "\\'", "?$1%s"};
 const Texts classNames = {"国内", "国外'"};
 const Texts clerks = {"", "", "张三", "O'Brien'; DROP TABLE Plan --"};
-const Texts deptNames = {"销售部", "采购部", "'财务'部", "销售部"};
+const Texts deptNames = {"销售部", "采购部", "'财务'部", "销售部"};  // one name twice
 const Texts summaries = {
     "", "预借差旅费", "它说'不'", "第一行\n第二行\t\"引\\号\"", "100%", "一个很长很长的摘要，比十五个字节长得多"};
 
@@ -215,10 +215,10 @@ bool keepsAll(const CodeInfo& account, std::string_view flags) {
 std::string accountFor(const Ledger& ledger, Dice& dice, const Report& report) {
   std::vector<std::string> fitting;
   for (const auto& account : ledger.accounts) {
-    if (report.accounts == Accounts::parent && account.bEnd != 0) continue;
-    if (report.accounts == Accounts::leaf && account.bEnd == 0) continue;
-    const bool alone = report.accounts == Accounts::list && *report.flags == 'B';
-    if (alone ? account.sAssBook == "B" : keepsAll(account, report.flags)) fitting.push_back(account.sCode);
+    if (report.accounts.which == Accounts::parent && account.bEnd != 0) continue;
+    if (report.accounts.which == Accounts::leaf && account.bEnd == 0) continue;
+    const bool alone = report.accounts.which == Accounts::list && *report.accounts.flags == 'B';
+    if (alone ? account.sAssBook == "B" : keepsAll(account, report.accounts.flags)) fitting.push_back(account.sCode);
   }
   if (dice.once(25)) return dice.once(2) ? "1199" : dice.oneOf(ledger.accounts).sCode;
   return fitting.empty() ? "" : dice.oneOf(fitting);
@@ -250,7 +250,7 @@ Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) 
   const Texts formats = {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
   Question question;
   question.report = report.id;
-  if (report.accounts != Accounts::list) {
+  if (report.accounts.which != Accounts::list) {
     question.accounts = {accountFor(ledger, dice, report)};
   } else {
     for (int i = dice.below(3); i > 0; --i) question.accounts.push_back(accountFor(ledger, dice, report));
