@@ -39,6 +39,12 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
   painter.restore();
 }
 
+void drawFrame(QPainter& painter, const QRect& rect) {
+  painter.setPen(QPen(currentTheme().edge, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
 void drawButton(QPainter& painter, const QStyleOption& option) {
   const Theme& theme = currentTheme();
   const bool enabled = isIn(option, QStyle::State_Enabled);

@@ -60,9 +60,9 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       return drawArrow(*painter, option->rect, Qt::RightArrow, isIn(*option, State_Enabled));
     case PE_IndicatorArrowDown:
       return drawArrow(*painter, option->rect, Qt::DownArrow, isIn(*option, State_Enabled));
+    case PE_Frame:
     case PE_FrameMenu:
-      painter->setPen(currentTheme().edge);
-      return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+      return drawFrame(*painter, option->rect);
     case PE_PanelLineEdit: {
       // Without a frame the field lies in a box that has one already.
       const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
