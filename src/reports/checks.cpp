@@ -34,21 +34,20 @@ const std::vector<ProjClassInfo>& projectClasses(const CheckContext& context) {
 }
 
 // The classes that the account carries, else those of the accounts below it.
-std::vector<ProjClassInfo> classesOfAccount(const CheckContext& context) {
-  const auto& conditions = context.conditions;
+std::vector<ProjClassInfo> classesOfAccount(const CQnCwDB& db, CGetData& data, const CodeInfo& account) {
   const auto carried = [&](const Sql& accounts) {
     std::vector<ProjClassInfo> classes;
-    const auto links = context.session.db.ProjCodes_GetInfo(accounts + " ORDER BY lId");
-    for (const auto& candidate : projectClasses(context)) {
+    const auto links = db.ProjCodes_GetInfo(accounts + " ORDER BY lId");
+    for (const auto& candidate : data.ProjClassTable()) {
       if (std::ranges::find(links, candidate.sItemId, &ProjCodesInfo::sItemId) != links.end()) {
         classes.push_back(candidate);
       }
     }
     return classes;
   };
-  auto own = carried(Sql("lCodeId = ?", conditions.account.lId));
+  auto own = carried(Sql("lCodeId = ?", account.lId));
   if (!own.empty()) return own;
-  return carried(inList("lCodeId", conditions.data->GetCode_Include(conditions.account.sCode)));
+  return carried(inList("lCodeId", data.GetCode_Include(account.sCode)));
 }
 
 // An end of a range may be a code, or code and name as the combos show them; it is the code of an item of the classes.
@@ -62,6 +61,15 @@ std::string rangeEnd(const CheckContext& context, ParameterKey key, const std::v
 }
 
 }  // namespace
+
+ComboList offeredClasses(const CQnCwDB& db, std::string_view account) {
+  CGetData data(db);
+  const auto* found = data.GetCODEINFOByCode(CGetData::GetCode_Separator(account));
+  ComboList list;
+  if (found == nullptr) return list;
+  for (const auto& one : classesOfAccount(db, data, *found)) list.push_back({one.sItemId + " " + one.sName, one.lId});
+  return list;
+}
 
 namespace checks {
 
@@ -142,14 +150,15 @@ bool classOrFirst(CheckContext& context) {
 }
 
 bool classOfAccount(CheckContext& context) {
-  const auto classes = classesOfAccount(context);
+  auto& conditions = context.conditions;
+  const auto classes = classesOfAccount(context.session.db, *conditions.data, conditions.account);
   const auto wanted = CGetData::GetCode_Separator(text(context, ParameterKey::projectClass));
   if (!wanted.empty()) {
-    context.conditions.projectClass = chosen(classes, ParameterKey::projectClass, wanted, &ProjClassInfo::sItemId);
+    conditions.projectClass = chosen(classes, ParameterKey::projectClass, wanted, &ProjClassInfo::sItemId);
     return true;
   }
   if (classes.empty()) return false;
-  context.conditions.projectClass = classes.front();
+  conditions.projectClass = classes.front();
   return true;
 }
 

@@ -86,7 +86,8 @@ struct DialogSpec {
 
 // What the lists of the dialog offer besides accounts.
 [[nodiscard]] ComboList offeredClerks(const CQnCwDB& db, Id accountId);
-[[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);  // "code name" by code
+[[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
+[[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);    // "code name" by code
 
 // The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read.
 [[nodiscard]] std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request,

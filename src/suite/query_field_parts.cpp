@@ -55,21 +55,26 @@ void chooseValue(CUsefulCombox& combo, const std::string& wanted, EntryValue val
   combo.lineEdit()->setPlaceholderText(gone ? QStringLiteral("%1 不在可选项之中").arg(toQt(wanted)) : QString());
 }
 
+void KeptChoice::Show(const std::string& wanted) {
+  chooseValue(combo_, wanted, value_);
+  gone_ = combo_.currentIndex() < 0 ? wanted : std::string();
+}
+
+void KeptChoice::Refill(const ComboList& list) {
+  const auto chosen = Value();
+  combo_.Fill(list);
+  Show(chosen);
+}
+
+std::string KeptChoice::Value() const {
+  const auto chosen = valueOf(combo_.CurrentText(), value_);
+  return chosen.empty() ? gone_ : chosen;
+}
+
 void refill(CUsefulCombox& combo, const ComboList& list) {
   const auto chosen = combo.CurrentText();
   combo.Fill(list);
   combo.SelectIndex(preselected(list, chosen));
-}
-
-std::string classOfAccount(const std::string& account, Session& session) {
-  Conditions conditions;
-  conditions.data = std::make_shared<CGetData>(session.db);
-  const auto* found = conditions.data->GetCODEINFOByCode(valueOf(account, EntryValue::code));
-  if (found == nullptr) return {};
-  conditions.account = *found;
-  const Request noClass;
-  CheckContext context{session, noClass, conditions};
-  return checks::classOfAccount(context) ? conditions.projectClass.sItemId : std::string();
 }
 
 }  // namespace tz

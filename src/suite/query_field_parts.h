@@ -33,10 +33,25 @@ enum class EntryValue { text, code };
 [[nodiscard]] std::string valueOf(const std::string& entry, EntryValue value);
 // Chooses the entry of this value; none when there is no such one, which the empty field then tells.
 void chooseValue(CUsefulCombox& combo, const std::string& wanted, EntryValue value);
+
+// What is chosen in a combo, or was asked for and is no longer offered: it stays the condition until another is chosen,
+// so that it is refused by its name; another one in its place would pass unnoticed.
+class KeptChoice {
+ public:
+  KeptChoice(CUsefulCombox& combo, EntryValue value) : combo_(combo), value_(value) {}
+  void Show(const std::string& wanted);
+  // Other entries; the choice stays.
+  void Refill(const ComboList& list);
+  [[nodiscard]] std::string Value() const;
+
+ private:
+  CUsefulCombox& combo_;
+  EntryValue value_;
+  std::string gone_;
+};
+
 // Other entries; the one chosen stays, else the first one is chosen.
 void refill(CUsefulCombox& combo, const ComboList& list);
-// The id of the project class that an account carries, the first of several; empty when it carries none.
-[[nodiscard]] std::string classOfAccount(const std::string& account, Session& session);
 
 // The makers. Each knows the kinds of its group, of others it returns null.
 [[nodiscard]] std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog);

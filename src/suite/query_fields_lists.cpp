@@ -8,12 +8,11 @@
 namespace tz {
 namespace {
 
-// One combo. A condition left out is the first entry; one that is no longer offered leaves the field empty: another one
-// in its place would pass unnoticed.
+// One combo. A condition left out is the first entry; one that is no longer offered leaves the field empty.
 class ComboField : public QueryField {
  public:
   ComboField(const ControlSpec& spec, QWidget* dialog, EntryValue value = EntryValue::text)
-      : QueryField(spec), combo_(madeControl<CUsefulCombox>(spec.id, dialog)), value_(value) {
+      : QueryField(spec), combo_(madeControl<CUsefulCombox>(spec.id, dialog)), value_(value), choice_(*combo_, value) {
     constexpr int signs = 28;
     combo_->setMinimumContentsLength(signs);
     combo_->setAccessibleName(toQt(spec.caption));
@@ -21,19 +20,10 @@ class ComboField : public QueryField {
   QWidget* Row() override { return combo_; }
   std::vector<QWidget*> Stops() override { return {combo_}; }
   void Show(const Request& request) override {
-    const auto wanted = valueOf(request.text(Spec().key), value_);
-    if (wanted.empty()) {
-      combo_->SelectIndex(0);
-    } else {
-      chooseValue(*combo_, wanted, value_);
-    }
-    gone_ = combo_->currentIndex() < 0 ? wanted : std::string();
+    const auto wanted = request.text(Spec().key);
+    choice_.Show(valueOf(wanted.empty() ? fromQt(combo_->itemText(0)) : wanted, value_));
   }
-  // What is no longer offered stays the condition until another is chosen, so that it is refused by its name.
-  void Take(Request& request) const override {
-    const auto chosen = valueOf(combo_->CurrentText(), value_);
-    setText(request, Spec().key, chosen.empty() ? gone_ : chosen);
-  }
+  void Take(Request& request) const override { setText(request, Spec().key, choice_.Value()); }
 
  protected:
   [[nodiscard]] CUsefulCombox& Combo() { return *combo_; }
@@ -43,7 +33,7 @@ class ComboField : public QueryField {
  private:
   CUsefulCombox* combo_;
   EntryValue value_;
-  std::string gone_;
+  KeptChoice choice_;
 };
 
 class AccountField : public ComboField {
@@ -79,33 +69,13 @@ class ClerkField : public ComboField {
   }
 };
 
-// With another account its class is chosen.
+// The classes that the account carries.
 class ClassField : public ComboField {
  public:
   ClassField(const ControlSpec& spec, QWidget* dialog) : ComboField(spec, dialog, EntryValue::code) { OwnsOthers(); }
-  void Fill(const DialogSpec& /*dialog*/, Session& session) override {
-    Combo().Fill(CInitComboFun::InitItemClassCombox(session.db));
-    account_.clear();
-    ofAccount_.clear();
-  }
   void Follow(const Request& request, Session& session) override {
-    const auto account = request.text(ParameterKey::account);
-    if (account == account_) return;
-    account_ = account;
-    ofAccount_ = classOfAccount(account, session);
-    if (!ofAccount_.empty()) chooseValue(Combo(), ofAccount_, EntryValue::code);
+    refill(Combo(), offeredClasses(session.db, request.text(ParameterKey::account)));
   }
-  void Show(const Request& request) override {
-    if (request.text(Spec().key).empty() && !ofAccount_.empty()) {
-      chooseValue(Combo(), ofAccount_, EntryValue::code);
-    } else {
-      ComboField::Show(request);
-    }
-  }
-
- private:
-  std::string account_;
-  std::string ofAccount_;
 };
 
 class MonthsField : public QueryField {

@@ -27,26 +27,26 @@ class ProjectRangeField : public FoldedField {
   void Follow(const Request& request, Session& session) override {
     auto projects = Offered(request, session);
     projects.insert(projects.begin(), {"", 0});
-    refill(*from_, projects);
-    refill(*to_, projects);
+    first_.Refill(projects);
+    last_.Refill(projects);
+    ShowOpenEnds();
   }
   void Show(const Request& request) override {
-    ShowEnd(*from_, request.text(ParameterKey::projectFrom));
-    ShowEnd(*to_, request.text(ParameterKey::projectTo));
+    first_.Show(valueOf(request.text(ParameterKey::projectFrom), EntryValue::code));
+    last_.Show(valueOf(request.text(ParameterKey::projectTo), EntryValue::code));
+    ShowOpenEnds();
     Unfold(!request.text(ParameterKey::projectFrom).empty() || !request.text(ParameterKey::projectTo).empty());
   }
   void Take(Request& request) const override {
-    const auto end = [this](const CUsefulCombox& combo) {
-      return IsFolded() ? std::string() : valueOf(combo.CurrentText(), EntryValue::code);
-    };
-    setText(request, ParameterKey::projectFrom, end(*from_));
-    setText(request, ParameterKey::projectTo, end(*to_));
+    setText(request, ParameterKey::projectFrom, IsFolded() ? std::string() : first_.Value());
+    setText(request, ParameterKey::projectTo, IsFolded() ? std::string() : last_.Value());
   }
 
  private:
-  static void ShowEnd(CUsefulCombox& combo, const std::string& code) {
-    chooseValue(combo, valueOf(code, EntryValue::code), EntryValue::code);
-    if (code.empty()) combo.lineEdit()->setPlaceholderText(QStringLiteral("不限"));
+  void ShowOpenEnds() {
+    for (const auto& [combo, end] : {std::pair(from_, &first_), std::pair(to_, &last_)}) {
+      if (end->Value().empty()) combo->lineEdit()->setPlaceholderText(QStringLiteral("不限"));
+    }
   }
   // The projects of the class chosen, else of the account's; of all classes where neither is asked for.
   static ComboList Offered(const Request& request, Session& session) {
@@ -55,8 +55,8 @@ class ProjectRangeField : public FoldedField {
     if (!classId.empty()) return offeredProjects(data, classId);
     const auto account = request.text(ParameterKey::account);
     if (!account.empty()) {
-      const auto own = classOfAccount(account, session);
-      return own.empty() ? ComboList() : offeredProjects(data, own);
+      const auto own = offeredClasses(session.db, account);
+      return own.empty() ? ComboList() : offeredProjects(data, valueOf(own.front().text, EntryValue::code));
     }
     ComboList all;
     for (const auto& projectClass : session.db.ProjClass_GetInfo("sItemId <> '' ORDER BY lId")) {
@@ -68,6 +68,8 @@ class ProjectRangeField : public FoldedField {
 
   CUsefulCombox* from_;
   CUsefulCombox* to_;
+  KeptChoice first_{*from_, EntryValue::code};
+  KeptChoice last_{*to_, EntryValue::code};
 };
 
 }  // namespace

@@ -166,16 +166,42 @@ TEST_F(QueryFields, ItemIsPickedFromTheChosenClass) {
   EXPECT_EQ(request.text(Key::project), "新机型");
 }
 
-TEST_F(QueryFields, ClassFollowsTheAccountAndStaysAsChosen) {
+// 软件 carries both classes, 厂房 one.
+TEST_F(QueryFields, ClassesAreThoseOfTheAccount) {
+  ledger.ledger().fill("ProjCodes", "lId | sItemId | lCodeId\n 3 | 01 | 5");
   EXPECT_TRUE(run({account, projectClass}, projectAccounts, [](QWidget& window) {
+    EXPECT_EQ(control<CUsefulCombox>(window, "2211").count(), 1);
     EXPECT_EQ(shown(window, "2211"), "01 工程");
     press(window, "2206", Qt::Key_Down);
+    EXPECT_EQ(control<CUsefulCombox>(window, "2211").count(), 2);
+    EXPECT_EQ(shown(window, "2211"), "01 工程") << "what is chosen stays where it is offered";
+    press(window, "2211", Qt::Key_Down);
     EXPECT_EQ(shown(window, "2211"), "RD 研发");
-    press(window, "2211", Qt::Key_Up);
+    press(window, "2206", Qt::Key_Up);
     EXPECT_EQ(shown(window, "2211"), "01 工程");
     click(window, "1");
   }));
   EXPECT_EQ(request.text(Key::projectClass), "01");
+}
+
+// An end that the next account does not have would else leave the range open without a word.
+TEST_F(QueryFields, AnEndThatIsNoLongerOfferedIsRefusedByItsName) {
+  choices = {&tz::choices::projectRange};
+  checks = {{&tz::checks::classOfAccount, MessageId::noAccountCode, Key::projectClass}};
+  EXPECT_FALSE(run({account, range}, projectAccounts, [this](QWidget& window) {
+    click(window, "unfold");
+    press(window, "2214", Qt::Key_Down);
+    EXPECT_EQ(shown(window, "2214"), "001 一号厂房");
+    press(window, "2206", Qt::Key_Down);
+    EXPECT_EQ(shown(window, "2214"), "");
+    EXPECT_EQ(control<CUsefulCombox>(window, "2214").lineEdit()->placeholderText(), "001 不在可选项之中");
+    click(window, "1");
+    EXPECT_EQ(messages.takeLast(), "没有编码为“001”的项目");
+    EXPECT_EQ(window.focusWidget()->objectName(), "2214");
+    press(window, "2206", Qt::Key_Up);
+    EXPECT_EQ(shown(window, "2214"), "001 一号厂房") << "with its account it is there again";
+    click(window, "2");
+  }));
 }
 
 TEST_F(QueryFields, RangeUnfoldsAndOffersTheProjectsOfTheAccount) {
