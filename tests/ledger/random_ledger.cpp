@@ -137,7 +137,7 @@ void setDimensions(Record& record, const Ledger& ledger, Dice& dice) {
   if (dice.once(9)) record.lDeptId = 0;
   if (!dice.once(3)) record.lEnterId = 1 + dice.below(4);
   if (dice.once(3)) return;
-  record.lItemId = 1 + dice.below(3);
+  record.lItemId = dice.once(12) ? 0 : 1 + dice.below(3);
   record.sItemId = itemClasses[dice.once(3) ? 1 : 0];
 }
 
