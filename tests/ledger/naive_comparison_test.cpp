@@ -1,4 +1,5 @@
 // The program's detail ledgers against the naive computation, on random ledgers.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -8,6 +9,7 @@
 #include "data/record_io.h"
 #include "ledger/random_ledger.h"
 #include "reports/report_definition.h"
+#include "support/every_report.h"
 #include "support/test_ledger.h"
 
 namespace tz::test {
@@ -72,21 +74,11 @@ Request requestOf(const Question& question) {
   return request;
 }
 
-nlohmann::json jsonOf(const naive::Cell& cell) {
-  if (const auto* number = std::get_if<double>(&cell)) return *number;
-  if (const auto* text = std::get_if<std::string>(&cell)) return *text;
-  return nullptr;
-}
-
-std::string monthText(int month) { return (month < 10 ? "2006.0" : "2006.") + std::to_string(month); }
-
 // The keys of the report's JSON that the naive computation knows.
 nlohmann::json jsonOf(const Answer& answer, const Question& question) {
   auto rows = nlohmann::json::array();
   for (const auto& row : answer.rows) {
-    auto cells = nlohmann::json::array();
-    for (const auto& cell : row.cells) cells.push_back(jsonOf(cell));
-    rows.push_back({{"cells", cells},
+    rows.push_back({{"cells", row.cells},
                     {"background", row.green ? nlohmann::json("#E0FFE0") : nlohmann::json()},
                     {"data", row.data}});
   }
@@ -94,27 +86,16 @@ nlohmann::json jsonOf(const Answer& answer, const Question& question) {
           {"subtitle", answer.subtitle},
           {"unit", answer.unit},
           {"format", answer.format},
-          {"period", "月份: " + monthText(question.from) + " - " + monthText(question.to)},
+          {"period", fmt::format("月份: 2006.{:02} - 2006.{:02}", question.from, question.to)},
           {"rows", rows},
           {"notices", answer.notices}};
-}
-
-std::string printed(const ComputedReport& report) {
-  std::string text;
-  writeJson(report, [&](std::string_view piece) {
-    text += piece;
-    return true;
-  });
-  return text;
 }
 
 // What came out, as a text: the refusal, the wrong use or the JSON.
 std::string ask(CQnCwDB& db, const std::string& ledger, const Question& question) {
   Session session{.db = db, .ledger = ledger, .logon = {2006, logonMonth, 31}};
   try {
-    const auto outcome = runReport(*findReport(question.report), requestOf(question), session);
-    if (const auto* refusal = std::get_if<Refusal>(&outcome)) return "refused: " + refusal->text();
-    return printed(std::get<ComputedReport>(outcome));
+    return answerText(runReport(*findReport(question.report), requestOf(question), session));
   } catch (const WrongUse&) {
     return "wrong use";
   }
@@ -123,7 +104,7 @@ std::string ask(CQnCwDB& db, const std::string& ledger, const Question& question
 // Where both differ, for a person to look at; empty when they agree.
 std::string difference(const std::string& program, const Answer& answer, const Question& question) {
   if (!answer.refusal.empty() || answer.wrongUse) {
-    const auto expected = answer.wrongUse ? "wrong use" : "refused: " + answer.refusal;
+    const auto expected = answer.wrongUse ? "wrong use" : answer.refusal;
     return program == expected ? "" : "expected " + expected + "\nprogram  " + program;
   }
   if (!program.starts_with('{')) return "expected a report\nprogram  " + program;
@@ -210,7 +191,7 @@ TEST(NaiveComparison, AgreesOnAFile) {
 }
 
 TEST(NaiveComparison, AgreesOnAServer) {
-  for (const auto& [id, reached] : compareMany(Engine::postgres, 30)) EXPECT_GT(reached.reports, 10) << id;
+  for (const auto& [id, reached] : compareMany(Engine::postgres, 15)) EXPECT_GT(reached.reports, 3) << id;
 }
 
 // A new detail ledger needs its naive side.

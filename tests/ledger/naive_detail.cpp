@@ -2,6 +2,7 @@
 #include <cmath>
 #include <map>
 #include <memory>
+#include <tuple>
 
 #include "ledger/naive_columns.h"
 #include "ledger/naive_dialog.h"
@@ -16,7 +17,7 @@ struct Block {
   std::vector<Entry> posted, unposted;
 };
 
-using Key = std::vector<std::pair<std::string, Id>>;  // for each group the project class and the id
+using Key = std::vector<std::tuple<Entity, std::string, Id>>;  // for each group; the text is a project's class
 
 struct Sums {
   Figures moved;
@@ -26,7 +27,11 @@ struct Sums {
 class Computation {
  public:
   Computation(const Ledger& ledger, const Report& report, const Question& question)
-      : ledger_(ledger), report_(report), question_(question), chosen_(choose(ledger, report, question)) {}
+      : ledger_(ledger),
+        report_(report),
+        question_(question),
+        chosen_(choose(ledger, report, question)),
+        names_(namesOf(ledger)) {}
 
   Answer run() {
     answer_.refusal = chosen_.refusal;
@@ -107,7 +112,7 @@ class Computation {
   Key keyOf(const Dimensions& of) const {
     Key key;
     for (const auto& group : report_.groups) {
-      key.push_back({group.entity == Entity::project ? of.classId : "", of[group.entity]});
+      key.push_back({group.entity, group.entity == Entity::project ? of.classId : "", of[group.entity]});
     }
     return key;
   }
@@ -150,7 +155,7 @@ class Computation {
       previous = &key;
       ++blocks;
       if (!report_.groups.empty()) addRow("", "", heading(key), {}, "", {}, Place::opening, true);
-      if (!report_.groups.empty() && report_.groups[0].entity == Entity::account) keeps_ = keptBy(key[0].second);
+      if (!report_.groups.empty() && report_.groups[0].entity == Entity::account) keeps_ = keptBy(std::get<Id>(key[0]));
       const auto sums = writeBlock(block);
       unlisted += block.posted.size() + block.unposted.size();
       if (report_.groups.empty()) continue;
@@ -187,35 +192,19 @@ class Computation {
 
   std::string heading(const Key& key) const {
     std::string text;
-    for (std::size_t i = 0; i < key.size(); ++i) {
-      text += (i == 0 ? "" : " ") + nameOf(report_.groups[i].entity, key[i].first, key[i].second);
-    }
+    for (const auto& member : key) text += (text.empty() ? "" : " ") + names_.at(member);
     return text;
   }
 
-  std::string nameOf(Entity entity, const std::string& classId, Id id) const {
-    const auto find = [id](const auto& records, auto key, auto name) {
-      for (const auto& record : records) {
-        if (record.*key == id) return record.*name;
-      }
-      return std::string();
-    };
-    switch (entity) {
-      case Entity::account:
-        return find(ledger_.accounts, &CodeInfo::lId, &CodeInfo::sName);
-      case Entity::dept:
-        return find(ledger_.depts, &DeptInfo::lDeptId, &DeptInfo::sDeptName);
-      case Entity::person:
-        return find(ledger_.persons, &PersonInfo::lId, &PersonInfo::sName);
-      case Entity::unit:
-        return find(ledger_.units, &EnterInfo::lId, &EnterInfo::sEnterName);
-      case Entity::project:
-        break;
-    }
-    for (const auto& item : ledger_.items) {
-      if (item.classId == classId && item.id == id) return item.name;
-    }
-    return {};
+  using Names = std::map<Key::value_type, std::string>;
+  static Names namesOf(const Ledger& ledger) {
+    Names names;
+    for (const auto& account : ledger.accounts) names[{Entity::account, "", account.lId}] = account.sName;
+    for (const auto& dept : ledger.depts) names[{Entity::dept, "", dept.lDeptId}] = dept.sDeptName;
+    for (const auto& person : ledger.persons) names[{Entity::person, "", person.lId}] = person.sName;
+    for (const auto& unit : ledger.units) names[{Entity::unit, "", unit.lId}] = unit.sEnterName;
+    for (const auto& item : ledger.items) names[{Entity::project, item.classId, item.id}] = item.name;
+    return names;
   }
 
   // The opening row and the months; the lines that no month takes remain in the block.
@@ -249,7 +238,7 @@ class Computation {
   }
 
   void take(std::vector<Entry>& entries, int month, bool unposted, Figures& total, Balance& balance) {
-    while (!entries.empty() && entries.front().bill.month == month) {
+    while (!entries.empty() && entries.front().head.dtBill.month == month) {
       const auto entry = entries.front();
       entries.erase(entries.begin());
       auto figures = entry.figures;
@@ -260,7 +249,8 @@ class Computation {
       total.add(figures);
       balance.move(figures);
       keeps_.priceAndRate(balance);
-      addRow(dotted(entry.bill), voucherText(entry), entry.digest, figures, running(balance), balance, Place::running);
+      addRow(dateText(entry), voucherText(entry), entry.line.sDigest, figures, running(balance), balance,
+             Place::running);
       if (columns_) columns_->line(entry.of[Entity::account], figures, answer_.rows.back());
       answer_.rows.back().green = unposted;
       answer_.rows.back().data = unposted ? 1 : 0;
@@ -276,9 +266,10 @@ class Computation {
   void addRow(const std::string& date, const std::string& number, const std::string& summary, const Figures& figures,
               const std::string& direction, const Balance& balance, Place place, bool isHeading = false) {
     Row row;
-    for (const auto& text : {date, number, summary}) row.cells.push_back(text.empty() ? Cell() : Cell(text));
+    for (const auto& text : {date, number, summary})
+      row.cells.push_back(text.empty() ? nlohmann::json() : nlohmann::json(text));
     for (const auto& cell : figureCells(answer_.format, place, figures, direction, balance)) {
-      row.cells.push_back(isHeading ? Cell() : cell);
+      row.cells.push_back(isHeading ? nlohmann::json() : cell);
     }
     if (columns_) columns_->widen(row);
     answer_.rows.push_back(row);
@@ -288,6 +279,7 @@ class Computation {
   const Report& report_;
   const Question& question_;
   const Chosen chosen_;
+  const Names names_;
   Answer answer_;
   Keeps keeps_;
   std::map<Key, Block> blocks_;

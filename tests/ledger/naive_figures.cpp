@@ -42,8 +42,8 @@ void Keeps::priceAndRate(Balance& balance) const {
   balance.rate = std::fabs(multiplies ? balance.money / balance.foreign : balance.foreign / balance.money);
 }
 
-std::vector<Cell> figureCells(const std::string& format, Place place, const Figures& figures,
-                              const std::string& direction, const Balance& balance) {
+std::vector<nlohmann::json> figureCells(const std::string& format, Place place, const Figures& figures,
+                                        const std::string& direction, const Balance& balance) {
   const std::map<char, double> shown = {
       {'p', figures.price},
       {'r', figures.rate},
@@ -59,13 +59,13 @@ std::vector<Cell> figureCells(const std::string& format, Place place, const Figu
       {'4', std::fabs(balance.rate)},
       {'5', std::fabs(balance.money)},
   };
-  std::vector<Cell> cells;
+  std::vector<nlohmann::json> cells;
   for (const char letter : places(format, place).substr(3)) {
     if (letter == 'd') {
       cells.emplace_back(direction);
     } else {
       const auto found = shown.find(letter);
-      cells.push_back(found == shown.end() || found->second == 0 ? Cell() : Cell(found->second));
+      cells.push_back(found == shown.end() || found->second == 0 ? nlohmann::json() : nlohmann::json(found->second));
     }
   }
   return cells;

@@ -37,8 +37,8 @@ struct Keeps {
 enum class Place { opening, running };
 
 // The row's cells from the fourth column on; the first three are texts.
-[[nodiscard]] std::vector<Cell> figureCells(const std::string& format, Place place, const Figures& figures,
-                                            const std::string& direction, const Balance& balance);
+[[nodiscard]] std::vector<nlohmann::json> figureCells(const std::string& format, Place place, const Figures& figures,
+                                                      const std::string& direction, const Balance& balance);
 // How many columns a format has.
 [[nodiscard]] std::size_t columnsOf(const std::string& format);
 

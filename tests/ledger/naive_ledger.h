@@ -5,8 +5,8 @@
 // Figures are doubles as the ledger holds them; nothing is rounded. A balance is positive on the debit side.
 #pragma once
 
+#include <nlohmann/json.hpp>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "data/records.h"
@@ -47,10 +47,8 @@ struct Question {
   std::string format;  // empty: the account's richest
 };
 
-using Cell = std::variant<std::monostate, std::string, double>;
-
 struct Row {
-  std::vector<Cell> cells;
+  std::vector<nlohmann::json> cells;  // texts, numbers and null
   bool green = false;
   int data = 0;
 };

@@ -1,6 +1,7 @@
 #include "ledger/naive_lines.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <tuple>
 
 namespace tz::test::naive {
@@ -20,8 +21,7 @@ std::vector<Entry> entries(const std::vector<Head>& heads, const std::vector<Lin
       Figures figures;
       figures.rate = line.dFrat;
       (line.bDirect != 0 ? figures.debit : figures.credit) = {line.dAmount, line.mForeign, line.mMoney};
-      all.push_back({dimensionsOf(line), head.dtBill, line.dtDate, head.sWord, line.sDigest, line.sName, head.nNumber,
-                     head.byPeroid, line.lId, line.lTieId, figures});
+      all.push_back({head, line, dimensionsOf(line), figures});
     }
   }
   return all;
@@ -29,17 +29,12 @@ std::vector<Entry> entries(const std::vector<Head>& heads, const std::vector<Lin
 
 }  // namespace
 
-std::string dotted(Date date) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%04d.%02d.%02d", date.year, date.month, date.day);
-  return text;
+std::string dateText(const Entry& entry) {
+  const auto date = entry.head.dtBill;
+  return fmt::format("{:04}.{:02}.{:02}", date.year, date.month, date.day);
 }
 
-std::string voucherText(const Entry& entry) {
-  char number[16];
-  std::snprintf(number, sizeof number, "%04d", entry.number);
-  return entry.word + "-" + number;
-}
+std::string voucherText(const Entry& entry) { return fmt::format("{}-{:04}", entry.head.sWord, entry.head.nNumber); }
 
 Lines::Lines(const Ledger& ledger, const Report& report, const Question& question, const Chosen& chosen)
     : ledger_(ledger), report_(report), question_(question), chosen_(chosen) {
@@ -73,10 +68,11 @@ bool Lines::coversUnit(Id id) const {
   bool his = false, anybodys = false;
   const auto look = [&](const std::vector<Entry>& all) {
     for (const auto& entry : all) {
-      if (entry.of[Entity::unit] != id || entry.period > question_.to || !coversAccount(entry.of[Entity::account]))
+      if (entry.of[Entity::unit] != id || entry.head.byPeroid > question_.to ||
+          !coversAccount(entry.of[Entity::account]))
         continue;
-      his = his || entry.clerk == chosen_.clerk;
-      anybodys = anybodys || !entry.clerk.empty();
+      his = his || entry.line.sName == chosen_.clerk;
+      anybodys = anybodys || !entry.line.sName.empty();
     }
   };
   look(posted_);
@@ -118,7 +114,7 @@ bool Lines::listsAccount(const Dimensions& of) const {
   const auto met = [&](const std::vector<Entry>& all) {
     return std::any_of(all.begin(), all.end(), [&](const Entry& entry) {
       return entry.of[Entity::unit] == of[Entity::unit] && entry.of[Entity::account] == of[Entity::account] &&
-             entry.period <= question_.to;
+             entry.head.byPeroid <= question_.to;
     });
   };
   return met(posted_) || (question_.unposted && met(unposted_));
@@ -150,7 +146,7 @@ std::vector<Entry> Lines::unposted(int first, int last) const {
 std::vector<Entry> Lines::unpostedBefore(int period) const {
   std::vector<Entry> chosen;
   for (const auto& entry : unposted_) {
-    if (entry.period >= 0 && entry.period < period && covers(entry.of)) chosen.push_back(entry);
+    if (entry.head.byPeroid >= 0 && entry.head.byPeroid < period && covers(entry.of)) chosen.push_back(entry);
   }
   return chosen;
 }
@@ -158,15 +154,13 @@ std::vector<Entry> Lines::unpostedBefore(int period) const {
 std::vector<Entry> Lines::selected(const std::vector<Entry>& all, int first, int last, Order order) const {
   std::vector<Entry> chosen;
   for (const auto& entry : all) {
-    const bool his = report_.id != 10210 || entry.clerk == chosen_.clerk;
-    if (his && entry.period >= first && entry.period <= last && covers(entry.of)) chosen.push_back(entry);
+    const bool his = report_.id != 10210 || entry.line.sName == chosen_.clerk;
+    if (his && entry.head.byPeroid >= first && entry.head.byPeroid <= last && covers(entry.of)) chosen.push_back(entry);
   }
   std::sort(chosen.begin(), chosen.end(), [order](const Entry& a, const Entry& b) {
     const auto key = [order](const Entry& entry) {
-      const auto date = std::tuple(entry.entered.year, entry.entered.month, entry.entered.day);
-      const bool byDate = order != Order::voucher;
-      return std::tuple(byDate ? date : decltype(date)(), order == Order::entryDate ? 0 : entry.voucherId,
-                        entry.lineId);
+      const auto [year, month, day] = order == Order::voucher ? Date() : entry.line.dtDate;
+      return std::tuple(year, month, day, order == Order::entryDate ? 0 : entry.line.lTieId, entry.line.lId);
     };
     return key(a) < key(b);
   });

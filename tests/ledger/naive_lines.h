@@ -15,14 +15,11 @@ struct Dimensions {
   [[nodiscard]] Id operator[](Entity entity) const { return ids[static_cast<std::size_t>(entity)]; }
 };
 
-// A line with its head beside it. The rate is the line's, the price is not yet there.
 struct Entry {
+  RegMainInfo head;
+  RegSubInfo line;
   Dimensions of;
-  Date bill, entered;
-  std::string word, digest, clerk;
-  int number = 0, period = 0;
-  Id lineId = 0, voucherId = 0;
-  Figures figures;
+  Figures figures;  // the rate is the line's, the price is not yet there
 };
 
 // An opening, positive on the debit side.
@@ -31,7 +28,8 @@ struct Opening {
   Side amounts;
 };
 
-[[nodiscard]] std::string dotted(Date date);
+// As rows show them.
+[[nodiscard]] std::string dateText(const Entry& entry);
 [[nodiscard]] std::string voucherText(const Entry& entry);
 
 class Lines {
