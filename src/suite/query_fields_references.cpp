@@ -105,16 +105,12 @@ class ProjectField : public ReferenceField {
     class_->Fill(CInitComboFun::InitItemClassCombox(session.db));
   }
   void Show(const Request& request) override {
-    const auto classId = valueOf(request.text(ParameterKey::projectClass), EntryValue::code);
-    if (classId.empty()) {
-      class_->SelectIndex(0);
-    } else {
-      chooseValue(*class_, classId, EntryValue::code);
-    }
+    const auto asked = request.text(ParameterKey::projectClass);
+    choice_.Show(valueOf(asked.empty() ? fromQt(class_->itemText(0)) : asked, EntryValue::code));
     ShowName(request, ParameterKey::project);
   }
   void Take(Request& request) const override {
-    setText(request, ParameterKey::projectClass, valueOf(class_->CurrentText(), EntryValue::code));
+    setText(request, ParameterKey::projectClass, choice_.Value());
     TakeName(request, ParameterKey::project);
   }
   bool Refer(Request& request, Session& session) override {
@@ -129,6 +125,7 @@ class ProjectField : public ReferenceField {
 
  private:
   CUsefulCombox* class_;
+  KeptChoice choice_{*class_, EntryValue::code};
 };
 
 }  // namespace
