@@ -1,0 +1,32 @@
+// Every message with which a condition dialog refuses, each with a ledger and conditions that provoke it. The dialogs
+// on the screen and the command line are held against the same table.
+#pragma once
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "reports/messages.h"
+#include "reports/request.h"
+#include "support/test_ledger.h"
+
+namespace tz::test {
+
+struct RefusalCase {
+  int command;
+  MessageId message;
+  std::string_view text;
+  std::vector<std::pair<ParameterKey, std::string_view>> values;
+  std::string_view change = {};  // of the ledger, as SQL
+  // The dialog has a list there, in which something always stands.
+  bool commandLineOnly = false;
+
+  [[nodiscard]] Request request() const;
+};
+
+[[nodiscard]] std::vector<RefusalCase> refusalCases();
+
+// Accounts of every kind, three departments, persons with and without movements, a unit, a project.
+void fillRefusalLedger(TestLedger& ledger);
+
+}  // namespace tz::test
