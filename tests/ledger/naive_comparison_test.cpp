@@ -79,8 +79,8 @@ nlohmann::json jsonOf(const Answer& answer, const Question& question) {
   auto rows = nlohmann::json::array();
   for (const auto& row : answer.rows) {
     rows.push_back({{"cells", row.cells},
-                    {"background", row.green ? nlohmann::json("#E0FFE0") : nlohmann::json()},
-                    {"data", row.data}});
+                    {"background", row.unposted ? nlohmann::json("#E0FFE0") : nlohmann::json()},
+                    {"data", row.unposted ? 1 : 0}});
   }
   return {{"title", answer.title},
           {"subtitle", answer.subtitle},
@@ -143,7 +143,7 @@ struct Reached {
     reports += answer.rows.empty() ? 0 : 1;
     rows += static_cast<int>(answer.rows.size());
     notices += static_cast<int>(answer.notices.size());
-    for (const auto& row : answer.rows) unpostedRows += row.green ? 1 : 0;
+    for (const auto& row : answer.rows) unpostedRows += row.unposted ? 1 : 0;
   }
 };
 using ReachedByReport = std::map<int, Reached>;

@@ -252,8 +252,7 @@ class Computation {
       addRow(dateText(entry), voucherText(entry), entry.line.sDigest, figures, running(balance), balance,
              Place::running);
       if (columns_) columns_->line(entry.of[Entity::account], figures, answer_.rows.back());
-      answer_.rows.back().green = unposted;
-      answer_.rows.back().data = unposted ? 1 : 0;
+      answer_.rows.back().unposted = unposted;
     }
   }
 

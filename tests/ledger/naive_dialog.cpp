@@ -101,19 +101,22 @@ class Asking {
     return report_.dept.idle == nullptr || met || refuse(report_.dept.idle);
   }
 
-  // A list of departments by code, in which something always stands.
-  bool deptOfList() {
-    if (report_.id != 10206) return true;
-    auto depts = ledger_.depts;
-    std::sort(depts.begin(), depts.end(), [](const auto& a, const auto& b) {
-      return a.sDeptId != b.sDeptId ? a.sDeptId < b.sDeptId : a.lId < b.lId;
-    });
-    for (const auto& dept : depts) {
-      if (question_.dept != dept.sDeptName && !question_.dept.empty()) continue;
-      chosen_.dept = dept;
+  // A list in which something always stands: the first entry when none is named.
+  template <class Record>
+  bool pick(const std::vector<Record>& offered, std::string Record::*name, const std::string& wanted, Record& found) {
+    for (const auto& record : offered) {
+      if (record.*name != wanted && !wanted.empty()) continue;
+      found = record;
       return true;
     }
     return wrongUse();
+  }
+
+  bool deptOfList() {
+    if (report_.id != 10206) return true;
+    auto depts = ledger_.depts;  // by code
+    std::sort(depts.begin(), depts.end(), [](const auto& a, const auto& b) { return a.sDeptId < b.sDeptId; });
+    return pick(depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);
   }
 
   bool deptOrAll() {
@@ -145,15 +148,8 @@ class Asking {
   bool unitClass() {
     if (report_.id != 10205) return true;
     auto offered = ledger_.unitClasses;
-    if (question_.unitClass.empty() && !offered.empty()) {
-      chosen_.unitClass = offered.front();
-      return true;
-    }
     offered.push_back({0, others});
-    const auto found =
-        named(offered, &EnterClassInfo::sName, question_.unitClass.empty() ? others : question_.unitClass);
-    if (found) chosen_.unitClass = *found;
-    return found || wrongUse();
+    return pick(offered, &EnterClassInfo::sName, question_.unitClass, chosen_.unitClass);
   }
 
   // Those named on lines of the account or below it, by name, then "其它".
@@ -170,10 +166,13 @@ class Asking {
     };
     collect(ledger_.postedLines);
     collect(ledger_.unpostedLines);
-    if (question_.clerk.empty() && !clerks.empty()) chosen_.clerk = *clerks.begin();
-    if (question_.clerk.empty() || question_.clerk == others) return true;
-    chosen_.clerk = question_.clerk;
-    return clerks.contains(question_.clerk) || wrongUse();
+    std::vector<PersonInfo> offered;
+    for (const auto& clerk : clerks) offered.push_back({0, "", clerk, 0});
+    offered.push_back({0, "", others, 0});
+    PersonInfo found;
+    if (!pick(offered, &PersonInfo::sName, question_.clerk, found)) return false;
+    if (found.sName != others) chosen_.clerk = found.sName;
+    return true;
   }
 
   // The classes of the account, or where it has none those of the accounts below it.

@@ -49,8 +49,7 @@ struct Question {
 
 struct Row {
   std::vector<nlohmann::json> cells;  // texts, numbers and null
-  bool green = false;
-  int data = 0;
+  bool unposted = false;
 };
 
 struct Answer {
