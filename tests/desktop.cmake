@@ -3,7 +3,8 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS
      ${CMAKE_CURRENT_LIST_DIR}/suite/*.cpp ${CMAKE_CURRENT_LIST_DIR}/shell/*.cpp
      ${CMAKE_CURRENT_LIST_DIR}/ui/*.cpp ${CMAKE_CURRENT_LIST_DIR}/host/*.cpp
-     ${CMAKE_CURRENT_LIST_DIR}/support/test_ledger.cpp ${CMAKE_CURRENT_LIST_DIR}/support/refusal_cases.cpp)
+     ${CMAKE_CURRENT_LIST_DIR}/support/test_ledger.cpp ${CMAKE_CURRENT_LIST_DIR}/support/refusal_cases.cpp
+     ${CMAKE_CURRENT_LIST_DIR}/support/every_report.cpp)
 # The host is a program: its windows are built into the tests, its main is not.
 file(GLOB TZ_HOST_WINDOWS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/../src/host/*.cpp
      ${CMAKE_CURRENT_LIST_DIR}/../src/host/*.h)

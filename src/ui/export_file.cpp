@@ -32,9 +32,16 @@ std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedRepor
       QFileDialog::getSaveFileName(parent, QStringLiteral("输出到文件"), toQt(report.title) + QStringLiteral(".xlsx"),
                                    filters.join(QStringLiteral(";;")), &filter);
   if (path.isEmpty()) return std::nullopt;
-  const Choice& choice = choices.at(static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter))));
-  if (QFileInfo(path).suffix().isEmpty()) path += QLatin1Char('.') + QLatin1String(choice.ending);
-  return ExportTarget{path, choice.form};
+  const Choice* choice = &choices.at(static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter))));
+  const QString ending = QFileInfo(path).suffix().toLower();
+  if (ending.isEmpty()) path += QLatin1Char('.') + QLatin1String(choice->ending);
+  // A name that ends as another kind does is of that kind.
+  if (ending != QLatin1String(choice->ending)) {
+    const auto* const named =
+        std::ranges::find_if(choices, [&](const Choice& one) { return ending == QLatin1String(one.ending); });
+    if (named != choices.end()) choice = named;
+  }
+  return ExportTarget{path, choice->form};
 }
 
 bool writeExport(const ComputedReport& report, const ExportTarget& target, LongWork& work) {
