@@ -75,24 +75,15 @@ class ConditionsTest : public DatabaseTest {
 
 TEST_P(ConditionsTest, AreRefusedInTheirOrder) {
   const std::string noAccount = "没有个人核算科目,不能查询个人三栏明细帐。";
-  expectRefusal({}, noAccount);
   expectRefusal({"--account", "9999", "--dept", "", "--person", ""}, noAccount);
   expectRefusal({"--account", "1131", "--dept", "销售部", "--person", "张三"}, noAccount);
-  expectRefusal({"--account", "113301"}, "部门不能为空，请重新输入！");
   expectRefusal({"--account", "113301", "--person", "张三"}, "部门不能为空，请重新输入！");
-  expectRefusal({"--account", "113301", "--dept", "没有的部"}, "非法的部门");
   expectRefusal({"--account", "113301", "--dept", "销售"}, "非法的部门");
-  expectRefusal({"--account", "113301", "--dept", "无往来部"}, "没有查到该部门的个人往来记录");
   expectRefusal({"--account", "113301", "--dept", "无往来部", "--unposted"}, "没有查到该部门的个人往来记录");
   expectRefusal({"--account", "113301", "--dept", "只有未记帐部"}, "没有查到该部门的个人往来记录");
   expectRefusal({"--account", "113301", "--dept", "只有未记帐部", "--unposted"}, "姓名不能为空，请重新输入！");
-  expectRefusal({"--account", "113301", "--dept", "销售部"}, "姓名不能为空，请重新输入！");
-  expectRefusal({"--account", "113301", "--dept", "销售部", "--person", "没有的人"}, "非法的姓名");
-  expectRefusal({"--account", "113301", "--dept", "销售部", "--person", "李四"},
-                "该用户不属于该部门，请重新输入其他名字。");
   expectRefusal({"--account", "113301", "--dept", "采购部", "--person", "孙七"},
                 "该用户不属于该部门，请重新输入其他名字。");
-  expectRefusal({"--account", "113301", "--dept", "采购部", "--person", "赵六"}, "没有查到该部门此人的发生额");
   expectRefusal({"--account", "113301", "--dept", "采购部", "--person", "赵六", "--unposted"},
                 "没有查到该部门此人的发生额");
   expectRefusal({"--account", "113301", "--dept", "销售部", "--person", "王五"}, "没有查到该部门此人的发生额");
