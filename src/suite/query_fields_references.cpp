@@ -17,12 +17,15 @@ class ReferenceField : public QueryField {
   ReferenceField(const ControlSpec& spec, QWidget* dialog)
       : QueryField(spec),
         row_(new QWidget(dialog)),
+        class_(spec.kind == ControlSpec::Kind::projectReference ? madeControl<CUsefulCombox>(classComboId, row_)
+                                                                : nullptr),
         edit_(madeControl<QLineEdit>(spec.id, row_)),
         view_(viewButton(spec, row_)) {
     edit_->setAccessibleName(toQt(spec.caption));
     if (spec.all) edit_->setPlaceholderText(toQt(allMembers));
     auto* layout = rowLayout(row_);
     layout->setSpacing(4);
+    if (class_ != nullptr) layout->addWidget(class_, 1);
     layout->addWidget(edit_, 1);
     layout->addWidget(view_);
     connect(view_, &QToolButton::clicked, this, &QueryField::referenceWanted);
@@ -39,15 +42,12 @@ class ReferenceField : public QueryField {
   }
   void TakeName(Request& request, ParameterKey key) const { setText(request, key, fromQt(edit_->text().trimmed())); }
   [[nodiscard]] QLineEdit* Edit() const { return edit_; }
-  // Puts a control in front of the name.
-  void Lead(QWidget* control) {
-    static_cast<QHBoxLayout*>(row_->layout())->insertWidget(0, control, 1);
-    QWidget::setTabOrder(control, edit_);
-    QWidget::setTabOrder(edit_, view_);
-  }
+  // In front of the name of an item; null before other names.
+  [[nodiscard]] CUsefulCombox* ClassCombo() const { return class_; }
 
  private:
   QWidget* row_;
+  CUsefulCombox* class_;  // made before the name, for the Tab key
   QLineEdit* edit_;
   QToolButton* view_;
 };
@@ -92,12 +92,10 @@ class UnitField : public ReferenceField {
 // An item: its class in front of its name.
 class ProjectField : public ReferenceField {
  public:
-  ProjectField(const ControlSpec& spec, QWidget* dialog)
-      : ReferenceField(spec, dialog), class_(madeControl<CUsefulCombox>(classComboId, Row())) {
+  ProjectField(const ControlSpec& spec, QWidget* dialog) : ReferenceField(spec, dialog), class_(ClassCombo()) {
     constexpr int signs = 12;
     class_->setMinimumContentsLength(signs);
     class_->setAccessibleName(QStringLiteral("项目大类"));
-    Lead(class_);
     connect(class_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);
   }
   std::vector<QWidget*> Stops() override { return {class_, Edit()}; }
