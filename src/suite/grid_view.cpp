@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <limits>
 
+#include "suite/grid_accessible.h"
 #include "suite/grid_view_header.h"
 
 namespace tz {
@@ -24,9 +25,10 @@ constexpr int dragInterval = 40;  // milliseconds
 GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new GridViewHeader(columns_, this)) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(QStringLiteral("报表"));
+  installGridAccessibility();
   connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
   connect(header_, &GridViewHeader::columnClicked, this, [this](int column) {
-    if (!Empty()) Select({0, column}, {Rows() - 1, column});
+    SelectRange({0, column}, {RowCount() - 1, column});
   });
 }
 
@@ -48,13 +50,16 @@ void GridView::Refresh() {
   rowHeight_ = std::max(smallestRow, fontMetrics().height() + 5);
   const auto keep = [this](GridCell cell) {
     if (!cell.valid() || Empty()) return GridCell{};
-    return GridCell{std::min(cell.row, Rows() - 1), std::min(cell.column, columns_.Count() - 1)};
+    return GridCell{std::min(cell.row, RowCount() - 1), std::min(cell.column, columns_.Count() - 1)};
   };
   current_ = keep(current_);
   anchor_ = keep(anchor_);
   if (current_.valid()) grid_->ActivateCell(current_.row, current_.column);
   LayOut();
   SumUp();
+  if (!QAccessible::isActive()) return;
+  QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
+  QAccessible::updateAccessibility(&reset);
 }
 
 void GridView::SetHideZeros(bool hide) {
@@ -71,7 +76,7 @@ void GridView::LayOut() {
   header_->update();
 
   // A scroll bar counts in int; grids of more than eighty million rows do not occur.
-  const std::int64_t height = Rows() * rowHeight_;
+  const std::int64_t height = RowCount() * rowHeight_;
   const auto limit = static_cast<std::int64_t>(std::numeric_limits<int>::max());
   verticalScrollBar()->setRange(0, static_cast<int>(std::clamp<std::int64_t>(height - view.height(), 0, limit)));
   verticalScrollBar()->setPageStep(view.height());
@@ -92,7 +97,8 @@ QRect GridView::CellRect(std::int64_t row, int column) const {
 GridCell GridView::CellAt(QPoint place) const {
   if (Empty()) return {};
   const std::int64_t row = (static_cast<std::int64_t>(verticalScrollBar()->value()) + place.y()) / rowHeight_;
-  return {std::clamp<std::int64_t>(row, 0, Rows() - 1), columns_.ColumnAt(horizontalScrollBar()->value() + place.x())};
+  return {std::clamp<std::int64_t>(row, 0, RowCount() - 1),
+          columns_.ColumnAt(horizontalScrollBar()->value() + place.x())};
 }
 
 bool GridView::SetCurrent(std::int64_t row, int column) {
@@ -101,8 +107,15 @@ bool GridView::SetCurrent(std::int64_t row, int column) {
   return true;
 }
 
-void GridView::SelectAll() {
-  if (!Empty()) Select({0, 0}, {Rows() - 1, columns_.Count() - 1});
+void GridView::SelectAll() { SelectRange({0, 0}, {RowCount() - 1, columns_.Count() - 1}); }
+
+bool GridView::SelectRange(GridCell anchor, GridCell current) {
+  const auto exists = [this](GridCell cell) {
+    return cell.valid() && cell.row < RowCount() && cell.column < columns_.Count();
+  };
+  if (!exists(anchor) || !exists(current)) return false;
+  Select(anchor, current);
+  return true;
 }
 
 void GridView::MoveTo(GridCell cell, bool extend) {
@@ -120,7 +133,7 @@ void GridView::Select(GridCell anchor, GridCell current) {
   SumUp();
   if (!moved) return;
   grid_->ActivateCell(current.row, current.column);
-  DescribeCurrent();
+  TellCurrent();
   emit currentChanged(current.row, current.column);
 }
 
@@ -140,11 +153,10 @@ void GridView::SumUp() {
   summing_.start(0, this);
 }
 
-void GridView::DescribeCurrent() {
-  setAccessibleDescription(QStringLiteral("第%1行 %2 %3")
-                               .arg(current_.row + 1)
-                               .arg(columns_.CaptionOf(current_.column), ShownText(current_.row, current_.column)));
-  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+void GridView::TellCurrent() {
+  if (!QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(static_cast<int>(current_.row) * columns_.Count() + current_.column);
   QAccessible::updateAccessibility(&event);
 }
 
@@ -169,7 +181,7 @@ GridCell GridView::CellFor(const QKeyEvent& event) const {
   GridCell cell = current_.valid() ? current_ : GridCell{0, 0};
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const std::int64_t page = std::max(viewport()->height() / rowHeight_ - 1, 1);
-  const std::int64_t lastRow = Rows() - 1;
+  const std::int64_t lastRow = RowCount() - 1;
   const int lastColumn = columns_.Count() - 1;
   switch (event.key()) {
     case Qt::Key_Up:

@@ -32,11 +32,17 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] GridCell Current() const { return current_; }
   [[nodiscard]] GridRange Selection() const { return GridRange::between(anchor_, current_); }
   void SelectAll();
+  // From one corner to the other, which becomes current; false outside the grid.
+  bool SelectRange(GridCell anchor, GridCell current);
   // Puts the selected cells on the clipboard.
   void Copy() const;
 
   // In pixels of the viewport.
   [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
+  // The cell at a place of the viewport, the nearest one outside of all; none in an empty grid.
+  [[nodiscard]] GridCell CellAt(QPoint place) const;
+  [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
+  [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
   [[nodiscard]] GridViewHeader* Header() const { return header_; }
   [[nodiscard]] GridViewColumns& ColumnWidths() { return columns_; }
@@ -63,18 +69,15 @@ class GridView : public QAbstractScrollArea {
  private:
   struct Style;
 
-  [[nodiscard]] std::int64_t Rows() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
-  [[nodiscard]] bool Empty() const { return Rows() == 0 || columns_.Count() == 0; }
-  [[nodiscard]] GridCell CellAt(QPoint place) const;
+  [[nodiscard]] bool Empty() const { return RowCount() == 0 || columns_.Count() == 0; }
   [[nodiscard]] GridCell CellFor(const QKeyEvent& event) const;
   void MoveTo(GridCell cell, bool extend);
   void Select(GridCell anchor, GridCell current);
   void ShowCell(GridCell cell);
   void LayOut();
   void SumUp();
-  void DescribeCurrent();
+  void TellCurrent();
 
-  [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
   void PaintNothing(QPainter& painter) const;
   void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
   void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;

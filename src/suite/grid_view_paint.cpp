@@ -32,7 +32,7 @@ void GridView::paintEvent(QPaintEvent* event) {
   const int offset = horizontalScrollBar()->value();
   const std::int64_t scrolled = verticalScrollBar()->value();
   const std::int64_t first = (scrolled + area.top()) / rowHeight_;
-  const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, Rows() - 1);
+  const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, RowCount() - 1);
   const int firstColumn = columns_.ColumnAt(area.left() + offset);
   const int lastColumn = columns_.ColumnAt(area.right() + offset);
   for (std::int64_t row = first; row <= last; ++row) PaintRow(painter, row, firstColumn, lastColumn);

@@ -1,6 +1,7 @@
 // The grid's view: head, painting, keys and mouse, selection, clipboard.
 #include "suite/grid_view.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -122,6 +123,41 @@ TEST_F(GridViewTest, RoomToSpareGoesToTheSummaryUntilItIsDrawn) {
   EXPECT_LT(columns.TotalWidth(), 700) << "figures stay near their dates";
   view_.ColumnWidths().SetWidth(0, 150);
   EXPECT_EQ(columns.TotalWidth(), 250);
+}
+
+// A screen reader sees the whole grid, also what is out of sight.
+TEST_F(GridViewTest, EveryCellIsToldToAScreenReader) {
+  Show(smallLedger());
+  QAccessibleInterface* whole = QAccessible::queryAccessibleInterface(&view_);
+  ASSERT_NE(whole->tableInterface(), nullptr);
+  QAccessibleTableInterface& table = *whole->tableInterface();
+  EXPECT_EQ(table.rowCount(), 3);
+  EXPECT_EQ(table.columnCount(), 4);
+  EXPECT_EQ(whole->childCount(), 12);
+  QAccessibleInterface* cell = table.cellAt(0, 2);
+  EXPECT_EQ(cell->text(QAccessible::Name), "1,234,567.50");
+  EXPECT_EQ(cell->text(QAccessible::Description), "借方 金额");
+  EXPECT_EQ(cell->tableCellInterface()->columnIndex(), 2);
+  EXPECT_EQ(whole->indexOfChild(cell), 2);
+  EXPECT_EQ(whole->child(2), cell);
+  EXPECT_EQ(whole->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+  EXPECT_EQ(table.cellAt(3, 0), nullptr);
+
+  EXPECT_TRUE(table.selectRow(1));
+  EXPECT_TRUE(table.isRowSelected(1));
+  EXPECT_EQ(table.selectedRows(), QList<int>{1});
+  EXPECT_EQ(table.selectedCellCount(), 4);
+  EXPECT_EQ(whole->focusChild(), table.cellAt(1, 3));
+  EXPECT_TRUE(table.cellAt(1, 0)->state().selected);
+  EXPECT_FALSE(cell->state().selected);
+
+  Show(longLedger(1'000'000));
+  EXPECT_FALSE(cell->isValid()) << "that column is gone";
+  EXPECT_EQ(table.rowCount(), 1'000'000);
+  EXPECT_EQ(table.cellAt(999'999, 1)->text(QAccessible::Name), "1.00");
+  EXPECT_TRUE(table.cellAt(999'999, 1)->state().offscreen);
+  EXPECT_TRUE(table.selectColumn(1));
+  EXPECT_EQ(table.selectedCells().size(), 1000);
 }
 
 TEST_F(GridViewTest, RowColoursFollowTheTheme) {
