@@ -17,7 +17,7 @@ namespace tz::images {
 namespace {
 
 // Condition dialogs that have lists, ranges or choices.
-constexpr std::array inManual = {513, 541, 559, 560, 618, 621};
+constexpr std::array inManual = {541, 559};
 
 Session sessionOver(SampleLedger& ledger) {
   return {.db = ledger.Database(), .ledger = ledger.File(), .logon = g_tmLogonTime};
@@ -46,7 +46,6 @@ void drawConditions(const PictureBook& book, SampleLedger& ledger) {
     if (!drawn.insert(id).second) continue;
     if (!book.All() && std::ranges::find(inManual, id) == inManual.end()) continue;
     CTzQueryDialog dialog(*report->dialog, session, nullptr);
-    if (id == 513) dialog.SetRequest(liMing());
     book.TakeModal(
         QStringLiteral("conditions-%1").arg(id), [&] { dialog.DoModal(); },
         [](QWidget& window) { click(window, QStringLiteral("unfold")); });

@@ -9,16 +9,14 @@ namespace tz::test {
 
 class PersonLedger {
  public:
-  explicit PersonLedger(bool withAccounts = true) : ledger_(Engine::sqlite) {
-    if (withAccounts) {
-      ledger_.fill("Code", R"(
+  PersonLedger() : ledger_(Engine::sqlite) {
+    ledger_.fill("Code", R"(
           lId | sCode  | sName      | bEnd | bDirect | sAssBook
           1   | 1221   | 其他应收款 | 0    | 1       | A
           2   | 122101 | 职工借款   | 1    | 1       | A
           3   | 122102 | 备用金     | 1    | 1       | A
           4   | 660101 | 差旅费     | 1    | 1       | AC
           5   | 1002   | 银行存款   | 1    | 1       |)");
-    }
     ledger_.fill("Dept", R"(
         lId | lDeptId | sDeptId | sDeptName
         1   | 11      | 01      | 总经理办公室

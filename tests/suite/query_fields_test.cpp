@@ -344,24 +344,6 @@ TEST_F(QueryFields, DateIsTypedOrPickedAndHasToBeOne) {
   EXPECT_EQ(request.text(Key::cutoff), "2006-03-22");
 }
 
-TEST_F(QueryFields, MissingClassesAreToldAtOpening) {
-  ledger.ledger().keeper().execute("DELETE FROM ProjClass");
-  checks = {{&tz::checks::classesDefined, MessageId::noProjectClass, Key::projectClass, true}};
-  const std::array controls{project};
-  const DialogSpec spec{.id = 9999,
-                        .title = "条件",
-                        .accountWhere = "",
-                        .noAccount = MessageId::noAccount,
-                        .controls = controls,
-                        .checks = checks,
-                        .messageCaption = "岚川财务软件"};
-  CTzQueryDialog dialog(spec, session, nullptr);
-  EXPECT_FALSE(dialog.DoModal());
-  ASSERT_EQ(messages.all.size(), 1U);
-  EXPECT_EQ(messages.all[0].caption, "岚川财务软件");
-  EXPECT_EQ(messages.all[0].text, messageText(MessageId::noProjectClass));
-}
-
 // Everything can be told by a screen reader.
 TEST_F(QueryFields, EveryControlHasAnAccessibleName) {
   run({account, dept, unit, clerk, project, range, amounts, side, analysis, cutoff}, unitAccounts, [](QWidget& window) {
