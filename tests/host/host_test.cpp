@@ -64,6 +64,7 @@ TEST_F(HostTest, LogonTakesTheRightPasswordOnly) {
   const OpenLedger open(address());
   LogonDialog logon(open.Database(), open.Name(), {}, g_tmLogonTime);
   logon.show();
+  expectNamed(logon);
   auto* password = logon.findChild<QLineEdit*>(QStringLiteral("password"));
   password->setText(QStringLiteral("错"));
   QTest::keyClick(password, Qt::Key_Return);
@@ -88,6 +89,7 @@ TEST_F(HostTest, TheStartWindowSaysWhyAndRemembersTheLatest) {
     return chosen == QLatin1String("/a.db") ? QStringLiteral("帐套数据已损坏") : QString();
   });
   start.show();
+  expectNamed(start);
   auto* recent = start.findChild<QListWidget*>();
   QTest::keyClick(recent, Qt::Key_Return);
   EXPECT_TRUE(start.isVisible());

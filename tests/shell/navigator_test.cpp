@@ -8,6 +8,7 @@
 
 #include "suite/globals.h"
 #include "suite/theme.h"
+#include "suite/window_script.h"
 
 namespace tz {
 namespace {
@@ -69,6 +70,7 @@ TEST_F(Navigator, ComesToTheFrontAsAProcess) {
   EXPECT_FALSE(process.OnCommandQuery());
   EXPECT_FALSE(process.IsCreated());
   Click(10195);
+  test::expectNamed(*window_);
   window_->showMinimized();
   process.RefreshDisplay();
   EXPECT_FALSE(window_->isMinimized());

@@ -40,6 +40,7 @@ TEST(Reference, DepartmentsStandUnderTheirParents) {
   CDeptReferenceDlg reference(ledger.db, nullptr);
   reference.SetDeptName("销售一部");
   inModal([](QWidget& window) {
+    expectNamed(window);
     EXPECT_EQ(current(window), "0201");
     EXPECT_EQ(shown(window).mid(1, 3), QStringList({"02 销售部", "0201 　销售一部", "03 财务部"}));
     press(window, Qt::Key_Down);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QInputMethodEvent>
@@ -80,6 +81,17 @@ Control& control(const QWidget& window, const QString& id) {
 }
 inline void click(const QWidget& window, const QString& id) {
   QTest::mouseClick(&control<QAbstractButton>(window, id), Qt::LeftButton);
+}
+
+// Whatever the keyboard reaches has a name that a screen reader can say.
+inline void expectNamed(const QWidget& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    const bool reached = widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+    // The lines of combos and the parts of lists are their owners'.
+    if (!reached || widget->focusProxy() != nullptr || widget->objectName().startsWith(QStringLiteral("qt_"))) continue;
+    const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    EXPECT_FALSE(name.isEmpty()) << widget->metaObject()->className() << ' ' << fromQt(widget->objectName());
+  }
 }
 
 // Types as an input method does: Chinese text has no keys of its own.

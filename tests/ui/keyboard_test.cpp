@@ -34,6 +34,7 @@ std::set<QWidget*> tabTargets(const QWidget& window) {
 void goRound(QWidget& window) {
   if (auto* unfold = window.findChild<QAbstractButton*>(QStringLiteral("unfold"))) unfold->click();
   QApplication::processEvents();
+  expectNamed(window);
   const auto targets = tabTargets(window);
   control<QWidget>(window, "2").setFocus();
   QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
@@ -106,6 +107,7 @@ TEST(ToolBarKeys, ReachTheirCommands) {
   ASSERT_TRUE(window->CreateTheDialog(nullptr));
   window->RefreshDisplay();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  expectNamed(*window);
   QStringList opened;
   const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {
     inModal([&](QWidget& modal) {
