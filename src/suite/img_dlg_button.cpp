@@ -130,7 +130,8 @@ void PictureButton::focusInEvent(QFocusEvent* event) {
     case Qt::TabFocusReason:
     case Qt::BacktabFocusReason:
     case Qt::ShortcutFocusReason:
-      focusByKeyboard_ = true;
+      // A dialog that opens tells its first control of the Tab key before anything has the focus.
+      focusByKeyboard_ = hasFocus();
       break;
     default:
       break;  // the window became active again: as it was

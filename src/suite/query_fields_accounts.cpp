@@ -12,6 +12,8 @@
 namespace tz {
 namespace {
 
+constexpr int titleGap = 4;
+
 struct MoveButton {
   const char* name;
   QString caption;
@@ -36,6 +38,8 @@ class AccountListsField : public FoldedField {
     auto* layout = rowLayout(Body());
     layout->addLayout(Titled(offered_), 1);
     auto* buttons = new QVBoxLayout;
+    // In the middle of the lists, below their titles.
+    buttons->addSpacing(Body()->fontMetrics().height() + titleGap);
     buttons->addStretch();
     for (const MoveButton& button : moveButtons(!spec.unfoldedCaption.empty())) buttons->addWidget(Made(button));
     buttons->addStretch();
@@ -90,7 +94,7 @@ class AccountListsField : public FoldedField {
   }
   [[nodiscard]] QVBoxLayout* Titled(QListWidget* list) const {
     auto* column = new QVBoxLayout;
-    column->setSpacing(4);
+    column->setSpacing(titleGap);
     auto* title = new QLabel(list->accessibleName(), Body());
     title->setBuddy(list);
     column->addWidget(title);

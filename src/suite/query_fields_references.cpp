@@ -96,6 +96,7 @@ class ProjectField : public ReferenceField {
     constexpr int signs = 12;
     class_->setMinimumContentsLength(signs);
     class_->setAccessibleName(QStringLiteral("项目大类"));
+    Edit()->setPlaceholderText(QStringLiteral("项目名称"));
     connect(class_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);
   }
   std::vector<QWidget*> Stops() override { return {class_, Edit()}; }

@@ -52,7 +52,7 @@ void drawNavigator(const PictureBook& book) {
     CQnCwAssistantDlg navigator(nullptr);
     navigator.SetRunner(runner);
     navigator.show();
-    buttonOf(navigator, view.area).click();
+    QTest::mouseClick(&buttonOf(navigator, view.area), Qt::LeftButton);
     book.Take(navigator, QStringLiteral("navigator-") + QLatin1String(view.name));
     if (book.All() && view.area == 10182) drawStates(book, navigator);
   }
