@@ -52,7 +52,7 @@ std::vector<ProjClassInfo> classesOfAccount(const CQnCwDB& db, CGetData& data, c
 
 // An end of a range may be a code, or code and name as the combos show them; it is the code of an item of the classes.
 std::string rangeEnd(const CheckContext& context, ParameterKey key, const std::vector<ProjClassInfo>& classes) {
-  const auto code = CGetData::GetCode_Separator(text(context, key));
+  auto code = CGetData::GetCode_Separator(text(context, key));
   const auto& data = context.conditions.data;
   const bool known = std::ranges::any_of(
       classes, [&](const ProjClassInfo& itemClass) { return data->GetItemIdByCode(itemClass.sItemId, code) != 0; });
