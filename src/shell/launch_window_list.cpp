@@ -15,7 +15,7 @@ namespace {
 
 // A report's title and, where it shows something, of whom.
 QString entryOf(const ReportWindow& window) {
-  const QString title = window.windowTitle();
+  QString title = window.windowTitle();
   if (window.Shown() == nullptr) return title;
   const QString subject = toQt(window.Shown()->report.subtitle).simplified();
   return subject.isEmpty() ? title : title + QStringLiteral("　") + subject;

@@ -31,7 +31,7 @@ constexpr CommandHint hints[] = {
 };
 
 QString tipOf(const CommandHint& hint) {
-  const QString tip = QString::fromUtf8(hint.tip);
+  QString tip = QString::fromUtf8(hint.tip);
   if (*hint.shortcut == '\0') return tip;
   return QStringLiteral("%1（%2）").arg(tip, QKeySequence(QLatin1String(hint.shortcut)).toString());
 }

@@ -103,7 +103,6 @@ void applyTheme(ThemeChoice choice) {
   const bool dark = choice == ThemeChoice::dark || (choice == ThemeChoice::system && systemIsDark());
   current = dark ? &darkTheme() : &lightTheme();
   QApplication::setStyle(new ThemeStyle);
-  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style.
   QApplication::setPalette(paletteOf(*current));
 }
 

@@ -1,5 +1,6 @@
 #include "ui/report_status.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>

@@ -68,7 +68,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void Attempt(const std::function<void()>& work);
   void TellFailure(const std::string& words, const char* what);
   // Departments change their persons: with none chosen there is nothing to show yet.
-  void OnConditionChosen(ParameterKey key, const std::string& text);
+  void OnConditionChosen(ParameterKey key, const std::string& chosen);
   void OnFormatChosen(const QString& format);
   void AwaitPerson();
   void ExportToFile();
