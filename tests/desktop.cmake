@@ -16,10 +16,3 @@ target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})
 target_precompile_headers(desktop_tests PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets> <string> <vector>)
 add_test(NAME desktop COMMAND desktop_tests)
 set_tests_properties(desktop PROPERTIES LABELS desktop ENVIRONMENT QT_QPA_PLATFORM=offscreen)
-
-# Draws the pictures of the manual, the host's windows included.
-file(GLOB TZ_IMAGE_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/images/*.cpp)
-add_executable(docs_images ${TZ_IMAGE_SOURCES} ${TZ_HOST_WINDOWS} ${CMAKE_CURRENT_LIST_DIR}/support/every_report.cpp)
-set_target_properties(docs_images PROPERTIES AUTOMOC ON)
-target_link_libraries(docs_images PRIVATE TzAssistant tz_options Qt6::Test)
-target_include_directories(docs_images PRIVATE ${CMAKE_CURRENT_LIST_DIR})

@@ -8,7 +8,7 @@ import re
 from dataclasses import dataclass, field
 from functools import cached_property
 
-CODE_FOLDERS = ("src", "tests", "bench")
+CODE_FOLDERS = ("src", "tests", "bench", "tools")
 TEXT_FOLDERS = (*CODE_FOLDERS, "cmake", "docs", "scripts", ".ci")
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>)', re.M)
 # A comment, a raw string, a string or a character, whichever begins first. A quote between digits is a separator.

@@ -16,7 +16,7 @@
 namespace tz::images {
 namespace {
 
-// Condition dialogs that have lists, ranges or choices.
+// Condition dialogs that have lists or choices.
 constexpr std::array inManual = {541, 559};
 
 Session sessionOver(SampleLedger& ledger) {
@@ -81,25 +81,28 @@ void drawKinds(const PictureBook& book, SampleLedger& ledger) {
         book.TakePopup(QStringLiteral("calendar"), [&] { click(window, QStringLiteral("2001")); });
         book.TakePopup(QStringLiteral("combo-list"),
                        [&] { window.findChild<CUsefulCombox*>(QStringLiteral("2206"))->showPopup(); });
-        for (const auto& [name, button] : {std::pair("unit", "2028"), std::pair("item", "2015")}) {
-          book.TakeModal(QStringLiteral("reference-") + QLatin1String(name),
-                         [&] { click(window, QLatin1String(button)); });
-        }
       });
 }
 
 void drawReferences(const PictureBook& book, SampleLedger& ledger) {
+  struct Reference {
+    int report;
+    const char* name;
+    const char* button;
+  };
+  constexpr std::array references = {Reference{10190, "person", "2007"}, Reference{10190, "dept", "2006"},
+                                     Reference{10208, "unit", "2028"}, Reference{10221, "item", "2015"}};
   Session session = sessionOver(ledger);
-  const ReportDefinition* report = findReport(10190);
-  CTzQueryDialog dialog(*report->dialog, session, nullptr);
-  dialog.SetRequest(liMing());
-  book.TakeModal(
-      QStringLiteral("conditions"), [&] { dialog.DoModal(); }, {},
-      [&](QWidget& window) {
-        book.TakeModal(QStringLiteral("reference"), [&] { click(window, QStringLiteral("2007")); });
-        if (!book.All()) return;
-        book.TakeModal(QStringLiteral("reference-dept"), [&] { click(window, QStringLiteral("2006")); });
-      });
+  for (const auto& [report, name, button] : references) {
+    CTzQueryDialog dialog(*findReport(report)->dialog, session, nullptr);
+    if (report == 10190) dialog.SetRequest(liMing());
+    book.TakeModal(
+        QStringLiteral("conditions-%1").arg(findReport(report)->dialog->id), [&] { dialog.DoModal(); }, {},
+        [&](QWidget& window) {
+          book.TakeModal(QStringLiteral("reference-") + QLatin1String(name),
+                         [&] { click(window, QLatin1String(button)); });
+        });
+  }
 }
 
 void drawMessages(const PictureBook& book) {
