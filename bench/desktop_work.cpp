@@ -2,10 +2,13 @@
 //   desktop_work empty                                 an empty window that loads the same fonts
 //   desktop_work navigator                             the navigator
 //   desktop_work report LEDGER ACCOUNT DEPT PERSON     the three-column detail ledger of a person over the whole year
+// or scrolled:
+//   desktop_work scroll grid|table PAGES               a grid, an empty table, of a million rows
 #include <QApplication>
 #include <QPainter>
 #include <QWidget>
 
+#include "bench/scroll_work.h"
 #include "catalogue/catalogue.h"
 #include "reports/session.h"
 #include "shell/launch.h"
@@ -73,6 +76,11 @@ int main(int argc, char** argv) {
   tz::applyTheme(tz::ThemeChoice::light);
   if (words.value(1) == QStringLiteral("navigator")) return showNavigator();
   if (words.value(1) == QStringLiteral("report") && words.size() == 6) return showReport(words);
+  if (words.value(1) == QStringLiteral("scroll") && words.size() == 4) {
+    const int pages = words.at(3).toInt();
+    words.at(2) == QStringLiteral("grid") ? tz::bench::scrollGrid(pages) : tz::bench::scrollEmptyTable(pages);
+    return 0;
+  }
   EmptyWindow empty;
   return paint(empty);
 }

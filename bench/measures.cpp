@@ -129,6 +129,9 @@ void measureGrid(const fs::path& folder, const std::string& self) {
   const auto report = makeReport(million);
   printFigure("a grid of a million rows", "",
               static_cast<double>(report.grid.MemoryUsed()) / static_cast<double>(million), 200, "bytes a row");
+  const std::string windows = build + "/bench/desktop_work";
+  printRatio("5 000 pages of it scrolled and painted", "an empty table of that size",
+             compare({windows, "scroll", "grid", "5000"}, {windows, "scroll", "table", "5000"}, 5), 3);
   const auto ours = (folder / "ours.xlsx").string();
   const auto theirs = (folder / "theirs.xlsx").string();
   const auto workbook = compare({self, "workbook", std::to_string(million), ours},
