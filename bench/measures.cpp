@@ -164,6 +164,8 @@ int all(const std::string& self) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const auto folder = fs::temp_directory_path() / fmt::format("tz-bench-{}", std::rand());
   fs::create_directories(folder);
+  fs::permissions(folder, fs::perms::owner_all);
+  ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 0);  // the window toolkit complains without one
   printHead();
   measureOnFiles(folder);
   measureGrid(folder, self);
