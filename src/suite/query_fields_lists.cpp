@@ -38,7 +38,10 @@ class ComboField : public QueryField {
 
 class AccountField : public ComboField {
  public:
-  AccountField(const ControlSpec& spec, QWidget* dialog) : ComboField(spec, dialog, EntryValue::code) { OwnsOthers(); }
+  AccountField(const ControlSpec& spec, QWidget* dialog) : ComboField(spec, dialog, EntryValue::code) {
+    OwnsOthers();
+    Combo().SetErasable();
+  }
   void Fill(const DialogSpec& dialog, Session& session) override { Combo().Fill(offeredAccounts(dialog, session.db)); }
 };
 

@@ -97,10 +97,10 @@ void CUsefulCombox::Search(const QString& typed) {
     return;
   }
   popup_->complete();
-  if (typed.trimmed().isEmpty()) return;
   // The row is only marked: the line keeps what is being typed.
   const QSignalBlocker quiet(popup_);
-  popup_->popup()->setCurrentIndex(popup_->completionModel()->index(best, 0));
+  const bool marked = !typed.trimmed().isEmpty();
+  popup_->popup()->setCurrentIndex(marked ? popup_->completionModel()->index(best, 0) : QModelIndex());
 }
 
 void CUsefulCombox::Choose(int index) {
@@ -116,6 +116,14 @@ void CUsefulCombox::ShowChosen() {
   SetMiss(false);
 }
 
+void CUsefulCombox::GiveUpTyping() {
+  if (erasable_ && chosen_ >= 0 && lineEdit()->text().trimmed().isEmpty()) {
+    Choose(-1);
+  } else {
+    ShowChosen();
+  }
+}
+
 bool CUsefulCombox::eventFilter(QObject* watched, QEvent* event) {
   if (watched == popup_->popup() && event->type() == QEvent::KeyPress) {
     if (OnKeyInPopup(static_cast<QKeyEvent*>(event)->key())) return true;
@@ -128,7 +136,7 @@ bool CUsefulCombox::OnKeyInPopup(int key) {
   const QModelIndex current = popup_->popup()->currentIndex();
   popup_->popup()->hide();
   if (key == Qt::Key_Escape || !current.isValid()) {
-    ShowChosen();
+    key == Qt::Key_Escape ? ShowChosen() : GiveUpTyping();
     lineEdit()->selectAll();
     return true;
   }
@@ -147,13 +155,13 @@ void CUsefulCombox::keyPressEvent(QKeyEvent* event) {
   // Enter on something that finds nothing stays here; else it is the window's.
   event->setAccepted(IsBeingTyped());
   if (!IsBeingTyped()) return;
-  ShowChosen();
+  GiveUpTyping();
   lineEdit()->selectAll();
 }
 
 void CUsefulCombox::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
-  if (event->reason() != Qt::PopupFocusReason && IsBeingTyped()) ShowChosen();
+  if (event->reason() != Qt::PopupFocusReason && IsBeingTyped()) GiveUpTyping();
 }
 
 bool CUsefulCombox::IsBeingTyped() const { return lineEdit()->text() != itemText(currentIndex()); }

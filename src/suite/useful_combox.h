@@ -24,6 +24,8 @@ class CUsefulCombox : public QComboBox {
   void SelectIndex(int index);
   // By the id that an entry stands for; without such an entry, none is chosen.
   void SelectDatum(Id datum);
+  // Erasing the text means from now on that none is chosen; otherwise the entry comes back.
+  void SetErasable() { erasable_ = true; }
   // 0 and "" when none is chosen.
   [[nodiscard]] Id CurrentDatum() const { return currentData().toLongLong(); }
   [[nodiscard]] std::string CurrentText() const;
@@ -42,6 +44,8 @@ class CUsefulCombox : public QComboBox {
   void Search(const QString& typed);
   void Choose(int index);
   void ShowChosen();
+  // What was typed is given up.
+  void GiveUpTyping();
   // True when it took the key.
   bool OnKeyInPopup(int key);
   [[nodiscard]] bool IsBeingTyped() const;
@@ -50,6 +54,7 @@ class CUsefulCombox : public QComboBox {
   SearchModel* found_;
   QCompleter* popup_;
   int chosen_ = -1;
+  bool erasable_ = false;
 };
 
 }  // namespace tz

@@ -18,8 +18,8 @@ struct RefusalCase {
   std::string_view text;
   std::vector<std::pair<ParameterKey, std::string_view>> values;
   std::string_view change = {};  // of the ledger, as SQL
-  // The dialog has a list there, in which something always stands.
-  bool commandLineOnly = false;
+  // The dialog opens on an account, which is erased.
+  bool accountErased = false;
 
   [[nodiscard]] Request request() const;
 };

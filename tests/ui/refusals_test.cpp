@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue.h"
 #include "suite/query_dialog.h"
+#include "suite/useful_combox.h"
 #include "suite/window_script.h"
 #include "support/refusal_cases.h"
 
@@ -30,6 +31,15 @@ class ChangedLedger {
   CQnCwDB db_;
 };
 
+void eraseAccount(QWidget& window) {
+  auto& combo = *window.findChild<CUsefulCombox*>(QStringLiteral("2206"));
+  combo.setFocus(Qt::TabFocusReason);
+  combo.lineEdit()->selectAll();
+  QTest::keyClick(&combo, Qt::Key_Delete);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  EXPECT_EQ(combo.lineEdit()->text(), "");
+}
+
 void provoke(const RefusalCase& one, Session session) {
   RecordedMessages messages;
   CTzQueryDialog dialog(*findReport(one.command)->dialog, session, nullptr);
@@ -38,6 +48,7 @@ void provoke(const RefusalCase& one, Session session) {
   if (!comesAtOpening(one)) {
     inModal([&](QWidget& window) {
       EXPECT_TRUE(messages.all.empty());
+      if (one.accountErased) eraseAccount(window);
       click(window, "1");
       EXPECT_TRUE(window.isVisible());
       for (const auto& [key, value] : one.values) EXPECT_EQ(dialog.GetRequest().text(key), request.text(key));
@@ -55,7 +66,6 @@ void provoke(const RefusalCase& one, Session session) {
 TEST(DialogRefusals, AreSaidByTheDialogs) {
   std::map<std::string_view, std::unique_ptr<ChangedLedger>> ledgers;
   for (const RefusalCase& one : refusalCases()) {
-    if (one.commandLineOnly) continue;
     SCOPED_TRACE(std::to_string(one.command) + " " + std::string(one.text));
     auto& ledger = ledgers[one.change];
     if (ledger == nullptr) ledger = std::make_unique<ChangedLedger>(one.change);
