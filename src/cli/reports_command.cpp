@@ -26,7 +26,7 @@ std::string conditionsOf(const ReportDefinition& report) {
 
 void printText() {
   for (const auto* report : catalogue()) {
-    fmt::print("{}  {}  {}  {}\n", report->command, padded(areaName(report->area), 8), padded(report->printTitle, 14),
+    fmt::print("{}  {}  {}  {}\n", report->command, padded(areaName(report->area), 8), padded(report->printTitle, 20),
                conditionsOf(*report));
   }
 }
