@@ -71,6 +71,12 @@ std::string KeptChoice::Value() const {
   return chosen.empty() ? gone_ : chosen;
 }
 
+ComboList offeredDepts(const CQnCwDB& db, bool all) {
+  auto depts = CInitComboFun::InitPartNameCombox(db);
+  if (all) depts.insert(depts.begin(), {std::string(allMembers), 0});
+  return depts;
+}
+
 void refill(CUsefulCombox& combo, const ComboList& list) {
   const auto chosen = combo.CurrentText();
   combo.Fill(list);

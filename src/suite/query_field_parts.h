@@ -50,6 +50,9 @@ class KeptChoice {
   std::string gone_;
 };
 
+// The departments; with `all` "全部" before them.
+[[nodiscard]] ComboList offeredDepts(const CQnCwDB& db, bool all);
+
 // Other entries; the one chosen stays, else the first one is chosen.
 void refill(CUsefulCombox& combo, const ComboList& list);
 

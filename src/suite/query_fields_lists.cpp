@@ -49,9 +49,7 @@ class DeptListField : public ComboField {
  public:
   using ComboField::ComboField;
   void Fill(const DialogSpec& /*dialog*/, Session& session) override {
-    auto depts = CInitComboFun::InitPartNameCombox(session.db);
-    if (Spec().all) depts.insert(depts.begin(), {std::string(allMembers), 0});
-    Combo().Fill(depts);
+    Combo().Fill(offeredDepts(session.db, Spec().all));
   }
 };
 

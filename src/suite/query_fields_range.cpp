@@ -59,7 +59,7 @@ class ProjectRangeField : public FoldedField {
       return own.empty() ? ComboList() : offeredProjects(data, valueOf(own.front().text, EntryValue::code));
     }
     ComboList all;
-    for (const auto& projectClass : session.db.ProjClass_GetInfo("sItemId <> '' ORDER BY lId")) {
+    for (const auto& projectClass : data.ProjClassTable()) {
       const auto projects = offeredProjects(data, projectClass.sItemId);
       all.insert(all.end(), projects.begin(), projects.end());
     }

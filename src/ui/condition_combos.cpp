@@ -38,12 +38,6 @@ ComboList unitsByCode(const CQnCwDB& db) {
   return list;
 }
 
-ComboList depts(const CQnCwDB& db, bool all) {
-  auto list = CInitComboFun::InitPartNameCombox(db);
-  if (all) list.insert(list.begin(), {std::string(allMembers), 0});
-  return list;
-}
-
 bool alwaysStands(ControlSpec::Kind kind) {
   return kind == ControlSpec::Kind::deptCombo || kind == ControlSpec::Kind::unitClassCombo ||
          kind == ControlSpec::Kind::clerkCombo;
@@ -95,7 +89,7 @@ bool ConditionCombos::Fill(const CQnCwDB& db) {
     if (auto* account = Find(ParameterKey::account)) account->Fill(accounts);
   }
   for (const Member& member : members_) {
-    if (member.key == ParameterKey::dept) member.combo->Fill(depts(db, member.all));
+    if (member.key == ParameterKey::dept) member.combo->Fill(offeredDepts(db, member.all));
     if (member.key == ParameterKey::unit) member.combo->Fill(unitsByCode(db));
     if (member.key == ParameterKey::unitClass) member.combo->Fill(CInitComboFun::InitEnterClassCombox(db));
   }
