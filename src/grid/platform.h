@@ -2,11 +2,13 @@
 // One source file per system implements it. Failures throw OutputError with a reason for people.
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "grid/report_output.h"
+#include "system/unfinished_files.h"
 
 namespace tz {
 
@@ -26,6 +28,7 @@ struct WorkFile {
   std::string target;
   std::string path;
   int handle = -1;
+  std::optional<system::UnfinishedFile> unfinished = std::nullopt;
 
   [[nodiscard]] bool direct() const { return path == target; }
 };

@@ -14,36 +14,16 @@
 #include <utility>
 
 #include "grid/platform.h"
+#include "system/error_text.h"
 
 extern char** environ;
 
 namespace tz::platform {
 namespace {
 
-std::string reasonOf(int error) {
-  switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-      return "文件夹不存在";
-    case EACCES:
-    case EPERM:
-      return "没有写入权限";
-    case ENOSPC:
-    case EDQUOT:
-      return "磁盘空间不足";
-    case EROFS:
-      return "磁盘只读";
-    case EISDIR:
-      return "这是一个文件夹";
-    case ENAMETOOLONG:
-      return "文件名太长";
-    default:
-      return std::strerror(error);
-  }
-}
-
 [[noreturn]] void fail(const std::string& target, int error) {
-  throw OutputError("无法写入“" + target + "”：" + reasonOf(error));
+  const bool noFolder = error == ENOENT || error == ENOTDIR;
+  throw OutputError("无法写入“" + target + "”：" + (noFolder ? "文件夹不存在" : system::errorText(error)));
 }
 
 // Returns 0 or the error that ended the writing.
@@ -89,18 +69,24 @@ WorkFile createBeside(const std::string& target, mode_t mode) {
   for (;;) {
     const std::string name = ".tz-" + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".tmp";
     const std::string path = (folder / name).string();
+    const system::HeldSignals held;
     const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    if (handle >= 0) return {target, path, handle};
+    if (handle >= 0) return {target, path, handle, system::UnfinishedFile(path)};
     if (errno != EEXIST) fail(target, errno);
   }
 }
 
-void syncFolder(const std::string& path) {
-  const std::string folder = std::filesystem::path(path).parent_path().string();
-  const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-  if (handle < 0) return;
-  ::fsync(handle);
-  ::close(handle);
+// Where a path leads: a link stays, and what it points to is written, also when there is nothing yet.
+std::string placeOf(const std::string& target) {
+  constexpr int mostLinks = 40;
+  std::filesystem::path place = target;
+  std::error_code none;
+  for (int links = 0; std::filesystem::is_symlink(place, none); ++links) {
+    if (links == mostLinks) fail(target, ELOOP);
+    place = place.parent_path() / std::filesystem::read_symlink(place, none);
+    if (none) fail(target, none.value());
+  }
+  return place.string();
 }
 
 // Starts a shell command that reads from a pipe; returns the pipe's end to write to, -1 when it could not start.
@@ -116,6 +102,7 @@ int startReader(const std::string& command, pid_t& child) {
   ::sigemptyset(&defaults);
   ::sigaddset(&defaults, SIGPIPE);
   ::sigaddset(&defaults, SIGINT);
+  ::sigaddset(&defaults, SIGXFSZ);
   ::posix_spawnattr_setsigdefault(&attributes, &defaults);
   ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
   std::string shell = "sh";
@@ -154,22 +141,21 @@ bool isOnPath(const char* program) {
 }  // namespace
 
 WorkFile openWorkFile(const std::string& target) {
-  // A link stays; what it points to is replaced.
-  std::error_code noFile;
-  const std::filesystem::path resolved = std::filesystem::canonical(target, noFile);
-  const std::string place = noFile ? target : resolved.string();
   struct stat there {};
-  if (::stat(place.c_str(), &there) != 0) return createBeside(place, 0666);
+  if (::stat(target.c_str(), &there) != 0) {
+    if (errno != ENOENT) fail(target, errno);
+    return createBeside(placeOf(target), 0666);
+  }
   if (S_ISDIR(there.st_mode)) fail(target, EISDIR);
-  if (::access(place.c_str(), W_OK) != 0) fail(target, errno);
+  if (::access(target.c_str(), W_OK) != 0) fail(target, errno);
   if (S_ISREG(there.st_mode)) {
-    WorkFile file = createBeside(place, 0600);
+    WorkFile file = createBeside(placeOf(target), 0600);
     ::fchmod(file.handle, there.st_mode & 07777);
     return file;
   }
-  const int handle = ::open(place.c_str(), O_WRONLY | O_CLOEXEC);
+  const int handle = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
   if (handle < 0) fail(target, errno);
-  return {place, place, handle};
+  return {target, target, handle, std::nullopt};
 }
 
 void writeTo(const WorkFile& file, std::string_view text) {
@@ -182,9 +168,8 @@ void moveIntoPlace(WorkFile& file) {
   const int handle = std::exchange(file.handle, -1);
   if (::close(handle) != 0) fail(file.target, errno);
   if (file.direct()) return;
-  if (::rename(file.path.c_str(), file.target.c_str()) != 0) fail(file.target, errno);
+  if (const int error = system::putInPlace(file.path, file.target); error != 0) fail(file.target, error);
   file.path = file.target;
-  syncFolder(file.target);
 }
 
 void discard(WorkFile& file) noexcept {

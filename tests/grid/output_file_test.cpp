@@ -59,6 +59,14 @@ TEST(OutputFile, NeverReplacesADeviceOrALink) {
   EXPECT_TRUE(writeFile(folder / "link.txt", hello));
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.txt"));
   EXPECT_EQ(contentsOf(folder / "real.txt"), "你好\n");
+  // A link to what is not there yet, from another folder.
+  std::filesystem::create_directory(folder / "inner");
+  std::filesystem::create_symlink("../new.txt", folder / "inner/link.txt");
+  EXPECT_TRUE(writeFile(folder / "inner/link.txt", hello));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "inner/link.txt"));
+  EXPECT_EQ(contentsOf(folder / "new.txt"), "你好\n");
+  std::filesystem::create_symlink("self.txt", folder / "self.txt");
+  EXPECT_NE(messageOf(folder / "self.txt").find("链接指向自身"), std::string::npos);
 }
 
 TEST(Pager, GetsTheWholeOutput) {

@@ -18,10 +18,11 @@ class Finding(NamedTuple):
 
 # What a folder of src may include besides itself.
 ACCOUNTING = {"data", "grid", "reports", "ledger"}
-BELOW_CLI = ACCOUNTING | {"sample", "receivables", "plan", "projstat", "catalogue"}
+BELOW_CLI = ACCOUNTING | {"system", "sample", "receivables", "plan", "projstat", "catalogue"}
 MAY_INCLUDE = {
-    "data": set(),
-    "grid": set(),
+    "system": set(),
+    "data": {"system"},
+    "grid": {"system"},
     "sample": {"data"},
     "reports": {"data", "grid"},
     "ledger": {"data", "grid", "reports"},
