@@ -1,6 +1,7 @@
 # Shared by ./run and ./test: installing what is missing and building without noise. Sourced, not run.
 # Everything is said on standard error, so that a report on standard output stays clean.
 # shellcheck shell=bash
+set -o pipefail  # the status of a build is not that of what shows its progress
 
 say() { printf '%s\n' "$*" >&2; }
 fail() {
@@ -24,10 +25,50 @@ as_root() {
   if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-apt() {
-  mkdir -p build
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 "$@" >>build/packages.log
+# show_progress: hands its input on and shows on a terminal the newest line that tells how far a work is, in one line
+# that is wiped at the end. Elsewhere nothing is shown.
+show_progress() {
+  local line shown='' width
+  if [ ! -t 2 ]; then
+    cat
+    return
+  fi
+  width=$(stty size <&2 2>/dev/null | cut -d ' ' -f 2)
+  [ "${width:-0}" -gt 20 ] || width=80
+  while IFS= read -r line; do
+    printf '%s\n' "$line"
+    [[ $line =~ ^(\[[0-9]+/[0-9]+\]|-- |Get:|Unpacking|Setting up) ]] || continue
+    # What is built is told by the file; the folders before it are of no interest.
+    [[ ! $line =~ ^(\[[0-9]+/[0-9]+\]\ [^/]*)\ .*/([^/]+)$ ]] || line="${BASH_REMATCH[1]} ${BASH_REMATCH[2]}"
+    printf '\r\033[K%s' "${line:0:width - 1}" >&2
+    shown=yes
+  done
+  [ -z "$shown" ] || printf '\r\033[K' >&2
 }
+
+# apt ARGUMENT...: apt-get without questions. While another one is at work it waits and says so once. What it says goes
+# into build/packages.log; why it failed also stays in build/packages.err.
+apt() {
+  local busy='Could not get lock|Unable to lock|Unable to acquire|is another process using it|locked by another process'
+  local said='' status
+  mkdir -p build
+  for (( ; ; )); do
+    status=0
+    as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get -q -y -o Dpkg::Use-Pty=0 "$@" 2>build/packages.err |
+      show_progress >>build/packages.log || status=$?
+    cat build/packages.err >>build/packages.log
+    [ "$status" != 0 ] && grep -qE "$busy" build/packages.err || return "$status"
+    [ -n "$said" ] || say "Another program is installing packages; waiting until it is done. $(holder)"
+    said=yes
+    sleep "${TZ_APT_PAUSE:-3}"
+  done
+}
+
+# Who holds the packages, in apt's own words.
+holder() { grep -oE -m 1 'held by process [0-9]+ \([^)]*\)' build/packages.err || true; }
+
+# Why apt-get failed: its errors, or all that it said.
+apt_errors() { grep '^E:' build/packages.err || cat build/packages.err; }
 
 # The tests start a server of their own; Debian's package would set up one more that keeps running. A setting beside
 # the package's own ones prevents that while it is installed, and goes away again.
@@ -54,9 +95,11 @@ install_packages() {
   if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
     fail "Installing needs root or sudo, and neither is there. Ask for: apt-get install ${missing[*]}"
   fi
-  apt update || say "The package lists could not be refreshed; going on with those that are there."
+  as_root true || fail "Installing needs root or sudo's password. Ask for: apt-get install ${missing[*]}"
+  apt update ||
+    say "The package lists could not be refreshed; going on with those that are there. $(apt_errors)"
   install_without_cluster "${missing[@]}" ||
-    fail "The packages could not be installed: see above and build/packages.log. Root or sudo's password is needed."
+    fail "The packages could not be installed; all that was said is in build/packages.log. $(apt_errors)"
 }
 
 # build PRESET TARGET...: configures once, then builds what is out of date. Says how long a build took, nothing when
@@ -70,9 +113,9 @@ build() {
   flock 9
   if [ ! -f "$folder/build.ninja" ]; then
     say "Building $folder, which takes a few minutes the first time ..."
-    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail "Configuring $folder failed."; }
+    cmake --preset "$preset" 2>&1 | show_progress >"$log" || { cat "$log" >&2; fail "Configuring $folder failed."; }
   fi
-  if ! ninja -C "$folder" "$@" >"$log" 2>&1; then
+  if ! ninja -C "$folder" "$@" 2>&1 | show_progress >"$log"; then
     grep -v -e '^\[[0-9]*/' -e '^-- ' "$log" >&2 || true
     fail "Building $folder failed; all its words are in $log."
   fi
@@ -84,5 +127,6 @@ build() {
 add_desktop() {
   local folder=build/$1 log=build/$1.log
   grep -q '^TZ_DESKTOP:BOOL=ON' "$folder/CMakeCache.txt" && return
-  cmake -S . -B "$folder" -DTZ_DESKTOP=ON >"$log" 2>&1 || { cat "$log" >&2; fail "Configuring the windows failed."; }
+  cmake -S . -B "$folder" -DTZ_DESKTOP=ON 2>&1 | show_progress >"$log" ||
+    { cat "$log" >&2; fail "Configuring the windows failed."; }
 }
