@@ -1,5 +1,7 @@
 #include "grid/output_file.h"
 
+#include <cstdio>
+
 namespace tz {
 
 Sink OutputFile::Contents() {
@@ -18,7 +20,10 @@ bool writeFile(const std::string& target, const Producer& produce) {
 
 void showOutput(const Producer& produce) {
   const std::string pager = platform::isTerminal() ? platform::pagerCommand() : "";
-  if (!pager.empty() && platform::writeToPager(pager, produce)) return;
+  if (!pager.empty()) {
+    if (platform::writeToPager(pager, produce)) return;
+    std::fprintf(stderr, "分页程序“%s”没有运行成功，改为直接输出\n", pager.c_str());
+  }
   platform::writeToStandardOutput(produce);
 }
 

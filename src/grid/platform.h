@@ -33,6 +33,8 @@ struct WorkFile {
   [[nodiscard]] bool direct() const { return path == target; }
 };
 
+// Where a path leads: a link stays, and what it points to is written, also when there is nothing yet.
+[[nodiscard]] std::string placeOf(const std::string& target);
 [[nodiscard]] WorkFile openWorkFile(const std::string& target);
 void writeTo(const WorkFile& file, std::string_view text);
 // Brings the contents to the disk and puts the file in its target's place.
@@ -43,10 +45,22 @@ void discard(WorkFile& file) noexcept;
 [[nodiscard]] bool isTerminal();
 // Writes to standard output. A reader that goes away early is no failure.
 void writeToStandardOutput(const Producer& produce);
-// Writes to a pager. False when the pager could not be started; one that is left early is no failure.
+// Writes to a pager. False when it could not be started or failed; one that is left early is no failure.
 [[nodiscard]] bool writeToPager(const std::string& command, const Producer& produce);
 // The command of the pager to use: the user's own, else `less`; empty for none.
 [[nodiscard]] std::string pagerCommand();
+
+// While it lives, nothing that a library prints on standard error is seen: its failures are told in our own words.
+class SilentErrors {
+ public:
+  SilentErrors();
+  SilentErrors(const SilentErrors&) = delete;
+  SilentErrors& operator=(const SilentErrors&) = delete;
+  ~SilentErrors();
+
+ private:
+  int errors_ = -1;
+};
 
 // A library loaded when first used, and its functions; null when there is none.
 [[nodiscard]] void* loadLibrary(const char* name);

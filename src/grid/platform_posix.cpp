@@ -1,12 +1,15 @@
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <iconv.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -31,6 +34,11 @@ int writeAll(int handle, std::string_view text) {
   while (!text.empty()) {
     const ssize_t written = ::write(handle, text.data(), text.size());
     if (written < 0 && errno == EINTR) continue;
+    if (written < 0 && errno == EAGAIN) {  // somebody else has made the pipe or terminal one that does not wait
+      pollfd ready{.fd = handle, .events = POLLOUT, .revents = 0};
+      (void)::poll(&ready, 1, -1);
+      continue;
+    }
     if (written < 0) return errno;
     text.remove_prefix(static_cast<std::size_t>(written));
   }
@@ -76,19 +84,6 @@ WorkFile createBeside(const std::string& target, mode_t mode) {
   }
 }
 
-// Where a path leads: a link stays, and what it points to is written, also when there is nothing yet.
-std::string placeOf(const std::string& target) {
-  constexpr int mostLinks = 40;
-  std::filesystem::path place = target;
-  std::error_code none;
-  for (int links = 0; std::filesystem::is_symlink(place, none); ++links) {
-    if (links == mostLinks) fail(target, ELOOP);
-    place = place.parent_path() / std::filesystem::read_symlink(place, none);
-    if (none) fail(target, none.value());
-  }
-  return place.string();
-}
-
 // Starts a shell command that reads from a pipe; returns the pipe's end to write to, -1 when it could not start.
 int startReader(const std::string& command, pid_t& child) {
   std::array<int, 2> ends{};
@@ -118,12 +113,19 @@ int startReader(const std::string& command, pid_t& child) {
   return -1;
 }
 
-// Waits for a child to end; its exit status, -1 when a signal ended it.
+// Waits for a child to end. Its exit status; a shell tells the signal that ended its command by 128 and the number.
 int statusOf(pid_t child) {
+  constexpr int bySignal = 128;
   int status = 0;
   while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : bySignal + WTERMSIG(status);
+}
+
+// Whether a pager ended as a person ends one; another end says that it could not show anything.
+bool wasLeft(int status) {
+  constexpr std::array byPerson = {0, 128 + SIGINT, 128 + SIGHUP, 128 + SIGQUIT, 128 + SIGTERM, 128 + SIGPIPE};
+  return std::ranges::find(byPerson, status) != byPerson.end();
 }
 
 bool isOnPath(const char* program) {
@@ -139,6 +141,18 @@ bool isOnPath(const char* program) {
 }
 
 }  // namespace
+
+std::string placeOf(const std::string& target) {
+  constexpr int mostLinks = 40;
+  std::filesystem::path place = target;
+  std::error_code none;
+  for (int links = 0; std::filesystem::is_symlink(place, none); ++links) {
+    if (links == mostLinks) fail(target, ELOOP);
+    place = place.parent_path() / std::filesystem::read_symlink(place, none);
+    if (none) fail(target, none.value());
+  }
+  return place.string();
+}
 
 WorkFile openWorkFile(const std::string& target) {
   struct stat there {};
@@ -185,7 +199,6 @@ void writeToStandardOutput(const Producer& produce) {
 }
 
 bool writeToPager(const std::string& command, const Producer& produce) {
-  constexpr int notFound = 127;
   const IgnoredSignal noPipe(SIGPIPE);
   const IgnoredSignal noInterrupt(SIGINT);  // the pager's matter while it runs
   pid_t child = -1;
@@ -199,13 +212,29 @@ bool writeToPager(const std::string& command, const Producer& produce) {
     throw;
   }
   ::close(handle);
-  return statusOf(child) != notFound;
+  return wasLeft(statusOf(child));
 }
 
 std::string pagerCommand() {
   const char* own = std::getenv("PAGER");
   if (own != nullptr) return std::string_view(own) == "cat" ? "" : own;
   return isOnPath("less") ? "less -S -R -F" : "";
+}
+
+SilentErrors::SilentErrors() {
+  std::fflush(stderr);
+  const int nothing = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+  if (nothing < 0) return;
+  errors_ = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  if (errors_ >= 0) ::dup2(nothing, STDERR_FILENO);
+  ::close(nothing);
+}
+
+SilentErrors::~SilentErrors() {
+  if (errors_ < 0) return;
+  std::fflush(stderr);
+  ::dup2(errors_, STDERR_FILENO);
+  ::close(errors_);
 }
 
 void* loadLibrary(const char* name) { return ::dlopen(name, RTLD_NOW | RTLD_LOCAL); }

@@ -13,7 +13,6 @@ struct XlsxLibrary {
   decltype(&::workbook_add_format) addFormat;
   decltype(&::workbook_close) closeWorkbook;
   decltype(&::lxw_workbook_free) freeWorkbook;
-  decltype(&::lxw_strerror) errorText;
   decltype(&::worksheet_write_string) writeString;
   decltype(&::worksheet_write_number) writeNumber;
   decltype(&::worksheet_write_datetime) writeDate;

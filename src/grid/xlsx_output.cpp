@@ -71,6 +71,7 @@ class XlsxWriter {
     }
     WriteFoot();
     CheckSheet();
+    const platform::SilentErrors silent;
     library_.check(library_.closeWorkbook(workbook_.release()));
     return true;
   }
@@ -88,7 +89,10 @@ class XlsxWriter {
   [[nodiscard]] lxw_col_t LastColumn() const { return static_cast<lxw_col_t>(std::max(grid_.GetCols(), 1) - 1); }
 
   void StartSheet() {
-    sheet_ = library_.addWorksheet(workbook_.get(), nullptr);
+    {
+      const platform::SilentErrors silent;
+      sheet_ = library_.addWorksheet(workbook_.get(), nullptr);
+    }
     if (sheet_ == nullptr) throw OutputError("无法写入 xlsx 文件：内存不足");
     row_ = 0;
     SetUpPage();

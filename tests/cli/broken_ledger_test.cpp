@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -45,6 +46,11 @@ std::streamoff pageOf(const std::string& path, const char* table) {
   return pageSize * (std::stoi(rowsOf(*reader, Sql("SELECT rootpage FROM sqlite_master WHERE name = ?", table))) - 1);
 }
 
+bool holdsEnglish(const std::string& message) {
+  static const std::regex words("[A-Za-z]+ [a-z]+ [a-z]+");
+  return std::regex_search(message, words);
+}
+
 struct Harm {
   const char* name;
   void (*harm)(const std::string& path);
@@ -63,7 +69,7 @@ const Harm harms[] = {
     {"text", [](const std::string& path) { replaceBy(path, "借 100.00 贷 100.00\n"); }, "这不是帐套"},
     {"workbook", [](const std::string& path) { replaceBy(path, "PK\x03\x04" + std::string(5000, 'x')); }, "这不是帐套"},
     {"table", [](const std::string& path) { execute(path, "DROP TABLE RegMain"); },
-     "帐套不完整。缺少需要的表或列，请补齐后再打开，或用备份恢复。（tables are missing: RegMain）"},
+     "帐套不完整。缺少需要的表或列，请补齐后再打开，或用备份恢复。（缺少表 RegMain）"},
     {"column", [](const std::string& path) { execute(path, "ALTER TABLE RegSub RENAME COLUMN mMoney TO mSum"); },
      "帐套不完整"},
     {"truncated", [](const std::string& path) { fs::resize_file(path, fs::file_size(path) / 2); }, "帐套数据已损坏"},
@@ -87,6 +93,7 @@ TEST_P(BrokenLedger, IsExplainedAndLeftAlone) {
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
   EXPECT_NE(run.err.find(GetParam().said), std::string::npos) << run.err;
+  EXPECT_FALSE(holdsEnglish(run.err)) << "a library's words: " << run.err;
   EXPECT_TRUE(fs::is_directory(path) || fileBytes(path) == before);
   EXPECT_EQ(namesIn(folder.path()), names);
 }
@@ -98,6 +105,7 @@ void expectSaid(const ProgramRun& run, const char* said) {
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.out, "");
   EXPECT_NE(run.err.find(said), std::string::npos) << run.err;
+  EXPECT_FALSE(holdsEnglish(run.err)) << "a library's words: " << run.err;
 }
 
 TEST(LockedLedger, IsSaidAfterWaiting) {
