@@ -15,12 +15,14 @@ enum class Status { done = 0, refused = 1, wrongUse = 2, failed = 3, noRight = 4
 using Work = std::function<Status()>;
 
 void addReportsCommand(CLI::App& app, Work& work);
-// The options of the report command depend on the report that `reportId` names, 0 when none is named.
-void addReportCommand(CLI::App& app, Work& work, int reportId);
+// The options of the report command depend on the report: what is returned adds them for its number, 0 for none.
+[[nodiscard]] std::function<void(int reportId)> addReportCommand(CLI::App& app, Work& work);
 void addLedgerCommand(CLI::App& app, Work& work);
 void addOpenCommand(CLI::App& app, Work& work);
 void addCompletionCommand(CLI::App& app, Work& work);
 
+// Text on standard output. Throws OutputError when it cannot be written; a reader that has gone is no failure.
+void print(const std::string& text);
 // One line on standard error, behind the program's name.
 void complain(const std::string& message);
 

@@ -59,11 +59,10 @@ struct TypedLine {
   }
 };
 
-// The parser's "TEXT:{a,b}" as words.
+// The choices that help shows in the place of a value, "text|csv", as words.
 std::vector<std::string> choicesIn(const std::string& typeName) {
-  const auto open = typeName.find('{');
-  if (open == std::string::npos) return {};
-  return CLI::detail::split(typeName.substr(open + 1, typeName.find('}') - open - 1), ',');
+  if (typeName.find('|') == std::string::npos) return {};
+  return CLI::detail::split(typeName, '|');
 }
 
 // The condition that an option of the report command stands for; null for the others.
@@ -111,10 +110,12 @@ void addValues(Candidates& found, const TypedLine& line, const CLI::Option& opti
 }
 
 void addOptions(Candidates& found, const TypedLine& line) {
+  const auto id = line.given.find("ID");
+  const auto* report = id == line.given.end() ? nullptr : findReport(std::atoi(id->second.c_str()));
   for (const auto* option : line.command->get_options()) {
     const auto name = nameOf(*option);
     const auto* condition = conditionOf(*option);
-    const bool again = condition != nullptr && condition->kind == Parameter::Kind::list;
+    const bool again = condition != nullptr && report != nullptr && takesSeveral(*report, condition->key);
     if (option->get_positional() || (line.given.contains(name) && !again)) continue;
     found.words.push_back({name, option->get_description()});
   }

@@ -1,10 +1,10 @@
 // tzassistant completion: the scripts with which a shell completes this program's lines, and the words that those
 // scripts ask for.
-#include <cstdio>
 #include <fmt/format.h>
 
 #include "cli/cli.h"
 #include "cli/completion_candidates.h"
+#include "cli/values.h"
 
 namespace tz::cli {
 namespace {
@@ -62,17 +62,18 @@ end
 complete -c tzassistant -f -a '(__tzassistant_words)'
 )";
 
-void printWords(const CLI::App& app, const std::vector<std::string>& words) {
+std::string wordList(const CLI::App& app, const std::vector<std::string>& words) {
   const auto found = candidatesFor(app, words);
-  if (found.files) fmt::print(":files\n");
-  for (const auto& [word, meaning] : found.words) fmt::print("{}\t{}\n", word, meaning);
+  std::string text = found.files ? ":files\n" : "";
+  for (const auto& [word, meaning] : found.words) text += fmt::format("{}\t{}\n", word, meaning);
+  return text;
 }
 
-Status print(const std::string& wanted, const CLI::App& app, const std::vector<std::string>& words) {
+Status answer(const std::string& wanted, const CLI::App& app, const std::vector<std::string>& words) {
   if (wanted == "words") {
-    printWords(app, words);
+    print(wordList(app, words));
   } else {
-    fmt::print("{}", wanted == "bash" ? bashScript : wanted == "zsh" ? zshScript : fishScript);
+    print(std::string(wanted == "bash" ? bashScript : wanted == "zsh" ? zshScript : fishScript));
   }
   return Status::done;
 }
@@ -83,12 +84,11 @@ void addCompletionCommand(CLI::App& app, Work& work) {
   auto* command = app.add_subcommand("completion", "输出命令行补全脚本：bash、zsh 或 fish");
   const auto wanted = std::make_shared<std::string>();
   const auto words = std::make_shared<std::vector<std::string>>();
-  command->add_option("SHELL", *wanted, "命令行外壳；words 由脚本调用，列出下一个词")
-      ->required()
-      ->check(CLI::IsMember({"bash", "zsh", "fish", "words"}));
+  auto* shell = command->add_option("SHELL", *wanted, "命令行外壳；words 由脚本调用，列出下一个词")->required();
+  letChoose(*shell, {"bash", "zsh", "fish", "words"});
   command->add_option("WORDS", *words, "words：已键入的词，最后一个正在键入");
   command->callback(
-      [&app, &work, wanted, words] { work = [&app, wanted, words] { return print(*wanted, app, *words); }; });
+      [&app, &work, wanted, words] { work = [&app, wanted, words] { return answer(*wanted, app, *words); }; });
 }
 
 }  // namespace tz::cli

@@ -1,6 +1,7 @@
 #include "cli/explain.h"
 
 #include <fmt/format.h>
+#include <utility>
 
 #include "reports/parameter.h"
 
@@ -24,6 +25,28 @@ bool isCondition(std::string_view option) {
   return false;
 }
 
+// The parser's errors begin with the name of the option or place that they are about.
+std::string nameIn(const std::string& what) { return what.substr(0, what.find_first_of(" :")); }
+
+// "--lines requires --sample" as its two ends.
+std::pair<std::string, std::string> endsOf(const std::string& what) {
+  return {nameIn(what), what.substr(what.rfind(' ') + 1)};
+}
+
+std::string missing(const std::string& what, const CLI::App& app) {
+  if (what.starts_with("-")) return fmt::format("缺少 {}", nameIn(what));
+  const auto* command = &app;
+  while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+  std::string names;
+  for (const auto* inner : command->get_subcommands({})) names += (names.empty() ? "" : "、") + inner->get_name();
+  return names.empty() ? fmt::format("缺少参数 {}", nameIn(what)) : "缺少子命令，可用：" + names;
+}
+
+template <class Kind>
+bool isA(const CLI::ParseError& error) {
+  return dynamic_cast<const Kind*>(&error) != nullptr;
+}
+
 std::string explainExtras(const CLI::App& app) {
   const auto extras = app.remaining(true);
   if (extras.empty()) return "参数不对";
@@ -35,17 +58,24 @@ std::string explainExtras(const CLI::App& app) {
 }  // namespace
 
 std::string explain(const CLI::ParseError& error, const CLI::App& app) {
-  const auto hint = fmt::format("。用法见 {} --help", commandPath(app));
   const std::string what = error.what();
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return explainExtras(app) + hint;
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-    return fmt::format("缺少参数 {}", what.substr(0, what.find(' '))) + hint;
+  std::string text = "参数不对";
+  if (isA<CLI::ExtrasError>(error)) {
+    text = explainExtras(app);
+  } else if (isA<CLI::RequiredError>(error)) {
+    text = missing(what, app);
+  } else if (isA<CLI::ArgumentMismatch>(error)) {
+    text = fmt::format("{} 缺少值", nameIn(what));  // a second one was refused before
+  } else if (isA<CLI::RequiresError>(error)) {
+    const auto [option, other] = endsOf(what);
+    text = fmt::format("{} 要与 {} 同用", option, other);
+  } else if (isA<CLI::ExcludesError>(error)) {
+    const auto [option, other] = endsOf(what);
+    text = fmt::format("{} 不能与 {} 同用", option, other);
+  } else if (isA<CLI::ValidationError>(error)) {
+    text = fmt::format("{}：{}", nameIn(what), what.substr(what.find(": ") + 2));  // our own words
   }
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
-    return fmt::format("参数个数不对：{}", what) + hint;
-  if (dynamic_cast<const CLI::RequiresError*>(&error) != nullptr) return fmt::format("缺少相关参数：{}", what) + hint;
-  if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) return fmt::format("参数互相矛盾：{}", what) + hint;
-  return fmt::format("参数的值不对：{}", what) + hint;
+  return fmt::format("{}。用法见 {} --help", text, commandPath(app));
 }
 
 }  // namespace tz::cli

@@ -1,8 +1,8 @@
 // tzassistant ledger: makes ledgers and checks them.
 #include <chrono>
-#include <cstdio>
 
 #include "cli/cli.h"
+#include "cli/values.h"
 #include "data/create_ledger.h"
 #include "data/ledger_check.h"
 #include "data/record_io.h"
@@ -44,9 +44,9 @@ Status check(const std::string& address) {
   std::int64_t violations = 0;
   checkLedger(*connection, [&](const Violation& violation) {
     ++violations;
-    std::printf("%s\n", violation.text().c_str());
+    print(violation.text() + "\n");
   });
-  if (violations == 0) std::printf("帐套符合全部规则\n");
+  if (violations == 0) print("帐套符合全部规则\n");
   return violations == 0 ? Status::done : Status::refused;
 }
 
@@ -61,12 +61,12 @@ void addLedgerCommand(CLI::App& app, Work& work) {
   createCommand->add_option("LEDGER", options->address, "新帐套的文件名或服务器地址")->required();
   auto* sample = createCommand->add_flag("--sample", options->sample, "示例企业的一个会计年度");
   createCommand->add_flag("--empty", options->empty, "空帐套（缺省）")->excludes(sample);
-  createCommand->add_option("--lines", options->lines, "示例企业的已记帐分录数，缺省为便于阅读的小帐套")
-      ->check(CLI::Range(std::int64_t{1}, std::int64_t{100'000'000}))
-      ->needs(sample);
-  createCommand->add_option("--year", options->year, "空帐套的会计年度，缺省为今年")
-      ->check(CLI::Range(1900, 9999))
-      ->excludes(sample);
+  auto* lines = createCommand->add_option("--lines", options->lines, "示例企业的已记帐分录数，缺省为便于阅读的小帐套");
+  lines->needs(sample)->type_name("N");
+  letCount(*lines, 1, 100'000'000);
+  auto* year = createCommand->add_option("--year", options->year, "空帐套的会计年度，缺省为今年");
+  year->excludes(sample)->type_name("YYYY");
+  letCount(*year, 1900, 9999);
   createCommand->add_option("--name", options->name, "空帐套的名称")->excludes(sample);
   createCommand->callback([&work, options] { work = [options] { return create(*options); }; });
 

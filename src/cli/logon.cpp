@@ -1,11 +1,17 @@
 #include "cli/logon.h"
 
-#include <cstdlib>
-
 #include "cli/cli.h"
 #include "cli/terminal.h"
+#include "system/standard_streams.h"
 
 namespace tz::cli {
+namespace {
+
+std::optional<std::string> givenPassword;
+
+}  // namespace
+
+void takeGivenPassword() { givenPassword = system::takeVariable("TZ_PASSWORD"); }
 
 std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name) {
   if (!needsLogon(db)) return everybody();
@@ -13,12 +19,7 @@ std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& 
     complain("该帐套需要操作员：请加 --operator 姓名，口令用环境变量 TZ_PASSWORD 或在提示处输入");
     return std::nullopt;
   }
-  std::optional<std::string> password;
-  if (const char* given = std::getenv("TZ_PASSWORD")) {
-    password = given;
-  } else {
-    password = promptPassword(name + " 的口令：");
-  }
+  const auto password = givenPassword ? givenPassword : promptPassword(name + " 的口令：");
   if (!password) {
     complain("没有口令：请设环境变量 TZ_PASSWORD，或在终端上运行");
     return std::nullopt;

@@ -1,36 +1,26 @@
 // tzassistant: the module on the command line. Exit status: 0 done, 1 refused, 2 wrong use, 3 the database or the
 // output failed, 4 no right.
-#include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <exception>
-#include <string_view>
+#include <new>
+#include <sstream>
 #include <vector>
 
-#include "catalogue/catalogue.h"
 #include "cli/cli.h"
 #include "cli/examples.h"
 #include "cli/explain.h"
+#include "cli/given_words.h"
+#include "cli/logon.h"
 #include "cli/manual_page.h"
 #include "data/connection.h"
+#include "grid/platform.h"
 #include "reports/explain_error.h"
 #include "reports/parameter.h"
+#include "system/error_text.h"
+#include "system/standard_streams.h"
 
 namespace tz::cli {
 namespace {
-
-// The report named behind "report", so that its conditions become the options; 0 when there is none. Only a whole
-// number that is a report's counts: a file name or a date may stand before it.
-int namedReport(int argc, char** argv) {
-  const std::vector<std::string_view> words(argv + 1, argv + argc);
-  auto word = std::ranges::find(words, "report");
-  for (; word != words.end(); ++word) {
-    int id = 0;
-    const auto [end, error] = std::from_chars(word->data(), word->data() + word->size(), id);
-    if (error == std::errc{} && end == word->data() + word->size() && findReport(id) != nullptr) return id;
-  }
-  return 0;
-}
 
 // The parser's own words, inherited by every subcommand.
 void translateHelp(CLI::App& app) {
@@ -58,6 +48,13 @@ void groupHelpFlags(CLI::App& app) {
   }
 }
 
+// What --help or --version answers.
+std::string answerOf(const CLI::App& app, const CLI::Success& asked) {
+  std::ostringstream out;
+  app.exit(asked, out, out);
+  return out.str();
+}
+
 Status run(int argc, char** argv) {
   CLI::App app("辅助核算：个人、部门、项目、单位的明细帐、余额表和总帐。不带子命令时打开桌面。", "tzassistant");
   translateHelp(app);
@@ -73,22 +70,25 @@ Status run(int argc, char** argv) {
   addOpenCommand(app, work);
   addLedgerCommand(app, work);
   addReportsCommand(app, work);
-  const int reportId = namedReport(argc, argv);
-  addReportCommand(app, work, reportId);
+  auto addConditions = addReportCommand(app, work);
   addCompletionCommand(app, work);
+  const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  const int reportId = namedReport(app, words);
+  addConditions(reportId);
   addExamples(app, reportId);
   groupHelpFlags(app);
   try {
+    refuseWrongValues(givenWords(app, words));
     app.parse(argc, argv);
   } catch (const CLI::Success& asked) {
-    app.exit(asked);  // --help, --version
+    print(answerOf(app, asked));
     return Status::done;
   } catch (const CLI::ParseError& error) {
     complain(explain(error, app));
     return Status::wrongUse;
   }
   if (manual) {
-    std::fputs(manualPage(app).c_str(), stdout);
+    print(manualPage(app));
     return Status::done;
   }
   return work();
@@ -96,12 +96,19 @@ Status run(int argc, char** argv) {
 
 }  // namespace
 
+void print(const std::string& text) {
+  platform::writeToStandardOutput([&](const Sink& sink) { return sink(text); });
+}
+
 void complain(const std::string& message) { std::fprintf(stderr, "tzassistant: %s\n", message.c_str()); }
 
 }  // namespace tz::cli
 
 int main(int argc, char** argv) {
   using tz::cli::Status;
+  tz::system::openClosedStandardStreams();
+  tz::system::failOnBrokenWrites();
+  tz::cli::takeGivenPassword();
   auto status = Status::failed;
   try {
     status = tz::cli::run(argc, argv);
@@ -110,8 +117,14 @@ int main(int argc, char** argv) {
     status = Status::wrongUse;
   } catch (const tz::DbError& error) {
     tz::cli::complain(tz::explain(error));
-  } catch (const std::exception& error) {
+  } catch (const tz::OutputError& error) {
     tz::cli::complain(error.what());
+  } catch (const std::system_error& error) {
+    tz::cli::complain(tz::system::errorText(error.code().value()));
+  } catch (const std::bad_alloc&) {
+    tz::cli::complain("内存不足");
+  } catch (const std::exception& error) {
+    tz::cli::complain(std::string("程序内部出错，请把括号中的原文告诉管理员。（") + error.what() + "）");
   }
   return static_cast<int>(status);
 }

@@ -33,12 +33,8 @@ std::string item(std::string_view term, std::string_view text) {
   return fmt::format(".TP\n\\fB{}\\fR\n{}\n", plain(term), plain(text));
 }
 
-// "TEXT:{text,csv}" is shown as its choices, "INT:INT in [1 - 12]" as "INT".
 std::string valueText(const CLI::Option& option) {
-  if (option.get_items_expected_max() == 0) return {};
-  const auto type = option.get_type_name();
-  const auto open = type.find('{');
-  return " " + (open == std::string::npos ? type.substr(0, type.find(':')) : type.substr(open));
+  return option.get_items_expected_max() == 0 ? std::string() : " " + option.get_type_name();
 }
 
 std::string optionItem(const CLI::Option& option) {
@@ -126,7 +122,9 @@ std::string manualPage(const CLI::App& app) {
   text += item("0", "完成") + item("1", "被拒绝，原因见标准错误输出") + item("2", "用法不对");
   text += item("3", "数据库或输出失败") + item("4", "没有权限");
   text += section("环境变量");
-  text += item("TZ_PASSWORD", "操作员的口令") + item("NO_COLOR", "终端上不用颜色");
+  text += item("TZ_PASSWORD", "操作员的口令，不传给分页程序和桌面");
+  text += item("PAGER", "在终端上显示报表的分页程序，缺省为 less；设为 cat 则直接输出，不能运行时也直接输出");
+  text += item("NO_COLOR", "终端上不用颜色");
   return text + section("示例") + examplesPart(app);
 }
 

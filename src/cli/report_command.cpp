@@ -9,6 +9,8 @@
 #include "cli/cli.h"
 #include "cli/logon.h"
 #include "cli/report_writer.h"
+#include "cli/values.h"
+#include "reports/output_guard.h"
 #include "reports/report_definition.h"
 
 namespace tz::cli {
@@ -28,7 +30,7 @@ Request requestOf(const ReportOptions& options) {
   Request request;
   for (const auto& [key, values] : options.values) {
     const auto text = fmt::format("{}", fmt::join(values, "\n"));
-    if (!text.empty()) request.set(key, text);
+    if (!values.empty()) request.set(key, text);
   }
   for (const auto& [key, given] : options.flags) {
     if (given) request.set(key, "1");
@@ -44,6 +46,14 @@ std::optional<Date> logonDate(const ReportOptions& options) {
   return date;
 }
 
+void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
+  if (!asked) return;
+  const auto year = accountYear(db);
+  if (year && asked->year != *year) {
+    throw WrongUse(fmt::format("--date：{} 不在会计年度 {} 年内", isoText(*asked), *year));
+  }
+}
+
 // The message as the dialog shows it, nothing around it.
 Status refuse(const Refusal& refusal) {
   std::fprintf(stderr, "%s\n", refusal.text().c_str());
@@ -57,6 +67,7 @@ Status run(const ReportOptions& options) {
     throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
   const auto request = requestOf(options);
   const auto asked = logonDate(options);
+  if (const auto wrong = ledgerAsOutput(options.output.file, options.ledger); !wrong.empty()) throw WrongUse(wrong);
   CQnCwDB db(Access::read);
   db.Open(options.ledger);
   const auto who = logOnFromTerminal(db, options.operatorName);
@@ -65,18 +76,12 @@ Status run(const ReportOptions& options) {
     complain(fmt::format("操作员 {} 没有“{}”的权限（{} 号）", who->name, report->rightName, report->right));
     return Status::noRight;
   }
+  refuseOtherYear(db, asked);
   Session session{.db = db, .ledger = options.ledger, .logon = asked ? *asked : defaultLogonDate(db)};
   const auto outcome = runReport(*report, request, session);
   if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
   writeReport(std::get<ComputedReport>(outcome), options.output);
   return Status::done;
-}
-
-// Where the dialog has a list of accounts, the option may be given once for each.
-bool repeats(const ReportDefinition& report, ParameterKey key) {
-  return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
-    return control.kind == ControlSpec::Kind::accountLists && control.key == key;
-  });
 }
 
 void addConditions(CLI::App& command, const ReportDefinition& report, ReportOptions& options) {
@@ -88,7 +93,8 @@ void addConditions(CLI::App& command, const ReportDefinition& report, ReportOpti
                        : command.add_option(name, options.values[key], std::string(condition.help));
     if (condition.kind != Parameter::Kind::flag) {
       option->type_name(std::string(condition.valueName))->expected(1)->allow_extra_args(false);
-      if (!repeats(report, key)) option->multi_option_policy(CLI::MultiOptionPolicy::Throw);
+      option->multi_option_policy(takesSeveral(report, key) ? CLI::MultiOptionPolicy::TakeAll
+                                                            : CLI::MultiOptionPolicy::Throw);
     }
     option->group("条件");
   }
@@ -96,27 +102,32 @@ void addConditions(CLI::App& command, const ReportDefinition& report, ReportOpti
 
 }  // namespace
 
-void addReportCommand(CLI::App& app, Work& work, int reportId) {
+std::function<void(int)> addReportCommand(CLI::App& app, Work& work) {
   auto* command = app.add_subcommand("report", "计算一张报表");
   const auto options = std::make_shared<ReportOptions>();
-  command->add_option("ID", options->id, "报表编号，见 tzassistant reports")->required();
+  auto* id = command->add_option("ID", options->id, "报表编号，见 tzassistant reports")->required();
+  letCount(*id, 1, 99'999);
   command->add_option("--ledger", options->ledger, "帐套的文件名或 postgresql:// 地址")
       ->required()
       ->type_name("LEDGER");
-  command->add_option("--date", options->date, "登录日期，缺省为最后一张已记帐凭证的日期")->type_name("YYYY-MM-DD");
+  command->add_option("--date", options->date, "登录日期，在会计年度之内；缺省为最后一张已记帐凭证的日期")
+      ->type_name("YYYY-MM-DD");
   command->add_option("--operator", options->operatorName, "操作员；口令取自 TZ_PASSWORD 或提示")->type_name("NAME");
-  command->add_option("--as", options->output.form, "输出形式")->check(CLI::IsMember(outputForms()));
-  command->add_option("--encoding", options->output.encoding, "csv 的编码，缺省为带标记的 utf-8")
-      ->check(CLI::IsMember({"utf-8", "gb18030"}));
-  command->add_option("-o,--output", options->output.file, "写入文件，要么完整要么不写")->type_name("FILE");
-  if (const auto* report = findReport(reportId)) {
-    command->description(fmt::format("{} {}\n{}", report->windowTitle, report->command, report->about));
-    command->footer("说明\n  " + fmt::to_string(fmt::join(report->rules, "\n  ")));
-    addConditions(*command, *report, *options);
-  } else {
-    command->footer("各报表的条件：tzassistant report 编号 --help");
-  }
+  letChoose(*command->add_option("--as", options->output.form, "输出形式"), outputForms());
+  letChoose(*command->add_option("--encoding", options->output.encoding, "csv 的编码，缺省为带标记的 utf-8"),
+            {"utf-8", "gb18030"});
+  command->add_option("-o,--output", options->output.file, "写入文件，要么完整要么不写；不能是帐套自身")
+      ->type_name("FILE");
   command->callback([&work, options] { work = [options] { return run(*options); }; });
+  return [command, options](int reportId) {
+    if (const auto* report = findReport(reportId)) {
+      command->description(fmt::format("{} {}\n{}", report->windowTitle, report->command, report->about));
+      command->footer("说明\n  " + fmt::to_string(fmt::join(report->rules, "\n  ")));
+      addConditions(*command, *report, *options);
+    } else {
+      command->footer("各报表的条件：tzassistant report 编号 --help");
+    }
+  };
 }
 
 }  // namespace tz::cli

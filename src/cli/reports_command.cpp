@@ -1,10 +1,10 @@
 // tzassistant reports: every report with its conditions.
-#include <cstdio>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include "catalogue/catalogue.h"
 #include "cli/cli.h"
+#include "cli/values.h"
 #include "grid/report_output.h"
 
 namespace tz::cli {
@@ -24,14 +24,16 @@ std::string conditionsOf(const ReportDefinition& report) {
   return text;
 }
 
-void printText() {
+std::string listText() {
+  std::string text;
   for (const auto* report : catalogue()) {
-    fmt::print("{}  {}  {}  {}\n", report->command, padded(areaName(report->area), 8), padded(report->printTitle, 20),
-               conditionsOf(*report));
+    text += fmt::format("{}  {}  {}  {}\n", report->command, padded(areaName(report->area), 8),
+                        padded(report->printTitle, 20), conditionsOf(*report));
   }
+  return text;
 }
 
-void printJson() {
+std::string listJson() {
   auto list = nlohmann::ordered_json::array();
   for (const auto* report : catalogue()) {
     auto conditions = nlohmann::ordered_json::array();
@@ -41,7 +43,7 @@ void printJson() {
                     {"title", std::string(report->printTitle)},
                     {"conditions", conditions}});
   }
-  fmt::print("{}\n", list.dump(1));
+  return list.dump(1) + "\n";
 }
 
 }  // namespace
@@ -49,10 +51,10 @@ void printJson() {
 void addReportsCommand(CLI::App& app, Work& work) {
   auto* command = app.add_subcommand("reports", "列出全部报表：编号、领域、名称、条件");
   const auto form = std::make_shared<std::string>("text");
-  command->add_option("--as", *form, "输出形式")->check(CLI::IsMember({"text", "json"}));
+  letChoose(*command->add_option("--as", *form, "输出形式"), {"text", "json"});
   command->callback([&work, form] {
     work = [form] {
-      *form == "json" ? printJson() : printText();
+      print(*form == "json" ? listJson() : listText());
       return Status::done;
     };
   });

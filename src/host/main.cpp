@@ -10,6 +10,7 @@
 #include "suite/globals.h"
 #include "suite/language.h"
 #include "suite/qt_text.h"
+#include "system/standard_streams.h"
 #include "ui/log.h"
 
 namespace {
@@ -95,6 +96,9 @@ Arguments readArguments() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  tz::system::openClosedStandardStreams();
+  tz::system::failOnBrokenWrites();
+  (void)tz::system::takeVariable("TZ_PASSWORD");  // the command line's; no program that is opened from here learns it
   QApplication application(argc, argv);
   QApplication::setApplicationDisplayName(QStringLiteral("辅助核算"));
   QApplication::setQuitOnLastWindowClosed(false);

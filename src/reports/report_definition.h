@@ -56,6 +56,8 @@ struct ReportDefinition {
 
 // The conditions that a report takes: those of its dialog, and the amount format where it has formats.
 [[nodiscard]] std::vector<ParameterKey> parametersOf(const ReportDefinition& report);
+// Where the dialog has a list of accounts, several can be named: the option may be given once for each.
+[[nodiscard]] bool takesSeveral(const ReportDefinition& report, ParameterKey key);
 
 // A computation that the person stopped; what was shown before stays.
 struct Cancelled {};

@@ -72,6 +72,12 @@ std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
   return keys;
 }
 
+bool takesSeveral(const ReportDefinition& report, ParameterKey key) {
+  return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
+    return control.kind == ControlSpec::Kind::accountLists && control.key == key;
+  });
+}
+
 ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
   if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.databaseNotOpen};
   const CancelWatch watch(session);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "data/qncw_db.h"
@@ -21,6 +22,8 @@ struct Session {
   std::function<bool()> cancelled = [] { return false; };
 };
 
+// Nothing when the ledger names none.
+[[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
 // The last posted voucher's date; the first day of the account year in a ledger without posted vouchers.
 [[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);
 

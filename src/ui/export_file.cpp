@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <array>
 
+#include "grid/platform.h"
+#include "reports/output_guard.h"
+#include "suite/globals.h"
 #include "suite/qt_text.h"
 #include "ui/long_work.h"
 
@@ -45,6 +48,8 @@ std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedRepor
 }
 
 bool writeExport(const ComputedReport& report, const ExportTarget& target, LongWork& work) {
+  const auto wrong = ledgerAsOutput(fromQt(target.path), g_lpszQnZwDBName);
+  if (!wrong.empty()) throw OutputError(wrong);
   const CGridToFile writer(report, [&work](std::int64_t done, std::int64_t of) {
     work.Pump(done, of);
     return !work.Cancelled();

@@ -1,4 +1,5 @@
 // report -o: the file is written whole or not at all.
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -72,9 +73,45 @@ TEST_F(OutputFileTest, StaysAsItWasWhenTheDiskIsFull) {
     const FullDisk full(40'000);  // the memory beside a ledger in use takes 32 KiB
     const auto run = smallReport(ledger_.address(), {"--as", form, "-o", target_});
     EXPECT_EQ(run.status, 3) << form;
-    EXPECT_NE(run.err, "") << form;
+    EXPECT_TRUE(run.err.starts_with("tzassistant: 无法写入")) << form << run.err;
+    EXPECT_EQ(std::ranges::count(run.err, '\n'), 1) << "a library's words: " << run.err;
     expectUntouched();
   }
+}
+
+// By whatever name the ledger or a side file of it is reached.
+TEST_F(OutputFileTest, IsNeverTheLedger) {
+  const auto& ledger = ledger_.address();
+  const auto folder = std::filesystem::path(ledger).parent_path();
+  const std::filesystem::path other = folder_.file("另一处");
+  const auto link = folder_.file("链接");
+  std::filesystem::create_symlink(ledger, link);
+  std::filesystem::create_symlink(ledger + "-journal", folder_.file("悬空链接"));
+  std::filesystem::create_symlink(folder, other);
+  const auto hard = (folder / "硬链接").string();
+  std::filesystem::create_hard_link(ledger, hard);
+  const auto before = fileBytes(ledger);
+  std::vector<std::string> targets = {ledger,
+                                      (folder / "." / std::filesystem::path(ledger).filename()).string(),
+                                      (other / std::filesystem::path(ledger).filename()).string(),
+                                      link,
+                                      hard,
+                                      folder_.file("悬空链接")};
+  for (const char* suffix : {"-wal", "-journal", "-shm"}) targets.push_back(ledger + suffix);
+  for (const auto& target : targets) {
+    for (const char* form : {"text", "csv", "json", "xlsx"}) {
+      const auto run = smallReport(ledger, {"--as", form, "-o", target});
+      EXPECT_EQ(run.status, 2) << form << ' ' << target;
+      EXPECT_NE(run.err.find("所查的帐套"), std::string::npos) << run.err;
+    }
+  }
+  // The ledger reached by a link, and written over by its own name.
+  EXPECT_EQ(smallReport(link, {"-o", ledger}).status, 2);
+  EXPECT_EQ(smallReport(link, {"-o", ledger + "-wal"}).status, 2);
+  EXPECT_TRUE(fileBytes(ledger) == before);
+  EXPECT_EQ(smallReport(ledger).status, 0);
+  EXPECT_EQ(smallReport(ledger, {"-o", folder_.file("别的.db")}).status, 0) << "another file of the same kind";
+  std::filesystem::remove(hard);
 }
 
 TEST_F(OutputFileTest, NeedsAFolder) {

@@ -48,13 +48,16 @@ void fillSmallCompany(Connection& keeper, int lines) {
   writing.commit();
 }
 
+std::vector<std::string> smallReportWords(const std::string& address, const std::vector<std::string>& more) {
+  std::vector<std::string> words = {"report", "10190", "--ledger", address, "--account", "113301", "--dept", "销售部"};
+  for (const char* word : {"--person", "张三", "--unposted"}) words.emplace_back(word);
+  words.insert(words.end(), more.begin(), more.end());
+  return words;
+}
+
 ProgramRun smallReport(const std::string& address, const std::vector<std::string>& more,
                        const std::vector<std::string>& settings) {
-  std::vector<std::string> arguments = {"report",    "10190",  "--ledger", address,
-                                        "--account", "113301", "--dept",   "销售部"};
-  for (const char* word : {"--person", "张三", "--unposted"}) arguments.emplace_back(word);
-  arguments.insert(arguments.end(), more.begin(), more.end());
-  return runProgram(arguments, settings);
+  return runProgram(smallReportWords(address, more), settings);
 }
 
 std::string fileBytes(const std::string& path) {

@@ -12,7 +12,10 @@ namespace tz::test {
 // One account, one department, one person, two vouchers; `lines` more on request.
 void fillSmallCompany(Connection& keeper, int lines = 0);
 
-// The person three-column detail ledger of that person, with further arguments.
+// The words that ask for the person three-column detail ledger of that person, with further arguments.
+[[nodiscard]] std::vector<std::string> smallReportWords(const std::string& address,
+                                                        const std::vector<std::string>& more = {});
+// That report.
 [[nodiscard]] ProgramRun smallReport(const std::string& address, const std::vector<std::string>& more = {},
                                      const std::vector<std::string>& settings = {});
 

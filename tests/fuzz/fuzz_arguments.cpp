@@ -35,13 +35,13 @@ bool isHarmless(const std::vector<std::string>& arguments) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const auto ledger = [] {
-    setenv("TZ_PASSWORD", "none", 1);
     std::filesystem::create_directory(fuzz::folder() / "here");
     std::filesystem::current_path(fuzz::folder() / "here");
     return fuzz::makeSample((fuzz::folder() / "sample.db").string());
   }();
   auto arguments = argumentsFrom({reinterpret_cast<const char*>(data), size}, ledger);
   if (!isHarmless(arguments)) return 0;
+  setenv("TZ_PASSWORD", "none", 1);  // the program takes it away
   std::vector<char*> pointers;
   for (auto& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);

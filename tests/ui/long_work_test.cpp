@@ -118,6 +118,18 @@ TEST_F(LongWorkTest, ExportWritesWholeFilesAndTellsFailures) {
   window_->ExportTo({toQt(folder.file("没有/这个/文件夹.csv")), FileForm::csv});
   EXPECT_NE(status().find("没有"), std::string::npos) << status();
   EXPECT_EQ(status().find("已输出到"), std::string::npos);
+  // Never over the ledger that is shown.
+  const QString ledger = toQt(g_lpszQnZwDBName);
+  const auto bytes = [&ledger] {
+    QFile file(ledger);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  };
+  const QByteArray before = bytes();
+  for (const auto form : {FileForm::csv, FileForm::xlsx}) {
+    window_->ExportTo({ledger, form});
+    EXPECT_NE(status().find("所查的帐套"), std::string::npos) << status();
+  }
+  EXPECT_EQ(bytes(), before);
 }
 
 }  // namespace
