@@ -2,6 +2,7 @@
 // output failed, 4 no right.
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <sstream>
 #include <vector>
@@ -119,6 +120,8 @@ int main(int argc, char** argv) {
     tz::cli::complain(tz::explain(error));
   } catch (const tz::OutputError& error) {
     tz::cli::complain(error.what());
+  } catch (const std::filesystem::filesystem_error& error) {
+    tz::cli::complain("“" + error.path1().string() + "”：" + tz::system::errorText(error.code().value()));
   } catch (const std::system_error& error) {
     tz::cli::complain(tz::system::errorText(error.code().value()));
   } catch (const std::bad_alloc&) {
