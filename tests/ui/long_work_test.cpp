@@ -121,8 +121,8 @@ TEST_F(LongWorkTest, ExportWritesWholeFilesAndTellsFailures) {
   // Never over the ledger that is shown.
   const QString ledger = toQt(g_lpszQnZwDBName);
   const auto bytes = [&ledger] {
-    QFile file(ledger);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QFile kept(ledger);
+    return kept.open(QIODevice::ReadOnly) ? kept.readAll() : QByteArray();
   };
   const QByteArray before = bytes();
   for (const auto form : {FileForm::csv, FileForm::xlsx}) {
