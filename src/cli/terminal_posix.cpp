@@ -13,8 +13,9 @@
 namespace tz::cli {
 namespace {
 
-// By these a person or the system ends or stops a process that waits at a terminal.
-constexpr std::array promptSignals = {SIGINT, SIGHUP, SIGQUIT, SIGTERM, SIGTSTP, SIGTTIN, SIGTTOU};
+// By these a person or the system ends or stops a process that waits at a terminal. One in the background is stopped
+// by the terminal itself, before it can change anything there.
+constexpr std::array promptSignals = {SIGINT, SIGHUP, SIGQUIT, SIGTERM, SIGTSTP};
 
 volatile std::sig_atomic_t arrived = 0;
 void noteSignal(int signal) { arrived = signal; }
