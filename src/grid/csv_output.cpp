@@ -41,37 +41,36 @@ void appendField(std::string& out, std::string_view text) {
   out += '"';
 }
 
-void appendFreeLines(std::string& out, std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    appendField(out, text.substr(0, end));
-    out += lineEnd;
-    text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
-  }
+void appendLine(std::string& out, std::string_view text) {
+  appendField(out, text);
+  out += lineEnd;
 }
 
-void appendCaptions(std::string& out, const CTzGrid& grid, std::string GridColumn::*level) {
+void appendCaptions(std::string& out, const CTzGrid& grid, std::string GridColumn::*level, std::string_view mark) {
   const char* separator = "";
   for (const GridColumn& column : grid.Columns()) {
     out += separator;
     appendField(out, column.*level);
     separator = ",";
   }
+  out += mark;
   out += lineEnd;
 }
 
+// Whether a column behind the others says what a colour says elsewhere.
+bool hasMarks(const ComputedReport& report) { return !report.highlightMeaning.empty(); }
+
 void appendHead(std::string& out, const ComputedReport& report) {
-  appendFreeLines(out, report.title);
-  appendFreeLines(out, report.subtitle);
-  appendFreeLines(out, report.period);
-  appendFreeLines(out, report.unit);
+  for (const HeadLine& line : headLines(report)) appendLine(out, line.text);
   bool grouped = false;
   for (const GridColumn& column : report.grid.Columns()) grouped = grouped || !column.group.empty();
-  if (grouped) appendCaptions(out, report.grid, &GridColumn::group);
-  appendCaptions(out, report.grid, &GridColumn::caption);
+  const std::string mark = hasMarks(report) ? "," + std::string(markCaption) : "";
+  if (grouped) appendCaptions(out, report.grid, &GridColumn::group, hasMarks(report) ? "," : "");
+  appendCaptions(out, report.grid, &GridColumn::caption, mark);
 }
 
-void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
+void appendRow(std::string& out, const ComputedReport& report, std::int64_t row) {
+  const CTzGrid& grid = report.grid;
   for (int column = 0; column < grid.GetCols(); ++column) {
     if (column > 0) out += ',';
     if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
@@ -85,6 +84,10 @@ void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
       appendField(out, grid.TextAt(row, column));
     }
   }
+  if (hasMarks(report)) {
+    out += ',';
+    if (grid.BackgroundAt(row) != noColour) appendField(out, report.highlightMeaning);
+  }
   out += lineEnd;
 }
 
@@ -93,10 +96,10 @@ bool writeRecords(const ComputedReport& report, BlockWriter& writer, const FileP
   appendHead(writer.text, report);
   for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
     if (progress && row % rowsPerProgress == 0 && !progress(row, grid.GetRows())) return false;
-    appendRow(writer.text, grid, row);
+    appendRow(writer.text, report, row);
     if (!writer.HandOver()) return false;
   }
-  for (const std::string& notice : grid.notices) appendFreeLines(writer.text, notice);
+  for (const std::string& remark : remarks(grid)) appendLine(writer.text, remark);
   return writer.Finish();
 }
 

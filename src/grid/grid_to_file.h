@@ -1,9 +1,10 @@
 // Reports as files for other programs.
 //
 // CSV is for spreadsheet programs in Chinese: UTF-8 with a byte order mark (or GB18030), CRLF, RFC 4180 quoting; title,
-// subtitle, period and unit each on a line of their own, captions on two lines where columns have groups, figures at
-// full precision. A text that a spreadsheet would take for a formula gets an apostrophe before it, which shows but
-// computes nothing; figures are never touched.
+// warnings, subtitle, period, unit and conditions each on a line of their own, captions on two lines where columns have
+// groups, figures at full precision, remarks below. Where rows can be coloured, one more column, "标记", says which
+// are. A text that a spreadsheet would take for a formula gets an apostrophe before it, which shows but computes
+// nothing; figures are never touched.
 //
 // XLSX has typed cells, a frozen header, a page setup and as many sheets as the rows need. Nothing but the grid is held
 // in memory.

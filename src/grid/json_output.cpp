@@ -70,6 +70,17 @@ void appendMember(std::string& out, std::string_view key, std::string_view text)
   appendText(out, text);
 }
 
+void appendTexts(std::string& out, const std::vector<std::string>& texts) {
+  out += '[';
+  const char* separator = "";
+  for (const std::string& text : texts) {
+    out += separator;
+    appendText(out, text);
+    separator = ", ";
+  }
+  out += ']';
+}
+
 void appendBackground(std::string& out, Rgb colour) {
   constexpr std::string_view hexDigits = "0123456789ABCDEF";
   if (colour == noColour) {
@@ -103,6 +114,8 @@ void appendHead(std::string& out, const ComputedReport& report) {
   appendMember(out, "unit", report.unit);
   out += ", ";
   appendMember(out, "format", report.format);
+  out += ",\n \"conditions\": ";
+  appendTexts(out, report.conditions);
   out += ",\n \"columns\": [";
   const char* separator = "";
   for (const GridColumn& column : report.grid.Columns()) {
@@ -137,14 +150,11 @@ bool writeJson(const ComputedReport& report, const Sink& sink) {
     appendRow(writer.text, report.grid, row);
     if (!writer.HandOver()) return false;
   }
-  writer.text += "],\n \"notices\": [";
-  const char* separator = "";
-  for (const std::string& notice : report.grid.notices) {
-    writer.text += separator;
-    appendText(writer.text, notice);
-    separator = ", ";
-  }
-  writer.text += "]}\n";
+  writer.text += "],\n \"notices\": ";
+  std::vector<std::string> notices;
+  for (const Notice& notice : report.grid.notices) notices.push_back(notice.text);
+  appendTexts(writer.text, notices);
+  writer.text += "}\n";
   return writer.Finish();
 }
 

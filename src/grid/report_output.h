@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "grid/tz_grid.h"
 
@@ -17,10 +18,28 @@ struct ComputedReport {
   std::string period;    // "月份: 2006.01 - 2006.03"; empty for reports without months
   std::string unit;      // quantity unit and currency, as the amount format asks
   std::string format;    // amount format; empty for reports without one
+  // The other conditions, each with its caption: "项目范围: X1 至 X9".
+  std::vector<std::string> conditions;
+  // Proposed for its files, without an ending: title, subject, months.
+  std::string fileName;
   CTzGrid grid;
-  // What a coloured row means, for outputs without colours; empty when no row is coloured.
+  // What a coloured row means, for outputs without colours; empty when no row can be coloured.
   std::string highlightMeaning;
 };
+
+// A line above the table.
+struct HeadLine {
+  enum class Kind { title, warning, text };
+  Kind kind;
+  std::string text;
+};
+// What stands above the table in everything that leaves the program: the title, which says when lines are missing; the
+// warnings; subtitle, months, unit and conditions.
+[[nodiscard]] std::vector<HeadLine> headLines(const ComputedReport& report);
+// What stands below it.
+[[nodiscard]] std::vector<std::string> remarks(const CTzGrid& grid);
+// The caption of the column that marks coloured rows where colours are lost.
+inline constexpr std::string_view markCaption = "标记";
 
 // Takes the output piece by piece; returns false when it can take no more, which ends the writing.
 using Sink = std::function<bool(std::string_view)>;

@@ -17,6 +17,8 @@ constexpr std::string_view red = "\x1b[31m";
 constexpr std::string_view greenGround = "\x1b[30;48;5;194m";
 constexpr std::string_view black = "\x1b[30m";
 constexpr std::string_view usualInk = "\x1b[39m";
+// Bold and inverse: stands out on dark and light terminals alike.
+constexpr std::string_view warning = "\x1b[1;7m";
 constexpr std::string_view plain = "\x1b[0m";
 
 // One line being written from the left; blanks are written only before something, so lines end without them.
@@ -80,25 +82,25 @@ class TextWriter {
   }
   void EndLine() { out_ += '\n'; }
 
-  // Several lines of free text.
-  void WriteLines(std::string_view text) {
-    if (text.empty()) return;
-    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-      appendShown(out_, text.substr(0, end));
-      EndLine();
-      text.remove_prefix(end + 1);
-    }
+  void WriteFreeLine(std::string_view text) {
     appendShown(out_, text);
     EndLine();
   }
 
   void WriteHead() {
-    const ShownText title = measureText(report_.title);
-    Line(out_).Put(std::max((layout_.width - title.width) / 2, 0), title.width, report_.title, title.clean);
-    EndLine();
-    WriteLines(report_.subtitle);
-    WriteLines(report_.period);
-    WriteLines(report_.unit);
+    for (const HeadLine& line : headLines(report_)) {
+      if (line.kind == HeadLine::Kind::title) {
+        const ShownText title = measureText(line.text);
+        Line(out_).Put(std::max((layout_.width - title.width) / 2, 0), title.width, line.text, title.clean);
+        EndLine();
+      } else {
+        const bool warns = line.kind == HeadLine::Kind::warning;
+        if (warns) Colour(warning);
+        appendShown(out_, line.text);
+        if (warns) Colour(plain);
+        EndLine();
+      }
+    }
     EndLine();
   }
 
@@ -204,9 +206,10 @@ class TextWriter {
 
   bool WriteFoot() {
     const bool legend = layout_.marked && !report_.highlightMeaning.empty();
-    if (legend || !grid_.notices.empty()) EndLine();
-    if (legend) WriteLines("* " + report_.highlightMeaning);
-    for (const std::string& notice : grid_.notices) WriteLines(notice);
+    const auto below = remarks(grid_);
+    if (legend || !below.empty()) EndLine();
+    if (legend) WriteFreeLine("* " + report_.highlightMeaning);
+    for (const std::string& remark : below) WriteFreeLine(remark);
     return writer_.Finish();
   }
 

@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "grid/notice.h"
+
 namespace tz {
 
 // How the numbers of a column are shown: amounts with two decimals, quantities and prices with up to four, rates with
@@ -79,8 +81,7 @@ class CTzGrid {
   // Makes a cell current; refused outside the grid.
   bool ActivateCell(std::int64_t row, int column);
 
-  // Sentences below the grid that say what its rows do not show.
-  std::vector<std::string> notices;
+  std::vector<Notice> notices;
 
   // Bytes held for rows and cells.
   [[nodiscard]] std::size_t MemoryUsed() const;

@@ -9,6 +9,7 @@
 
 #include "grid/column_adder.h"
 #include "grid/platform.h"
+#include "grid/sheet_name.h"
 #include "grid/text_layout.h"
 #include "grid/utf8.h"
 #include "grid/xlsx_formats.h"
@@ -19,6 +20,7 @@ namespace {
 constexpr std::int64_t rowsPerProgress = 4096;
 constexpr int portraitPixels = 660;  // what fits beside each other on an upright page without shrinking
 constexpr std::uint8_t paperA4 = 9;
+constexpr Rgb warningGround = 0xFFF0CC;
 
 // A text as the file can hold it: valid, without control characters, at most 32 767 characters.
 void cleanInto(std::string& out, std::string_view text) {
@@ -91,15 +93,12 @@ class XlsxWriter {
   void StartSheet() {
     {
       const platform::SilentErrors silent;
-      sheet_ = library_.addWorksheet(workbook_.get(), nullptr);
+      sheet_ = library_.addWorksheet(workbook_.get(), sheetName(report_.title, ++sheets_).c_str());
     }
     if (sheet_ == nullptr) throw OutputError("无法写入 xlsx 文件：内存不足");
     row_ = 0;
     SetUpPage();
-    WriteWide(report_.title, formats_.Get(XlsxCell::title, true, noColour));
-    WriteWideLines(report_.subtitle);
-    WriteWideLines(report_.period);
-    WriteWideLines(report_.unit);
+    for (const HeadLine& line : headLines(report_)) WriteWide(line.text, HeadFormat(line.kind));
     const lxw_row_t firstHeader = Row();
     WriteHeader();
     library_.freezePanes(sheet_, Row(), 0);
@@ -147,12 +146,10 @@ class XlsxWriter {
     ++row_;
   }
 
-  void WriteWideLines(std::string_view text) {
-    while (!text.empty()) {
-      const std::size_t end = text.find('\n');
-      WriteWide(text.substr(0, end), formats_.Get(XlsxCell::text, false, noColour));
-      text = end == std::string_view::npos ? std::string_view{} : text.substr(end + 1);
-    }
+  lxw_format* HeadFormat(HeadLine::Kind kind) {
+    if (kind == HeadLine::Kind::title) return formats_.Get(XlsxCell::title, true, noColour);
+    const bool warns = kind == HeadLine::Kind::warning;
+    return formats_.Get(XlsxCell::text, warns, warns ? warningGround : noColour);
   }
 
   void WriteHeader() {
@@ -228,9 +225,9 @@ class XlsxWriter {
       MakeRoom();
       WriteWide(report_.highlightMeaning, formats_.Get(XlsxCell::text, false, lightGreen));
     }
-    for (const std::string& notice : grid_.notices) {
+    for (const std::string& remark : remarks(grid_)) {
       MakeRoom();
-      WriteWide(notice, formats_.Get(XlsxCell::text, false, noColour));
+      WriteWide(remark, formats_.Get(XlsxCell::text, false, noColour));
     }
   }
 
@@ -242,6 +239,7 @@ class XlsxWriter {
   std::unique_ptr<lxw_workbook, decltype(&::lxw_workbook_free)> workbook_;
   XlsxFormats formats_;
   lxw_worksheet* sheet_ = nullptr;
+  int sheets_ = 0;
   std::int64_t row_ = 0;       // the next one of the sheet
   std::int64_t firstRow_ = 0;  // below the header
   std::string text_;

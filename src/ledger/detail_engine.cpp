@@ -56,10 +56,21 @@ class DetailRun {
     } else {
       runBlock({});
     }
-    if (left_ > 0) grid_.notices.push_back(messageText(MessageId::linesOutsideMonths, {std::to_string(left_)}));
+    addNotices();
   }
 
  private:
+  void addNotices() {
+    if (left_ > 0) {
+      grid_.notices.push_back(
+          {messageText(MessageId::linesOutsideMonths, {std::to_string(left_)}), Notice::Weight::incomplete});
+    }
+    if (yearTotals_ && conditions_.from > 1) {
+      grid_.notices.push_back(
+          {messageText(MessageId::yearTotalsFrom, {std::to_string(conditions_.from)}), Notice::Weight::warning});
+    }
+  }
+
   [[nodiscard]] LineReader lines(Book book) const {
     LineReader reader(session_.db.Current(), memberLines(member_, conditions_, book), member_, layout_);
     reader.countIn(conditions_.amounts);
@@ -194,6 +205,7 @@ class DetailRun {
     yearTotal_.summary = "本年累计";
     row = rows_.writeTotal(yearTotal_, balance_, RowKind::subtotal);
     if (columns_) columns_->writeYear(grid_, row);
+    yearTotals_ = true;
     block_.debit += monthTotal_.debit;
     block_.credit += monthTotal_.credit;
     monthTotal_ = {};
@@ -230,6 +242,7 @@ class DetailRun {
   LedgerLine yearTotal_;
   LedgerLine block_;
   std::int64_t left_ = 0;
+  bool yearTotals_ = false;  // "本年累计" was written
 };
 
 }  // namespace

@@ -52,6 +52,11 @@ constexpr std::array messages = {
     Message{MessageId::noPlanAccount, "没有查到符合要求的科目!"},
     Message{MessageId::noPlanProjectClass, "没有查到符合条件的项目大类!"},
     Message{MessageId::linesOutsideMonths, "有%d条分录的凭证日期不在查询月份内，未列示"},
+    Message{MessageId::yearTotalsFrom, "本年累计自%d月起累计。"},
+    Message{MessageId::monthsReversed, "起始月份在终止月份之后。"},
+    Message{MessageId::projectsReversed, "起始项目在终止项目之后。"},
+    Message{MessageId::foreignFormat, "外币式沿用七栏表头：借方外币在“贷方”栏，贷方外币在“余额”栏。"},
+    Message{MessageId::logonOutsideYear, "登录日期 %s 不在会计年度 %d 内，表中月份的年份与帐套不符。"},
 };
 
 std::string_view pattern(MessageId id) {

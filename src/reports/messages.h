@@ -51,7 +51,12 @@ enum class MessageId {
   noProjectClass,          // command 10224, dialogs 559 and 561
   noPlanAccount,           // command 10237
   noPlanProjectClass,      // command 10238
-  linesOutsideMonths,      // notice below a detail ledger; one number
+  linesOutsideMonths,      // notice of a detail ledger; one number
+  yearTotalsFrom,          // notice of a detail ledger; the first month
+  monthsReversed,          // notice
+  projectsReversed,        // notice
+  foreignFormat,           // notice of "外币式"
+  logonOutsideYear,        // notice; the logon date and the account year
 };
 
 // The text with its arguments in the places of %d and %s.

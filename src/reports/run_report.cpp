@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 
 #include "reports/cancellation.h"
+#include "reports/condition_texts.h"
 #include "reports/report_definition.h"
 
 namespace tz {
@@ -26,8 +28,13 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.period = periodText(session.logon.year, conditions.from, conditions.to);
   computed.unit = unitText(conditions.format, conditions.amounts);
   computed.format = conditions.format;
-  computed.highlightMeaning = "未记帐凭证";
+  computed.conditions = conditionTexts(report, conditions);
+  computed.fileName = proposedFileName(report, conditions, session.logon.year);
+  if (conditions.unposted) computed.highlightMeaning = "未记帐凭证";
   report.compute(session, conditions, computed.grid);
+  auto& notices = computed.grid.notices;
+  std::ranges::move(conditionNotices(report, conditions, session), std::back_inserter(notices));
+  std::ranges::stable_sort(notices, {}, &Notice::weight);
   return computed;
 }
 

@@ -80,10 +80,10 @@ void ReportStatus::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void ReportStatus::ShowRows(std::int64_t rows, const std::vector<std::string>& notices) {
+void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
   SetMessage(rows == 0 ? QStringLiteral("没有记录") : QStringLiteral("共 %1 行").arg(grouped(rows)), false);
   QStringList lines;
-  for (const auto& notice : notices) lines.append(QStringLiteral("※ ") + toQt(notice));
+  for (const auto& notice : notices) lines.append(QStringLiteral("※ ") + toQt(notice.text));
   notices_->setText(lines.join(QLatin1Char('\n')));
   notices_->setVisible(!lines.isEmpty());
 }

@@ -4,8 +4,9 @@
 
 #include <QWidget>
 #include <cstdint>
-#include <string>
 #include <vector>
+
+#include "grid/notice.h"
 
 class QLabel;
 class QProgressBar;
@@ -19,7 +20,7 @@ class ReportStatus : public QWidget {
  public:
   explicit ReportStatus(QWidget* parent);
 
-  void ShowRows(std::int64_t rows, const std::vector<std::string>& notices);
+  void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   // The number cells that are selected.
   void ShowSelection(double sum, qint64 count) const;
   // Instead of the number of rows, until the next report.

@@ -24,19 +24,27 @@ TEST(CsvOutput, WholeReport) {
   addRow(report.grid, {"预借", 12.5, 1234567.125});
   addRow(report.grid, {none, 0.1 + 0.2, -1000.0});
   addRow(report.grid, {"合计", std::nan("")}, RowKind::total);
-  report.grid.notices = {"有1条分录未列示"};
+  report.conditions = {"项目范围: X1 至 X9", "包含未记帐凭证"};
+  report.highlightMeaning = "未记帐凭证";
+  report.grid.SetBackground(1, lightGreen);
+  report.grid.notices = {Notice{"有1条分录未列示", Notice::Weight::incomplete},
+                         Notice{"本年累计自2月起累计。", Notice::Weight::warning}, Notice{"本单只列已两清分录"}};
   EXPECT_EQ(asCsv(report),
             "\xEF\xBB\xBF"
-            "明细帐\r\n"
+            "明细帐（有分录未列示）\r\n"
+            "※ 有1条分录未列示\r\n"
+            "※ 本年累计自2月起累计。\r\n"
             "科目：1133\r\n"
             "\"部门：销售部, 二部\"\r\n"
             "月份: 2006.01 - 2006.02\r\n"
-            ",借方,借方\r\n"
-            "摘要,数量,金额\r\n"
-            "预借,12.5,1234567.125\r\n"
-            ",0.30000000000000004,-1000\r\n"
-            "合计,—,\r\n"
-            "有1条分录未列示\r\n");
+            "项目范围: X1 至 X9\r\n"
+            "包含未记帐凭证\r\n"
+            ",借方,借方,\r\n"
+            "摘要,数量,金额,标记\r\n"
+            "预借,12.5,1234567.125,\r\n"
+            ",0.30000000000000004,-1000,未记帐凭证\r\n"
+            "合计,—,,\r\n"
+            "本单只列已两清分录\r\n");
 }
 
 TEST(CsvOutput, TextsAreQuotedAndNeverFormulas) {

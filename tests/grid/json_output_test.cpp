@@ -18,10 +18,12 @@ TEST(JsonOutput, DetailLedger) {
   ComputedReport report = ledgerReport();
   report.subtitle = "科目：1133\n部门：销售部";
   report.grid.SetRows(6);
-  report.grid.notices = {"有\"1\"条"};
+  report.conditions = {"余额分析", "包含未记帐凭证"};
+  report.grid.notices = {Notice{"有\"1\"条", Notice::Weight::incomplete}, Notice{"完"}};
   EXPECT_EQ(asJson(report), R"(
 {"report": 10190, "window": 518, "title": "三栏式明细帐", "subtitle": "科目：1133\n部门：销售部", "period": "月份: 2006.01 - 2006.02",
  "unit": "", "format": "金额式",
+ "conditions": ["余额分析", "包含未记帐凭证"],
  "columns": [
   {"caption": "日期", "group": "", "width": 70},
   {"caption": "凭证号", "group": "", "width": 60},
@@ -37,7 +39,7 @@ TEST(JsonOutput, DetailLedger) {
   {"cells": [null, null, "本年累计", 1000.0, null, "借", 1250.0], "background": null, "data": 0},
   {"cells": ["2006.02.03", "记-0012", "冲销多借", -30.5, null, "借", 1219.5], "background": null, "data": 0},
   {"cells": ["2006.02.10", "记-0020", "还款", null, 1219.5, "平", null], "background": "#E0FFE0", "data": 1}],
- "notices": ["有\"1\"条"]}
+ "notices": ["有\"1\"条", "完"]}
 )" + 1);
 }
 

@@ -45,10 +45,14 @@ TEST(TextOutput, GroupsBlocksAndTotals) {
   addRow(report.grid, {"购煤", 1200.0, -1.0, "贷", 2.0, 0.3333, 5.0});
   addRow(report.grid, {"小计", 1200.0, -1.0, "贷", 2.0, 0.3333, 5.0}, RowKind::subtotal);
   addRow(report.grid, {"合计", none, 43749.0}, RowKind::total);
-  report.grid.notices = {"有1条分录的凭证日期不在查询月份内，未列示"};
+  report.conditions = {"项目范围: X1 至 X9"};
+  report.grid.notices = {Notice{"有1条分录的凭证日期不在查询月份内，未列示", Notice::Weight::incomplete},
+                         Notice{"本单只列已两清分录"}};
   EXPECT_EQ(asText(report), R"(
-                         明细帐
+                 明细帐（有分录未列示）
+※ 有1条分录的凭证日期不在查询月份内，未列示
 数量单位: 吨
+项目范围: X1 至 X9
 
       ───── 借方 ─────        余额的数量单价和金额等栏目
 摘要   数量       金额  方向  数量    单价          金额
@@ -64,7 +68,7 @@ TEST(TextOutput, GroupsBlocksAndTotals) {
 小计  1,200      -1.00  贷       2  0.3333          5.00
 合计         43,749.00
 
-有1条分录的凭证日期不在查询月份内，未列示
+本单只列已两清分录
 )" + 1);
 }
 
@@ -131,7 +135,7 @@ TEST(TextOutput, AnEndlessSummaryWidensItsOwnRowOnly) {
 TEST(TextOutput, EmptyReport) {
   ComputedReport report = ledgerReport();
   report.grid.SetRows(0);
-  report.grid.notices = {"按筛选条件没有分录"};
+  report.grid.notices = {Notice{"按筛选条件没有分录"}};
   EXPECT_EQ(asText(report), R"(
                三栏式明细帐
 科目：1133 其他应收款
@@ -155,8 +159,9 @@ TEST(TextOutput, Colours) {
   const auto green = addRow(report.grid, {"绿", -2.0});
   report.grid.SetBackground(green, lightGreen);
   addRow(report.grid, {"无"});
+  report.grid.notices = {Notice{"起始月份在终止月份之后。", Notice::Weight::warning}};
   EXPECT_EQ(asText(report, {.colour = true}),
-            "     表\n\n  摘要     额\n"
+            "     表\n\x1b[1;7m※ 起始月份在终止月份之后。\x1b[0m\n\n  摘要     额\n"
             "\x1b[2m  ────  ─────\x1b[0m\n"
             "  红    \x1b[31m-1.00\x1b[39m\n"
             "\x1b[30;48;5;194m* 绿    \x1b[31m-2.00\x1b[30m\x1b[0m\n"

@@ -5,6 +5,7 @@
 
 #include "grid/grid_reports.h"
 #include "grid/platform.h"
+#include "grid/sheet_name.h"
 #include "grid/temporary_folder.h"
 
 namespace tz::test {
@@ -51,7 +52,7 @@ ComputedReport groupedReport() {
   const auto green = addRow(report.grid, {"2006.02.30", "=1+1", none, std::numeric_limits<double>::infinity()});
   report.grid.SetBackground(green, lightGreen);
   addRow(report.grid, {"合计\x01<&>"}, RowKind::total);
-  report.grid.notices = {"有1条分录未列示"};
+  report.grid.notices = {Notice{"有1条分录未列示"}};
   return report;
 }
 
@@ -99,7 +100,31 @@ TEST_F(XlsxOutput, HeaderPageAndWidths) {
   EXPECT_TRUE(holds(cellOf(sheet, "F5"), "单价"));
   EXPECT_TRUE(holds(sheet, "fitToHeight=\"0\""));
   EXPECT_TRUE(holds(sheet, "&amp;C第 &amp;P 页 共 &amp;N 页"));
-  EXPECT_TRUE(holds(partOf(file, "xl/workbook.xml"), "Print_Titles\" localSheetId=\"0\">Sheet1!$4:$5"));
+  EXPECT_TRUE(holds(partOf(file, "xl/workbook.xml"), "Print_Titles\" localSheetId=\"0\">'明细帐'!$4:$5"));
+}
+
+TEST_F(XlsxOutput, WarningsAndConditionsStandAboveTheTable) {
+  ComputedReport report = groupedReport();
+  report.conditions = {"项目范围: X1 至 X9"};
+  report.grid.notices = {Notice{"有1条分录未列示", Notice::Weight::incomplete}};
+  ASSERT_TRUE(CGridToFile(report).CreateFile(file, FileForm::xlsx));
+  const std::string sheet = partOf(file, "xl/worksheets/sheet1.xml");
+  EXPECT_TRUE(holds(cellOf(sheet, "A1"), "<t>明细帐（有分录未列示）"));
+  EXPECT_TRUE(holds(cellOf(sheet, "A2"), "有1条分录未列示"));
+  EXPECT_TRUE(holds(cellOf(sheet, "A5"), "项目范围: X1 至 X9"));
+  EXPECT_TRUE(holds(cellOf(sheet, "A7"), "日期"));
+  EXPECT_TRUE(holds(partOf(file, "xl/styles.xml"), "rgb=\"FFFFF0CC\""));
+}
+
+TEST(SheetName, IsWhatSpreadsheetsTake) {
+  EXPECT_EQ(sheetName("三栏式明细帐", 1), "三栏式明细帐");
+  EXPECT_EQ(sheetName("三栏式明细帐", 3), "三栏式明细帐 3");
+  EXPECT_EQ(sheetName("'[a]:b*c?d/e\\f'", 1), "__a__b_c_d_e_f_");
+  EXPECT_EQ(sheetName("", 1), "报表");
+  EXPECT_EQ(sheetName(std::string(40, 'x'), 1), std::string(31, 'x'));
+  EXPECT_EQ(sheetName(std::string(40, 'x'), 12), std::string(28, 'x') + " 12");
+  EXPECT_EQ(sheetName(std::string(30, 'x') + "𠮷", 1), std::string(30, 'x')) << "that sign counts two";
+  EXPECT_EQ(sheetName(std::string(30, 'x') + "'y", 1), std::string(30, 'x') + "_");
 }
 
 TEST_F(XlsxOutput, GoesOnInFurtherSheetsWithTheHeaderAgain) {
@@ -107,10 +132,11 @@ TEST_F(XlsxOutput, GoesOnInFurtherSheetsWithTheHeaderAgain) {
   report.title = "表";
   report.grid.AddColumn({"号", "", 60, Figure::count});
   for (int row = 0; row < 25; ++row) addRow(report.grid, {static_cast<double>(row)});
-  report.grid.notices = {"完"};
+  report.grid.notices = {Notice{"完"}};
   ASSERT_TRUE(writeXlsx(report, file, {.rowsPerSheet = 12, .progress = {}}));
   const std::string second = partOf(file, "xl/worksheets/sheet2.xml");
   const std::string third = partOf(file, "xl/worksheets/sheet3.xml");
+  EXPECT_TRUE(holds(partOf(file, "xl/workbook.xml"), "<sheet name=\"表 3\""));
   EXPECT_TRUE(holds(cellOf(second, "A2"), "号"));
   EXPECT_TRUE(holds(cellOf(second, "A3"), "<v>10</v>"));
   EXPECT_TRUE(holds(cellOf(second, "A12"), "<v>19</v>"));

@@ -172,6 +172,22 @@ class Computation {
     if (unlisted != 0) {
       answer_.notices.push_back("有" + std::to_string(unlisted) + "条分录的凭证日期不在查询月份内，未列示");
     }
+    addNotices();
+  }
+
+  void addNotices() {
+    bool yearTotals = false;
+    for (const auto& row : answer_.rows) yearTotals = yearTotals || row.cells.at(2) == "本年累计";
+    if (yearTotals && question_.from != 1) {
+      answer_.notices.push_back("本年累计自" + std::to_string(question_.from) + "月起累计。");
+    }
+    if (question_.to < question_.from) answer_.notices.emplace_back("起始月份在终止月份之后。");
+    const auto& first = chosen_.projectFrom;
+    const auto& last = chosen_.projectTo;
+    if (!first.empty() && !last.empty() && last < first) answer_.notices.emplace_back("起始项目在终止项目之后。");
+    if (answer_.format == "外币式") {
+      answer_.notices.emplace_back("外币式沿用七栏表头：借方外币在“贷方”栏，贷方外币在“余额”栏。");
+    }
   }
 
   // The outer groups that end with this block, innermost first.

@@ -1,0 +1,63 @@
+// What a report says above its table, in every form that the command line writes.
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "cli/small_company.h"
+
+namespace tz::test {
+namespace {
+
+class ReportHeadTest : public ::testing::Test {
+ protected:
+  ReportHeadTest() { fillSmallCompany(ledger_.keeper()); }
+  ProgramRun ask(const std::vector<std::string>& more) {
+    auto run = smallReport(ledger_.address(), more);
+    EXPECT_EQ(run.status, 0) << run.err;
+    return run;
+  }
+
+  TestLedger ledger_{Engine::sqlite};
+};
+
+TEST_F(ReportHeadTest, CsvTellsConditionsAndMarksUnpostedLines) {
+  EXPECT_EQ(ask({"--as", "csv"}).out,
+            "\xEF\xBB\xBF"
+            "三栏式明细帐\r\n"
+            "科目：113301 备用金\r\n"
+            "部门：销售部     个人：张三\r\n"
+            "月份: 2006.01 - 2006.01\r\n"
+            "包含未记帐凭证\r\n"
+            "日期,凭证号,摘要,借方,贷方,方向,余额,标记\r\n"
+            ",,个人期初,,,借,500,\r\n"
+            "2006.01.05,记-0001,预借差旅费,1000,,借,1500,\r\n"
+            "2006.01.05,记-0001,报销差旅费,,600,借,900,\r\n"
+            "2006.01.05,记-0002,尚未记帐,50,,借,950,未记帐凭证\r\n"
+            ",,本月合计,1050,600,借,950,\r\n"
+            ",,本年累计,1050,600,借,950,\r\n");
+}
+
+TEST_F(ReportHeadTest, WhatIsLeftOutIsSaidAboveTheTable) {
+  ledger_.keeper().execute("UPDATE RegMain SET dtBill = '2006-02-05'");
+  const std::string left = "有2条分录的凭证日期不在查询月份内，未列示";
+  const auto inJanuary = [&](std::vector<std::string> more) {
+    more.insert(more.end(), {"--from", "1", "--to", "1"});
+    return ask(more).out;
+  };
+  const auto json = nlohmann::json::parse(inJanuary({"--as", "json"}));
+  EXPECT_EQ(json["notices"], nlohmann::json::array({left}));
+  EXPECT_EQ(json["conditions"], nlohmann::json::array({"包含未记帐凭证"}));
+  EXPECT_EQ(json["title"], "三栏式明细帐");
+  const auto csv = inJanuary({"--as", "csv"});
+  EXPECT_TRUE(csv.starts_with("\xEF\xBB\xBF三栏式明细帐（有分录未列示）\r\n※ " + left + "\r\n")) << csv;
+  const auto text = inJanuary({});
+  EXPECT_NE(text.find("三栏式明细帐（有分录未列示）\n※ " + left + "\n"), std::string::npos) << text;
+  EXPECT_EQ(text.find(left), text.rfind(left)) << "once is enough";
+}
+
+TEST_F(ReportHeadTest, ReversedMonthsAreSaid) {
+  const auto text = ask({"--from", "3", "--to", "2"}).out;
+  EXPECT_NE(text.find("\n※ 起始月份在终止月份之后。\n"), std::string::npos) << text;
+}
+
+}  // namespace
+}  // namespace tz::test
