@@ -21,6 +21,12 @@ void CTzGrid::AddColumn(GridColumn column) {
   columns_.push_back(std::move(column));
 }
 
+bool CTzGrid::SetMovement(int column, Movement movement) {
+  if (column < 0 || column >= GetCols()) return false;
+  columns_[static_cast<std::size_t>(column)].movement = movement;
+  return true;
+}
+
 void CTzGrid::SetRows(std::int64_t rows) {
   rows = std::max<std::int64_t>(rows, 0);
   const auto wanted = static_cast<std::size_t>(rows);

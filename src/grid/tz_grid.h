@@ -21,11 +21,25 @@ namespace tz {
 // up to six, counts with none.
 enum class Figure : std::uint8_t { none, amount, quantity, price, rate, count };
 
+// What the figures of voucher lines in a column are, so that sums keep the two sides and each unit apart. Balances,
+// prices and rates do not add up: they are none.
+enum class Movement : std::uint8_t {
+  none,
+  debitAmount,
+  creditAmount,
+  debitQuantity,
+  creditQuantity,
+  debitForeign,
+  creditForeign,
+  repeated,  // the line's amount once more, in the column of its sub-account
+};
+
 struct GridColumn {
   std::string caption;
   std::string group;             // caption above it, shared by neighbours; empty = one level
   int width = 0;                 // pixels at 100 %
   Figure figure = Figure::none;  // none: a text column
+  Movement movement = Movement::none;
 };
 
 // What a row is, so that every output can set totals apart.
@@ -51,6 +65,8 @@ class CTzGrid {
   void Clear();
   // Columns are added before the first row; later ones throw std::logic_error.
   void AddColumn(GridColumn column);
+  // Refused for a column that is not there.
+  bool SetMovement(int column, Movement movement);
   [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
   [[nodiscard]] int GetCols() const { return static_cast<int>(columns_.size()); }
 

@@ -61,6 +61,16 @@ constexpr std::array layouts = {
         .opening = {.direction = 11, .quantity = 12, .unitPrice = 13, .foreign = 14, .exchangeRate = 15, .amount = 16}},
 };
 
+// Refused by the grid for a figure that the format does not show.
+std::array<std::pair<int, Movement>, 6> movementsOf(const AmountLayout& layout) {
+  return {{{layout.debitAmount, Movement::debitAmount},
+           {layout.creditAmount, Movement::creditAmount},
+           {layout.debitQuantity, Movement::debitQuantity},
+           {layout.creditQuantity, Movement::creditQuantity},
+           {layout.debitForeign, Movement::debitForeign},
+           {layout.creditForeign, Movement::creditForeign}}};
+}
+
 void writeFigure(CTzGrid& grid, std::int64_t row, int column, double value) {
   if (column != AmountLayout::none && value != 0) grid.SetNumber(row, column, value);
 }
@@ -102,6 +112,7 @@ void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout, const LedgerCap
   add(captions.direction, textKind);
   add(captions.balance, layout.kind + balanceKinds);
   assert(grid.GetCols() == layout.columns);
+  for (const auto& [column, movement] : movementsOf(layout)) grid.SetMovement(column, movement);
 }
 
 void writeBalance(CTzGrid& grid, std::int64_t row, const AmountLayout::Balance& places, std::string_view direction,

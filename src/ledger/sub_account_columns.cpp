@@ -41,6 +41,7 @@ void SubAccountColumns::addTo(CTzGrid& grid) {
     if (column.account == 0) continue;
     column.column = grid.GetCols();
     CTzGridControl::AddCol(grid, column.code + " " + column.name, width, oneAmount);
+    grid.SetMovement(column.column, Movement::repeated);
   }
 }
 

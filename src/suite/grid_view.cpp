@@ -1,8 +1,6 @@
 #include "suite/grid_view.h"
 
 #include <QAccessible>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -32,8 +30,14 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new G
   });
 }
 
+void GridView::SetReport(ComputedReport* report) {
+  SetGrid(report == nullptr ? nullptr : &report->grid);
+  report_ = report;
+}
+
 void GridView::SetGrid(CTzGrid* grid) {
   grid_ = grid;
+  report_ = nullptr;
   current_ = anchor_ = {};
   if (grid != nullptr) current_ = anchor_ = {grid->GetCurrentRow(), grid->GetCurrentCol()};
   Refresh();
@@ -149,7 +153,7 @@ void GridView::ShowCell(GridCell cell) {
 }
 
 void GridView::SumUp() {
-  sum_ = RangeSum(Selection());
+  sum_ = grid_ == nullptr ? RangeSum() : RangeSum(*grid_, Selection());
   summing_.start(0, this);
 }
 
@@ -164,17 +168,12 @@ void GridView::timerEvent(QTimerEvent* event) {
   if (event->timerId() == summing_.timerId()) {
     if (grid_ != nullptr && !sum_.Add(*grid_, sumSlice)) return;
     summing_.stop();
-    emit selectionSummaryChanged(sum_.Sum(), sum_.Count());
+    emit selectionSummaryChanged(sum_.Sums());
   } else if (event->timerId() == dragging_.timerId()) {
     MoveTo(CellAt(pointer_), true);
   } else {
     QAbstractScrollArea::timerEvent(event);
   }
-}
-
-void GridView::Copy() const {
-  if (grid_ == nullptr || Selection().empty()) return;
-  QGuiApplication::clipboard()->setText(QString::fromStdString(copyText(*grid_, Selection())));
 }
 
 GridCell GridView::CellFor(const QKeyEvent& event) const {
@@ -215,16 +214,22 @@ GridCell GridView::CellFor(const QKeyEvent& event) const {
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
-  if (Empty()) {
+  const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+  const auto controlAndShift = Qt::ControlModifier | Qt::ShiftModifier;
+  if (event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && shift)) {
+    OpenMenuAtCurrent();
+  } else if (Empty()) {
     event->ignore();
   } else if (event->matches(QKeySequence::Copy)) {
     Copy();
+  } else if (event->key() == Qt::Key_C && event->modifiers() == controlAndShift) {
+    CopyWithHeadings();
   } else if (event->matches(QKeySequence::SelectAll)) {
     SelectAll();
   } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current_.valid()) {
     emit activated(current_.row, current_.column);
   } else if (const GridCell cell = CellFor(*event); cell.valid()) {
-    MoveTo(cell, event->modifiers().testFlag(Qt::ShiftModifier));
+    MoveTo(cell, shift);
   } else {
     event->ignore();
   }

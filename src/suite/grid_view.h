@@ -1,5 +1,6 @@
 // Shows a CTzGrid: a head of one or two levels and rows of one height, of which only the visible ones are ever painted,
-// so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh.
+// so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh. Its
+// context menu ends with the actions that were added to it as to any widget.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -20,6 +21,8 @@ class GridView : public QAbstractScrollArea {
 
   // Null shows nothing. Starts at the top, on the grid's current cell if it has one.
   void SetGrid(CTzGrid* grid);
+  // A report whose grid is shown, so that its table can be copied with what stands above it.
+  void SetReport(ComputedReport* report);
   // Rows and columns are measured anew; the current cell stays where it still exists.
   void Refresh();
   // Zero figures are left out; totals keep theirs.
@@ -34,8 +37,9 @@ class GridView : public QAbstractScrollArea {
   void SelectAll();
   // From one corner to the other, which becomes current; false outside the grid.
   bool SelectRange(GridCell anchor, GridCell current);
-  // Puts the selected cells on the clipboard.
+  // Puts the selected cells on the clipboard; with headings, under what stands above the report's table.
   void Copy() const;
+  void CopyWithHeadings() const;
 
   // In pixels of the viewport.
   [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
@@ -49,7 +53,7 @@ class GridView : public QAbstractScrollArea {
 
  signals:
   void currentChanged(qint64 row, int column);
-  void selectionSummaryChanged(double sum, qint64 count);
+  void selectionSummaryChanged(const tz::LineSums& sums);
   // Enter or a double click on a row.
   void activated(qint64 row, int column);
 
@@ -63,6 +67,7 @@ class GridView : public QAbstractScrollArea {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 
@@ -77,12 +82,16 @@ class GridView : public QAbstractScrollArea {
   void LayOut();
   void SumUp();
   void TellCurrent();
+  // Copying and selecting, then the view's own actions.
+  void OpenMenu(QPoint global);
+  void OpenMenuAtCurrent();
 
   void PaintNothing(QPainter& painter) const;
   void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
   void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;
 
   CTzGrid* grid_ = nullptr;
+  const ComputedReport* report_ = nullptr;
   GridViewColumns columns_;
   GridViewHeader* header_;
   int rowHeight_ = 24;

@@ -7,6 +7,7 @@
 #include <QProgressBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <array>
 
 #include "grid/column_adder.h"
 #include "suite/qt_text.h"
@@ -21,6 +22,33 @@ constexpr int progressHeight = 6;
 QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
 }  // namespace
+
+QString selectionText(const LineSums& sums) {
+  struct Kind {
+    Movement movement;
+    const char* caption;
+    Figure figure;
+  };
+  static constexpr std::array kinds = {
+      Kind{Movement::debitAmount, "借方", Figure::amount},
+      Kind{Movement::creditAmount, "贷方", Figure::amount},
+      Kind{Movement::debitQuantity, "借方数量", Figure::quantity},
+      Kind{Movement::creditQuantity, "贷方数量", Figure::quantity},
+      Kind{Movement::debitForeign, "借方外币", Figure::amount},
+      Kind{Movement::creditForeign, "贷方外币", Figure::amount},
+  };
+  if (sums.rows == 0) return {};
+  QStringList parts;
+  for (const auto& [movement, caption, figure] : kinds) {
+    const auto& [sum, count] = sums.of(movement);
+    if (count == 0) continue;
+    parts.append(QStringLiteral("%1 %2 笔，合计 %3，平均 %4")
+                     .arg(QString::fromUtf8(caption), grouped(count), toQt(figureText(sum, figure)),
+                          toQt(figureText(sum / static_cast<double>(count), figure))));
+  }
+  const QString lines = QStringLiteral("已选 %1 条分录").arg(grouped(sums.lines));
+  return parts.isEmpty() ? lines : lines + QStringLiteral("：") + parts.join(QStringLiteral("；"));
+}
 
 ReportStatus::ReportStatus(QWidget* parent)
     : QWidget(parent),
@@ -88,10 +116,9 @@ void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notice
   notices_->setVisible(!lines.isEmpty());
 }
 
-void ReportStatus::ShowSelection(double sum, qint64 count) const {
-  selection_->setText(
-      count == 0 ? QString()
-                 : QStringLiteral("计数 %1　合计 %2").arg(grouped(count), toQt(figureText(sum, Figure::amount))));
+void ReportStatus::ShowSelection(const LineSums& sums) const {
+  selection_->setText(selectionText(sums));
+  selection_->setToolTip(QStringLiteral("只加分录：期初、合计行和余额、单价、汇率不计入。"));
 }
 
 void ReportStatus::BeginWork(const QString& text) {

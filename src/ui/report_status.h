@@ -7,12 +7,16 @@
 #include <vector>
 
 #include "grid/notice.h"
+#include "suite/grid_view_selection.h"
 
 class QLabel;
 class QProgressBar;
 class QToolButton;
 
 namespace tz {
+
+// "已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00"; a side without figures is not named.
+[[nodiscard]] QString selectionText(const LineSums& sums);
 
 class ReportStatus : public QWidget {
   Q_OBJECT
@@ -21,8 +25,8 @@ class ReportStatus : public QWidget {
   explicit ReportStatus(QWidget* parent);
 
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
-  // The number cells that are selected.
-  void ShowSelection(double sum, qint64 count) const;
+  // Which lines are selected.
+  void ShowSelection(const LineSums& sums) const;
   // Instead of the number of rows, until the next report.
   void ShowMessage(const QString& text) { SetMessage(text, false); }
   void ShowFailure(const QString& text) { SetMessage(text, true); }

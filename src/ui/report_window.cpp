@@ -238,7 +238,7 @@ void ReportWindow::Show(ShownReport shown) {
   heading_->SetUnits(conditions.amounts, shown_->report.format);
   heading_->SetOthers(shownConditions(*definition_.dialog, conditions));
   view_->SetEmptyText(QStringLiteral("没有记录"));
-  view_->SetGrid(&shown_->report.grid);
+  view_->SetReport(&shown_->report);
   status_->ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   update();
 }

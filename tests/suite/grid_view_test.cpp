@@ -3,6 +3,8 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -18,8 +20,13 @@ namespace {
 CTzGrid smallLedger() {
   CTzGrid grid;
   grid.AddColumn({.caption = "日期", .width = 100});
-  grid.AddColumn({.caption = "数量", .group = "借方", .width = 100, .figure = Figure::quantity});
-  grid.AddColumn({.caption = "金额", .group = "借方", .width = 100, .figure = Figure::amount});
+  grid.AddColumn({.caption = "数量",
+                  .group = "借方",
+                  .width = 100,
+                  .figure = Figure::quantity,
+                  .movement = Movement::debitQuantity});
+  grid.AddColumn(
+      {.caption = "金额", .group = "借方", .width = 100, .figure = Figure::amount, .movement = Movement::debitAmount});
   grid.AddColumn({.caption = "方向", .width = 60});
   grid.SetRows(3);
   grid.SetText(0, 0, "2006-03-01");
@@ -38,7 +45,7 @@ CTzGrid smallLedger() {
 CTzGrid longLedger(std::int64_t rows) {
   CTzGrid grid;
   grid.AddColumn({.caption = "摘要", .width = 200});
-  grid.AddColumn({.caption = "金额", .width = 100, .figure = Figure::amount});
+  grid.AddColumn({.caption = "金额", .width = 100, .figure = Figure::amount, .movement = Movement::debitAmount});
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) grid.SetNumber(row, 1, 1);
   return grid;
@@ -248,14 +255,74 @@ TEST_F(GridViewTest, CopiesCellsAsASpreadsheetTakesThem) {
             "合计\t\t1234547.50\t");
 }
 
-TEST_F(GridViewTest, SumsTheFiguresOfTheSelection) {
+LineSums lastOf(const QSignalSpy& summed) { return summed.last().at(0).value<LineSums>(); }
+
+TEST_F(GridViewTest, SumsTheLinesOfTheSelectionByKind) {
   Show(smallLedger());
   QSignalSpy summed(&view_, &GridView::selectionSummaryChanged);
-  view_.SetCurrent(0, 1);
-  Press(Qt::Key_Down, Qt::ShiftModifier);
-  Press(Qt::Key_Right, Qt::ShiftModifier);
+  view_.SelectAll();
   ASSERT_TRUE(summed.wait());
-  EXPECT_EQ(summed.last(), (QVariantList{1234550.5, qint64{3}}));
+  const LineSums sums = lastOf(summed);
+  EXPECT_EQ(sums.rows, 3);
+  EXPECT_EQ(sums.lines, 2) << "the total is no line";
+  EXPECT_EQ(sums.of(Movement::debitAmount), (LineSums::Figures{1234547.5, 2}));
+  EXPECT_EQ(sums.of(Movement::debitQuantity), (LineSums::Figures{3, 1}));
+  EXPECT_EQ(sums.of(Movement::creditAmount), LineSums::Figures{});
+}
+
+// 借方 | 贷方 | 余额 | two sub-accounts, in which amounts stand once more.
+TEST_F(GridViewTest, AmountsThatStandTwiceCountOnceAndBalancesNever) {
+  CTzGrid grid;
+  for (const Movement movement :
+       {Movement::debitAmount, Movement::creditAmount, Movement::none, Movement::repeated, Movement::repeated}) {
+    grid.AddColumn({.caption = "额", .width = 80, .figure = Figure::amount, .movement = movement});
+  }
+  grid.SetRows(2);
+  for (const int column : {0, 2, 3}) grid.SetNumber(0, column, 7);
+  for (const int column : {1, 2, 4}) grid.SetNumber(1, column, 5);
+  Show(std::move(grid));
+  QSignalSpy summed(&view_, &GridView::selectionSummaryChanged);
+  for (const auto& [left, right] : {std::pair{0, 4}, {3, 4}, {0, 1}}) {
+    view_.SelectRange({0, left}, {1, right});
+    ASSERT_TRUE(summed.wait());
+    EXPECT_EQ(lastOf(summed).of(Movement::debitAmount), (LineSums::Figures{7, 1})) << left;
+    EXPECT_EQ(lastOf(summed).of(Movement::creditAmount), (LineSums::Figures{5, 1})) << left;
+  }
+  view_.SelectRange({0, 2}, {1, 2});
+  ASSERT_TRUE(summed.wait());
+  EXPECT_EQ(lastOf(summed).lines, 2);
+  EXPECT_EQ(lastOf(summed).figures, LineSums{}.figures);
+}
+
+TEST_F(GridViewTest, TheMenuOpensByMouseAndKeysAndCopies) {
+  Show(smallLedger());
+  QAction own(QStringLiteral("输出"), &view_);
+  view_.addAction(&own);
+  const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+  view_.SetCurrent(0, 0);
+  Press(Qt::Key_Menu);
+  ASSERT_NE(menu(), nullptr);
+  EXPECT_EQ(menu()->actions().back(), &own);
+  QTest::keyClick(menu(), Qt::Key_A);
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 0, 3}));
+  Press(Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(menu(), nullptr);
+  QTest::keyClick(menu(), Qt::Key_C);
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("2006-03-01\t3"))) << "all of it";
+
+  // A right click takes the cell below it, but keeps a selection that it belongs to.
+  const auto rightClick = [&](std::int64_t row, int column) {
+    const QPoint place = view_.CellRect(row, column).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, view_.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view_.viewport(), &event);
+    ASSERT_NE(menu(), nullptr);
+    QTest::keyClick(menu(), Qt::Key_Escape);
+  };
+  rightClick(1, 2);
+  EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 0, 3}));
+  view_.SetCurrent(0, 0);
+  rightClick(1, 2);
+  EXPECT_EQ(view_.Selection(), (GridRange{1, 1, 2, 2}));
 }
 
 TEST_F(GridViewTest, AMillionRowsScrollSelectAndSum) {
@@ -267,8 +334,8 @@ TEST_F(GridViewTest, AMillionRowsScrollSelectAndSum) {
   view_.SelectAll();
   EXPECT_EQ(view_.Selection(), (GridRange{0, 999'999, 0, 1}));
   EXPECT_EQ(ColourIn(999'998, 0), currentTheme().selection);
-  for (int turn = 0; turn < 20 && (summed.isEmpty() || summed.last().at(1) != 1'000'000); ++turn) summed.wait(500);
-  EXPECT_EQ(summed.last(), (QVariantList{1e6, qint64{1'000'000}}));
+  for (int turn = 0; turn < 20 && (summed.isEmpty() || lastOf(summed).lines != 1'000'000); ++turn) summed.wait(500);
+  EXPECT_EQ(lastOf(summed).of(Movement::debitAmount), (LineSums::Figures{1e6, 1'000'000}));
 }
 
 TEST_F(GridViewTest, KeepsItsPlaceWhenTheGridIsFilledAnew) {

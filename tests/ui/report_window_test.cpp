@@ -156,8 +156,40 @@ TEST_F(ReportWindowTest, CopiesAndSumsTheSelection) {
   QTest::keyClick(&window.Grid(), Qt::Key_Down, Qt::ShiftModifier);
   QTest::keyClick(&window.Grid(), Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(fromQt(QApplication::clipboard()->text().trimmed()), "借款\t1000.00\n本月合计\t1000.00");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return labelled("selection") == "计数 2　合计 2,000.00"; }))
+  const auto told = [this](const char* text) { return QTest::qWaitFor([&] { return labelled("selection") == text; }); };
+  EXPECT_TRUE(told("已选 1 条分录：借方 1 笔，合计 1,000.00，平均 1,000.00")) << labelled("selection");
+  QTest::keyClick(&window.Grid(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(told("已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00；贷方 1 笔，合计 300.50，平均 300.50"))
       << labelled("selection");
+}
+
+TEST_F(ReportWindowTest, QuantitiesAndForeignAmountsSumApart) {
+  ledger_.ledger().keeper().execute("UPDATE RegSub SET lCodeId = 3, dAmount = 2, mForeign = 140, dFrat = 7");
+  ReportWindow& window = open(ReportLedger::zhangSan("122105"));
+  QTest::keyClick(&window.Grid(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !labelled("selection").empty(); }));
+  EXPECT_EQ(labelled("selection"),
+            "已选 2 条分录：借方 1 笔，合计 1,000.00，平均 1,000.00；贷方 1 笔，合计 300.50，平均 300.50；"
+            "借方数量 1 笔，合计 2，平均 2；贷方数量 1 笔，合计 2，平均 2；"
+            "借方外币 1 笔，合计 140.00，平均 140.00；贷方外币 1 笔，合计 140.00，平均 140.00");
+  // The seven columns of this format hold foreign amounts under other captions.
+  choose(2201, "外币式");
+  QTest::keyClick(&window.Grid(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return labelled("selection").find("数量") == std::string::npos; }));
+  EXPECT_EQ(labelled("selection"),
+            "已选 2 条分录：借方外币 1 笔，合计 140.00，平均 140.00；贷方外币 1 笔，合计 140.00，平均 140.00");
+}
+
+TEST_F(ReportWindowTest, CopiesWithHeadingsConditionsAndMarks) {
+  Request request = ReportLedger::zhangSan();
+  request.set(ParameterKey::from, "2");
+  ReportWindow& window = open(request);
+  window.Grid().SetCurrent(3, 2);
+  QTest::keyClick(&window.Grid(), Qt::Key_Right, Qt::ShiftModifier);
+  QTest::keyClick(&window.Grid(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(fromQt(QApplication::clipboard()->text()),
+            "三栏式明细帐\n※ 本年累计自2月起累计。\n科目：122101 职工借款\n部门：销售部     个人：张三\n"
+            "月份: 2006.02 - 2006.03\n包含未记帐凭证\n摘要\t借方\t标记\n未记帐\t20.00\t未记帐凭证\n");
 }
 
 TEST_F(ReportWindowTest, UnpostedRowsAreGreenInBothThemes) {
