@@ -129,6 +129,8 @@ void Desktop::Welcome(ReportWindow* window) {
   const QSize size = settings_.WindowSize(command);
   if (size.isValid()) window->resize(size);
   addWindowList(*window, launcher_);
+  window->KeepFolder({.last = [this] { return settings_.ExportFolder(); },
+                      .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
   window->Grid().ColumnWidths().SetDrawn(settings_.ColumnWidths(command));
   connect(window, &ReportWindow::closed, this, [this, window, command] {
     settings_.SetColumnWidths(command, window->Grid().ColumnWidths().Drawn());

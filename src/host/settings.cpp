@@ -9,6 +9,7 @@ namespace {
 constexpr qsizetype mostRecent = 10;
 const auto recentKey = QStringLiteral("recent");
 const auto themeKey = QStringLiteral("theme");
+const auto exportFolderKey = QStringLiteral("exportFolder");
 const auto operatorKey = QStringLiteral("operator");
 
 QString sizeKey(int command) { return QStringLiteral("window/%1").arg(command); }
@@ -47,6 +48,9 @@ void HostSettings::SetTheme(ThemeChoice choice) {
 
 QString HostSettings::LastOperator() const { return settings_.value(operatorKey).toString(); }
 void HostSettings::SetLastOperator(const QString& name) { settings_.setValue(operatorKey, name); }
+
+QString HostSettings::ExportFolder() const { return settings_.value(exportFolderKey).toString(); }
+void HostSettings::SetExportFolder(const QString& folder) { settings_.setValue(exportFolderKey, folder); }
 
 QSize HostSettings::WindowSize(int command) const { return settings_.value(sizeKey(command)).toSize(); }
 void HostSettings::SetWindowSize(int command, QSize size) { settings_.setValue(sizeKey(command), size); }

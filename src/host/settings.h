@@ -27,6 +27,10 @@ class HostSettings {
   [[nodiscard]] QString LastOperator() const;
   void SetLastOperator(const QString& name);
 
+  // Where the last export went; empty before the first one.
+  [[nodiscard]] QString ExportFolder() const;
+  void SetExportFolder(const QString& folder);
+
   // The size that a report's window had when it was last closed; empty when it never was.
   [[nodiscard]] QSize WindowSize(int command) const;
   void SetWindowSize(int command, QSize size);

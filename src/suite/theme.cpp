@@ -31,6 +31,8 @@ const Theme& lightTheme() {
       .edge = QColor(0xB4C2CC),
       .strongRule = QColor(0x7F919D),
       .negative = QColor(0xB3261E),
+      .warning = QColor(0x7A3E00),
+      .warningGround = QColor(0xFFF0CC),
       .selection = QColor(0xCDE6F0),
   };
   return theme;
@@ -59,6 +61,8 @@ const Theme& darkTheme() {
       .edge = QColor(0x475A66),
       .strongRule = QColor(0x8295A1),
       .negative = QColor(0xFF8F86),
+      .warning = QColor(0xFFC978),
+      .warningGround = QColor(0x3A2B10),
       .selection = QColor(0x1E465C),
   };
   return theme;

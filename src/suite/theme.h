@@ -32,7 +32,9 @@ struct Theme {
   QColor edge;        // of buttons and fields
   QColor strongRule;  // lines above totals
   QColor negative;    // red entries
-  QColor selection;   // selected cells, under their text
+  QColor warning;     // what must not be missed, and the ground below it
+  QColor warningGround;
+  QColor selection;  // selected cells, under their text
 };
 
 [[nodiscard]] const Theme& currentTheme();

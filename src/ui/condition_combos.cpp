@@ -56,6 +56,10 @@ ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent) : QW
   row->addStretch(1);
 }
 
+bool ConditionCombos::HasCombo(ControlSpec::Kind kind) {
+  return std::ranges::find(windowCombos, kind, &WindowCombo::kind) != windowCombos.end();
+}
+
 void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   auto* row = static_cast<QHBoxLayout*>(layout());
   const int labelId = labelIds.at(std::min(members_.size(), labelIds.size() - 1));

@@ -18,6 +18,9 @@ class ConditionCombos : public QWidget {
  public:
   ConditionCombos(const DialogSpec& dialog, QWidget* parent);
 
+  // Whether a condition of this kind has a combo.
+  [[nodiscard]] static bool HasCombo(ControlSpec::Kind kind);
+
   // Fills the lists that depend on nothing else. False when the report needs an account and none qualifies.
   bool Fill(const CQnCwDB& db);
   // Selects what the request names, in each list the first entry when there is no such one. Of a name left out nothing

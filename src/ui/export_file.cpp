@@ -1,13 +1,16 @@
 #include "ui/export_file.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <algorithm>
 #include <array>
 
 #include "grid/platform.h"
 #include "reports/output_guard.h"
 #include "suite/globals.h"
+#include "suite/message_box.h"
 #include "suite/qt_text.h"
 #include "ui/long_work.h"
 
@@ -25,25 +28,65 @@ constexpr std::array choices = {
     Choice{"CSV，GB18030 (*.csv)", "csv", FileForm::csvGb18030},
 };
 
+QString startFolder(const ExportFolder& folder) {
+  const QString last = folder.last ? folder.last() : QString();
+  if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+const Choice* choiceOfEnding(const QString& path) {
+  const QString ending = QFileInfo(path).suffix().toLower();
+  const auto* const found =
+      std::ranges::find_if(choices, [&](const Choice& choice) { return ending == QLatin1String(choice.ending); });
+  return found == choices.end() ? nullptr : found;
+}
+
+// The name follows the kind of file that is chosen.
+void followFilter(QFileDialog& dialog, const Choice& choice) {
+  dialog.setDefaultSuffix(QLatin1String(choice.ending));
+  const QStringList selected = dialog.selectedFiles();
+  if (selected.isEmpty() || choiceOfEnding(selected.front()) == nullptr) return;
+  const QFileInfo file(selected.front());
+  dialog.selectFile(file.completeBaseName() + QLatin1Char('.') + QLatin1String(choice.ending));
+}
+
+const Choice& chosen(const QStringList& filters, const QString& filter) {
+  return choices.at(static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter))));
+}
+
+// The dialog has asked about the name as it was typed, not about one that got its ending here.
+bool mayReplace(QWidget* parent, const QString& path) {
+  if (!QFileInfo::exists(path)) return true;
+  return AfxMessageBox(parent, fromQt(QStringLiteral("“%1”已经存在，要替换它吗？").arg(path)), {}, MessageIcon::warning,
+                       MessageButtons::yesNo);
+}
+
 }  // namespace
 
-std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report) {
+std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report, const ExportFolder& folder) {
   QStringList filters;
   for (const Choice& choice : choices) filters.append(QString::fromUtf8(choice.filter));
-  QString filter = filters.front();
-  QString path =
-      QFileDialog::getSaveFileName(parent, QStringLiteral("输出到文件"), toQt(report.title) + QStringLiteral(".xlsx"),
-                                   filters.join(QStringLiteral(";;")), &filter);
-  if (path.isEmpty()) return std::nullopt;
-  const Choice* choice = &choices.at(static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(filter))));
-  const QString ending = QFileInfo(path).suffix().toLower();
-  if (ending.isEmpty()) path += QLatin1Char('.') + QLatin1String(choice->ending);
+  QFileDialog dialog(parent, QStringLiteral("输出到文件"), startFolder(folder));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(QLatin1String(choices.front().ending));
+  dialog.selectFile(toQt(report.fileName.empty() ? report.title : report.fileName) + QStringLiteral(".xlsx"));
+  QObject::connect(&dialog, &QFileDialog::filterSelected,
+                   [&](const QString& filter) { followFilter(dialog, chosen(filters, filter)); });
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  QString path = dialog.selectedFiles().front();
+  const Choice* choice = &chosen(filters, dialog.selectedNameFilter());
   // A name that ends as another kind does is of that kind.
-  if (ending != QLatin1String(choice->ending)) {
-    const auto* const named =
-        std::ranges::find_if(choices, [&](const Choice& one) { return ending == QLatin1String(one.ending); });
-    if (named != choices.end()) choice = named;
+  const Choice* named = choiceOfEnding(path);
+  if (named == nullptr) {
+    path += QLatin1Char('.') + QLatin1String(choice->ending);
+    if (!mayReplace(parent, path)) return std::nullopt;
+  } else if (QLatin1String(named->ending) != QLatin1String(choice->ending)) {
+    choice = named;
   }
+  if (folder.keep) folder.keep(QFileInfo(path).absolutePath());
   return ExportTarget{path, choice->form};
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <optional>
 
 #include "grid/grid_to_file.h"
@@ -17,8 +18,16 @@ struct ExportTarget {
   FileForm form = FileForm::xlsx;
 };
 
-// Nothing when the person gave up.
-[[nodiscard]] std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report);
+// The folder of the last export, which the host keeps; without functions exports begin among the person's documents.
+struct ExportFolder {
+  std::function<QString()> last;
+  std::function<void(const QString& folder)> keep;
+};
+
+// Asks under the proposed name in the last folder, and keeps the folder that was chosen. Nothing when the person gave
+// up.
+[[nodiscard]] std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report,
+                                                          const ExportFolder& folder = {});
 // False when the work was stopped: nothing was written. Throws OutputError.
 [[nodiscard]] bool writeExport(const ComputedReport& report, const ExportTarget& target, LongWork& work);
 

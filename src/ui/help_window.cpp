@@ -54,7 +54,11 @@ QString page(const ReportDefinition& report) {
              "<h3>工具栏</h3><table>%6</table>"
              "<h3>表格</h3><ul>"
              "<li>浅绿色的行来自未记帐凭证，红色数字为红字。</li>"
-             "<li>Ctrl+C 复制选中的单元格，Ctrl+A 全选；状态栏显示选中数字的个数与合计。</li>"
+             "<li>Ctrl+C 复制选中的单元格，Ctrl+Shift+C 连同标题、条件和栏目名复制，Ctrl+A 全选；右键、菜单键或 "
+             "Shift+F10 打开菜单。</li>"
+             "<li>状态栏显示选中的分录，借方和贷方分别计数、合计、平均；期初、合计行和余额、单价、汇率不计入。</li>"
+             "<li>表格上方的警示说明哪些分录未列示、哪些数字另有所指，输出和复制时写在表的上面。</li>"
+             "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。CSV 的“标记”栏写明未记帐凭证。</li>"
              "<li>表格上方可直接改换条件与金额格式。</li>"
              "<li>计算时间较长时按 Esc 停止，原有内容不变。</li></ul>")
       .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report), rules(report),

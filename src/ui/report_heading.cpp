@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "reports/condition_texts.h"
 #include "suite/qt_text.h"
 #include "ui/condition_combos.h"
 #include "ui/painted_static.h"
@@ -26,6 +27,7 @@ PaintedStatic* label(int id, QWidget* parent) { return new PaintedStatic(id, Pai
 
 ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
     : QWidget(parent),
+      report_(report),
       period_(label(periodId, this)),
       currency_(label(currencyId, this)),
       unit_(label(unitId, this)),
@@ -74,8 +76,13 @@ void ReportHeading::SetPeriod(const std::string& text) {
   period_->setVisible(!text.empty());
 }
 
-void ReportHeading::SetOthers(const std::string& text) {
-  others_->setText(toQt(text));
+void ReportHeading::SetOthers(const tz::Conditions& conditions) {
+  QStringList texts;
+  for (const auto& control : report_.dialog->controls) {
+    const auto text = ConditionCombos::HasCombo(control.kind) ? "" : conditionText(control, conditions);
+    if (!text.empty()) texts.append(toQt(text));
+  }
+  others_->setText(texts.join(QStringLiteral("    ")));
   others_->setToolTip(others_->text());
 }
 

@@ -24,8 +24,8 @@ class ReportHeading : public QWidget {
   // The formats to choose from and the one that is shown.
   void SetFormats(const std::vector<std::string>& formats, const std::string& shown);
   void SetPeriod(const std::string& text);
-  // Conditions without a combo of their own, as one line.
-  void SetOthers(const std::string& text);
+  // Shows the conditions that have no combo of their own, as one line.
+  void SetOthers(const tz::Conditions& conditions);
   // Quantity unit and currency, each shown when the format has figures of that kind.
   void SetUnits(const AccountAmounts& amounts, const std::string& format);
 
@@ -36,6 +36,7 @@ class ReportHeading : public QWidget {
  private:
   void OnFormatChosen();
 
+  const ReportDefinition& report_;
   PaintedStatic* period_;
   PaintedStatic* currency_;
   PaintedStatic* unit_;

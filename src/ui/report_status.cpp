@@ -1,15 +1,19 @@
 #include "ui/report_status.h"
 
+#include <QDesktopServices>
 #include <QEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <array>
 
 #include "grid/column_adder.h"
+#include "suite/announce.h"
+#include "suite/elided_label.h"
 #include "suite/qt_text.h"
 #include "suite/theme.h"
 
@@ -18,6 +22,7 @@ namespace {
 
 constexpr int progressWidth = 140;
 constexpr int progressHeight = 6;
+constexpr int narrowestMessage = 110;
 
 QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
@@ -52,55 +57,84 @@ QString selectionText(const LineSums& sums) {
 
 ReportStatus::ReportStatus(QWidget* parent)
     : QWidget(parent),
-      notices_(new QLabel(this)),
-      message_(new QLabel(this)),
-      selection_(new QLabel(this)),
+      remarks_(new QLabel(this)),
+      message_(new ElidedLabel(this)),
+      openFile_(new QToolButton(this)),
+      openFolder_(new QToolButton(this)),
+      selection_(new ElidedLabel(this)),
       progress_(new QProgressBar(this)),
       stop_(new QToolButton(this)) {
-  notices_->setObjectName(QStringLiteral("notices"));
-  notices_->setWordWrap(true);
-  notices_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  notices_->hide();
+  remarks_->setObjectName(QStringLiteral("remarks"));
+  remarks_->setTextFormat(Qt::PlainText);
+  remarks_->setWordWrap(true);
+  remarks_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  remarks_->hide();
   message_->setObjectName(QStringLiteral("status"));
-  message_->setTextFormat(Qt::PlainText);
-  // A long failure is cut by the window's width, not the other way round; the tip holds it whole.
+  message_->setMinimumWidth(narrowestMessage);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   selection_->setObjectName(QStringLiteral("selection"));
   progress_->setFixedSize(progressWidth, progressHeight);
   progress_->setTextVisible(false);
   progress_->setAccessibleName(QStringLiteral("进度"));
-  stop_->setText(QStringLiteral("停止 (Esc)"));
-  stop_->setObjectName(QStringLiteral("stop"));
-  stop_->setAutoRaise(true);
+  const auto name = [](QToolButton* button, const char* id, const QString& text) {
+    button->setObjectName(QString::fromLatin1(id));
+    button->setText(text);
+    button->setAutoRaise(true);
+  };
+  name(stop_, "stop", QStringLiteral("停止 (Esc)"));
+  name(openFile_, "openFile", QStringLiteral("打开文件(&O)"));
+  name(openFolder_, "openFolder", QStringLiteral("打开文件夹(&D)"));
   connect(stop_, &QToolButton::clicked, this, &ReportStatus::stopClicked);
+  connect(openFile_, &QToolButton::clicked, this, [this] { Open(exported_); });
+  connect(openFolder_, &QToolButton::clicked, this, [this] { Open(QFileInfo(exported_).absolutePath()); });
 
   auto* line = new QHBoxLayout;
   line->setSpacing(12);
   line->addWidget(message_, 1);
-  line->addWidget(progress_);
-  line->addWidget(stop_);
-  line->addWidget(selection_);
+  for (QWidget* part : std::initializer_list<QWidget*>{openFile_, openFolder_, progress_, stop_, selection_}) {
+    line->addWidget(part);
+  }
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(4, 0, 4, 0);
   layout->setSpacing(4);
-  layout->addWidget(notices_);
+  layout->addWidget(remarks_);
   layout->addLayout(line);
+  SetMessage({}, false);
   EndWork();
 }
 
 QWidget* ReportStatus::StopButton() const { return stop_; }
 
 void ReportStatus::SetMessage(const QString& text, bool failure) {
-  message_->setText(text);
-  message_->setToolTip(text);
+  message_->SetShown(text);
   failure_ = failure;
+  openFile_->hide();
+  openFolder_->hide();
   PaintMessage();
+  if (failure) announce(message_);
+}
+
+void ReportStatus::ShowExported(const QString& path) {
+  exported_ = QFileInfo(path).absoluteFilePath();
+  SetMessage(QStringLiteral("已输出到 ") + path, false);
+  openFile_->show();
+  openFolder_->show();
+  announce(message_);
+}
+
+void ReportStatus::Open(const QString& path) {
+  if (QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
+  ShowFailure(QStringLiteral("打不开“%1”：文件已不在，或没有能打开它的程序").arg(path));
 }
 
 void ReportStatus::PaintMessage() {
   QPalette palette;
   palette.setColor(QPalette::WindowText, failure_ ? currentTheme().negative : currentTheme().mutedText);
   message_->setPalette(palette);
+  QPalette link;
+  link.setColor(QPalette::ButtonText, currentTheme().accent);
+  openFile_->setPalette(link);
+  openFolder_->setPalette(link);
 }
 
 void ReportStatus::changeEvent(QEvent* event) {
@@ -111,14 +145,17 @@ void ReportStatus::changeEvent(QEvent* event) {
 void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
   SetMessage(rows == 0 ? QStringLiteral("没有记录") : QStringLiteral("共 %1 行").arg(grouped(rows)), false);
   QStringList lines;
-  for (const auto& notice : notices) lines.append(QStringLiteral("※ ") + toQt(notice.text));
-  notices_->setText(lines.join(QLatin1Char('\n')));
-  notices_->setVisible(!lines.isEmpty());
+  for (const Notice& notice : notices) {
+    if (!notice.warns()) lines.append(QStringLiteral("※ ") + toQt(notice.text));
+  }
+  remarks_->setText(lines.join(QLatin1Char('\n')));
+  remarks_->setVisible(!lines.isEmpty());
 }
 
 void ReportStatus::ShowSelection(const LineSums& sums) const {
-  selection_->setText(selectionText(sums));
-  selection_->setToolTip(QStringLiteral("只加分录：期初、合计行和余额、单价、汇率不计入。"));
+  selection_->SetShown(selectionText(sums));
+  selection_->setToolTip(selection_->text() + QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。"));
+  announce(selection_, QAccessible::NameChanged);
 }
 
 void ReportStatus::BeginWork(const QString& text) {

@@ -1,9 +1,10 @@
-// The status line of a report: how many rows, what is selected, what failed; while work runs, how far it is and how to
-// stop it. Above it stand the report's notices.
+// The status line of a report: how many rows, what is selected, what failed or was exported; while work runs, how far
+// it is and how to stop it. Above it stand the report's remarks.
 #pragma once
 
 #include <QWidget>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "grid/notice.h"
@@ -14,6 +15,8 @@ class QProgressBar;
 class QToolButton;
 
 namespace tz {
+
+class ElidedLabel;
 
 // "已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00"; a side without figures is not named.
 [[nodiscard]] QString selectionText(const LineSums& sums);
@@ -30,6 +33,8 @@ class ReportStatus : public QWidget {
   // Instead of the number of rows, until the next report.
   void ShowMessage(const QString& text) { SetMessage(text, false); }
   void ShowFailure(const QString& text) { SetMessage(text, true); }
+  // A file that was written, with the buttons that open it and its folder.
+  void ShowExported(const QString& path);
 
   void BeginWork(const QString& text);
   void ShowProgress(qint64 done, qint64 of);
@@ -45,12 +50,16 @@ class ReportStatus : public QWidget {
  private:
   void SetMessage(const QString& text, bool failure);
   void PaintMessage();
+  void Open(const QString& path);
 
-  QLabel* notices_;
-  QLabel* message_;
-  QLabel* selection_;
+  QLabel* remarks_;
+  ElidedLabel* message_;
+  QToolButton* openFile_;
+  QToolButton* openFolder_;
+  ElidedLabel* selection_;
   QProgressBar* progress_;
   QToolButton* stop_;
+  QString exported_;
   QString workText_;
   QString messageBefore_;
   bool failure_ = false;

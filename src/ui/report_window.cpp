@@ -17,13 +17,12 @@
 #include "suite/qt_text.h"
 #include "suite/query_dialog.h"
 #include "ui/condition_combos.h"
-#include "ui/export_file.h"
 #include "ui/help_window.h"
 #include "ui/log.h"
 #include "ui/long_work.h"
+#include "ui/notice_bar.h"
 #include "ui/report_heading.h"
 #include "ui/report_status.h"
-#include "ui/shown_conditions.h"
 
 namespace tz {
 namespace {
@@ -117,6 +116,7 @@ bool ReportWindow::OnInitDialog() {
 void ReportWindow::LayOut() {
   toolBar_ = new QToolBar(this);
   heading_ = new ReportHeading(definition_, this);
+  warnings_ = new NoticeBar(this);
   auto* frame = new QGroupBox(this);
   frame->setObjectName(QString::number(gridFrameId));
   frame->setStyleSheet(QStringLiteral("QGroupBox { border: none; margin: 0; padding: 0; }"));
@@ -132,6 +132,7 @@ void ReportWindow::LayOut() {
   layout->setSpacing(6);
   layout->addWidget(toolBar_);
   layout->addWidget(heading_);
+  layout->addWidget(warnings_);
   layout->addWidget(frame, 1);
   layout->addWidget(status_);
   resize(firstSize);
@@ -139,6 +140,9 @@ void ReportWindow::LayOut() {
   connect(&heading_->Conditions(), &ConditionCombos::chosen, this, &ReportWindow::OnConditionChosen);
   connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
   connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
+  auto* exportAction = new QAction(QStringLiteral("输出(&E)…\tCtrl+E"), view_);
+  connect(exportAction, &QAction::triggered, this, [this] { OnCommand(static_cast<int>(WindowCommand::exportFile)); });
+  view_->addAction(exportAction);
 }
 
 void ReportWindow::DrawToolBar() {
@@ -236,11 +240,16 @@ void ReportWindow::Show(ShownReport shown) {
                           ? std::string()
                           : paintedPeriodText(g_tmLogonTime.year, conditions.from, conditions.to));
   heading_->SetUnits(conditions.amounts, shown_->report.format);
-  heading_->SetOthers(shownConditions(*definition_.dialog, conditions));
+  heading_->SetOthers(conditions);
   view_->SetEmptyText(QStringLiteral("没有记录"));
   view_->SetReport(&shown_->report);
-  status_->ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
+  ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   update();
+}
+
+void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
+  status_->ShowRows(rows, notices);
+  warnings_->ShowWarnings(notices);
 }
 
 void ReportWindow::KeepShown() {
@@ -276,7 +285,7 @@ void ReportWindow::AwaitPerson() {
     view_->SetEmptyText(wanted);
     view_->Refresh();
   }
-  status_->ShowRows(0, {});
+  ShowRows(0, {});
   status_->ShowMessage(wanted);
 }
 
@@ -309,7 +318,7 @@ void ReportWindow::OnCommand(int id) {
 
 void ReportWindow::ExportToFile() {
   if (!shown_ || LongWork::Running()) return;
-  const auto target = askExportTarget(this, shown_->report);
+  const auto target = askExportTarget(this, shown_->report, exportFolder_);
   if (target) ExportTo(*target);
 }
 
@@ -321,8 +330,11 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
       const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
       whole = writeExport(shown_->report, target, work);
     }
-    status_->ShowMessage(whole ? QStringLiteral("已输出到 ") + target.path
-                               : QStringLiteral("输出已停止，没有写入文件"));
+    if (whole) {
+      status_->ShowExported(target.path);
+    } else {
+      status_->ShowMessage(QStringLiteral("输出已停止，没有写入文件"));
+    }
   } catch (const OutputError& error) {
     TellFailure(error.what(), error.what());
   }

@@ -11,6 +11,7 @@
 #include "suite/need_bitmap.h"
 #include "suite/process.h"
 #include "suite/result_dialog.h"
+#include "ui/export_file.h"
 #include "ui/report_run.h"
 
 class QToolBar;
@@ -20,7 +21,7 @@ namespace tz {
 class ConditionStore;
 class CTzQueryDialog;
 class GridView;
-struct ExportTarget;
+class NoticeBar;
 class ReportHeading;
 class ReportStatus;
 
@@ -31,6 +32,8 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   ReportWindow(const ReportDefinition& definition, QWidget* parent);
   ~ReportWindow() override;
 
+  // Lets exports begin in the folder of the last one. What it calls must outlive the window.
+  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
   // Lets the condition dialog keep conditions under names. The store must outlive the window.
   void OfferSaved(ConditionStore& store) { store_ = &store; }
 
@@ -63,6 +66,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   // Computes with the conditions as they are; what was shown stays when that comes to nothing.
   void Refresh();
   void Show(ShownReport shown);
+  void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.
   void Attempt(const std::function<void()>& work);
@@ -77,6 +81,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;
   ConditionStore* store_ = nullptr;
+  ExportFolder exportFolder_;
   std::unique_ptr<Session> querySession_;
   QPointer<CTzQueryDialog> queryDialog_;  // ours, but its parent may go first
   Request request_;
@@ -86,6 +91,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
 
   QToolBar* toolBar_ = nullptr;
   ReportHeading* heading_ = nullptr;
+  NoticeBar* warnings_ = nullptr;
   GridView* view_ = nullptr;
   ReportStatus* status_ = nullptr;
 };

@@ -121,6 +121,13 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   auto* window = navigator->findChild<ReportWindow*>();
   ASSERT_NE(window, nullptr);
   window->Grid().ColumnWidths().SetWidth(2, 333);
+  inModal([&](QWidget& dialog) {
+    auto& name = control<QLineEdit>(dialog, "fileNameEdit");
+    name.setText(home_.filePath(QStringLiteral("明细帐.csv")));
+    QTest::keyClick(&name, Qt::Key_Return);
+  });
+  window->OnCommand(50020);
+  EXPECT_EQ(HostSettings().ExportFolder(), QFileInfo(home_.path()).absoluteFilePath());
   navigator->close();
   EXPECT_EQ(finished.size(), 1);
   EXPECT_FALSE(window->isVisible());

@@ -41,6 +41,8 @@ TEST_P(ThemeTest, TextStandsOutOnEveryGroundItLiesOn) {
     EXPECT_GE(contrast(theme.accent, ground), 4.5) << ground.name().toStdString();
   }
   EXPECT_GE(contrast(theme.onAccent, theme.accent), 4.5);
+  EXPECT_GE(contrast(theme.warning, theme.warningGround), 7);
+  EXPECT_GE(contrast(theme.warning, theme.ground), 4.5) << "the frame of a warning";
   EXPECT_GE(contrast(theme.railText, theme.rail), 7);
   EXPECT_GE(contrast(theme.onRailSelected, theme.railSelected), 4.5);
 }

@@ -1,6 +1,7 @@
 // The window of a report, worked with keys and mouse over a real ledger.
 #include "ui/report_window.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
@@ -129,11 +130,30 @@ TEST_F(ReportWindowTest, AFailureOfTheListsIsNoDisaster) {
   EXPECT_EQ(ReportLedger::json(window.Shown()->report), before);
 }
 
-TEST_F(ReportWindowTest, NoticesStandBelowTheGrid) {
+TEST_F(ReportWindowTest, WarningsStandAboveTheGrid) {
   ledger_.ledger().keeper().execute("UPDATE RegMain SET dtBill = '2005-12-31' WHERE lTieId = 2");
-  open();
-  EXPECT_EQ(labelled("notices"), "※ 有1条分录的凭证日期不在查询月份内，未列示");
-  EXPECT_FALSE(control<QLabel>(*window_, "notices").isHidden());
+  const ReportWindow& window = open();
+  auto& warnings = control<QLabel>(window, "warnings");
+  EXPECT_EQ(labelled("warnings"), "有1条分录的凭证日期不在查询月份内，未列示");
+  EXPECT_EQ(fromQt(QAccessible::queryAccessibleInterface(&warnings)->text(QAccessible::Name)),
+            "注意：有1条分录的凭证日期不在查询月份内，未列示");
+  EXPECT_EQ(warnings.palette().color(QPalette::WindowText), currentTheme().warning);
+  EXPECT_LT(warnings.mapTo(&window, QPoint()).y(), window.Grid().mapTo(&window, QPoint()).y());
+  EXPECT_TRUE(warnings.isVisible());
+  EXPECT_TRUE(control<QLabel>(window, "remarks").isHidden());
+  choose(2206, "122104 工具款");
+  EXPECT_FALSE(warnings.isVisible()) << "that account has none";
+}
+
+TEST_F(ReportWindowTest, MonthsThatMisleadAreWarnedOf) {
+  Request request = ReportLedger::zhangSan();
+  request.set(ParameterKey::from, "2");
+  open(request);
+  EXPECT_EQ(labelled("warnings"), "本年累计自2月起累计。");
+  delete window_;
+  request.set(ParameterKey::to, "1");
+  open(request);
+  EXPECT_EQ(labelled("warnings"), "起始月份在终止月份之后。");
 }
 
 TEST_F(ReportWindowTest, EnterAndEscLeaveItOpenAndCloseEndsIt) {

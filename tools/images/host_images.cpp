@@ -44,8 +44,10 @@ void drawLogon(const PictureBook& book, SampleLedger& ledger) {
 
 void drawExport(const PictureBook& book) {
   ComputedReport report;
-  report.title = "三栏式明细帐";
-  book.TakeModal(QStringLiteral("export"), [&] { std::ignore = askExportTarget(nullptr, report); });
+  report.fileName = "三栏式明细帐 122101 职工借款 李明 2025.01-03";
+  const QTemporaryDir files;
+  const ExportFolder folder{.last = [&files] { return files.path(); }, .keep = {}};
+  book.TakeModal(QStringLiteral("export"), [&] { std::ignore = askExportTarget(nullptr, report, folder); });
 }
 
 }  // namespace

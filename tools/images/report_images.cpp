@@ -74,6 +74,9 @@ void drawStates(const PictureBook& book) {
   draw("selected", usual, [](QWidget& window) { reportOf(window).Grid().SelectAll(); });
   draw("smallest", requestOf(views.back()), [](QWidget& window) { window.resize(window.minimumSize()); });
   draw("wide", usual, [](QWidget& window) { window.resize(1600, 700); });
+  Request warned = requestOf(views.back());
+  warned.set(ParameterKey::from, "3");
+  draw("warned", warned, [](QWidget& window) { reportOf(window).Grid().SelectAll(); });
   draw("exported", usual, [](QWidget& window) {
     QTemporaryDir folder;
     reportOf(window).ExportTo({folder.filePath(QStringLiteral("三栏式明细帐.csv")), FileForm::csv});
