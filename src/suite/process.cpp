@@ -9,6 +9,7 @@
 #include <iterator>
 
 #include "res/pictures.h"
+#include "suite/fit_window.h"
 #include "suite/picture_icon.h"
 #include "suite/result_dialog.h"
 
@@ -53,7 +54,7 @@ void CProcess::ShowCenterWindow() {
   if (!shown_) {
     const QScreen* screen = window_->screen() != nullptr ? window_->screen() : QGuiApplication::primaryScreen();
     const QRect available = screen->availableGeometry();
-    window_->resize(window_->size().boundedTo(available.size()).expandedTo(window_->minimumSize()));
+    window_->resize(window_->size().boundedTo(roomFor(*window_)).expandedTo(window_->minimumSize()));
     QRect place = window_->rect();
     place.moveCenter(available.center());
     window_->move(place.topLeft());

@@ -38,6 +38,7 @@ class AccountListsField : public FoldedField {
     auto* layout = rowLayout(Body());
     layout->addLayout(Titled(offered_), 1);
     auto* buttons = new QVBoxLayout;
+    buttons->setSpacing(3);
     // In the middle of the lists, below their titles.
     buttons->addSpacing(Body()->fontMetrics().height() + titleGap);
     buttons->addStretch();
@@ -84,7 +85,8 @@ class AccountListsField : public FoldedField {
   };
 
   QListWidget* MadeList(int id, const QString& name) {
-    constexpr QSize smallest(180, 144);
+    // No higher than the buttons between the lists: on a small screen the dialog unfolds without scrolling.
+    constexpr QSize smallest(180, 122);
     auto* list = madeControl<QListWidget>(id, Body());
     list->setAccessibleName(name);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "suite/fit_window.h"
 #include "suite/qt_text.h"
 
 namespace tz {
@@ -34,8 +35,7 @@ void FoldedField::Unfold(bool unfolded) {
 
 void FoldedField::OnButton(bool unfolded) {
   Unfold(unfolded);
-  row_->updateGeometry();
-  row_->window()->adjustSize();
+  fitToContents(*row_);
   if (unfolded) Stops().front()->setFocus(Qt::TabFocusReason);
 }
 

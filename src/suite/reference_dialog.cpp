@@ -11,6 +11,7 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "suite/fit_window.h"
 #include "suite/theme.h"
 
 namespace tz {
@@ -142,7 +143,7 @@ void ReferenceDialog::LayOut() {
   layout->addWidget(search_);
   layout->addLayout(lists, 1);
   layout->addLayout(foot);
-  resize(groupList_->isHidden() ? plainSize : groupedSize);
+  resize((groupList_->isHidden() ? plainSize : groupedSize).boundedTo(roomFor(*this)));
 }
 
 void ReferenceDialog::SetGroups(std::vector<ReferenceGroup> groups) {
