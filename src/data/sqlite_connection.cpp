@@ -201,7 +201,12 @@ class SqliteConnection final : public Connection {
     static const SqliteDialect dialect;
     return dialect;
   }
-  bool alive() override { return sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK; }
+  // A file that was deleted, moved or replaced is no longer the ledger, though it can still be read.
+  bool alive() override {
+    int moved = 0;
+    sqlite3_file_control(db_, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
+    return moved == 0 && sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK;
+  }
   void setCancelCheck(bool (*cancelled)(void*), void* context) override {
     cancelled_ = cancelled;
     context_ = context;

@@ -33,6 +33,7 @@ constexpr DialogSpec accountDialog = {
     .noAccount = MessageId::noDeptAccount,
     .controls = ofAccount,
     .checks = {},
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
 };
 constexpr DialogSpec deptDialog = {
     .id = 539,
@@ -41,6 +42,7 @@ constexpr DialogSpec deptDialog = {
     .noAccount = MessageId::noDeptAccount,
     .controls = ofDept,
     .checks = spacedChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
 };
 constexpr DialogSpec threeColumnDialog = {
     .id = 540,
@@ -49,6 +51,7 @@ constexpr DialogSpec threeColumnDialog = {
     .noAccount = MessageId::noDeptAccount,
     .controls = ofAccountAndDept,
     .checks = plainChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 541,
@@ -57,6 +60,7 @@ constexpr DialogSpec multiColumnDialog = {
     .noAccount = MessageId::noDeptParentAccount,
     .controls = ofParentAndDept,
     .checks = spacedChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
 };
 
 Sql oneDept(const Conditions& c) { return Sql("lDeptId = ? AND lDeptId <> 0", c.dept.lDeptId); }
@@ -127,7 +131,6 @@ constexpr ReportDefinition accountLedger = {
     .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
     .formats = detailFormats,
     .compute = computeDetail<accountMember>,
@@ -147,7 +150,6 @@ constexpr ReportDefinition deptLedger = {
     .rules = detailRules,
     .dialog = &deptDialog,
     .toolbar = detailToolbar,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
     .subtitle = [](const Conditions& c) { return fmt::format("\n部门：{}", c.dept.sDeptName); },
     .formats = formatsOfManyAccounts,
     .compute = computeDetail<deptMember>,
@@ -167,7 +169,6 @@ constexpr ReportDefinition threeColumnLedger = {
     .rules = detailRules,
     .dialog = &threeColumnDialog,
     .toolbar = detailToolbar,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
     .subtitle =
         [](const Conditions& c) { return fmt::format("科  目：{}\n部  门：{}", c.accountText(), c.dept.sDeptName); },
     .formats = detailFormats,
@@ -188,7 +189,6 @@ constexpr ReportDefinition multiColumnLedger = {
     .rules = multiColumnRules,
     .dialog = &multiColumnDialog,
     .toolbar = detailToolbar,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
     .subtitle =
         [](const Conditions& c) { return fmt::format("上级科目:{}\n部门:{}", c.accountText(), c.dept.sDeptName); },
     .formats = multiColumnFormats,

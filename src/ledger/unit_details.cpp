@@ -240,6 +240,7 @@ constexpr ReportDefinition accountLedger = {
     .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
+    .noAccountCaption = "岚川财务软件",
     .subtitle = [](const Conditions& c) { return fmt::format("\n科  目: {}", c.accountText()); },
     .formats = detailFormats,
     .compute = computeDetail<accountMember>,

@@ -74,6 +74,20 @@ struct DialogSpec {
   std::span<const Check> checks;             // behind the account's; those at opening come before it
   std::span<const ListChoice> choices = {};  // behind the checks
   std::string_view messageCaption = {};      // of its message boxes; empty = the program's own
+  // What the dialog, and the report that it asks for, say of a ledger that is not open.
+  MessageId databaseNotOpen = MessageId::databaseNotOpen;
+};
+
+// A read that failed on the way to an answer: the refusal is what an empty result would have been answered with.
+class UnreadAnswer : public DbError {
+ public:
+  UnreadAnswer(Refusal refusal, const DbError& error) : DbError(error), refusal_(std::move(refusal)) {
+    refusal_.failure = error;
+  }
+  [[nodiscard]] const Refusal& refusal() const { return refusal_; }
+
+ private:
+  Refusal refusal_;
 };
 
 // The accounts that the dialog offers, as "code name".
@@ -82,6 +96,7 @@ struct DialogSpec {
 [[nodiscard]] bool asksForAccount(const DialogSpec& dialog);
 
 // The refusal with which the dialog closes itself before it opens, for want of accounts or classes; nothing otherwise.
+// Throws UnreadAnswer when these cannot be read.
 [[nodiscard]] std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session);
 
 // What the lists of the dialog offer besides accounts.
@@ -89,7 +104,11 @@ struct DialogSpec {
 [[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
 [[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);    // "code name" by code
 
-// The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read.
+// The same where nothing can be read: the first thing that the dialog would miss; nothing for one that misses nothing.
+[[nodiscard]] std::optional<Refusal> unreadOpening(const DialogSpec& dialog);
+
+// The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read,
+// UnreadAnswer where a check is what could not be read.
 [[nodiscard]] std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request,
                                                          Session& session);
 

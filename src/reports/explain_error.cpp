@@ -45,7 +45,7 @@ Explanation explanationOf(DbError::Kind kind) {
     case Kind::other:
       break;
   }
-  return {"数据库出错", "请把括号中的原文告诉管理员"};
+  return {"数据库出错", {}};
 }
 
 // What an error is about, as src/data and the databases say it, and in our words.
@@ -103,7 +103,13 @@ std::string detailOf(const DbError& error) {
 std::string explain(const DbError& error) {
   const auto [what, advice] = explanationOf(error.kind());
   const auto detail = detailOf(error);
-  return fmt::format("{}。{}。{}", what, advice, detail.empty() ? "" : "（" + detail + "）");
+  return fmt::format("{}。{}。{}", what, advice.empty() ? "请把括号中的原文告诉管理员" : advice,
+                     detail.empty() ? "" : "（" + detail + "）");
+}
+
+std::string explainInWindow(const DbError& error) {
+  const auto [what, advice] = explanationOf(error.kind());
+  return fmt::format("{}。{}。", what, advice.empty() ? "请把“详细”中的原文告诉管理员" : advice);
 }
 
 }  // namespace tz

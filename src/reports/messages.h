@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/connection.h"
 #include "reports/parameter.h"
 
 namespace tz {
@@ -71,6 +72,8 @@ struct Refusal {
   std::string_view caption;  // of the message box; empty = the program's own
   MessageIcon icon = MessageIcon::information;
   std::optional<ParameterKey> about;  // the condition that is at fault, where it is one
+  // Why the ledger could not be read, where that is behind it: said below the text.
+  std::optional<DbError> failure = {};
 
   [[nodiscard]] std::string text() const { return messageText(id, arguments); }
 };

@@ -49,7 +49,10 @@ struct Parameter {
   Kind kind;
   std::string_view valueName;  // as help shows the value; empty for flags
   std::string_view help;
-  std::string_view choices = {};  // of a choice, separated by "|"
+  std::string_view choices = {};    // of a choice, separated by "|"
+  std::string_view fieldHelp = {};  // of its field in windows, where that reads otherwise
+
+  [[nodiscard]] std::string_view helpInWindow() const { return fieldHelp.empty() ? help : fieldHelp; }
 };
 
 [[nodiscard]] std::span<const Parameter> allParameters();

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 
 #include "reports/dialog_spec.h"
 
@@ -38,11 +39,27 @@ Refusal refusal(const DialogSpec& dialog, MessageId message, ParameterKey about)
   return {.id = message, .arguments = {}, .caption = dialog.messageCaption, .about = about};
 }
 
+Refusal noAccountRefusal(const DialogSpec& dialog) { return refusal(dialog, dialog.noAccount, ParameterKey::account); }
+
 std::optional<Refusal> firstRefusal(const DialogSpec& dialog, CheckContext& context, bool atOpening) {
   for (const auto& check : dialog.checks) {
-    if (check.atOpening == atOpening && !check.passes(context)) return refusal(dialog, check.message, check.about);
+    if (check.atOpening != atOpening) continue;
+    try {
+      if (!check.passes(context)) return refusal(dialog, check.message, check.about);
+    } catch (const DbError& error) {
+      throw UnreadAnswer(refusal(dialog, check.message, check.about), error);
+    }
   }
   return std::nullopt;
+}
+
+// Whether a read of accounts comes to something.
+bool hasAccounts(const DialogSpec& dialog, const std::function<bool()>& read) {
+  try {
+    return read();
+  } catch (const DbError& error) {
+    throw UnreadAnswer(noAccountRefusal(dialog), error);
+  }
 }
 
 }  // namespace
@@ -93,8 +110,15 @@ std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session
   const Request nothing;
   CheckContext context{session, nothing, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return refused;
-  if (!asksForAccount(dialog) || !offeredAccounts(dialog, session.db).empty()) return std::nullopt;
-  return refusal(dialog, dialog.noAccount, ParameterKey::account);
+  if (!asksForAccount(dialog)) return std::nullopt;
+  if (hasAccounts(dialog, [&] { return !offeredAccounts(dialog, session.db).empty(); })) return std::nullopt;
+  return noAccountRefusal(dialog);
+}
+
+std::optional<Refusal> unreadOpening(const DialogSpec& dialog) {
+  const auto first = std::ranges::find(dialog.checks, true, &Check::atOpening);
+  if (first != dialog.checks.end()) return refusal(dialog, first->message, first->about);
+  return asksForAccount(dialog) ? std::optional(noAccountRefusal(dialog)) : std::nullopt;
 }
 
 std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request, Session& session) {
@@ -107,8 +131,8 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.absoluteSums = request.text(ParameterKey::analysis) == "amount";
   CheckContext context{session, request, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return *refused;
-  if (asksForAccount(dialog) && !takeAccount(dialog, context)) {
-    return refusal(dialog, dialog.noAccount, ParameterKey::account);
+  if (asksForAccount(dialog) && !hasAccounts(dialog, [&] { return takeAccount(dialog, context); })) {
+    return noAccountRefusal(dialog);
   }
   if (auto refused = firstRefusal(dialog, context, false)) return *refused;
   for (const auto choose : dialog.choices) choose(context);

@@ -28,7 +28,10 @@ class GridView : public QAbstractScrollArea {
   // Zero figures are left out; totals keep theirs.
   void SetHideZeros(bool hide);
   // What stands in the middle of a grid without rows.
-  void SetEmptyText(const QString& text) { emptyText_ = text; }
+  void SetEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+  }
 
   // Makes a cell current, alone selected and visible; false outside the grid.
   bool SetCurrent(std::int64_t row, int column);

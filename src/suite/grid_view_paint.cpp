@@ -44,7 +44,6 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::PaintNothing(QPainter& painter) const {
-  if (columns_.Count() == 0) return;
   painter.setPen(currentTheme().mutedText);
   painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "reports/explain_error.h"
 #include "suite/fonts.h"
 #include "suite/qt_text.h"
 #include "suite/theme.h"
@@ -61,6 +62,7 @@ bool showBox(QWidget* parent, const Message& message) {
   const bool asks = message.buttons == MessageButtons::yesNo;
   QPushButton* yes = box.addButton(asks ? QStringLiteral("是(&Y)") : QStringLiteral("确定"), QMessageBox::AcceptRole);
   box.setDefaultButton(yes);
+  if (!message.detail.empty()) box.setDetailedText(toQt(message.detail));
   if (asks) box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::RejectRole));
   constexpr int margin = 20;
   box.layout()->setContentsMargins(margin, margin, margin, margin);
@@ -68,16 +70,33 @@ bool showBox(QWidget* parent, const Message& message) {
   return box.clickedButton() == yes;
 }
 
+std::string captionOr(std::string_view caption) { return std::string(caption.empty() ? programCaption : caption); }
+
+bool answered(QWidget* parent, const Message& message) {
+  return handler() ? handler()(message) : showBox(parent, message);
+}
+
 }  // namespace
 
 bool AfxMessageBox(QWidget* parent, std::string_view text, std::string_view caption, MessageIcon icon,
                    MessageButtons buttons) {
-  const Message message{std::string(text), std::string(caption.empty() ? programCaption : caption), icon, buttons};
-  return handler() ? handler()(message) : showBox(parent, message);
+  return answered(parent, {std::string(text), captionOr(caption), icon, buttons});
 }
 
 void AfxMessageBox(QWidget* parent, const Refusal& refusal) {
-  AfxMessageBox(parent, refusal.text(), refusal.caption, refusal.icon);
+  Message message{refusal.text(), captionOr(refusal.caption), refusal.icon};
+  if (refusal.failure) {
+    message.text += "\n\n" + explainInWindow(*refusal.failure);
+    message.detail = refusal.failure->what();
+    message.icon = MessageIcon::warning;
+  }
+  answered(parent, message);
+}
+
+void AfxMessageBox(QWidget* parent, const DbError& error) {
+  answered(
+      parent,
+      {.text = explainInWindow(error), .caption = captionOr({}), .icon = MessageIcon::warning, .detail = error.what()});
 }
 
 MessageHandler setMessageHandler(MessageHandler replacement) {

@@ -18,6 +18,7 @@ struct Message {
   std::string caption;  // as shown, never empty
   MessageIcon icon = MessageIcon::information;
   MessageButtons buttons = MessageButtons::ok;
+  std::string detail = {};  // for whoever looks after the ledger: unfolds below; empty for none
 };
 
 // The caption of a message without one of its own.
@@ -27,6 +28,8 @@ inline constexpr std::string_view programCaption = "辅助核算";
 bool AfxMessageBox(QWidget* parent, std::string_view text, std::string_view caption = {},
                    MessageIcon icon = MessageIcon::information, MessageButtons buttons = MessageButtons::ok);
 void AfxMessageBox(QWidget* parent, const Refusal& refusal);
+// What went wrong in the ledger; the database's own words unfold.
+void AfxMessageBox(QWidget* parent, const DbError& error);
 
 // Answers messages instead of a box on the screen; an empty one brings the boxes back. Returns what answered before.
 using MessageHandler = std::function<bool(const Message&)>;

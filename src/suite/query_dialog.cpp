@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <algorithm>
 
-#include "reports/explain_error.h"
+#include "suite/fit_window.h"
 #include "suite/message_box.h"
 #include "suite/qt_text.h"
 #include "suite/query_fields.h"
@@ -57,18 +57,21 @@ void CTzQueryDialog::LayOut() {
   constexpr int betweenRows = 12;
   constexpr int labelGap = 12;
   constexpr int smallestWidth = 440;
-  auto* rows = new QGridLayout;
+  auto* contents = new QWidget(this);
+  auto* rows = new QGridLayout(contents);
+  rows->setContentsMargins(0, 0, 0, 0);
   rows->setVerticalSpacing(betweenRows);
   rows->setHorizontalSpacing(labelGap);
   rows->setColumnStretch(1, 1);
   for (int row = 0; const auto& field : fields_) {
     if (field->HasLabel()) {
-      auto* label = new QLabel(toQt(field->Spec().caption), this);
+      auto* label = new QLabel(toQt(field->Spec().caption), contents);
       label->setBuddy(field->Stops().front());
       rows->addWidget(label, row, 0, Qt::AlignRight);
     }
     rows->addWidget(field->Row(), row++, 1);
   }
+  rows->setRowStretch(rows->rowCount(), 1);
   auto* ok = textButton(IDOK, QStringLiteral("确定"), this);
   auto* cancel = textButton(IDCANCEL, QStringLiteral("取消"), this);
   ok->setDefault(true);
@@ -85,8 +88,7 @@ void CTzQueryDialog::LayOut() {
   layout->setSpacing(margin);
   // Not the window's own least width: that would let fields that need more overlap.
   layout->addStrut(smallestWidth - 2 * margin);
-  layout->addLayout(rows);
-  layout->addStretch();
+  layout->addWidget(new ContentsArea(contents, this), 1);
   layout->addLayout(buttons);
 }
 
@@ -120,18 +122,19 @@ bool CTzQueryDialog::OnInitDialog() {
     return false;
   }
   if (saved_ != nullptr) saved_->Refresh();
+  fitToContents(*this);
   const auto stops = Stops();
   if (!stops.empty()) stops.front()->setFocus(Qt::TabFocusReason);
   return true;
 }
 
 bool CTzQueryDialog::FillFields() {
+  if (session_.db.DBSelect(session_.ledger) != 0) {
+    TellNotOpen();
+    return false;
+  }
   bool filled = false;
   const bool read = Attempt([&] {
-    if (session_.db.DBSelect(session_.ledger) != 0) {
-      AfxMessageBox(parentWidget(), Refusal{.id = MessageId::databaseNotOpen, .caption = dialog_.messageCaption});
-      return;
-    }
     if (const auto refusal = openingRefusal(dialog_, session_)) {
       AfxMessageBox(parentWidget(), *refusal);
       return;
@@ -148,12 +151,22 @@ bool CTzQueryDialog::Attempt(const std::function<void()>& work) {
   try {
     work();
     return true;
+  } catch (const UnreadAnswer& unread) {
+    AfxMessageBox(isVisible() ? this : parentWidget(), unread.refusal());
+    if (isVisible() && unread.refusal().about) FocusOn(*unread.refusal().about);
   } catch (const DbError& error) {
-    AfxMessageBox(isVisible() ? this : parentWidget(), explain(error), {}, MessageIcon::warning);
+    AfxMessageBox(isVisible() ? this : parentWidget(), error);
   } catch (const WrongUse& wrong) {
     TellWrongUse(wrong.what());
   }
   return false;
+}
+
+// What it needs cannot be read either: the message for want of that stands, and below it why.
+void CTzQueryDialog::TellNotOpen() {
+  std::string text = messageText(dialog_.databaseNotOpen);
+  if (const auto refusal = unreadOpening(dialog_)) text = refusal->text() + "\n\n" + text;
+  AfxMessageBox(parentWidget(), text, dialog_.messageCaption);
 }
 
 // The words name the condition as the command line does; here the focus shows which one is meant.

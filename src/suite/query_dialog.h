@@ -55,6 +55,7 @@ class CTzQueryDialog : public QDialog {
   void OnOwnerChanged();
   // Runs a piece of work and tells by message box why it fails.
   bool Attempt(const std::function<void()>& work);
+  void TellNotOpen();
   void TellWrongUse(std::string_view words);
   void OnReference(QueryField& field);
   void FocusOn(ParameterKey key);

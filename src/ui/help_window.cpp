@@ -7,6 +7,7 @@
 
 #include "reports/report_definition.h"
 #include "res/pictures.h"
+#include "suite/fit_window.h"
 #include "suite/process.h"
 #include "suite/qt_text.h"
 
@@ -22,7 +23,11 @@ QString row(const QString& left, const QString& right) {
 QString conditions(const ReportDefinition& report) {
   QString rows;
   for (const ControlSpec& control : report.dialog->controls) {
-    rows += row(text(control.caption), text(parameter(control.key).help));
+    QString help = text(parameter(control.key).helpInWindow());
+    if (control.kind == ControlSpec::Kind::accountLists) {
+      help += QStringLiteral("；列入右边的科目，右边没有科目即为全部");
+    }
+    rows += row(text(control.caption), help);
   }
   return rows;
 }
@@ -71,12 +76,14 @@ void showHelp(QWidget* window, const ReportDefinition& report) { showHelpPage(wi
 
 void showHelpPage(QWidget* window, const QString& html) {
   const QString name = QStringLiteral("help");
-  auto* help = window->findChild<QDialog*>(name);
+  // Not that of a window below it: the navigator is the parent of its reports.
+  auto* help = window->findChild<QDialog*>(name, Qt::FindDirectChildrenOnly);
   if (help == nullptr) {
     help = new QDialog(window);
     help->setObjectName(name);
     help->setWindowTitle(QStringLiteral("帮助"));
     auto* browser = new QTextBrowser(help);
+    browser->setAccessibleName(help->windowTitle());
     browser->setFrameShape(QFrame::NoFrame);
     browser->setHtml(html);
     constexpr int margin = 20;
@@ -84,7 +91,7 @@ void showHelpPage(QWidget* window, const QString& html) {
     auto* layout = new QVBoxLayout(help);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(browser);
-    help->resize(460, 480);
+    help->resize(QSize(460, 480).boundedTo(roomFor(*window)));
   }
   help->show();
   help->raise();

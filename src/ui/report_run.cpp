@@ -6,7 +6,7 @@ namespace tz {
 
 std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report, Request request,
                                                                Session& session) {
-  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = MessageId::databaseNotOpen};
+  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.dialog->databaseNotOpen};
   auto validated = validate(*report.dialog, request, session);
   if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
   ShownReport shown;

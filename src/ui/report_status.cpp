@@ -127,6 +127,11 @@ void ReportStatus::Open(const QString& path) {
   ShowFailure(QStringLiteral("打不开“%1”：文件已不在，或没有能打开它的程序").arg(path));
 }
 
+void ReportStatus::ShowFailure(const QString& text, const QString& detail) {
+  SetMessage(text, true);
+  if (!detail.isEmpty()) message_->setToolTip(QStringLiteral("%1\n详细：%2").arg(text, detail));
+}
+
 void ReportStatus::PaintMessage() {
   QPalette palette;
   palette.setColor(QPalette::WindowText, failure_ ? currentTheme().negative : currentTheme().mutedText);

@@ -16,6 +16,7 @@
 #include "suite/message_box.h"
 #include "suite/qt_text.h"
 #include "suite/query_dialog.h"
+#include "suite/window_keys.h"
 #include "ui/condition_combos.h"
 #include "ui/help_window.h"
 #include "ui/log.h"
@@ -102,13 +103,17 @@ bool ReportWindow::OnInitDialog() {
   background_->PerpareBkGroundBitmap(this);
   LayOut();
   DrawToolBar();
+  putWindowKeysFirst(*this);
+  Refusal refusal{.id = MessageId::noAccount, .caption = definition_.noAccountCaption};
   try {
     if (heading_->Conditions().Fill(*g_pDB)) return true;
   } catch (const DbError& error) {
-    TellFailure(explain(error), error.what());
-    return true;
+    TellFailure(error);
+    // Without accounts to ask for, there is nothing that would be refused for want of them.
+    if (!asksForAccount(*definition_.dialog)) return true;
+    refusal.failure = error;
   }
-  AfxMessageBox(this, Refusal{.id = MessageId::noAccount});
+  AfxMessageBox(this, refusal);
   EndDialog(Rejected);
   return false;
 }
@@ -207,8 +212,22 @@ void ReportWindow::Refresh() {
       return;
     }
     KeepShown();
-    if (const auto* refusal = std::get_if<Refusal>(&outcome)) AfxMessageBox(this, *refusal);
+    if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
+      if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示。按 F5 重新查询。"));
+      AfxMessageBox(this, *refusal);
+    } else {
+      TellStopped();
+    }
   });
+}
+
+void ReportWindow::TellStopped() {
+  if (shown_) {
+    status_->ShowMessage(QStringLiteral("已停止，仍列示原来的内容"));
+    return;
+  }
+  status_->ShowMessage(QStringLiteral("已停止"));
+  view_->SetEmptyText(QStringLiteral("查询已停止，没有列示内容。按 F5 重新查询。"));
 }
 
 void ReportWindow::Attempt(const std::function<void()>& work) {
@@ -216,16 +235,19 @@ void ReportWindow::Attempt(const std::function<void()>& work) {
     work();
     return;
   } catch (const DbError& error) {
-    TellFailure(explain(error), error.what());
+    TellFailure(error);
   } catch (const std::exception& error) {
-    TellFailure(error.what(), error.what());
+    TellFailure(error);
   }
   KeepShown();
 }
 
-void ReportWindow::TellFailure(const std::string& words, const char* what) {
-  logFailure(definition_.windowTitle, what);
-  status_->ShowFailure(toQt(words));
+void ReportWindow::TellFailure(const std::exception& error) {
+  logFailure(definition_.windowTitle, error.what());
+  const auto* inLedger = dynamic_cast<const DbError*>(&error);
+  status_->ShowFailure(toQt(inLedger == nullptr ? error.what() : explainInWindow(*inLedger)),
+                       inLedger == nullptr ? QString() : toQt(error.what()));
+  if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示：原因见下面的状态栏。按 F5 重新查询。"));
 }
 
 void ReportWindow::Show(ShownReport shown) {
@@ -336,7 +358,7 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
       status_->ShowMessage(QStringLiteral("输出已停止，没有写入文件"));
     }
   } catch (const OutputError& error) {
-    TellFailure(error.what(), error.what());
+    TellFailure(error);
   }
 }
 

@@ -70,7 +70,9 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void KeepShown();
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.
   void Attempt(const std::function<void()>& work);
-  void TellFailure(const std::string& words, const char* what);
+  void TellFailure(const std::exception& error);
+  // What was shown stays; where nothing was, the window says so and what to do.
+  void TellStopped();
   // Departments change their persons: with none chosen there is nothing to show yet.
   void OnConditionChosen(ParameterKey key, const std::string& chosen);
   void OnFormatChosen(const QString& format);

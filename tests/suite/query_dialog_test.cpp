@@ -195,7 +195,7 @@ TEST_F(QueryDialog, LedgerThatIsNotOpenIsToldAtOnce) {
   Session closed{.db = ledger.db, .ledger = "nowhere", .logon = {2006, 3, 15}};
   CTzQueryDialog other(*findReport(10190)->dialog, closed, nullptr);
   EXPECT_FALSE(other.DoModal());
-  EXPECT_EQ(messages.takeLast(), "数据库没有打开!");
+  EXPECT_EQ(messages.takeLast(), "没有个人核算科目,不能查询个人三栏明细帐。\n\n数据库没有打开!");
 }
 
 TEST_F(QueryDialog, FailureOfTheDatabaseIsNoRefusal) {
