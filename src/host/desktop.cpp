@@ -36,11 +36,12 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
       launcher_(std::move(who), findReport),
       ledgerName_(ledger.Name()) {
   launcher_.OfferSaved(conditions_);
-  navigator_.SetRunner({[this](int command) { return launcher_.Available(command); },
+  navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
                         [this](unsigned) { showNavigatorHelp(&navigator_); }});
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
   connect(&navigator_, &QDialog::finished, this, &Desktop::Finish);
+  addWindowKeys(navigator_, launcher_);
   AddBar(ledger);
 }
 

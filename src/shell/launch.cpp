@@ -1,6 +1,7 @@
 #include "shell/launch.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 #include "catalogue/launch_checks.h"
 #include "shell/command_table.h"
@@ -18,13 +19,18 @@ bool hasSlot(int command) {
   return found != nullptr && found->pointer == Pointer::slot;
 }
 
-std::optional<MessageId> refusalOf(const ReportDefinition& report) {
+std::optional<Refusal> refusalOf(const ReportDefinition& report) {
+  std::optional<DbError> failure;
+  std::optional<MessageId> message;
   try {
-    return launchRefusal(report.command, *g_pDB);
+    message = launchRefusal(report.command, *g_pDB);
   } catch (const DbError& error) {
     logFailure(report.windowTitle, error.what());
-    return launchRefusalUnread(report.command);
+    failure = error;
+    message = launchRefusalUnread(report.command);
   }
+  if (!message) return std::nullopt;
+  return Refusal{.id = *message, .failure = failure};
 }
 
 }  // namespace
@@ -33,11 +39,18 @@ ReportLauncher::ReportLauncher(Operator who, Find find) : who_(std::move(who)), 
 
 ReportLauncher::~ReportLauncher() = default;
 
+std::string ReportLauncher::Obstacle(int command) const {
+  const ReportDefinition* report = find_(command);
+  if (report == nullptr) return "该功能尚未提供";
+  if (who_.may(report->right)) return {};
+  return fmt::format("操作员 {} 没有“{}”的权限（{} 号），请向管理员申请", who_.name, report->rightName, report->right);
+}
+
 bool ReportLauncher::MayLaunch(const ReportDefinition& report) const {
   const CCheckAuth auth(who_, report.right, 1, report.rightName);
   if (!auth) return false;
   const auto refusal = refusalOf(report);
-  if (refusal) AfxMessageBox(g_pDlgWnd, Refusal{.id = *refusal});
+  if (refusal) AfxMessageBox(g_pDlgWnd, *refusal);
   return !refusal;
 }
 

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "reports/operator.h"
@@ -30,7 +31,8 @@ class ReportLauncher : public QObject {
   // Lets condition dialogs keep conditions under names. The store must outlive the windows.
   void OfferSaved(ConditionStore& store) { store_ = &store; }
 
-  [[nodiscard]] bool Available(int command) const { return find_(command) != nullptr; }
+  // Why the operator cannot run a command of the navigator; empty when he can.
+  [[nodiscard]] std::string Obstacle(int command) const;
   // A command of the navigator. Nothing happens without the right, and nothing stays when the first query is cancelled.
   void Launch(int command);
   // A drill-down: takes the slot's window or makes one. Null when the window could not open.

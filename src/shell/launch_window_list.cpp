@@ -28,10 +28,10 @@ std::vector<QWidget*> allWindows(const ReportLauncher& launcher) {
   return all;
 }
 
-void goRound(const QWidget* from, const ReportLauncher& launcher, std::size_t step) {
+void goRound(const QWidget* from, const ReportLauncher& launcher, bool forward) {
   const auto all = allWindows(launcher);
   const auto here = static_cast<std::size_t>(std::ranges::find(all, from) - all.begin());
-  bringToFront(all[(here + step) % all.size()]);
+  bringToFront(all[(here + (forward ? 1 : all.size() - 1)) % all.size()]);
 }
 
 void fill(QMenu* menu, const ReportLauncher& launcher) {
@@ -78,10 +78,20 @@ void addWindowList(ReportWindow& window, ReportLauncher& launcher) {
   button->setToolTip(QStringLiteral("打开的窗口（Ctrl+Tab）"));
   bar.addWidget(button);
 
-  auto* next = new QAction(&window);
-  next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Tab")));
-  QObject::connect(next, &QAction::triggered, &launcher, [&window, &launcher] { goRound(&window, launcher, 1); });
-  window.addAction(next);
+  addWindowKeys(window, launcher);
+}
+
+void addWindowKeys(QWidget& window, ReportLauncher& launcher) {
+  const auto add = [&](const char* name, const char* keys, bool forward) {
+    auto* action = new QAction(&window);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(QKeySequence(QLatin1String(keys)));
+    QObject::connect(action, &QAction::triggered, &launcher,
+                     [&window, &launcher, forward] { goRound(&window, launcher, forward); });
+    window.addAction(action);
+  };
+  add("nextWindow", "Ctrl+Tab", true);
+  add("previousWindow", "Ctrl+Shift+Tab", false);
 }
 
 }  // namespace tz

@@ -96,12 +96,17 @@ void CQnCwAssistantDlg::InitArea(NavigatorArea area) {
   const PictureLook look = standClose(area) ? PictureLook::closeCard : PictureLook::card;
   for (const PicturePlace& picture : picturesOf(area)) {
     RCII image = imageOf(picture.command, picture.bitmap, picture.place);
-    if (!runner_.available || !runner_.available(picture.command)) {
+    const QByteArray obstacle = ObstacleOf(picture.command).toUtf8();
+    if (!obstacle.isEmpty()) {
       image.enabled = 0;
-      image.text = "该功能尚未提供";
+      image.text = obstacle.constData();
     }
     InsertSubImage(image, look);
   }
+}
+
+QString CQnCwAssistantDlg::ObstacleOf(int command) const {
+  return runner_.obstacle ? runner_.obstacle(command) : QStringLiteral("该功能尚未提供");
 }
 
 void CQnCwAssistantDlg::OpenArea(NavigatorArea area) {
@@ -128,7 +133,7 @@ void CQnCwAssistantDlg::OnCommand(int id) {
       return;
     }
   }
-  if (runner_.available && runner_.available(id)) runner_.run(id);
+  if (ObstacleOf(id).isEmpty()) runner_.run(id);
 }
 
 void CQnCwAssistantDlg::closeEvent(QCloseEvent* event) {

@@ -1,5 +1,5 @@
 // The navigator (辅助核算), the window from which every report is opened. Six areas at the left exchange the commands
-// at the right. What a command runs is set from outside; a command that nothing runs is shown pale and says so.
+// at the right. What a command runs is set from outside; one that cannot be run is pale and says why.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace tz {
 
 // Who runs the commands. Without one, no command is available.
 struct CommandRunner {
-  std::function<bool(int command)> available;
+  std::function<QString(int command)> obstacle;  // why a command cannot be run; empty when it can
   std::function<void(int command)> run;
   std::function<void(unsigned context)> help;  // may be empty
 };
@@ -55,6 +55,7 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg, public CProcess {
   void ClearAssistant();
   void InitArea(NavigatorArea area);
   void OpenArea(NavigatorArea area);
+  [[nodiscard]] QString ObstacleOf(int command) const;
   void PaintRail(QPainter& painter) const;
   void PaintCard(QPainter& painter) const;
 

@@ -20,8 +20,8 @@ void showNavigatorHelp(QWidget* navigator) {
                                          "<h3>核算的方面</h3><table>%1</table>"
                                          "<h3>操作</h3><ul>"
                                          "<li>Tab 和方向键移动，Enter 或空格键打开。</li>"
-                                         "<li>可以同时打开多张帐表，Ctrl+Tab 在窗口之间切换。</li>"
-                                         "<li>灰色的功能尚未提供。</li>"
+                                         "<li>可以同时打开多张帐表，Ctrl+Tab 和 Ctrl+Shift+Tab 在窗口之间切换。</li>"
+                                         "<li>灰色的功能没有权限或尚未提供，选中它就说明原因。</li>"
                                          "<li>下方的帐套菜单更改登录日期和外观，或打开其他帐套。</li></ul>")
                               .arg(areas));
 }

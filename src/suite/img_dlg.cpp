@@ -32,12 +32,12 @@ PictureButton* CImgDlg::Insert(const RCII& image, PictureLook look) {
   const int id = image.command & idMask;
   auto* button = new PictureButton(image.bitmap, {image.left, image.top, image.width, image.height}, look, this);
   button->setObjectName(QString::number(id));
-  button->setEnabled(image.enabled != 0);
   const QString tip = QString::fromUtf8(image.text);
   button->setToolTip(tip);
   button->setAccessibleDescription(tip);
+  button->SetAvailable(image.enabled != 0);
   button->MoveTo(Origin(), Scale());
-  connect(button, &QAbstractButton::clicked, this, [this, id] { OnCommand(id); });
+  connect(button, &PictureButton::commanded, this, [this, id] { OnCommand(id); });
   connect(button, &PictureButton::arrowPressed, this, [this, button](int key) { MoveFocus(*button, key); });
   button->setVisible(image.visible != 0);
   return button;

@@ -20,7 +20,7 @@ struct RCII {
   int height = 0;
   int visible = 0;
   int unused3 = 0;
-  const char* text = nullptr;  // tip; empty for none
+  const char* text = nullptr;  // tip; of a disabled picture why it is disabled; empty for none
   int unused4 = 0;
   int enabled = 0;
   int bitmap = 0;

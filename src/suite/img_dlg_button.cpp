@@ -2,8 +2,10 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "suite/fonts.h"
+#include "suite/picture_accessible.h"
 #include "suite/theme.h"
 
 namespace tz {
@@ -26,6 +28,22 @@ PictureButton::PictureButton(int bitmap, QRect place, PictureLook look, QWidget*
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   setCursor(Qt::PointingHandCursor);
+  connect(this, &QAbstractButton::clicked, this, &PictureButton::OnClicked);
+  PictureAccessible::Install();
+}
+
+void PictureButton::SetAvailable(bool available) {
+  available_ = available;
+  setCursor(available ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  update();
+}
+
+void PictureButton::OnClicked() {
+  if (available_) {
+    emit commanded();
+    return;
+  }
+  QToolTip::showText(mapToGlobal(rect().bottomLeft()), toolTip(), this);
 }
 
 void PictureButton::MoveTo(QPointF origin, double scale) {
@@ -68,7 +86,7 @@ PictureButton::Colours PictureButton::ColoursNow() const {
     return {transparentOf(theme.railSelected, strength), Qt::transparent, text, {text, text}};
   }
   const QColor border = look_ == PictureLook::outlined ? theme.rule : QColor(Qt::transparent);
-  if (!isEnabled()) return {Qt::transparent, border, theme.disabledText, {theme.disabledText, theme.disabledText}};
+  if (!available_) return {Qt::transparent, border, theme.disabledText, {theme.disabledText, theme.disabledText}};
   const QColor fill = isDown() ? theme.pressed : underMouse() ? theme.hover : QColor(Qt::transparent);
   return {fill, border, theme.text, {theme.accent, theme.accent}};
 }

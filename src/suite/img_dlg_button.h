@@ -23,10 +23,16 @@ class PictureButton : public QAbstractButton {
   [[nodiscard]] PictureLook Look() const { return look_; }
   // Moves the button to where its place lies in a window enlarged by `scale`, whose layout starts at `origin`.
   void MoveTo(QPointF origin, double scale);
+  // A picture that cannot be used is pale; clicked, by mouse or key, it shows its tip, which says why. It keeps the
+  // focus: who works by keyboard or hears the screen would not come upon it otherwise.
+  void SetAvailable(bool available);
+  [[nodiscard]] bool IsAvailable() const { return available_; }
   // Whether the caption shows in full at 100 %.
   [[nodiscard]] bool CaptionFits() const;
 
  signals:
+  // Clicked while available.
+  void commanded();
   void arrowPressed(int key);
 
  protected:
@@ -47,6 +53,7 @@ class PictureButton : public QAbstractButton {
     double margin, icon, gap;
     int fontPixels;
   };
+  void OnClicked();
   [[nodiscard]] Colours ColoursNow() const;
   [[nodiscard]] Measures MeasuresAt(double scale) const;
   [[nodiscard]] QFont CaptionFont(int pixels) const;
@@ -56,6 +63,7 @@ class PictureButton : public QAbstractButton {
   QRect place_;
   PictureLook look_;
   double scale_ = 1;
+  bool available_ = true;
   bool focusByKeyboard_ = false;
 };
 

@@ -110,8 +110,8 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   auto* navigator = qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
   ASSERT_NE(navigator, nullptr);
   navigator->OnTzAssistantPerson();
-  EXPECT_TRUE(control<QWidget>(*navigator, "10190").isEnabled());
-  EXPECT_FALSE(control<QWidget>(*navigator, "10183").isEnabled());
+  EXPECT_TRUE(control<PictureButton>(*navigator, "10190").IsAvailable());
+  EXPECT_FALSE(control<PictureButton>(*navigator, "10183").IsAvailable());
   inModal([](QWidget& dialog) {
     control<QLineEdit>(dialog, "8052").setText("销售部");
     control<QLineEdit>(dialog, "2111").setText("张三");

@@ -110,7 +110,7 @@ std::string bytesOf(const std::string& path) {
 class EveryWindow : public ::testing::Test {
  protected:
   EveryWindow() : launcher_(everybody(), findReport) {
-    navigator_.SetRunner({[this](int command) { return launcher_.Available(command); },
+    navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                           [this](int command) { launcher_.Launch(command); },
                           {}});
     navigator_.show();

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -21,7 +22,7 @@ class Navigator : public testing::Test {
   void Open(const std::string& argument) {
     g_lpArgument = argument;
     window_ = std::make_unique<CQnCwAssistantDlg>(nullptr);
-    window_->SetRunner({.available = [](int command) { return command != departmentAnalysis; },
+    window_->SetRunner({.obstacle = [](int command) { return QString(command == departmentAnalysis ? "不行" : ""); },
                         .run = [this](int command) { ran_.push_back(command); },
                         .help = [this](unsigned context) { help_ = context; }});
     window_->show();
@@ -126,14 +127,21 @@ TEST_F(Navigator, ACommandThatNothingRunsIsPaleAndSaysSo) {
   Click(10225);
   PictureButton* analysis = ButtonOf(departmentAnalysis);
   ASSERT_NE(analysis, nullptr);
-  EXPECT_FALSE(analysis->isEnabled());
-  EXPECT_EQ(analysis->toolTip(), QStringLiteral("该功能尚未提供"));
+  EXPECT_FALSE(analysis->IsAvailable());
+  EXPECT_EQ(analysis->toolTip(), "不行");
+  EXPECT_EQ(analysis->accessibleDescription(), "不行");
+  const QImage pale = analysis->grab().toImage();
   Click(departmentAnalysis);
+  QTest::keyClick(analysis, Qt::Key_Space);
   EXPECT_TRUE(ran_.empty());
+  EXPECT_EQ(QToolTip::text(), "不行");
+  QToolTip::hideText();
+  analysis->SetAvailable(true);
+  EXPECT_NE(analysis->grab().toImage(), pale);
 
   window_->SetRunner({});
-  EXPECT_FALSE(ButtonOf(10226)->isEnabled());
-  EXPECT_TRUE(ButtonOf(10239)->isEnabled());
+  EXPECT_FALSE(ButtonOf(10226)->IsAvailable());
+  EXPECT_TRUE(ButtonOf(10239)->IsAvailable());
 }
 
 TEST_F(Navigator, EnterAndEscLeaveItOpen) {

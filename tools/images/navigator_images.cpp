@@ -45,7 +45,10 @@ void drawStates(const PictureBook& book, QWidget& navigator) {
 }  // namespace
 
 void drawNavigator(const PictureBook& book) {
-  const CommandRunner runner{[](int command) { return findReport(command) != nullptr; }, [](int) {}, {}};
+  const CommandRunner runner{
+      [](int command) { return findReport(command) != nullptr ? QString() : QStringLiteral("该功能尚未提供"); },
+      [](int) {},
+      {}};
   for (const View& view : views) {
     if (!view.inManual && !book.All()) continue;
     g_lpArgument = view.argument;
