@@ -16,3 +16,9 @@ target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})
 target_precompile_headers(desktop_tests PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets> <string> <vector>)
 add_test(NAME desktop COMMAND desktop_tests)
 set_tests_properties(desktop PROPERTIES LABELS desktop ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+# The same windows on the screen that 200 % leave of 1920 x 1080.
+add_test(NAME desktop-small-screen COMMAND desktop_tests --gtest_filter=SmallScreen.*)
+set_tests_properties(
+  desktop-small-screen
+  PROPERTIES LABELS desktop
+             ENVIRONMENT QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/support/small_screen.json)

@@ -34,7 +34,7 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
       operatorName_(toQt(who.name)),
       navigator_(nullptr),
       launcher_(std::move(who), findReport),
-      ledgerName_(ledger.Name()) {
+      openLedger_(ledger) {
   launcher_.OfferSaved(conditions_);
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
@@ -42,17 +42,17 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
   connect(&navigator_, &QDialog::finished, this, &Desktop::Finish);
   addWindowKeys(navigator_, launcher_);
-  AddBar(ledger);
+  AddBar();
 }
 
 Desktop::~Desktop() = default;
 
-void Desktop::AddBar(const OpenLedger& ledger) {
+void Desktop::AddBar() {
   bar_ = new QWidget(&navigator_);
   auto* menu = new QMenu(bar_);
   FillLedgerMenu(menu);
   ledger_ = menuButton(menu, bar_);
-  ledger_->setToolTip(QStringLiteral("帐套：%1").arg(ledger.Name()));
+  ledger_->setToolTip(QStringLiteral("帐套：%1").arg(openLedger_.Name()));
   auto* list = new QMenu(bar_);
   listWindows(list, launcher_);
   windows_ = menuButton(list, bar_);
@@ -69,17 +69,14 @@ void Desktop::AddBar(const OpenLedger& ledger) {
 
 void Desktop::FillLedgerMenu(QMenu* menu) {
   menu->addAction(QStringLiteral("登录日期…"), this, [this] {
-    if (const auto date = askLogonDate(&navigator_, g_tmLogonTime)) {
+    if (const auto date = askLogonDate(&navigator_, g_tmLogonTime, openLedger_.AccountYear())) {
       g_tmLogonTime = *date;
       PlaceBar();
     }
   });
   AddThemes(menu->addMenu(QStringLiteral("外观")));
   menu->addSeparator();
-  menu->addAction(QStringLiteral("打开其他帐套…"), this, [this] {
-    another_ = true;
-    navigator_.close();
-  });
+  menu->addAction(QStringLiteral("打开其他帐套…"), this, &Desktop::anotherWanted);
   menu->addAction(QStringLiteral("退出"), &navigator_, &QWidget::close);
 }
 
@@ -110,7 +107,7 @@ void Desktop::PlaceBar() {
   const int height = bar_->sizeHint().height();
   bar_->setGeometry(left, exit->geometry().center().y() - height / 2, width, height);
 
-  QString shown = toQt(isoText(g_tmLogonTime)) + QStringLiteral(" · ") + ledgerName_;
+  QString shown = toQt(isoText(g_tmLogonTime)) + QStringLiteral(" · ") + openLedger_.Name();
   if (!operatorName_.isEmpty()) shown = operatorName_ + QStringLiteral(" · ") + shown;
   constexpr int arrowAndMargins = 40;
   const int room = width - windows_->sizeHint().width() - arrowAndMargins;
@@ -141,7 +138,12 @@ void Desktop::Welcome(ReportWindow* window) {
 
 void Desktop::Finish() {
   launcher_.CloseAll();
-  emit finished(another_);
+  emit finished();
+}
+
+void Desktop::Close() {
+  launcher_.CloseAll();
+  navigator_.hide();
 }
 
 }  // namespace tz

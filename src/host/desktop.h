@@ -24,15 +24,21 @@ class Desktop : public QObject {
 
   void Show() { navigator_.RefreshDisplay(); }
 
+  // Closes the reports and the navigator without saying that the desktop is finished.
+  void Close();
+  [[nodiscard]] QWidget* Navigator() { return &navigator_; }
+
  signals:
-  // The navigator and all its reports are closed; `another` when a ledger is to be chosen anew.
-  void finished(bool another);
+  // The navigator and all its reports are closed.
+  void finished();
+  // Another ledger is to be chosen; this one stays until that one is open.
+  void anotherWanted();
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
-  void AddBar(const OpenLedger& ledger);
+  void AddBar();
   void FillLedgerMenu(QMenu* menu);
   void AddThemes(QMenu* menu);
   // Beside the exit, with as much of the ledger's name as there is room for.
@@ -45,11 +51,10 @@ class Desktop : public QObject {
   QString operatorName_;
   CQnCwAssistantDlg navigator_;
   ReportLauncher launcher_;
-  QString ledgerName_;
+  const OpenLedger& openLedger_;
   QWidget* bar_ = nullptr;
   QToolButton* ledger_ = nullptr;
   QToolButton* windows_ = nullptr;
-  bool another_ = false;
 };
 
 }  // namespace tz

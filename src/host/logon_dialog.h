@@ -1,40 +1,61 @@
-// Who works and as of which date: operator and password where the ledger has operators, the logon date always.
+// Who works and as of which date: operator and password where the ledger has operators, the logon date always. A date
+// outside the account year is refused.
 #pragma once
 
 #include <QDialog>
 #include <optional>
 
+#include "host/failure_note.h"
 #include "reports/operator.h"
 
 class QComboBox;
 class QDateEdit;
-class QLabel;
 class QLineEdit;
 
 namespace tz {
+
+class OpenLedger;
+
+// A date edit that knows the account year.
+class LogonDateEdit {
+ public:
+  LogonDateEdit(Date date, std::optional<int> accountYear, QWidget* parent);
+
+  [[nodiscard]] QDateEdit* Widget() const { return edit_; }
+  [[nodiscard]] Date Value() const;
+  // Why the date is refused, having taken the focus; an empty text when it is not.
+  [[nodiscard]] QString Refusal() const;
+
+ private:
+  QDateEdit* edit_;
+  std::optional<int> accountYear_;
+};
 
 class LogonDialog : public QDialog {
   Q_OBJECT
 
  public:
-  LogonDialog(const CQnCwDB& db, const QString& ledger, const QString& lastOperator, Date date);
+  // The ledger must outlive the dialog. Throws DbError when its operators cannot be read.
+  LogonDialog(const OpenLedger& ledger, const QString& lastOperator, QWidget* parent);
 
   [[nodiscard]] const Operator& Who() const { return who_; }
-  [[nodiscard]] Date LogonDate() const;
+  [[nodiscard]] Date LogonDate() const { return date_.Value(); }
 
  protected:
   void accept() override;
 
  private:
-  const CQnCwDB& db_;
+  void LogOn();
+
+  const OpenLedger& ledger_;
   Operator who_;
   QComboBox* names_;
   QLineEdit* password_;
-  QDateEdit* date_;
-  QLabel* failure_;
+  LogonDateEdit date_;
+  FailureNote* failure_;
 };
 
 // Another logon date; nothing when the person gave up.
-[[nodiscard]] std::optional<Date> askLogonDate(QWidget* parent, Date date);
+[[nodiscard]] std::optional<Date> askLogonDate(QWidget* parent, Date date, std::optional<int> accountYear);
 
 }  // namespace tz

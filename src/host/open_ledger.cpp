@@ -9,23 +9,30 @@
 
 namespace tz {
 
-OpenLedger::OpenLedger(const QString& address) {
-  const std::string name = fromQt(address);
-  db_.Open(name);
-  g_tmLogonTime = defaultLogonDate(db_);
+OpenLedger::OpenLedger(const QString& address) : address_(fromQt(address)) {
+  db_.Open(address_);
+  proposed_ = defaultLogonDate(db_);
+  year_ = accountYear(db_);
   const auto set = db_.Current().query("SELECT lId, sName FROM zAccountM ORDER BY lId LIMIT 1");
   if (set->next()) {
-    g_lAccountId = set->integer(0);
+    accountSet_ = set->integer(0);
     name_ = toQt(set->text(1));
   }
   if (name_.isEmpty()) name_ = QFileInfo(address).completeBaseName();
-  g_pDB = &db_;
-  g_lpszQnZwDBName = name;
 }
 
 OpenLedger::~OpenLedger() {
+  if (g_pDB != &db_) return;
   g_pDB = nullptr;
   g_lpszQnZwDBName.clear();
+  g_lAccountId = 0;
+}
+
+void OpenLedger::MakeCurrent(Date logon) {
+  g_pDB = &db_;
+  g_lpszQnZwDBName = address_;
+  g_lAccountId = accountSet_;
+  g_tmLogonTime = logon;
 }
 
 QString shownAddress(const QString& address) {

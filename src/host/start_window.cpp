@@ -2,7 +2,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,9 +12,9 @@
 #include "data/connection.h"
 #include "host/open_ledger.h"
 #include "host/settings.h"
+#include "suite/fit_window.h"
 #include "suite/fonts.h"
 #include "suite/qt_text.h"
-#include "suite/theme.h"
 
 namespace tz {
 namespace {
@@ -38,12 +37,14 @@ QLabel* heading(const QString& text, QWidget* parent) {
 
 }  // namespace
 
-StartWindow::StartWindow(HostSettings& settings, Open open)
-    : settings_(settings),
+StartWindow::StartWindow(HostSettings& settings, Open open, QWidget* parent)
+    : QDialog(parent),
+      settings_(settings),
       open_(std::move(open)),
       recent_(new QListWidget(this)),
       server_(new QLineEdit(this)),
-      failure_(new QLabel(this)) {
+      fileFailure_(new FailureNote(this)),
+      serverFailure_(new FailureNote(this)) {
   setWindowTitle(QStringLiteral("辅助核算 — 打开帐套"));
   LayOut();
   FillRecent();
@@ -58,16 +59,18 @@ void StartWindow::LayOut() {
   openRecent->setDefault(true);
   connect(openRecent, &QPushButton::clicked, this, &StartWindow::OpenChosen);
   auto* file = new QPushButton(QStringLiteral("选择文件…"), this);
+  file->setObjectName(QStringLiteral("chooseFile"));
+  openRecent->setObjectName(QStringLiteral("open"));
   connect(file, &QPushButton::clicked, this, &StartWindow::OpenFile);
+  server_->setObjectName(QStringLiteral("server"));
   server_->setPlaceholderText(QStringLiteral("postgresql://用户@服务器/数据库"));
   server_->setAccessibleName(QStringLiteral("服务器地址"));
   auto* connectServer = new QPushButton(QStringLiteral("连接"), this);
   connectServer->setAutoDefault(false);
   connect(connectServer, &QPushButton::clicked, this, &StartWindow::OpenServer);
-  failure_->setWordWrap(true);
-  failure_->setTextFormat(Qt::PlainText);
-  failure_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  failure_->hide();
+  connectServer->setObjectName(QStringLiteral("connect"));
+  fileFailure_->setObjectName(QStringLiteral("fileFailure"));
+  serverFailure_->setObjectName(QStringLiteral("serverFailure"));
 
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(file);
@@ -82,11 +85,12 @@ void StartWindow::LayOut() {
   layout->addWidget(heading(QStringLiteral("打开帐套"), this));
   layout->addWidget(recent_, 1);
   layout->addLayout(buttons);
+  layout->addWidget(fileFailure_);
   layout->addSpacing(margin / 2);
   layout->addWidget(new QLabel(QStringLiteral("服务器上的帐套"), this));
   layout->addLayout(server);
-  layout->addWidget(failure_);
-  resize(520, 460);
+  layout->addWidget(serverFailure_);
+  resize(QSize(520, 460).boundedTo(roomFor(*this)));
 }
 
 void StartWindow::FillRecent() {
@@ -109,7 +113,7 @@ void StartWindow::OpenChosen() {
   if (server_->hasFocus() && !server_->text().isEmpty()) {
     OpenServer();
   } else if (const auto* item = recent_->currentItem()) {
-    TryOpen(item->data(Qt::UserRole).toString());
+    TryOpen(item->data(Qt::UserRole).toString(), *fileFailure_, recent_);
   } else {
     OpenFile();
   }
@@ -118,35 +122,43 @@ void StartWindow::OpenChosen() {
 void StartWindow::OpenFile() {
   const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("打开帐套"), {},
                                                     QStringLiteral("帐套 (*.db *.tz *.sqlite);;所有文件 (*)"));
-  if (!file.isEmpty()) TryOpen(file);
+  if (!file.isEmpty()) TryOpen(file, *fileFailure_, findChild<QWidget*>(QStringLiteral("chooseFile")));
 }
 
 void StartWindow::OpenServer() {
   const QString address = server_->text().trimmed();
   if (!isServerAddress(fromQt(address))) {
-    ShowFailure(QStringLiteral("服务器地址应以 postgresql:// 开头，例如 postgresql://zhangsan@server/ledger2025"));
+    serverFailure_->Tell(
+        {QStringLiteral("服务器地址应以 postgresql:// 开头，例如 postgresql://zhangsan@server/ledger2025")});
+    server_->setFocus();
+    server_->selectAll();
     return;
   }
-  TryOpen(address);
+  TryOpen(address, *serverFailure_, server_);
 }
 
-void StartWindow::TryOpen(const QString& address) {
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  const QString failure = open_(address);
-  QGuiApplication::restoreOverrideCursor();
-  if (failure.isEmpty()) {
+void StartWindow::TryOpen(const QString& address, FailureNote& note, QWidget* from) {
+  fileFailure_->Clear();
+  serverFailure_->Clear();
+  const Failure failure = open_(address, this);
+  if (failure.text.isEmpty()) {
     accept();
-  } else {
-    ShowFailure(failure);
+    return;
   }
+  note.Tell(failure);
+  from->setFocus();
 }
 
-void StartWindow::ShowFailure(const QString& text) {
-  QPalette palette;
-  palette.setColor(QPalette::WindowText, currentTheme().negative);
-  failure_->setPalette(palette);
-  failure_->setText(text);
-  failure_->show();
+void StartWindow::ShowFailure(const QString& address, const Failure& failure) {
+  fileFailure_->Clear();
+  serverFailure_->Clear();
+  if (!isServerAddress(fromQt(address))) {
+    fileFailure_->Tell(failure);
+    return;
+  }
+  server_->setText(shownAddress(address));
+  serverFailure_->Tell(failure);
+  server_->setFocus();
 }
 
 void StartWindow::keyPressEvent(QKeyEvent* event) {

@@ -1,11 +1,12 @@
 // The first window of the desktop when no ledger is named: recent ledgers, a file, a server. What could not be opened
-// is said here, and the person tries again.
+// is said below the row where it was chosen, and the person tries again.
 #pragma once
 
 #include <QDialog>
 #include <functional>
 
-class QLabel;
+#include "host/failure_note.h"
+
 class QLineEdit;
 class QListWidget;
 
@@ -17,11 +18,13 @@ class StartWindow : public QDialog {
   Q_OBJECT
 
  public:
-  // `open` returns an empty text when it opened the ledger, else why it could not.
-  using Open = std::function<QString(const QString& address)>;
-  StartWindow(HostSettings& settings, Open open);
+  // `open` answers with an empty text when it opened the ledger, else with why it could not. What it asks the person
+  // stands over `window`.
+  using Open = std::function<Failure(const QString& address, QWidget* window)>;
+  StartWindow(HostSettings& settings, Open open, QWidget* parent);
 
-  void ShowFailure(const QString& text);
+  // Why an address that was given elsewhere could not be opened.
+  void ShowFailure(const QString& address, const Failure& failure);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -32,13 +35,15 @@ class StartWindow : public QDialog {
   void OpenChosen();
   void OpenFile();
   void OpenServer();
-  void TryOpen(const QString& address);
+  // The failure stands in `note`, and the focus goes back to where the address came from.
+  void TryOpen(const QString& address, FailureNote& note, QWidget* from);
 
   HostSettings& settings_;
   Open open_;
   QListWidget* recent_;
   QLineEdit* server_;
-  QLabel* failure_;
+  FailureNote* fileFailure_;
+  FailureNote* serverFailure_;
 };
 
 }  // namespace tz

@@ -22,7 +22,7 @@ struct Session {
   std::function<bool()> cancelled = [] { return false; };
 };
 
-// Nothing when the ledger names none.
+// The year of the account set, in which a logon date lies; nothing in a ledger that names none.
 [[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
 // The last posted voucher's date; the first day of the account year in a ledger without posted vouchers.
 [[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);
