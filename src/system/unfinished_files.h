@@ -42,6 +42,8 @@ class UnfinishedFile {
 // Puts a finished file in its place, over what stands there, and brings the folder to the disk, so that the name is
 // still the new file's after a loss of power. Returns 0 or the error number.
 [[nodiscard]] int putInPlace(const std::string& path, const std::string& target);
+// The same where nothing may stand yet: EEXIST when something does, which stays as it is, and so does the file.
+[[nodiscard]] int putInFreePlace(const std::string& path, const std::string& target);
 // Brings a folder's names to the disk; 0, or the error number. File systems that cannot do it are no error.
 [[nodiscard]] int syncFolderOf(const std::string& path);
 

@@ -2,6 +2,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -89,6 +90,19 @@ UnfinishedFile::~UnfinishedFile() {
 int putInPlace(const std::string& path, const std::string& target) {
   if (::rename(path.c_str(), target.c_str()) != 0) return errno;
   return syncFolderOf(target);
+}
+
+int putInFreePlace(const std::string& path, const std::string& target) {
+  if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return syncFolderOf(target);
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  // A file system that cannot do it in one step: the place is taken by an empty file, which nobody else can have made.
+  const int handle = ::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (handle < 0) return errno;
+  ::close(handle);
+  const UnfinishedFile taken(target);
+  const int error = putInPlace(path, target);
+  if (error != 0 && ::access(path.c_str(), F_OK) == 0) ::unlink(target.c_str());
+  return error;
 }
 
 int syncFolderOf(const std::string& path) {

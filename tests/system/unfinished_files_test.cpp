@@ -1,6 +1,7 @@
 // A process that is ended by a signal takes its unfinished files with it.
 #include "system/unfinished_files.h"
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -70,6 +71,17 @@ TEST(UnfinishedFiles, AreNamedBeforeASignalArrives) {
   });
   EXPECT_EQ(ended, SIGTERM);
   EXPECT_FALSE(std::filesystem::exists(folder / "half"));
+}
+
+TEST(UnfinishedFiles, AreNotPutOverWhatAppearedMeanwhile) {
+  const TemporaryFolder folder;
+  makeFile(folder / "work");
+  std::ofstream(folder / "place") << "another's";
+  EXPECT_EQ(system::putInFreePlace(folder / "work", folder / "place"), EEXIST);
+  EXPECT_EQ(std::filesystem::file_size(folder / "place"), 9U);
+  EXPECT_EQ(system::putInFreePlace(folder / "work", folder / "free"), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "work"));
+  EXPECT_EQ(std::filesystem::file_size(folder / "free"), 4U);
 }
 
 }  // namespace
