@@ -40,14 +40,12 @@ Status create(const CreateOptions& options) {
 
 Status check(const std::string& address) {
   const auto connection = openLedger(address, Access::read);
-  const Transaction reading(*connection, Transaction::Purpose::reading);
-  std::int64_t violations = 0;
-  checkLedger(*connection, [&](const Violation& violation) {
-    ++violations;
-    print(violation.text() + "\n");
-  });
-  if (violations == 0) print("帐套符合全部规则\n");
-  return violations == 0 ? Status::done : Status::refused;
+  Transaction reading(*connection, Transaction::Purpose::reading);
+  std::string violations;
+  checkLedger(*connection, [&](const Violation& violation) { violations += violation.text() + "\n"; });
+  reading.commit();  // until then it is not known that all was read at one moment
+  print(violations.empty() ? "帐套符合全部规则\n" : violations);
+  return violations.empty() ? Status::done : Status::refused;
 }
 
 }  // namespace

@@ -91,7 +91,10 @@ ReportOutcome runReport(const ReportDefinition& report, const Request& request, 
   Transaction reading(session.db.Current(), Transaction::Purpose::reading);
   try {
     auto validated = validate(*report.dialog, request, session);
-    if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
+    if (auto* refusal = std::get_if<Refusal>(&validated)) {
+      reading.commit();  // what it was refused for was read as well
+      return std::move(*refusal);
+    }
     auto& conditions = std::get<Conditions>(validated);
     chooseFormat(report, conditions);
     auto computed = compute(report, conditions, session);
