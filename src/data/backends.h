@@ -10,7 +10,11 @@ namespace tz {
 
 // Each opens without looking whether a ledger is inside; connection.cpp checks and prepares.
 [[nodiscard]] std::unique_ptr<Connection> openSqlite(const std::string& path, Access access);
+// A new ledger file, or an empty one, to be filled in one go by somebody who knows alone of it: a crash in the middle
+// may leave anything.
 [[nodiscard]] std::unique_ptr<Connection> createSqlite(const std::string& path);
+// Closes such a file, brings it to the disk and reads it anew. Throws DbError when not all of it is there.
+void finishSqlite(std::unique_ptr<Connection> connection, const std::string& path);
 [[nodiscard]] std::unique_ptr<Connection> openPostgres(const std::string& address, Access access);
 
 // From here on the connection writes only what report_writes.h lists.

@@ -23,7 +23,9 @@ class DbError : public std::runtime_error {
     incomplete,   // a ledger without a table or column that is needed
     newer,        // made by a newer version of the program or of the database
     damaged,      // the file's contents are broken
+    foreignLog,   // a log or journal beside the file is not this ledger's
     locked,       // somebody else holds it
+    changed,      // somebody wrote to it while it was read without a lock
     unreadable,   // the file's or folder's rights forbid to read it
     denied,       // the database refuses the statement
     full,         // no room on the disk
@@ -127,6 +129,7 @@ class Transaction {
 // ledger, when its version is newer than this program's or when the access cannot be had.
 [[nodiscard]] std::unique_ptr<Connection> openLedger(const std::string& address, Access access);
 // A connection to a place that holds no ledger yet: a file that does not exist, or a database without ledger tables.
+// The file lasts only when createLedger() makes it.
 [[nodiscard]] std::unique_ptr<Connection> openEmpty(const std::string& address);
 [[nodiscard]] bool isServerAddress(std::string_view address);
 

@@ -1,9 +1,16 @@
 #include "data/create_ledger.h"
 
+#include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
+#include <optional>
+#include <unistd.h>
 
 #include "data/backends.h"
 #include "data/schema.h"
+#include "data/sqlite_file.h"
+#include "system/error_text.h"
+#include "system/unfinished_files.h"
 
 namespace tz {
 namespace {
@@ -19,25 +26,67 @@ void build(Connection& connection, bool server, const std::function<void(Connect
   transaction.commit();
 }
 
-// A file under a temporary name beside its place until it is complete.
-class UnfinishedFile {
+[[noreturn]] void fail(const std::string& path, int error) {
+  const bool full = error == ENOSPC || error == EDQUOT;
+  const bool noRight = error == EACCES || error == EPERM || error == EROFS;
+  throw DbError(full      ? DbError::Kind::full
+                : noRight ? DbError::Kind::denied
+                          : DbError::Kind::disk,
+                path + "：" + system::errorText(error));
+}
+
+// Neither a ledger nor what SQLite would take for a part of one.
+void requireFreePlace(const std::string& target) {
+  std::error_code ignored;
+  if (fs::symlink_status(target, ignored).type() != fs::file_type::not_found) {
+    throw DbError(DbError::Kind::duplicate, "the file is there already: " + target);
+  }
+  const auto beside = fileBeside(target);
+  if (beside.empty()) return;
+  throw DbError(DbError::Kind::foreignLog, beside + ": it was left by a ledger that stood here before");
+}
+
+// A file under a name of its own beside its place until it is complete.
+class WorkFile {
  public:
-  explicit UnfinishedFile(const std::string& target) : target_(target), path_(target + ".part") { remove(); }
-  UnfinishedFile(const UnfinishedFile&) = delete;
-  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-  ~UnfinishedFile() { remove(); }
-
-  [[nodiscard]] const std::string& path() const { return path_; }
-  void finish() { fs::rename(path_, target_); }
-
- private:
-  void remove() {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) fs::remove(path_ + suffix, ignored);
+  explicit WorkFile(const std::string& target) : target_(target) {
+    const auto folder = fs::path(target).parent_path();
+    if (!folder.empty() && !fs::is_directory(folder)) {
+      throw DbError(DbError::Kind::notFound, "no such folder: " + folder.string());
+    }
+    for (int number = 1; !unfinished_; ++number) {
+      path_ = (folder / (".tz-" + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp")).string();
+      if (!fileBeside(path_).empty()) continue;
+      const system::HeldSignals held;
+      const int handle = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (handle < 0 && errno == EEXIST) continue;
+      if (handle < 0) fail(target, errno);
+      unfinished_.emplace(path_);
+      ::close(handle);
+    }
+  }
+  WorkFile(const WorkFile&) = delete;
+  WorkFile& operator=(const WorkFile&) = delete;
+  ~WorkFile() {
+    if (!placed_) ::unlink(path_.c_str());
   }
 
+  [[nodiscard]] const std::string& path() const { return path_; }
+  void putInPlace() {
+    requireFreePlace(target_);
+    const int error = system::putInFreePlace(path_, target_);
+    placed_ = error == 0;
+    if (placed_) return;
+    if (error == EEXIST) requireFreePlace(target_);
+    if (!fs::exists(path_)) ::unlink(target_.c_str());  // it is there, but its name may not last
+    fail(target_, error);
+  }
+
+ private:
   std::string target_;
   std::string path_;
+  std::optional<system::UnfinishedFile> unfinished_;
+  bool placed_ = false;
 };
 
 }  // namespace
@@ -48,13 +97,12 @@ void createLedger(const std::string& address, const std::function<void(Connectio
     build(*connection, true, fill);
     return;
   }
-  if (fs::exists(address)) throw DbError(DbError::Kind::duplicate, "the file is there already: " + address);
-  UnfinishedFile file(address);
-  {
-    const auto connection = openEmpty(file.path());
-    build(*connection, false, fill);
-  }
-  file.finish();
+  requireFreePlace(address);
+  WorkFile file(address);
+  auto connection = createSqlite(file.path());
+  build(*connection, false, fill);
+  finishSqlite(std::move(connection), file.path());
+  file.putInPlace();
 }
 
 }  // namespace tz

@@ -1,8 +1,8 @@
 // The SQLite backend: one file holds one ledger.
-#include <array>
+#include "data/sqlite_connection.h"
+
 #include <cassert>
 #include <charconv>
-#include <filesystem>
 #include <sqlite3.h>
 
 #include "data/backends.h"
@@ -79,17 +79,16 @@ Statement prepareBound(sqlite3* db, const Sql& sql) {
 
 class SqliteCursor final : public Cursor {
  public:
-  SqliteCursor(sqlite3* db, Statement statement) : db_(db), statement_(std::move(statement)) {}
+  // Of a ledger that is read as it stands, rows outside a transaction are made sure of one by one.
+  SqliteCursor(sqlite3* db, Statement statement, std::shared_ptr<const StandingLedger> standing, bool inTransaction)
+      : db_(db), statement_(std::move(statement)), standing_(std::move(standing)), eachRow_(!inTransaction) {}
 
   bool next() override {
-    switch (sqlite3_step(statement_.get())) {
-      case SQLITE_ROW:
-        return true;
-      case SQLITE_DONE:
-        return false;
-      default:
-        fail(db_);
-    }
+    const int result = sqlite3_step(statement_.get());
+    const bool failed = result != SQLITE_ROW && result != SQLITE_DONE;
+    if (standing_ != nullptr && (eachRow_ || failed)) standing_->requireUnchanged();
+    if (failed) fail(db_);
+    return result == SQLITE_ROW;
   }
   int columns() const override { return sqlite3_column_count(statement_.get()); }
   std::string columnName(int column) const override { return sqlite3_column_name(statement_.get(), column); }
@@ -104,6 +103,7 @@ class SqliteCursor final : public Cursor {
     const auto value = text(column);
     if (value.empty()) return {};
     const auto date = parseIsoDate(value);
+    if (!date && standing_ != nullptr) standing_->requireUnchanged();
     if (!date) throw DbError(DbError::Kind::damaged, "not a date: " + std::string(value));
     return *date;
   }
@@ -115,6 +115,8 @@ class SqliteCursor final : public Cursor {
  private:
   sqlite3* db_;
   Statement statement_;
+  std::shared_ptr<const StandingLedger> standing_;
+  bool eachRow_;
 };
 
 class SqliteWriter final : public RowWriter {
@@ -173,150 +175,113 @@ int authorizeReport(void*, int action, const char* first, const char* second, co
   }
 }
 
-class SqliteConnection final : public Connection {
- public:
-  explicit SqliteConnection(sqlite3* db) : db_(db) {}
-  ~SqliteConnection() override { sqlite3_close_v2(db_); }
-
-  std::unique_ptr<Cursor> query(const Sql& sql) override {
-    return std::make_unique<SqliteCursor>(db_, prepareBound(db_, sql));
-  }
-  std::int64_t execute(const Sql& sql) override {
-    const auto statement = prepareBound(db_, sql);
-    int result = SQLITE_ROW;
-    while (result == SQLITE_ROW) result = sqlite3_step(statement.get());
-    if (result != SQLITE_DONE) fail(db_);
-    return sqlite3_changes64(db_);
-  }
-  std::unique_ptr<RowWriter> insertInto(std::string_view table, std::span<const std::string> columns) override {
-    std::string text = "INSERT INTO " + std::string(table) + " (";
-    std::string marks;
-    for (const auto& column : columns) {
-      text += (&column == columns.data() ? "" : ", ") + column;
-      marks += &column == columns.data() ? "?" : ", ?";
-    }
-    return std::make_unique<SqliteWriter>(db_, prepare(db_, text + ") VALUES (" + marks + ")"));
-  }
-  const Dialect& dialect() const override {
-    static const SqliteDialect dialect;
-    return dialect;
-  }
-  // A file that was deleted, moved or replaced is no longer the ledger, though it can still be read.
-  bool alive() override {
-    int moved = 0;
-    sqlite3_file_control(db_, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
-    return moved == 0 && sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK;
-  }
-  void setCancelCheck(bool (*cancelled)(void*), void* context) override {
-    cancelled_ = cancelled;
-    context_ = context;
-    constexpr int stepsBetweenChecks = 10'000;
-    const auto check = [](void* self) {
-      const auto* connection = static_cast<SqliteConnection*>(self);
-      return connection->cancelled_(connection->context_) ? 1 : 0;
-    };
-    sqlite3_progress_handler(db_, cancelled == nullptr ? 0 : stepsBetweenChecks, check, this);
-  }
-
-  void run(const char* text) {
-    if (sqlite3_exec(db_, text, nullptr, nullptr, nullptr) != SQLITE_OK) fail(db_);
-  }
-  [[nodiscard]] sqlite3* handle() const { return db_; }
-
- protected:
-  void begin(bool writing) override { run(writing ? "BEGIN IMMEDIATE" : "BEGIN"); }
-  void commit() override { run("COMMIT"); }
-  void rollback() noexcept override {
-    if (sqlite3_get_autocommit(db_) == 0) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-  }
-
- private:
-  sqlite3* db_;
-  bool (*cancelled_)(void*) = nullptr;
-  void* context_ = nullptr;
-};
-
-// A path as a "file:" name, every byte that could mean something else escaped.
-std::string uriOf(const std::string& path, std::string_view options) {
-  std::string uri = "file:";
-  for (const char signedChar : path) {
-    const auto c = static_cast<unsigned char>(signedChar);
-    if (std::isalnum(c) != 0 || c == '/' || c == '.' || c == '-' || c == '_') {
-      uri += static_cast<char>(c);
-    } else {
-      constexpr std::array hex = {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', 'A', 'B', 'C', 'D', 'E', 'F'};
-      uri += '%';
-      uri += hex[c >> 4];
-      uri += hex[c & 15];
-    }
-  }
-  return uri + std::string(options);
-}
-
-// Without locks of its own: a connection belongs to one thread.
-std::unique_ptr<SqliteConnection> openFile(const std::string& name, int flags) {
-  sqlite3* raw = nullptr;
-  const int result = sqlite3_open_v2(name.c_str(), &raw,
-                                     flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
-  auto connection = std::make_unique<SqliteConnection>(raw);
-  if (result != SQLITE_OK) throw sqliteError(result, raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
-  constexpr int busyMilliseconds = 5000;
-  sqlite3_busy_timeout(raw, busyMilliseconds);
-  connection->run("PRAGMA trusted_schema = OFF");
-  // A page of a damaged file is looked at before it is used; costs next to nothing.
-  connection->run("PRAGMA cell_size_check = ON");
-  // As in the other database; account flags are tested with LIKE.
-  connection->run("PRAGMA case_sensitive_like = ON");
-  return connection;
-}
-
-// As far as the first page, so that what is no database is found out here.
-std::unique_ptr<SqliteConnection> openAndLook(const std::string& path, Access access) {
-  auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE);
-  connection->run(access == Access::read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
-  connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
-  return connection;
-}
-
-// The file is opened as if for writing even for reading alone, because only such a connection can clear away the work
-// files of WAL mode when it closes; the database then refuses every write. Where the folder cannot be written, a ledger
-// in WAL mode that nobody has open is read as it stands.
-std::unique_ptr<SqliteConnection> openThere(const std::string& path, Access access) {
-  try {
-    return openAndLook(path, access);
-  } catch (const DbError& error) {
-    const bool noRight = error.kind() == DbError::Kind::notFound || error.kind() == DbError::Kind::denied;
-    if (!noRight || access == Access::keeper || std::filesystem::exists(path + "-wal")) throw;
-  }
-  auto connection = openFile(uriOf(path, "?immutable=1"), SQLITE_OPEN_READONLY);
-  connection->run("SELECT 1 FROM sqlite_master LIMIT 1");
-  return connection;
-}
-
 }  // namespace
 
-std::unique_ptr<Connection> openSqlite(const std::string& path, Access access) {
-  requireFile(path);
+SqliteConnection::~SqliteConnection() { sqlite3_close_v2(db_); }
+
+std::unique_ptr<Cursor> SqliteConnection::query(const Sql& sql) {
+  reopenIfChanged();
   try {
-    return openThere(path, access);
-  } catch (const DbError& error) {
-    throw openingError(path, error);
+    return std::make_unique<SqliteCursor>(db_, prepareBound(db_, sql), standing_, inTransaction());
+  } catch (const DbError&) {
+    if (standing_ != nullptr) standing_->requireUnchanged();
+    throw;
   }
+}
+
+std::int64_t SqliteConnection::execute(const Sql& sql) {
+  const auto statement = prepareBound(db_, sql);
+  int result = SQLITE_ROW;
+  while (result == SQLITE_ROW) result = sqlite3_step(statement.get());
+  if (result != SQLITE_DONE) fail(db_);
+  return sqlite3_changes64(db_);
+}
+
+std::unique_ptr<RowWriter> SqliteConnection::insertInto(std::string_view table, std::span<const std::string> columns) {
+  std::string text = "INSERT INTO " + std::string(table) + " (";
+  std::string marks;
+  for (const auto& column : columns) {
+    text += (&column == columns.data() ? "" : ", ") + column;
+    marks += &column == columns.data() ? "?" : ", ?";
+  }
+  return std::make_unique<SqliteWriter>(db_, prepare(db_, text + ") VALUES (" + marks + ")"));
+}
+
+const Dialect& SqliteConnection::dialect() const {
+  static const SqliteDialect dialect;
+  return dialect;
+}
+
+// A file that was deleted, moved or replaced is no longer the ledger, though it can still be read.
+bool SqliteConnection::alive() {
+  int moved = 0;
+  sqlite3_file_control(db_, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved == 0 && sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+void SqliteConnection::setCancelCheck(bool (*cancelled)(void*), void* context) {
+  cancelled_ = cancelled;
+  context_ = context;
+  installCancelCheck();
+}
+
+void SqliteConnection::restrictToReports() {
+  restricted_ = true;
+  sqlite3_set_authorizer(db_, authorizeReport, nullptr);
+}
+
+void SqliteConnection::installCancelCheck() {
+  constexpr int stepsBetweenChecks = 10'000;
+  const auto check = [](void* self) {
+    const auto* connection = static_cast<SqliteConnection*>(self);
+    return connection->cancelled_(connection->context_) ? 1 : 0;
+  };
+  sqlite3_progress_handler(db_, cancelled_ == nullptr ? 0 : stepsBetweenChecks, check, this);
+}
+
+void SqliteConnection::run(const char* text) {
+  if (sqlite3_exec(db_, text, nullptr, nullptr, nullptr) != SQLITE_OK) fail(db_);
+}
+
+void SqliteConnection::readAsItStands(std::shared_ptr<const StandingLedger> standing, Opener reopen) {
+  standing_ = std::move(standing);
+  reopen_ = std::move(reopen);
+}
+
+// Cursors that are still open keep what they read from; they find out for themselves that it changed.
+void SqliteConnection::reopenIfChanged() {
+  if (standing_ == nullptr || inTransaction() || standing_->stands()) return;
+  const auto anew = reopen_();
+  std::swap(db_, anew->db_);
+  standing_ = anew->standing_;
+  installCancelCheck();
+  if (restricted_) restrictToReports();
+}
+
+void SqliteConnection::close() {
+  const int result = sqlite3_close(db_);
+  if (result != SQLITE_OK) throw sqliteError(result, sqlite3_errstr(result));
+  db_ = nullptr;
+}
+
+bool SqliteConnection::inTransaction() const { return sqlite3_get_autocommit(db_) == 0; }
+
+void SqliteConnection::begin(bool writing) {
+  reopenIfChanged();
+  run(writing ? "BEGIN IMMEDIATE" : "BEGIN");
+}
+
+void SqliteConnection::commit() {
+  if (standing_ != nullptr) standing_->requireUnchanged();
+  run("COMMIT");
+}
+
+void SqliteConnection::rollback() noexcept {
+  if (inTransaction()) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void restrictSqliteToReports(Connection& connection) {
-  sqlite3_set_authorizer(dynamic_cast<SqliteConnection&>(connection).handle(), authorizeReport, nullptr);
-}
-
-std::unique_ptr<Connection> createSqlite(const std::string& path) {
-  try {
-    auto connection = openFile(uriOf(path, ""), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    connection->run("PRAGMA journal_mode = WAL");
-    connection->run("PRAGMA synchronous = FULL");
-    return connection;
-  } catch (const DbError& error) {
-    throw creatingError(path, error);
-  }
+  dynamic_cast<SqliteConnection&>(connection).restrictToReports();
 }
 
 }  // namespace tz

@@ -1,10 +1,10 @@
 #include "data/sqlite_errors.h"
 
-#include <array>
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <sqlite3.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace tz {
 namespace {
@@ -47,19 +47,6 @@ Kind kindOf(int code, std::string_view message) {
   }
 }
 
-// The start of a file, as far as it goes.
-struct Head {
-  bool readable = false;
-  std::string bytes;
-};
-
-Head headOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::array<char, 100> buffer{};
-  file.read(buffer.data(), buffer.size());
-  return {file.is_open(), std::string(buffer.data(), static_cast<std::size_t>(file.gcount()))};
-}
-
 // A file that SQLite does not take for a database although it begins like one: its format is newer, or it is broken.
 DbError notADatabase(const std::string& path, const std::string& head, const std::string& message) {
   constexpr std::string_view magic("SQLite format 3\0", 16);
@@ -83,9 +70,12 @@ void requireFile(const std::string& path) {
   throw DbError(Kind::notALedger, (type == fs::file_type::directory ? "a folder: " : "not a file: ") + path);
 }
 
-DbError openingError(const std::string& path, const DbError& error) {
-  const auto head = headOf(path);
-  if (!head.readable) return {Kind::unreadable, "the file may not be read: " + path};
+DbError openingError(const std::string& path, const std::string& head, const DbError& error) {
+  if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
+    return {Kind::unreadable, "the file may not be read: " + path};
+  const bool explained =
+      error.kind() == Kind::foreignLog || error.kind() == Kind::changed || error.kind() == Kind::unreadable;
+  if (explained) return error;
   std::error_code ignored;
   if (error.kind() == Kind::notFound || error.kind() == Kind::denied) {
     const bool unfinished = fs::exists(path + "-wal", ignored);
@@ -93,7 +83,7 @@ DbError openingError(const std::string& path, const DbError& error) {
             path + (unfinished ? ": its last changes lie in a file -wal beside it, and the folder may not be written"
                                : ": its folder may not be written")};
   }
-  if (error.kind() == Kind::notALedger) return notADatabase(path, head.bytes, error.what());
+  if (error.kind() == Kind::notALedger) return notADatabase(path, head, error.what());
   return {error.kind(), path + ": " + error.what()};
 }
 

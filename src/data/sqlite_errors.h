@@ -12,8 +12,8 @@ namespace tz {
 [[nodiscard]] DbError sqliteError(int code, const std::string& message);
 // Throws unless an ordinary file is there.
 void requireFile(const std::string& path);
-// Why the file could not be opened or made: `error` is what SQLite said, the file itself often tells more.
-[[nodiscard]] DbError openingError(const std::string& path, const DbError& error);
+// Why the file could not be opened or made: `error` is what SQLite said, the file's first bytes often tell more.
+[[nodiscard]] DbError openingError(const std::string& path, const std::string& head, const DbError& error);
 [[nodiscard]] DbError creatingError(const std::string& path, const DbError& error);
 
 }  // namespace tz

@@ -28,8 +28,13 @@ Explanation explanationOf(DbError::Kind kind) {
       return {"帐套由更新的版本建立", "请升级本程序后再打开；帐套没有被改动"};
     case Kind::damaged:
       return {"帐套数据已损坏", "请停止使用它，并用备份恢复"};
+    case Kind::foreignLog:
+      return {"帐套旁边的文件不是它的",
+              "如果帐套是恢复、拷贝或新建的，请先把括号中的文件移到别处；否则请备份这些文件，再请管理员查看"};
     case Kind::locked:
       return {"帐套正被其他程序占用", "请稍后再试，或关闭占用它的程序"};
+    case Kind::changed:
+      return {"读取时帐套被改动", "没有采用读到的内容，请再试一次"};
     case Kind::unreadable:
       return {"无权读取帐套", "请检查文件和文件夹的属性，或请管理员授权"};
     case Kind::denied:
@@ -73,7 +78,23 @@ constexpr std::array phrases = {
     Phrase{"the folder may not be written: ", "不能写入文件夹 "},
     Phrase{": its last changes lie in a file -wal beside it, and the folder may not be written",
            "：最近的更改在旁边的 -wal 文件中，而文件夹不能写入"},
+    Phrase{": its last changes lie in a file -wal beside it, which may not be taken in from here",
+           "：最近的更改在旁边的 -wal 文件中，而在这里不能并入帐套"},
+    Phrase{": a change was broken off, and its file -journal may not be used from here",
+           "：有一次更改中断了，而在这里不能用旁边的 -journal 文件撤销它"},
+    Phrase{": it or its folder may not be written", "：文件或所在文件夹不能写入"},
     Phrase{": its folder may not be written", "：所在文件夹不能写入"},
+    Phrase{": an empty file", "：空文件"},
+    Phrase{": it was left by a ledger that stood here before", "：这里原来的帐套留下的"},
+    Phrase{": it is no log of a ledger", "：不是帐套的日志"},
+    Phrase{": it is no journal of a ledger", "：不是帐套的撤销日志"},
+    Phrase{": its pages are of another size", "：页的大小与帐套不同"},
+    Phrase{": the ledger keeps no such log", "：这个帐套不用这种日志"},
+    Phrase{": it knows another number of pages", "：其中的页数与帐套不同"},
+    Phrase{": it does not begin where the ledger ends", "：与帐套现有的内容接不上"},
+    Phrase{": the ledger was written later, and not from this log", "：帐套比它新，却没有它的内容"},
+    Phrase{": somebody has written to it while it was read", "：读取期间有人写入"},
+    Phrase{": what was written cannot be read back", "：写入的内容读不回来"},
     Phrase{": database is locked", ""},
     Phrase{": database disk image is malformed", ""},
     Phrase{": disk I/O error", ""},

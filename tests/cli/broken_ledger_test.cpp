@@ -12,6 +12,7 @@
 #include "data/backends.h"
 #include "data/create_ledger.h"
 #include "reports/explain_error.h"
+#include "support/privileges.h"
 
 namespace tz::test {
 namespace {
@@ -118,21 +119,6 @@ TEST(LockedLedger, IsSaidAfterWaiting) {
   expectSaid(smallReport(path), "帐套正被其他程序占用");
 }
 
-// The rights of nobody in particular while it lives; root would be allowed everything.
-class WithoutPrivileges {
- public:
-  WithoutPrivileges() {
-    constexpr uid_t nobody = 65534;
-    if (geteuid() == 0 && seteuid(nobody) != 0) throw std::runtime_error("the rights cannot be dropped");
-  }
-  WithoutPrivileges(const WithoutPrivileges&) = delete;
-  WithoutPrivileges& operator=(const WithoutPrivileges&) = delete;
-  ~WithoutPrivileges() {
-    if (geteuid() != getuid()) [[maybe_unused]]
-      const int failed = seteuid(getuid());
-  }
-};
-
 DbError::Kind kindOfOpening(const std::string& path, Access access) {
   const WithoutPrivileges nobody;
   try {
@@ -144,7 +130,15 @@ DbError::Kind kindOfOpening(const std::string& path, Access access) {
   return DbError::Kind::other;
 }
 
-void setRights(const fs::path& path, unsigned rights) { fs::permissions(path, static_cast<fs::perms>(rights)); }
+// What lies in the log after a change that is not yet in the ledger itself.
+std::string logAfter(const std::string& path, const char* statement) {
+  const auto keeper = openLedger(path, Access::keeper);
+  keeper->execute(Sql(statement));
+  const auto ledger = fileBytes(path);
+  auto log = fileBytes(path + "-wal");
+  replaceBy(path, ledger);
+  return log;
+}
 
 TEST(LedgerRights, AreToldFromMissingFiles) {
   const TempFolder folder;
@@ -178,7 +172,11 @@ TEST(LedgerRights, ReadOnlyLedgersAreReadAndNotWritten) {
   }
   // With changes that were not yet merged, reading the file alone would leave them out.
   setRights(folder.path(), 0755);
-  std::ofstream(path + "-wal") << "unmerged";
+  setRights(path, 0644);
+  const auto log = logAfter(path, "UPDATE RegSub SET byFlag = 1");
+  setRights(path, 0444);
+  fs::remove(path + "-shm");
+  std::ofstream(path + "-wal", std::ios::binary) << log;
   setRights(folder.path(), 0555);
   EXPECT_EQ(kindOfOpening(path, Access::read), DbError::Kind::unreadable);
   setRights(folder.path(), 0755);
