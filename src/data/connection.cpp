@@ -1,20 +1,14 @@
 #include "data/connection.h"
 
-#include <algorithm>
-#include <cctype>
 #include <charconv>
 #include <set>
 
 #include "data/backends.h"
+#include "data/ledger_tables.h"
 #include "data/schema.h"
 
 namespace tz {
 namespace {
-
-std::string lowered(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
 
 // The names of all tables and views, in lower case.
 std::set<std::string> tableNames(Connection& connection) {
@@ -34,11 +28,11 @@ void requireVersion(Connection& connection) {
 
 // Every table without which nothing can be read; a ledger made elsewhere may lack MarkLog. What holds none of them is
 // no ledger, whatever version it names; a newer ledger may have other tables.
-void requireLedger(Connection& connection, const std::set<std::string>& there) {
+void requireLedger(Connection& connection, const LedgerTables& there) {
   std::string missing;
   bool any = false;
   for (const auto& table : ledgerTables()) {
-    const bool found = there.contains(lowered(table.name));
+    const bool found = there.has(table.name);
     any = any || found;
     if (!found && table.name != MarkLogInfo::table) missing += " " + table.name;
   }
@@ -48,16 +42,16 @@ void requireLedger(Connection& connection, const std::set<std::string>& there) {
 }
 
 // What a ledger made elsewhere lacks for work: the mark log, the program's indexes, the report role's grants. Whoever
-// may not add them works without.
-void addMissing(Connection& connection, const std::set<std::string>& there, bool server) {
-  const bool log = there.contains(lowered(MarkLogInfo::table));
-  const bool catalogue = there.contains("systable");
-  if (log && catalogue && hasAllIndexes(connection)) return;
+// may not add them works without; views have no indexes.
+void addMissing(Connection& connection, const LedgerTables& there, bool server) {
+  const bool log = there.has(MarkLogInfo::table);
+  const bool catalogue = there.has("systable");
+  if (log && catalogue && (!there.indexable || hasAllIndexes(connection))) return;
   try {
     Transaction transaction(connection, Transaction::Purpose::writing);
     if (!log) createTable(connection, MarkLogInfo::table);
     if (!catalogue) createCatalogueView(connection);
-    createIndexes(connection);
+    if (there.indexable) createIndexes(connection);
     if (server) grantPostgresReportWrites(connection);
     transaction.commit();
   } catch (const DbError& error) {
@@ -87,12 +81,19 @@ bool isServerAddress(std::string_view address) {
 std::unique_ptr<Connection> openLedger(const std::string& address, Access access) {
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);
-  const auto there = tableNames(*connection);
+  const auto there = settleLedgerTables(*connection);
   requireLedger(*connection, there);
   if (access != Access::read) addMissing(*connection, there, server);
+  if (access != Access::keeper) bringIntoForm(*connection, there, access);
   if (access == Access::report) {
     server ? restrictPostgresToReports(*connection) : restrictSqliteToReports(*connection);
   }
+  return connection;
+}
+
+std::unique_ptr<Connection> openAsStored(const std::string& address) {
+  auto connection = isServerAddress(address) ? openPostgres(address, Access::read) : openSqlite(address, Access::read);
+  requireLedger(*connection, settleLedgerTables(*connection));
   return connection;
 }
 
@@ -101,7 +102,7 @@ std::unique_ptr<Connection> openEmpty(const std::string& address) {
   auto connection = openPostgres(address, Access::keeper);
   const auto there = tableNames(*connection);
   for (const auto& table : ledgerTables()) {
-    if (there.contains(lowered(table.name))) {
+    if (there.contains(lowerCase(table.name))) {
       throw DbError(DbError::Kind::duplicate, "the database holds a table " + table.name + " already");
     }
   }

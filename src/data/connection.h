@@ -32,6 +32,8 @@ class DbError : public std::runtime_error {
     disk,         // the disk failed
     lost,         // the connection broke
     duplicate,    // a unique rule would be broken
+    otherType,    // a column of a type that cannot be read as what the ledger asks for
+    shadowed,     // tables of one name in several schemas: it is open which ones are the ledger
     other,
   };
 
@@ -49,7 +51,10 @@ enum class Access {
   keeper,  // everything: creating, importing, archives
 };
 
-// The rows of one SELECT, read forward once. Columns count from 0. A text view lives until the next call of next().
+enum class CellKind { null, integer, real, text, date, other };
+
+// The rows of one SELECT, read forward once. Columns count from 0. A text view lives until the next call of next(). A
+// cell that is no number or date where one is asked for throws DbError; NULL is 0, an empty text or no date.
 class Cursor {
  public:
   Cursor() = default;
@@ -60,6 +65,8 @@ class Cursor {
   virtual bool next() = 0;
   [[nodiscard]] virtual int columns() const = 0;
   [[nodiscard]] virtual std::string columnName(int column) const = 0;
+  // What the cell holds; to be asked before its value.
+  [[nodiscard]] virtual CellKind kind(int column) const = 0;
   [[nodiscard]] virtual std::int64_t integer(int column) const = 0;
   [[nodiscard]] virtual double real(int column) const = 0;
   [[nodiscard]] virtual std::string_view text(int column) const = 0;
@@ -127,7 +134,12 @@ class Transaction {
 
 // Opens the ledger at a file path or a "postgresql://" address. Throws DbError when there is none, when it is no
 // ledger, when its version is newer than this program's or when the access cannot be had.
+//
+// Columns of another type than the ledger's own (codes as numbers, numbers as texts, other collations) are read as if
+// they had it, through views of this connection alone; the keeper works on the tables themselves.
 [[nodiscard]] std::unique_ptr<Connection> openLedger(const std::string& address, Access access);
+// For the check: read alone, every column as it is stored.
+[[nodiscard]] std::unique_ptr<Connection> openAsStored(const std::string& address);
 // A connection to a place that holds no ledger yet: a file that does not exist, or a database without ledger tables.
 // The file lasts only when createLedger() makes it.
 [[nodiscard]] std::unique_ptr<Connection> openEmpty(const std::string& address);

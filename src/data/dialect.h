@@ -1,6 +1,7 @@
 // What the databases write differently. Statements are otherwise common text.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,9 +9,24 @@
 
 namespace tz {
 
+// A column as the database declares it.
+struct StoredColumn {
+  std::string name;        // in lower case, unless the server keeps capitals
+  std::string type;        // in the database's own words, in lower case; empty where it names none
+  bool byteOrder = false;  // texts are compared byte by byte, as the program compares them
+  bool nullable = false;
+};
+
 class Dialect {
  public:
   enum class Type { id, text, real, small, integer, date };
+  // How a stored column serves as a column of the ledger.
+  enum class Fit {
+    own,        // the type that the ledger asks for, or one that holds the same
+    untold,     // no type is declared: each cell decides
+    converted,  // another type, whose values can be turned into what is asked for
+    useless,    // another type that is not read
+  };
 
   Dialect() = default;
   Dialect(const Dialect&) = delete;
@@ -22,6 +38,19 @@ class Dialect {
   [[nodiscard]] virtual Sql dateAdd(std::string_view column, int days) const = 0;
   // The query that the view systable stands for; it spells item tables as ProjClass does.
   [[nodiscard]] virtual std::string catalogueView() const = 0;
+  // The columns of the tables and views that the list ("'code', 'dept'", in lower case) or the prefix of item tables
+  // names: schema, table, column, type, whether texts are compared byte by byte, whether a cell may be NULL, whether
+  // the table can have indexes, whether the name alone stands for this one.
+  [[nodiscard]] virtual std::string columnsQuery(std::string_view list) const = 0;
+  // The query that makes a schema the only one that the connection looks into; empty where there are none.
+  [[nodiscard]] virtual Sql useSchema(const std::string& schema) const = 0;
+  [[nodiscard]] virtual Fit fit(Type wanted, const StoredColumn& column) const = 0;
+  // The column in the form that the ledger asks for, NULL as 0 or ''; a cell that cannot be turned into it fails.
+  [[nodiscard]] virtual std::string inForm(Type wanted, const StoredColumn& column) const = 0;
+  // A view of this connection alone that stands in front of the table of its name.
+  [[nodiscard]] virtual std::string viewInFront(const std::string& table, const std::string& columns) const = 0;
+  // The statement that lets the connection write, or keeps it from writing.
+  [[nodiscard]] virtual std::string_view writing(bool allowed) const = 0;
   // Queries of the names of all tables and views, and of all indexes, in lower case.
   [[nodiscard]] virtual std::string_view tableNames() const = 0;
   [[nodiscard]] virtual std::string_view indexNames() const = 0;
@@ -43,5 +72,8 @@ class Dialect {
 // foreign text reaches a statement.
 [[nodiscard]] std::string itemTable(std::string_view classId);
 [[nodiscard]] bool isClassId(std::string_view classId);
+// The n of an item table's column FIELDn: one or two digits without a zero in front, and nothing else.
+[[nodiscard]] std::optional<int> itemField(std::string_view column);
+[[nodiscard]] std::string lowerCase(std::string_view text);
 
 }  // namespace tz

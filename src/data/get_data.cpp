@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace tz {
 namespace {
@@ -31,7 +32,9 @@ std::optional<BillDate> billDate(const std::vector<Info>& heads) {
 
 const CGetData::Codes& CGetData::codes() {
   if (codes_) return *codes_;
-  codes_ = db_.Code_GetInfo("lId IS NOT NULL ORDER BY sCode, lId");
+  codes_ = db_.Code_GetInfo("lId IS NOT NULL");
+  // The searches below rely on the order of bytes, whatever order the database has.
+  std::ranges::sort(*codes_, {}, [](const CodeInfo& code) { return std::tie(code.sCode, code.lId); });
   for (std::size_t i = 0; i < codes_->size(); ++i) codeById_.try_emplace((*codes_)[i].lId, i);
   return *codes_;
 }
@@ -174,7 +177,6 @@ const CachedTable<ItemInfo>& CGetData::items(std::string_view classId) {
   table.records = db_.Items_GetInfo(classId, "lId IS NOT NULL ORDER BY lId");
   for (std::size_t i = 0; i < table.records.size(); ++i) {
     auto& item = table.records[i];
-    item.fields.resize(std::max<std::size_t>(item.fields.size(), 2));
     table.byId.try_emplace(item.lId, i);
     table.byName.try_emplace(item.fields[1], i);
   }

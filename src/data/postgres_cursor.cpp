@@ -1,6 +1,8 @@
 #include "data/postgres_cursor.h"
 
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 
 #include "data/backends.h"
 #include "data/postgres_values.h"
@@ -12,12 +14,10 @@ using namespace postgres;
 
 constexpr int blockRows = 4096;
 
-// As far as the text is a number; 0 when it is none.
-template <class Number>
-Number numberOf(std::string_view text) {
-  Number number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
+std::string_view withoutBlanks(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
 }
 
 }  // namespace
@@ -35,9 +35,6 @@ PostgresCursor::PostgresCursor(std::shared_ptr<PostgresSession> session, const S
   }
   for (int column = 0; column < client_.PQnfields(rows_.get()); ++column) {
     types_.push_back(client_.PQftype(rows_.get(), column));
-    if (!isReadable(types_.back())) {
-      throw DbError(DbError::Kind::other, "the column " + columnName(column) + " is of a type that is not read");
-    }
   }
   written_.resize(types_.size());
 }
@@ -73,6 +70,41 @@ std::string_view PostgresCursor::bytes(int column) const {
           static_cast<std::size_t>(client_.PQgetlength(rows_.get(), row_, column))};
 }
 
+CellKind PostgresCursor::kind(int column) const {
+  if (client_.PQgetisnull(rows_.get(), row_, column) != 0) return CellKind::null;
+  switch (type(column)) {
+    case int8Type:
+    case int4Type:
+    case int2Type:
+    case oidType:
+      return CellKind::integer;
+    case float8Type:
+    case float4Type:
+    case numericType:
+      return CellKind::real;
+    case dateType:
+      return CellKind::date;
+    default:
+      return isText(type(column)) ? CellKind::text : CellKind::other;
+  }
+}
+
+void PostgresCursor::refuse(int column, const std::string& what) const {
+  throw DbError(DbError::Kind::otherType, columnName(column) + " is " + what);
+}
+
+// A text is a number as a whole or not at all; blanks are 0.
+template <class Number>
+Number PostgresCursor::numberIn(int column) const {
+  const auto value = withoutBlanks(text(column));
+  if (value.empty()) return 0;
+  Number number = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  const bool whole = end == value.data() + value.size() || type(column) == numericType;
+  if (error != std::errc{} || !whole) refuse(column, "not a number: " + std::string(value));
+  return number;
+}
+
 std::int64_t PostgresCursor::integer(int column) const {
   const auto value = bytes(column);
   if (value.empty()) return 0;
@@ -88,21 +120,27 @@ std::int64_t PostgresCursor::integer(int column) const {
     case oidType:
       return bigEndian<std::uint32_t>(value);
     case float4Type:
-    case float8Type:
-      return static_cast<std::int64_t>(real(column));
+    case float8Type: {
+      const double figure = real(column);
+      if (std::abs(figure) >= 0x1p63) refuse(column, "beyond what an id can be");
+      return static_cast<std::int64_t>(figure);
+    }
     default:
-      return numberOf<std::int64_t>(text(column));
+      return numberIn<std::int64_t>(column);
   }
 }
 
 double PostgresCursor::real(int column) const {
   const auto value = bytes(column);
   if (value.empty()) return 0;
+  double figure = 0;
   switch (type(column)) {
     case float8Type:
-      return float8(value);
+      figure = float8(value);
+      break;
     case float4Type:
-      return float4(value);
+      figure = float4(value);
+      break;
     case int8Type:
     case int4Type:
     case int2Type:
@@ -110,8 +148,10 @@ double PostgresCursor::real(int column) const {
     case oidType:
       return static_cast<double>(integer(column));
     default:
-      return numberOf<double>(text(column));
+      figure = numberIn<double>(column);
   }
+  if (!std::isfinite(figure)) refuse(column, "not a figure: " + shortestText(figure));
+  return figure;
 }
 
 std::string_view PostgresCursor::text(int column) const {
@@ -124,9 +164,13 @@ std::string_view PostgresCursor::text(int column) const {
 Date PostgresCursor::date(int column) const {
   const auto value = bytes(column);
   if (value.empty()) return {};
-  if (type(column) == dateType) return dateFromDays(dateDays(value));
-  const auto date = parseIsoDate(text(column));
-  if (!date) throw DbError(DbError::Kind::damaged, "not a date: " + std::string(text(column)));
+  std::optional<Date> date;
+  if (type(column) != dateType) {
+    date = parseIsoDate(text(column));
+  } else if (const auto days = dateDays(value); days >= firstDay && days <= lastDay) {
+    date = dateFromDays(static_cast<std::int32_t>(days));
+  }
+  if (!date) throw DbError(DbError::Kind::otherType, "not a date: " + anyText(column));
   return *date;
 }
 
@@ -141,16 +185,18 @@ std::string PostgresCursor::anyText(int column) const {
     case oidType:
       return std::to_string(integer(column));
     case float4Type:
+      return shortestText(float4(value));
     case float8Type:
-      return shortestText(real(column));
+      return shortestText(float8(value));
     case dateType:
-      return isoText(date(column));
+      return dateText(value);
     case numericType: {
       auto text = numericText(value);
-      return text.find('.') == std::string::npos ? text : shortestText(numberOf<double>(text));
+      return text.find('.') == std::string::npos ? text : shortestText(std::strtod(text.c_str(), nullptr));
     }
     default:
-      return std::string(value);
+      if (isText(type(column))) return std::string(value);
+      throw DbError(DbError::Kind::otherType, "the column " + columnName(column) + " is of a type that is not read");
   }
 }
 

@@ -20,6 +20,7 @@ class PostgresCursor final : public Cursor {
   bool next() override;
   [[nodiscard]] int columns() const override { return static_cast<int>(types_.size()); }
   [[nodiscard]] std::string columnName(int column) const override;
+  [[nodiscard]] CellKind kind(int column) const override;
   [[nodiscard]] std::int64_t integer(int column) const override;
   [[nodiscard]] double real(int column) const override;
   [[nodiscard]] std::string_view text(int column) const override;
@@ -29,6 +30,9 @@ class PostgresCursor final : public Cursor {
  private:
   void fetch();
   [[nodiscard]] std::string_view bytes(int column) const;
+  template <class Number>
+  [[nodiscard]] Number numberIn(int column) const;
+  [[noreturn]] void refuse(int column, const std::string& what) const;
   [[nodiscard]] Oid type(int column) const { return types_[static_cast<std::size_t>(column)]; }
 
   const PostgresClient& client_;

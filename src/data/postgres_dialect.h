@@ -10,6 +10,14 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
+  [[nodiscard]] std::string columnsQuery(std::string_view list) const override;
+  [[nodiscard]] Sql useSchema(const std::string& schema) const override;
+  [[nodiscard]] Fit fit(Type wanted, const StoredColumn& column) const override;
+  [[nodiscard]] std::string inForm(Type wanted, const StoredColumn& column) const override;
+  [[nodiscard]] std::string viewInFront(const std::string& table, const std::string& columns) const override;
+  [[nodiscard]] std::string_view writing(bool allowed) const override {
+    return allowed ? "SET default_transaction_read_only = off" : "SET default_transaction_read_only = on";
+  }
   [[nodiscard]] std::string_view tableNames() const override {
     return "SELECT CAST(relname AS text) FROM pg_catalog.pg_class WHERE relkind IN ('r', 'p', 'f', 'v', 'm') "
            "AND pg_catalog.pg_table_is_visible(oid)";

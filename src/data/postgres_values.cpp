@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <limits>
+
+#include "data/value.h"
 
 namespace tz::postgres {
 
@@ -11,15 +14,27 @@ bool isText(Oid type) {
   return std::ranges::find(types, type) != types.end();
 }
 
-bool isReadable(Oid type) {
-  static constexpr std::array types = {boolType,   int8Type,   int2Type, int4Type,   oidType,
-                                       float4Type, float8Type, dateType, numericType};
-  return isText(type) || std::ranges::find(types, type) != types.end();
+std::int64_t dateDays(std::string_view bytes) {
+  constexpr std::int64_t daysTo2000 = 10957;
+  return bigEndian<std::int32_t>(bytes) + daysTo2000;
 }
 
-std::int32_t dateDays(std::string_view bytes) {
-  constexpr std::int32_t daysTo2000 = 10957;
-  return bigEndian<std::int32_t>(bytes) + daysTo2000;
+std::string dateText(std::string_view bytes) {
+  const auto stored = bigEndian<std::int32_t>(bytes);
+  if (stored == std::numeric_limits<std::int32_t>::max()) return "infinity";
+  if (stored == std::numeric_limits<std::int32_t>::min()) return "-infinity";
+  // The calendar repeats every 400 years, so a far day is a near one with its year moved.
+  constexpr std::int64_t cycleDays = 146097;
+  constexpr std::int64_t cycleYears = 400;
+  auto days = dateDays(bytes);
+  std::int64_t cycles = 0;
+  if (days < firstDay || days > lastDay) {
+    cycles = days / cycleDays - (days % cycleDays < 0 ? 1 : 0);
+    days -= cycles * cycleDays;
+  }
+  const auto near = dateFromDays(static_cast<std::int32_t>(days));
+  const auto text = isoText(near);
+  return cycles == 0 ? text : std::to_string(near.year + cycles * cycleYears) + text.substr(4);
 }
 
 double float8(std::string_view bytes) { return std::bit_cast<double>(bigEndian<std::uint64_t>(bytes)); }

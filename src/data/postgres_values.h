@@ -14,7 +14,6 @@ inline constexpr Oid boolType = 16, charType = 18, nameType = 19, int8Type = 20,
                      bpcharType = 1042, varcharType = 1043, dateType = 1082, numericType = 1700;
 
 [[nodiscard]] bool isText(Oid type);
-[[nodiscard]] bool isReadable(Oid type);
 
 template <class Integer>
 [[nodiscard]] Integer bigEndian(std::string_view bytes) {
@@ -23,8 +22,11 @@ template <class Integer>
   return static_cast<Integer>(value);
 }
 
-// Days since 1970-01-01 of a date value.
-[[nodiscard]] std::int32_t dateDays(std::string_view bytes);
+// Days since 1970-01-01 of a date value, which may lie far outside the calendar; and the days that lie in it.
+[[nodiscard]] std::int64_t dateDays(std::string_view bytes);
+inline constexpr std::int64_t firstDay = -719162, lastDay = 2932896;  // 0001-01-01 to 9999-12-31
+// "2006-01-05"; "infinity", "-infinity", and years of any number of digits outside the calendar.
+[[nodiscard]] std::string dateText(std::string_view bytes);
 [[nodiscard]] double float8(std::string_view bytes);
 [[nodiscard]] double float4(std::string_view bytes);
 // An exact decimal number such as the sum of ids.

@@ -2,6 +2,7 @@
 
 #include <cfloat>
 #include <cmath>
+#include <set>
 
 namespace tz {
 namespace {
@@ -79,26 +80,27 @@ std::optional<zAccountMInfo> CQnCwDB::zAccountM_GetInfo(Id accountSetId) const {
 }
 
 std::vector<ItemInfo> CQnCwDB::Items_GetInfo(std::string_view classId, const Sql& where) const {
-  auto sql = Sql("SELECT * FROM " + itemTable(classId));
+  const auto table = itemTable(classId);
+  // Code and name are there in every class; what other columns are no fields is left alone.
+  std::set<int> fields = {0, 1};
+  {
+    const auto columns = Current().query(Sql("SELECT * FROM " + table + " WHERE 1 = 0"));
+    for (int column = 0; column < columns->columns(); ++column) {
+      if (const auto field = itemField(columns->columnName(column))) fields.insert(*field);
+    }
+  }
+  std::string list = "lId";
+  for (const int field : fields) list += ", FIELD" + std::to_string(field);
+  auto sql = Sql("SELECT " + list + " FROM " + table);
   if (!where.empty()) sql += " WHERE " + where;
   const auto cursor = Current().query(sql);
-  // The columns of a table made elsewhere may stand in any order: lId and FIELDn are found by name.
-  int idColumn = 0;
-  std::map<int, int> columnOfField;
-  for (int column = 0; column < cursor->columns(); ++column) {
-    auto name = cursor->columnName(column);
-    for (auto& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    if (name == "lid") idColumn = column;
-    if (name.starts_with("field")) columnOfField[std::atoi(name.c_str() + 5)] = column;
-  }
   std::vector<ItemInfo> items;
   while (cursor->next()) {
     auto& item = items.emplace_back();
-    item.lId = cursor->integer(idColumn);
-    for (const auto& [field, column] : columnOfField) {
-      item.fields.resize(static_cast<std::size_t>(field) + 1);
-      item.fields.back() = cursor->anyText(column);
-    }
+    item.lId = cursor->integer(0);
+    item.fields.resize(static_cast<std::size_t>(*fields.rbegin()) + 1);
+    int column = 0;
+    for (const int field : fields) item.fields[static_cast<std::size_t>(field)] = cursor->anyText(++column);
   }
   return items;
 }

@@ -10,7 +10,7 @@ namespace tz {
 namespace {
 
 template <class Record>
-TableSchema tableOf(std::vector<std::string> uniques) {
+TableSchema schemaOf(std::vector<std::string> uniques) {
   TableSchema schema{Record::table, {}, std::move(uniques)};
   const Record record;
   Record::columns(record, [&](const char* name, const auto& field) {
@@ -88,10 +88,14 @@ constexpr std::array lineOrders = {
 const std::vector<TableSchema>& ledgerTables() {
   static const auto tables = [] {
     std::vector<TableSchema> all;
-    forEachRecord([&]<class Record>() { all.push_back(tableOf<Record>(uniquesOf(Record::table))); });
+    forEachRecord([&]<class Record>() { all.push_back(schemaOf<Record>(uniquesOf(Record::table))); });
     return all;
   }();
   return tables;
+}
+
+const TableSchema& tableOf(std::string_view name) {
+  return *std::ranges::find(ledgerTables(), name, &TableSchema::name);
 }
 
 const std::vector<IndexSchema>& ledgerIndexes() {
@@ -168,9 +172,7 @@ void createCatalogueView(Connection& connection) {
 }
 
 void createTable(Connection& connection, std::string_view name) {
-  const auto& tables = ledgerTables();
-  const auto found = std::ranges::find(tables, name, &TableSchema::name);
-  connection.execute(Sql(createTableText(*found, connection.dialect())));
+  connection.execute(Sql(createTableText(tableOf(name), connection.dialect())));
 }
 
 bool hasAllIndexes(Connection& connection) {

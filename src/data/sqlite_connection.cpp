@@ -2,48 +2,16 @@
 #include "data/sqlite_connection.h"
 
 #include <cassert>
-#include <charconv>
+#include <cmath>
 #include <sqlite3.h>
 
 #include "data/backends.h"
 #include "data/report_writes.h"
+#include "data/sqlite_dialect.h"
 #include "data/sqlite_errors.h"
 
 namespace tz {
 namespace {
-
-class SqliteDialect final : public Dialect {
- public:
-  std::string_view typeName(Type type) const override {
-    switch (type) {
-      case Type::text:
-      case Type::date:
-        return "TEXT";
-      case Type::real:
-        return "REAL";
-      default:
-        return "INTEGER";
-    }
-  }
-  Sql dateAdd(std::string_view column, int days) const override {
-    return Sql("date(" + std::string(column) + ", ? || ' days')", std::to_string(days));
-  }
-  std::string catalogueView() const override {
-    return "SELECT 4 AS creator, coalesce('ProjItems' || c.sItemId, t.name) AS table_name FROM sqlite_master t "
-           "LEFT JOIN ProjClass c ON lower('ProjItems' || c.sItemId) = lower(t.name) WHERE t.type = 'table'";
-  }
-  std::string_view tableNames() const override {
-    return "SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'view')";
-  }
-  std::string_view indexNames() const override { return "SELECT lower(name) FROM sqlite_master WHERE type = 'index'"; }
-  std::string_view tableSuffix() const override { return " STRICT"; }
-  std::string_view versionQuery() const override { return "PRAGMA user_version"; }
-  std::string versionStatement(int version) const override {
-    return "PRAGMA user_version = " + std::to_string(version);
-  }
-  std::string_view structureQuery() const override { return "PRAGMA integrity_check(20)"; }
-  bool linesKeyedByVoucher() const override { return false; }
-};
 
 [[noreturn]] void fail(sqlite3* db) { throw sqliteError(sqlite3_extended_errcode(db), sqlite3_errmsg(db)); }
 
@@ -92,8 +60,30 @@ class SqliteCursor final : public Cursor {
   }
   int columns() const override { return sqlite3_column_count(statement_.get()); }
   std::string columnName(int column) const override { return sqlite3_column_name(statement_.get(), column); }
-  std::int64_t integer(int column) const override { return sqlite3_column_int64(statement_.get(), column); }
-  double real(int column) const override { return sqlite3_column_double(statement_.get(), column); }
+  CellKind kind(int column) const override {
+    switch (sqlite3_column_type(statement_.get(), column)) {
+      case SQLITE_NULL:
+        return CellKind::null;
+      case SQLITE_INTEGER:
+        return CellKind::integer;
+      case SQLITE_FLOAT:
+        return CellKind::real;
+      case SQLITE_TEXT:
+        return CellKind::text;
+      default:
+        return CellKind::other;
+    }
+  }
+  std::int64_t integer(int column) const override {
+    if (sqlite3_column_type(statement_.get(), column) >= SQLITE_TEXT) requireNumber(column);
+    return sqlite3_column_int64(statement_.get(), column);
+  }
+  double real(int column) const override {
+    if (sqlite3_column_type(statement_.get(), column) >= SQLITE_TEXT) requireNumber(column);
+    const double figure = sqlite3_column_double(statement_.get(), column);
+    if (!std::isfinite(figure)) throw DbError(DbError::Kind::otherType, "not a figure: " + columnName(column));
+    return figure;
+  }
   std::string_view text(int column) const override {
     const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
     if (data == nullptr) return {};
@@ -104,15 +94,24 @@ class SqliteCursor final : public Cursor {
     if (value.empty()) return {};
     const auto date = parseIsoDate(value);
     if (!date && standing_ != nullptr) standing_->requireUnchanged();
-    if (!date) throw DbError(DbError::Kind::damaged, "not a date: " + std::string(value));
+    if (!date) throw DbError(DbError::Kind::otherType, "not a date: " + std::string(value));
     return *date;
   }
   std::string anyText(int column) const override {
-    if (sqlite3_column_type(statement_.get(), column) == SQLITE_FLOAT) return shortestText(real(column));
+    if (kind(column) == CellKind::real) return shortestText(sqlite3_column_double(statement_.get(), column));
     return std::string(text(column));
   }
 
  private:
+  // SQLite takes as much of a text as looks like a number; half a number is none.
+  void requireNumber(int column) const {
+    if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return;
+    const auto value = text(column);
+    if (!isNumberText(value)) {
+      throw DbError(DbError::Kind::otherType, columnName(column) + " is not a number: " + std::string(value));
+    }
+  }
+
   sqlite3* db_;
   Statement statement_;
   std::shared_ptr<const StandingLedger> standing_;

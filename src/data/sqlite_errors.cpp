@@ -15,6 +15,8 @@ using Kind = DbError::Kind;
 // SQLite has one code for all that is wrong with a statement.
 Kind kindOfStatementError(std::string_view message) {
   if (message.starts_with("no such table") || message.starts_with("no such column")) return Kind::incomplete;
+  // From the functions that turn cells of another type.
+  if (message.starts_with("not a number") || message.starts_with("not a text")) return Kind::otherType;
   return message.starts_with("unsupported file format") ? Kind::newer : Kind::other;
 }
 

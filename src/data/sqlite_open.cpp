@@ -8,6 +8,7 @@
 #include "data/backends.h"
 #include "data/sqlite_connection.h"
 #include "data/sqlite_errors.h"
+#include "data/sqlite_functions.h"
 #include "data/sqlite_log.h"
 
 namespace tz {
@@ -114,6 +115,7 @@ std::unique_ptr<SqliteConnection> openSqliteFile(const std::string& path, std::s
   connection->run("PRAGMA cell_size_check = ON");
   // As in the other database; account flags are tested with LIKE.
   connection->run("PRAGMA case_sensitive_like = ON");
+  addSqliteFunctions(raw);
   return connection;
 }
 

@@ -47,6 +47,11 @@ Explanation explanationOf(DbError::Kind kind) {
       return {"与数据库的连接已断开", "请检查服务器和网络，然后重新打开帐套"};
     case Kind::duplicate:
       return {"已经存在", "原有内容没有改动，请换一个名称"};
+    case Kind::otherType:
+      return {"帐套中有类型不符的列或内容", "请用 tzassistant ledger check 逐处列出，改正后再打开"};
+    case Kind::shadowed:
+      return {"几个模式中有同名的表，不能确定哪些是帐套",
+              "请在帐套地址后写明模式，例如 ?options=-csearch_path%3Dpublic，或改掉多余的表名"};
     case Kind::other:
       break;
   }

@@ -99,6 +99,23 @@ TEST_P(Lookups, FindItemsCurrenciesAndVouchers) {
   EXPECT_FALSE(data.GetBillDate(4).has_value());
 }
 
+// Only FIELD with a number of one or two digits is a field of an item.
+TEST_P(Lookups, LeaveColumnsThatAreNoFieldsAlone) {
+  for (const auto* column :
+       {"\"FIELD-1\"", "FIELD4294967295", "FIELD01", "FIELD1X", "FIELDNOTE", "FIELD100", "FIELD"}) {
+    ledger_.keeper().execute(Sql(std::string("ALTER TABLE ProjItems01 ADD COLUMN ") + column + " integer"));
+  }
+  ledger_.keeper().execute("ALTER TABLE ProjItems01 ADD COLUMN FIELD12 integer");
+  ledger_.keeper().execute("UPDATE ProjItems01 SET FIELD01 = 7, FIELD1X = 7, FIELDNOTE = 7, FIELD12 = 5");
+  CGetData data(db_);
+  EXPECT_EQ(data.GetItemName("01", 1), "车床");
+  auto fields = std::vector<std::string>(13);
+  fields[0] = "X1", fields[1] = "车床", fields[2] = "2.5", fields[12] = "5";
+  EXPECT_EQ(data.ItemTable("01").front().fields, fields);
+  ledger_.keeper().execute("ALTER TABLE ProjItems01 DROP COLUMN FIELD1");
+  EXPECT_THROW((void)CGetData(db_).GetItemName("01", 1), DbError) << "items without names";
+}
+
 TEST_P(Lookups, FillCombos) {
   EXPECT_EQ(texts(CInitComboFun::InitCodeComb_1Blank(db_, "sAssBook LIKE '%A%' AND bEnd <> 0 ORDER BY sCode")),
             "122101 借款=2;122102 样机款=3;");
