@@ -2,6 +2,7 @@
 #include <chrono>
 
 #include "cli/cli.h"
+#include "cli/logon.h"
 #include "cli/values.h"
 #include "data/create_ledger.h"
 #include "data/ledger_check.h"
@@ -38,14 +39,26 @@ Status create(const CreateOptions& options) {
   return Status::done;
 }
 
-Status check(const std::string& address) {
-  const auto connection = openLedger(address, Access::read);
+// The lines name amounts, accounts and people, so whoever asks logs on; no right of a report is needed.
+bool mayCheck(const std::string& address, const std::string& operatorName) {
+  CQnCwDB db(Access::read);
+  db.Open(address);
+  return logOnFromTerminal(db, operatorName).has_value();
+}
+
+Status check(const std::string& address, const std::string& operatorName) {
+  if (!mayCheck(address, operatorName)) return Status::noRight;
+  const auto connection = openAsStored(address);
   Transaction reading(*connection, Transaction::Purpose::reading);
-  std::string violations;
-  checkLedger(*connection, [&](const Violation& violation) { violations += violation.text() + "\n"; });
+  std::string lines;
+  bool sound = true;
+  checkLedger(*connection, [&](const Violation& violation) {
+    sound = sound && violation.hint;
+    lines += violation.text() + "\n";
+  });
   reading.commit();  // until then it is not known that all was read at one moment
-  print(violations.empty() ? "帐套符合全部规则\n" : violations);
-  return violations.empty() ? Status::done : Status::refused;
+  print(lines + (sound ? "帐套符合全部规则\n" : ""));
+  return sound ? Status::done : Status::refused;
 }
 
 }  // namespace
@@ -68,10 +81,13 @@ void addLedgerCommand(CLI::App& app, Work& work) {
   createCommand->add_option("--name", options->name, "空帐套的名称")->excludes(sample);
   createCommand->callback([&work, options] { work = [options] { return create(*options); }; });
 
-  auto* checkCommand = ledger->add_subcommand("check", "逐条检查帐套的规则，每处违反一行");
+  auto* checkCommand = ledger->add_subcommand("check", "逐条检查帐套的规则，每处违反一行，提示另行标明");
   const auto address = std::make_shared<std::string>();
+  const auto operatorName = std::make_shared<std::string>();
   checkCommand->add_option("LEDGER", *address, "帐套的文件名或服务器地址")->required();
-  checkCommand->callback([&work, address] { work = [address] { return check(*address); }; });
+  checkCommand->add_option("--operator", *operatorName, "操作员；口令取自 TZ_PASSWORD 或提示")->type_name("NAME");
+  checkCommand->callback(
+      [&work, address, operatorName] { work = [address, operatorName] { return check(*address, *operatorName); }; });
 }
 
 }  // namespace tz::cli

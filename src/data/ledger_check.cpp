@@ -23,19 +23,20 @@ void requireSoundFile(Connection& connection) {
 
 void checkLedger(Connection& connection, const std::function<void(const Violation&)>& found) {
   requireSoundFile(connection);
-  check::Report report(found);
+  const auto tables = settleLedgerTables(connection);
+  check::Report report(found, tables);
   check::Facts facts;
-  check::readCatalogue(connection, facts);
   check::checkAccountSet(connection, report, facts);
   check::checkCurrencies(connection, report, facts);
   check::checkArchives(connection, report, facts);
   check::checkChart(connection, report, facts);
   check::checkProjects(connection, report, facts);
+  check::checkProjectCodes(connection, report, facts);
   check::Movements movements;
   check::checkVouchers(connection, report, facts, movements);
   check::checkBalances(connection, report, facts, movements);
   check::checkPlans(connection, report, facts);
-  check::checkOperators(connection, report, facts);
+  check::checkOperators(connection, report);
 }
 
 }  // namespace tz

@@ -1,4 +1,5 @@
 // The account set, currencies, departments, persons, units, plans, intervals and operators.
+#include <array>
 #include <fmt/format.h>
 
 #include "data/ledger_check_facts.h"
@@ -8,16 +9,6 @@ namespace tz::check {
 std::string accountText(const Facts& facts, Id account) {
   const auto found = facts.codes.find(account);
   return found == facts.codes.end() ? fmt::format("科目 lId={}", account) : "科目 " + found->second.sCode;
-}
-
-std::string lowerCase(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
-void readCatalogue(Connection& connection, Facts& facts) {
-  const auto cursor = connection.query("SELECT table_name FROM systable WHERE creator = 4");
-  while (cursor->next()) facts.tables.insert(lowerCase(std::string(cursor->text(0))));
 }
 
 void checkDimensions(const Facts& facts, Report& report, std::string_view table, const std::string& record,
@@ -39,6 +30,33 @@ void checkDimensions(const Facts& facts, Report& report, std::string_view table,
                  fmt::format("项目大类 {} 中没有项目 lItemId = {}", dimensions.projectClass, dimensions.item));
     }
   }
+}
+
+std::string wrongDimensions(const CodeInfo& code, const Dimensions& dimensions) {
+  struct Rule {
+    const char* name;
+    bool kept, given;
+  };
+  const bool persons = code.keeps('A');
+  const std::array rules = {
+      Rule{"个人", persons, dimensions.person != 0},
+      Rule{"单位", code.keeps('B'), dimensions.unit != 0},
+      Rule{"部门", persons || code.keeps('C'), dimensions.dept != 0},
+      Rule{"项目", code.keeps('D'), dimensions.item != 0},
+  };
+  std::string missing, extra;
+  const auto append = [](std::string& list, const char* name) {
+    list += (list.empty() ? "" : "、") + std::string(name);
+  };
+  for (const auto& rule : rules) {
+    if (rule.kept && !rule.given) append(missing, rule.name);
+    if (!rule.kept && rule.given) append(extra, rule.name);
+  }
+  if (missing.empty() && extra.empty()) return "";
+  auto text = fmt::format("科目 {} 的辅助核算是 “{}”", code.sCode, code.sAssBook);
+  if (!missing.empty()) text += "，而没有" + missing;
+  if (!extra.empty()) text += "，而有" + extra;
+  return text;
 }
 
 bool checkLeaf(const Facts& facts, Report& report, std::string_view table, const std::string& record, Id account) {
@@ -100,23 +118,28 @@ void checkCurrencies(Connection& connection, Report& report, Facts& facts) {
 }
 
 void checkArchives(Connection& connection, Report& report, Facts& facts) {
-  Seen deptIds, enterClassIds;
+  Seen deptIds;
+  Namesakes deptNames, personNames, unitNames;
   readTable<DeptInfo>(connection, report, [&](const DeptInfo& dept) {
     const auto record = byId(dept.lId);
     if (deptIds.twice(dept.lId)) report.add(dept.table, record, "lId 重复");
     if (dept.lDeptId == 0) report.add(dept.table, record, "lDeptId 须大于 0");
     if (!facts.departments.insert(dept.lDeptId).second) report.add(dept.table, record, "lDeptId 重复");
+    deptNames.add(dept.sDeptName, dept.lId);
     if (dept.sDeptName.empty()) report.add(dept.table, record, "部门没有名称");
   });
+  deptNames.report(report, DeptInfo::table);
   readTable<PersonInfo>(connection, report, [&](const PersonInfo& person) {
     const auto record = byId(person.lId);
     if (person.lId == 0) report.add(person.table, record, "lId 须大于 0");
     if (!facts.persons.insert(person.lId).second) report.add(person.table, record, "lId 重复");
+    personNames.add(person.sName, person.lId);
     if (person.sName.empty()) report.add(person.table, record, "个人没有姓名");
     if (!facts.departments.contains(person.lDeptId)) {
       report.add(person.table, record, fmt::format("部门 lDeptId = {} 不存在", person.lDeptId));
     }
   });
+  personNames.report(report, PersonInfo::table);
   readTable<EnterClassInfo>(connection, report, [&](const EnterClassInfo& unitClass) {
     if (unitClass.lId == 0) report.add(unitClass.table, byId(unitClass.lId), "lId 须大于 0");
     if (!facts.unitClasses.insert(unitClass.lId).second) report.add(unitClass.table, byId(unitClass.lId), "lId 重复");
@@ -125,12 +148,14 @@ void checkArchives(Connection& connection, Report& report, Facts& facts) {
     const auto record = byId(unit.lId);
     if (unit.lId == 0) report.add(unit.table, record, "lId 须大于 0");
     if (!facts.units.insert(unit.lId).second) report.add(unit.table, record, "lId 重复");
+    unitNames.add(unit.sEnterName, unit.lId);
     if (unit.sEnterName.empty()) report.add(unit.table, record, "单位没有名称");
     if (unit.mCredit < 0) report.add(unit.table, record, "信用额度不能为负数");
     if (unit.lClassId != 0 && !facts.unitClasses.contains(unit.lClassId)) {
       report.add(unit.table, record, fmt::format("单位分类 lClassId = {} 不存在", unit.lClassId));
     }
   });
+  unitNames.report(report, EnterInfo::table);
 }
 
 }  // namespace tz::check

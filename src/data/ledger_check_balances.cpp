@@ -1,5 +1,6 @@
 // Auxiliary balances: one record per member and period, without gaps, each opening the one before it with its
 // movements, the movements those of the posted lines.
+#include <cstdlib>
 #include <fmt/format.h>
 
 #include "data/ledger_check_movements.h"
@@ -46,16 +47,19 @@ class Comparison {
     report_.add(AssAccInfo::table, byId(balance.id),
                 movements_.text(facts_, balance.key) + fmt::format(" 期间 {}：", balance.period) + problem);
   }
-  void figures(const Balance& balance, const char* what, const Figures& stands, const Figures& should) {
-    single(balance, what, "金额", stands.money, should.money);
-    single(balance, what, "数量", stands.quantity, should.quantity);
-    single(balance, what, "外币", stands.foreign, should.foreign);
+  // `size` is the largest figure that went into what should stand.
+  void figures(const Balance& balance, const char* what, const Figures& stands, const Figures& should,
+               const Figures& size) {
+    single(balance, what, "金额", stands.money, should.money, size.money);
+    single(balance, what, "数量", stands.quantity, should.quantity, size.quantity);
+    single(balance, what, "外币", stands.foreign, should.foreign, size.foreign);
   }
 
  private:
-  void single(const Balance& balance, const char* what, const char* kind, std::int64_t stands, std::int64_t should) {
-    if (stands == should) return;
-    add(balance, fmt::format("{}{} {}，应为 {}", what, kind, static_cast<double>(stands) / 1e6,
+  void single(const Balance& balance, const char* what, const char* kind, std::int64_t stands, std::int64_t should,
+              std::int64_t size) {
+    if (std::abs(stands - should) <= slack(std::max(std::abs(stands), size))) return;
+    add(balance, fmt::format("{}{} {:.16g}，应为 {:.16g}", what, kind, static_cast<double>(stands) / 1e6,
                              static_cast<double>(should) / 1e6));
   }
 
@@ -63,6 +67,14 @@ class Comparison {
   const Movements& movements_;
   const Facts& facts_;
 };
+
+// What the account's flags and the member's ids do not agree in, once for all its records.
+void checkFlags(const Balance& balance, Comparison& compare, const CodeInfo& code) {
+  const auto& key = balance.key;
+  if (!key.hasDimension()) return;
+  const auto wrong = wrongDimensions(code, {key.dept, key.person, key.unit, key.item, {}});
+  if (!wrong.empty()) compare.add(balance, wrong);
+}
 
 // The opening with the period's movements, in the account's own direction.
 Figures closing(const Balance& balance, bool debitAccount) {
@@ -77,6 +89,14 @@ Figures closing(const Balance& balance, bool debitAccount) {
   return result;
 }
 
+Figures largest(const Balance& balance) {
+  const auto of = [&](std::int64_t Figures::*figure) {
+    return std::max({std::abs(balance.opening.*figure), std::abs(balance.moves.debit.*figure),
+                     std::abs(balance.moves.credit.*figure)});
+  };
+  return {of(&Figures::money), of(&Figures::quantity), of(&Figures::foreign)};
+}
+
 // The records of one member, by period.
 void checkMember(std::span<const Balance> records, Comparison& compare, const YearMoves& moves, bool debitAccount) {
   int expected = records.front().period;
@@ -88,12 +108,12 @@ void checkMember(std::span<const Balance> records, Comparison& compare, const Ye
     }
     if (record.period != expected) compare.add(record, fmt::format("缺少期间 {} 的记录", expected));
     if (i > 0 && record.period == expected) {
-      compare.figures(record, "期初", record.opening, closing(records[i - 1], debitAccount));
+      compare.figures(record, "期初", record.opening, closing(records[i - 1], debitAccount), largest(records[i - 1]));
     }
     if (record.period >= 1 && record.period <= 12) {
       const auto& posted = moves[static_cast<std::size_t>(record.period - 1)];
-      compare.figures(record, "借方", record.moves.debit, posted.debit);
-      compare.figures(record, "贷方", record.moves.credit, posted.credit);
+      compare.figures(record, "借方", record.moves.debit, posted.debit, posted.debit);
+      compare.figures(record, "贷方", record.moves.credit, posted.credit, posted.credit);
     } else if (record.period == 0 && record.moves != MonthMoves{}) {
       compare.add(record, "期初记录不应有发生额");
     }
@@ -136,6 +156,7 @@ void checkBalances(Connection& connection, Report& report, const Facts& facts, M
         std::find_if(first, balances.end(), [&](const Balance& other) { return other.key != first->key; });
     const auto code = facts.codes.find(first->key.account);
     const bool debitAccount = code == facts.codes.end() || code->second.bDirect != 0;
+    if (code != facts.codes.end()) checkFlags(*first, compare, code->second);
     checkMember({first, last}, compare, movements.of(first->key), debitAccount);
     first = last;
   }

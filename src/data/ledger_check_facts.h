@@ -15,8 +15,7 @@ struct Dimensions {
 };
 
 struct Facts {
-  std::set<std::string> tables;  // in lower case
-  int year = 0;                  // 0 when the account set does not tell
+  int year = 0;  // 0 when the account set does not tell
   std::string scheme;
   std::unordered_map<Id, CodeInfo> codes;
   std::unordered_set<Id> departments, persons, units, unitClasses;
@@ -29,20 +28,21 @@ struct Facts {
 // Reports ids that name nothing.
 void checkDimensions(const Facts& facts, Report& report, std::string_view table, const std::string& record,
                      const Dimensions& dimensions);
+// What the account's flags ask for and the ids do not give, and what they give without being asked; nothing when they
+// agree. A person stands with his department, so an account of persons has departments as well.
+[[nodiscard]] std::string wrongDimensions(const CodeInfo& code, const Dimensions& dimensions);
 // The account exists and is a leaf; answers whether it exists.
 bool checkLeaf(const Facts& facts, Report& report, std::string_view table, const std::string& record, Id account);
 
-[[nodiscard]] std::string lowerCase(std::string text);
-
 // These fill the facts, in this order.
-void readCatalogue(Connection& connection, Facts& facts);
 void checkAccountSet(Connection& connection, Report& report, Facts& facts);
 void checkCurrencies(Connection& connection, Report& report, Facts& facts);
 void checkArchives(Connection& connection, Report& report, Facts& facts);
 void checkChart(Connection& connection, Report& report, Facts& facts);
 void checkProjects(Connection& connection, Report& report, Facts& facts);
+void checkProjectCodes(Connection& connection, Report& report, const Facts& facts);
 // And these use them.
 void checkPlans(Connection& connection, Report& report, const Facts& facts);
-void checkOperators(Connection& connection, Report& report, const Facts& facts);
+void checkOperators(Connection& connection, Report& report);
 
 }  // namespace tz::check

@@ -62,7 +62,7 @@ void checkPlans(Connection& connection, Report& report, const Facts& facts) {
   checkAges(connection, report);
 }
 
-void checkOperators(Connection& connection, Report& report, const Facts& facts) {
+void checkOperators(Connection& connection, Report& report) {
   Seen ids, names, rights, marks;
   std::unordered_set<Id> operators;
   readTable<zOperatorInfo>(connection, report, [&](const zOperatorInfo& person) {
@@ -80,7 +80,7 @@ void checkOperators(Connection& connection, Report& report, const Facts& facts) 
     }
   });
   // A ledger made elsewhere may lack the log.
-  if (!facts.tables.contains(lowerCase(MarkLogInfo::table))) return;
+  if (!report.tables().has(MarkLogInfo::table)) return;
   readTable<MarkLogInfo>(connection, report, [&](const MarkLogInfo& mark) {
     if (marks.twice(mark.lId)) report.add(mark.table, byId(mark.lId), "lId 重复");
   });

@@ -2,30 +2,50 @@
 // is wrong is reported once by row.
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <string>
 #include <unordered_set>
 #include <utility>
 
 #include "data/ledger_check.h"
+#include "data/ledger_tables.h"
 #include "data/record_io.h"
+#include "data/schema.h"
 
 namespace tz::check {
 
 class Report {
  public:
-  explicit Report(const std::function<void(const Violation&)>& found) : found_(found) {}
+  Report(const std::function<void(const Violation&)>& found, const LedgerTables& tables)
+      : found_(found), tables_(tables) {}
   void add(std::string_view table, std::string record, std::string problem) {
     found_({std::string(table), std::move(record), std::move(problem)});
   }
+  void hint(std::string_view table, std::string record, std::string what) {
+    found_({std::string(table), std::move(record), std::move(what), true});
+  }
+  [[nodiscard]] const LedgerTables& tables() const { return tables_; }
 
  private:
   const std::function<void(const Violation&)>& found_;
+  const LedgerTables& tables_;
 };
 
 inline std::string byId(Id id) { return "lId=" + std::to_string(id); }
+
+// Members that bear one name, which a name alone cannot tell apart.
+class Namesakes {
+ public:
+  void add(const std::string& name, Id id) { ids_[name].push_back(id); }
+  void report(Report& report, std::string_view table) const;
+
+ private:
+  std::map<std::string, std::vector<Id>> ids_;
+};
 
 // Beyond this a figure has no whole millionths in 64 bits.
 inline constexpr double largestFigure = 9e12;
@@ -37,6 +57,11 @@ inline std::int64_t millionths(double figure) {
 // Sums may wrap around without harm: they are only compared.
 inline void addTo(std::int64_t& sum, std::int64_t value) {
   sum = static_cast<std::int64_t>(static_cast<std::uint64_t>(sum) + static_cast<std::uint64_t>(value));
+}
+
+// By how many millionths figures of a size may differ where a double cannot hold them any closer: four steps of it.
+inline std::int64_t slack(std::int64_t size) {
+  return static_cast<std::int64_t>(4 * DBL_EPSILON * std::abs(static_cast<double>(size)));
 }
 
 // Tells values that were there before.
@@ -57,30 +82,48 @@ std::string readCell(const Cursor& cursor, int column, std::string_view name, do
 std::string readCell(const Cursor& cursor, int column, std::string_view name, std::string& field);
 std::string readCell(const Cursor& cursor, int column, std::string_view name, Date& field);
 
-// The columns of a table in the form of a SELECT that also tells, last, the place from 1 of a cell that is empty or of
-// another kind. Reports columns that are missing; nothing then.
-Sql guardedSelect(Connection& connection, Report& report, std::string_view table,
-                  const std::vector<std::string>& columns);
+// A column that is read: what it should hold and how it is declared.
+struct ReadColumn {
+  std::string name;
+  Dialect::Type wanted;
+  Dialect::Fit fit;
+};
+
+struct ReadColumns {
+  std::vector<ReadColumn> there;
+  bool complete = true;
+};
+
+// The columns that a table should have and has; reports what is missing and what is of another type.
+ReadColumns readColumns(Connection& connection, Report& report, const TableSchema& wanted);
+// What is wrong with a cell before it is read: empty, bytes, of another kind.
+std::string wrongKind(CellKind kind, const ReadColumn& column);
+[[nodiscard]] Sql selectOf(std::string_view table, const std::vector<ReadColumn>& columns);
 
 // each(record) for every row, its cells checked before.
 template <class Record, class Each>
 void readTable(Connection& connection, Report& report, Each&& each) {
-  const auto columns = columnNames<Record>();
-  const auto select = guardedSelect(connection, report, Record::table, columns);
-  if (select.empty()) return;
-  const auto cursor = connection.query(select);
+  const auto [columns, complete] = readColumns(connection, report, tableOf(Record::table));
+  if (!complete) return;
+  const auto cursor = connection.query(selectOf(Record::table, columns));
   Record record;
   while (cursor->next()) {
-    int column = 0;
-    const auto wrong = [&](const std::string& problem) {
-      report.add(Record::table, columns.front() + "=" + cursor->anyText(0), problem);
-    };
+    std::size_t place = 0;
     Record::columns(record, [&](const char* name, auto& field) {
-      if (const auto problem = readCell(*cursor, column++, name, field); !problem.empty()) wrong(problem);
+      const int number = static_cast<int>(place);
+      const auto kind = cursor->kind(number);
+      auto problem = wrongKind(kind, columns[place++]);
+      const bool readable = problem.empty() && kind != CellKind::other;
+      if (readable) {
+        problem = readCell(*cursor, number, name, field);
+      } else {
+        field = {};
+      }
+      if (problem.empty()) return;
+      // The first column is the record's own id.
+      const auto id = cursor->kind(0) == CellKind::other ? "?" : cursor->anyText(0);
+      report.add(Record::table, columns.front().name + "=" + id, problem);
     });
-    if (const auto place = cursor->integer(column); place != 0) {
-      wrong(columns[static_cast<std::size_t>(place - 1)] + " 为空或类型不符");
-    }
     each(std::as_const(record));
   }
 }
