@@ -1,11 +1,12 @@
-#include <array>
 #include <cmath>
+#include <fmt/format.h>
 #include <string>
 
 #include "grid/block_writer.h"
 #include "grid/column_adder.h"
+#include "grid/formula_guard.h"
+#include "grid/gb18030.h"
 #include "grid/grid_to_file.h"
-#include "grid/platform.h"
 #include "grid/utf8.h"
 
 namespace tz {
@@ -14,15 +15,6 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::int64_t rowsPerProgress = 4096;
-
-// Spreadsheets compute what begins like this; some take the wide forms as well.
-bool looksLikeFormula(std::string_view text) {
-  constexpr std::array<std::string_view, 10> beginnings{"=", "+", "-", "@", "\t", "\r", "＝", "＋", "－", "＠"};
-  for (const std::string_view beginning : beginnings) {
-    if (text.size() > beginning.size() && text.starts_with(beginning)) return true;
-  }
-  return false;
-}
 
 void appendField(std::string& out, std::string_view text) {
   const bool guarded = looksLikeFormula(text);
@@ -103,13 +95,35 @@ bool writeRecords(const ComputedReport& report, BlockWriter& writer, const FileP
   return writer.Finish();
 }
 
+// What a reader of the file must know about signs that programs read differently.
+std::string ambiguityNotice(const std::set<char32_t>& ambiguous) {
+  std::string signs;
+  for (const char32_t character : ambiguous) {
+    if (!signs.empty()) signs += "、";
+    appendCharacter(signs, character);
+    signs += fmt::format("（U+{:04X}）", static_cast<std::uint32_t>(character));
+  }
+  return "GB18030 的各版本对下列字符的码位规定不同，有的程序读回的码位会不一样：" + signs + "。要一字不差，请用 UTF-8";
+}
+
+bool writeGb18030(const ComputedReport& report, const Sink& sink, const FileProgress& progress) {
+  Gb18030Converter converter;
+  // Blocks end between records, so no character is cut.
+  const Sink converting = [&](std::string_view text) { return sink(converter.Convert(text)); };
+  BlockWriter writer(converting);
+  if (!writeRecords(report, writer, progress)) return false;
+  if (converter.Ambiguous().empty()) return true;
+  std::string notice;
+  appendLine(notice, ambiguityNotice(converter.Ambiguous()));
+  return converting(notice);
+}
+
 }  // namespace
 
 bool writeCsv(const ComputedReport& report, CsvCode code, const Sink& sink, const FileProgress& progress) {
-  // Blocks end between records, so no character is cut.
-  const Sink converting = [&sink](std::string_view text) { return sink(platform::toGb18030(text)); };
-  BlockWriter writer(code == CsvCode::utf8 ? sink : converting);
-  if (code == CsvCode::utf8) writer.text += byteOrderMark;
+  if (code == CsvCode::gb18030) return writeGb18030(report, sink, progress);
+  BlockWriter writer(sink);
+  writer.text += byteOrderMark;
   return writeRecords(report, writer, progress);
 }
 

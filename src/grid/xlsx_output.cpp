@@ -11,8 +11,8 @@
 #include "grid/platform.h"
 #include "grid/sheet_name.h"
 #include "grid/text_layout.h"
-#include "grid/utf8.h"
 #include "grid/xlsx_formats.h"
+#include "grid/xlsx_text.h"
 
 namespace tz {
 namespace {
@@ -21,19 +21,6 @@ constexpr std::int64_t rowsPerProgress = 4096;
 constexpr int portraitPixels = 660;  // what fits beside each other on an upright page without shrinking
 constexpr std::uint8_t paperA4 = 9;
 constexpr Rgb warningGround = 0xFFF0CC;
-
-// A text as the file can hold it: valid, without control characters, at most 32 767 characters.
-void cleanInto(std::string& out, std::string_view text) {
-  constexpr int longest = 32'767;
-  out.clear();
-  int length = 0;
-  for (std::size_t place = 0; place < text.size() && length < longest; ++length) {
-    const char32_t character = nextCharacter(text, place);
-    const bool control = character < 0x20 && character != '\n' && character != '\t';
-    const bool noCharacter = character == 0xFFFE || character == 0xFFFF;
-    appendCharacter(out, control || noCharacter ? replacementCharacter : character);
-  }
-}
 
 int twoDigits(std::string_view text, std::size_t place) {
   const auto digit = [&](std::size_t at) { return text[at] >= '0' && text[at] <= '9' ? text[at] - '0' : -1000; };
@@ -137,7 +124,7 @@ class XlsxWriter {
 
   // One line across all columns.
   void WriteWide(std::string_view text, lxw_format* format) {
-    cleanInto(text_, text);
+    xlsxTextInto(text_, text);
     if (LastColumn() > 0) {
       library_.check(library_.mergeRange(sheet_, Row(), 0, Row(), LastColumn(), text_.c_str(), format));
     } else {
@@ -168,13 +155,13 @@ class XlsxWriter {
     lxw_format* format = formats_.Get(XlsxCell::group, true, noColour);
     const std::string& caption = grid_.Columns()[static_cast<std::size_t>(group.first)].group;
     if (group.first == group.last) return WriteText(group.first, caption, format);
-    cleanInto(text_, caption);
+    xlsxTextInto(text_, caption);
     library_.check(library_.mergeRange(sheet_, Row(), static_cast<lxw_col_t>(group.first), Row(),
                                        static_cast<lxw_col_t>(group.last), text_.c_str(), format));
   }
 
   void WriteText(int column, std::string_view text, lxw_format* format) {
-    cleanInto(text_, text);
+    xlsxTextInto(text_, text);
     library_.check(library_.writeString(sheet_, Row(), static_cast<lxw_col_t>(column), text_.c_str(), format));
   }
 

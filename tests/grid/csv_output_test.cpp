@@ -66,6 +66,17 @@ TEST(CsvOutput, TextsAreQuotedAndNeverFormulas) {
   EXPECT_EQ(written("\t=1"), "'\t=1");
   EXPECT_EQ(written("＝1+1"), "'＝1+1");
   EXPECT_EQ(written("-"), "-");
+  // What spreadsheets leave out before the sign changes nothing.
+  for (const char* before :
+       {" ", "\u00A0", "\u3000 ", "\u2003", "\uFEFF", "\u200F", "\u202E\u2066", "\u061C", "\x1f", "\x0b"}) {
+    for (const char* sign : {"=", "+", "-", "@", "＝", "＋", "－", "＠", "﹢"}) {
+      const std::string text = std::string(before) + sign + "A1";
+      EXPECT_EQ(written(text.c_str()), "'" + text);
+    }
+  }
+  EXPECT_EQ(written("\n=1"), "\"'\n=1\"");
+  EXPECT_EQ(written("\uFEFF\n=1"), "\"'\uFEFF\n=1\"");
+  EXPECT_EQ(written("\u3000甲=1"), "\u3000甲=1");
   EXPECT_EQ(written("a\xff z"), "a\uFFFD z");
 }
 
@@ -78,6 +89,33 @@ TEST(CsvOutput, Gb18030HoldsEveryCharacter) {
   const TemporaryFolder folder;
   writeContents(folder / "gb.csv", text);
   EXPECT_EQ(printedBy("iconv -f GB18030 -t UTF-8 " + folder / "gb.csv"), "辅助\r\n𠮷\u00e9한\r\n");
+}
+
+// Codes that the editions of the standard read differently: the sign is the same for every decoder, and where its code
+// point is not, the file says so.
+TEST(CsvOutput, Gb18030SaysWhichSignsAreReadDifferently) {
+  const TemporaryFolder folder;
+  const auto readBy = [&](const std::string& cell, const std::string& decoder) {
+    ComputedReport report;
+    report.grid.AddColumn({"名", "", 100, Figure::none});
+    addRow(report.grid, {cell.c_str()});
+    writeContents(folder / "gb.csv", asCsv(report, CsvCode::gb18030));
+    const std::string text = printedBy(decoder + " " + folder / "gb.csv");
+    return text.substr(text.find('\n') + 1);
+  };
+  const std::string library = "iconv -f GB18030 -t UTF-8";
+  const std::string python =
+      "python3 -c 'import sys; sys.stdout.buffer.write(open(sys.argv[1], \"rb\").read().decode(\"gb18030\").encode())'";
+  const std::string everywhere = "\u4E00\U00020087\U00020089\U000200CC\U000215D7\U0002298F\U000241FE\uE000\uF8FF";
+  for (const auto& decoder : {library, python}) EXPECT_EQ(readBy(everywhere, decoder), everywhere + "\r\n");
+  // A private code point of an older program, and the public one that has its code now.
+  for (const std::string sign : {"\uE78D", "\uFE10"}) {
+    EXPECT_EQ(readBy(sign, library).substr(0, 5), "\uFE10\r\n");
+    EXPECT_EQ(readBy(sign, python).substr(0, 5), "\uE78D\r\n");
+  }
+  const std::string noticed = readBy("甲\uE864乙", library);
+  EXPECT_EQ(noticed.substr(0, 9), "甲\u9FBB乙") << noticed;
+  EXPECT_NE(noticed.find("U+E864"), std::string::npos) << noticed;
 }
 
 TEST(CsvOutput, BlocksOfALongReportFitTogether) {

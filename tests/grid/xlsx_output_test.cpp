@@ -7,6 +7,7 @@
 #include "grid/platform.h"
 #include "grid/sheet_name.h"
 #include "grid/temporary_folder.h"
+#include "grid/xlsx_text.h"
 
 namespace tz::test {
 namespace {
@@ -80,13 +81,38 @@ TEST_F(XlsxOutput, CellsHaveTheirTypes) {
   EXPECT_TRUE(holds(cellOf(sheet, "A7"), "<t>2006.02.30"));
   EXPECT_TRUE(holds(cellOf(sheet, "B7"), "<t>=1+1"));
   EXPECT_TRUE(holds(cellOf(sheet, "D7"), "<t>∞"));
-  EXPECT_TRUE(holds(cellOf(sheet, "A8"), "<t>合计\uFFFD&lt;&amp;&gt;"));
+  EXPECT_TRUE(holds(cellOf(sheet, "A8"), "<t>合计_x0001_&lt;&amp;&gt;"));
   EXPECT_FALSE(holds(sheet, "<f>"));
   EXPECT_EQ(formatOf(cellOf(sheet, "B7"), styles), "");
   EXPECT_TRUE(holds(cellOf(sheet, "A10"), "有1条分录未列示"));
   EXPECT_TRUE(holds(styles, "rgb=\"FFE0FFE0\""));
   EXPECT_NE(cellOf(sheet, "C7"), "");  // the ground goes on below an empty cell
   EXPECT_EQ(cellOf(sheet, "C8"), "");
+}
+
+TEST_F(XlsxOutput, TextsComeBackAsTheyWere) {
+  const auto kept = [](std::string_view text) {
+    std::string cell;
+    xlsxTextInto(cell, text);
+    return cell;
+  };
+  EXPECT_EQ(kept("a_x0041_b"), "a_x005F_x0041_b");
+  EXPECT_EQ(kept("_x0041_x0042_"), "_x005F_x0041_x005F_x0042_");
+  EXPECT_EQ(kept("_x0041\r"), "_x005F_x0041_x000D_");
+  EXPECT_EQ(kept("\x1b[2J\t\n_x004_ _x00G1_ _X0041_ _"), "_x001B_[2J\t\n_x004_ _x00G1_ _X0041_ _");
+  EXPECT_EQ(kept("a\xff\uFFFE"), "a\uFFFD_xFFFE_");
+  // The limit counts UTF-16 units: a pair that would cross it stays out whole.
+  std::string pairs;
+  for (int i = 0; i < 20'000; ++i) pairs += "𠮷";
+  EXPECT_EQ(kept(pairs), pairs.substr(0, 4 * 16'383));
+  EXPECT_EQ(kept(std::string(32'766, 'a') + "𠮷").size(), 32'766U);
+  EXPECT_EQ(kept(std::string(32'767, 'a') + "b").size(), 32'767U);
+
+  ComputedReport report;
+  report.grid.AddColumn({"名", "", 100, Figure::none});
+  addRow(report.grid, {("_x0041_" + pairs).c_str()});
+  ASSERT_TRUE(CGridToFile(report).CreateFile(file, FileForm::xlsx));
+  EXPECT_TRUE(holds(partOf(file, "xl/worksheets/sheet1.xml"), "<t>_x005F_x0041_𠮷"));
 }
 
 TEST_F(XlsxOutput, HeaderPageAndWidths) {
