@@ -1,6 +1,7 @@
 // The two backends behind connection.h, for src/data alone.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -17,9 +18,13 @@ namespace tz {
 void finishSqlite(std::unique_ptr<Connection> connection, const std::string& path);
 [[nodiscard]] std::unique_ptr<Connection> openPostgres(const std::string& address, Access access);
 
-// From here on the connection writes only what report_writes.h lists.
-void restrictSqliteToReports(Connection& connection);
-void restrictPostgresToReports(Connection& connection);
+// From here on a reader writes nothing, a report only what report_writes.h lists, and neither changes a setting.
+void restrictSqlite(Connection& connection, Access access);
+void restrictPostgres(Connection& connection, Access access);
+// What a ledger file goes through once more when its connection had to open it anew.
+void afterReopening(Connection& connection, std::function<void(Connection&)> prepare);
+// Settings, roles and all else but rows is refused from here on. Server only.
+void takeDataStatementsOnly(Connection& connection);
 // The role with just those grants; done once, when a ledger is created or first opened for work by its owner.
 void grantPostgresReportWrites(Connection& connection);
 

@@ -84,9 +84,13 @@ std::unique_ptr<Connection> openLedger(const std::string& address, Access access
   const auto there = settleLedgerTables(*connection);
   requireLedger(*connection, there);
   if (access != Access::read) addMissing(*connection, there, server);
-  if (access != Access::keeper) bringIntoForm(*connection, there, access);
-  if (access == Access::report) {
-    server ? restrictPostgresToReports(*connection) : restrictSqliteToReports(*connection);
+  const auto prepare = [access, server](Connection& opened, const LedgerTables& tables) {
+    if (access != Access::keeper) bringIntoForm(opened, tables, access);
+    server ? restrictPostgres(opened, access) : restrictSqlite(opened, access);
+  };
+  prepare(*connection, there);
+  if (!server) {
+    afterReopening(*connection, [prepare](Connection& opened) { prepare(opened, settleLedgerTables(opened)); });
   }
   return connection;
 }

@@ -1,4 +1,6 @@
 // The PostgreSQL backend: one database of a server holds one ledger.
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 #include "data/backends.h"
@@ -14,8 +16,12 @@ class PostgresConnection final : public Connection {
  public:
   explicit PostgresConnection(const std::string& address) : session_(std::make_shared<PostgresSession>(address)) {}
 
-  std::unique_ptr<Cursor> query(const Sql& sql) override { return std::make_unique<PostgresCursor>(session_, sql); }
+  std::unique_ptr<Cursor> query(const Sql& sql) override {
+    requireTaken(sql);
+    return std::make_unique<PostgresCursor>(session_, sql);
+  }
   std::int64_t execute(const Sql& sql) override {
+    requireTaken(sql);
     const auto result = session_->run(sql.numbered(), sql.values());
     return std::strtoll(postgresClient().PQcmdTuples(result.get()), nullptr, 10);
   }
@@ -38,6 +44,7 @@ class PostgresConnection final : public Connection {
     session_->setCancelCheck(cancelled, context);
   }
   void command(const char* text) { session_->command(text); }
+  void takeDataStatementsOnly() { dataOnly_ = true; }
 
  protected:
   void begin(bool writing) override {
@@ -61,7 +68,20 @@ class PostgresConnection final : public Connection {
   }
 
  private:
+  // By the first word: the protocol takes one statement at a time, and values never stand in its text.
+  void requireTaken(const Sql& sql) const {
+    static constexpr std::array taken = {"SELECT", "WITH", "INSERT", "UPDATE", "DELETE", "EXPLAIN"};
+    if (!dataOnly_) return;
+    const auto text = sql.numbered();
+    const auto begins = [&](std::string_view word) {
+      return text.starts_with(word) && text.find_first_of(" \n(", word.size()) == word.size();
+    };
+    if (std::ranges::any_of(taken, begins)) return;
+    throw DbError(DbError::Kind::denied, "this connection takes statements on rows only");
+  }
+
   std::shared_ptr<PostgresSession> session_;
+  bool dataOnly_ = false;
 };
 
 }  // namespace
@@ -76,6 +96,10 @@ std::unique_ptr<Connection> openPostgres(const std::string& address, Access acce
       "'5s'");
   if (access == Access::read) connection->command("SET default_transaction_read_only = on");
   return connection;
+}
+
+void takeDataStatementsOnly(Connection& connection) {
+  dynamic_cast<PostgresConnection&>(connection).takeDataStatementsOnly();
 }
 
 }  // namespace tz

@@ -54,13 +54,27 @@ std::string text(Connection& connection, const Sql& sql) {
 // A block whose refusal leaves the surrounding transaction as it was.
 void attempt(Connection& connection, const std::string& statements) {
   connection.execute(Sql("DO $tz$ BEGIN " + statements +
-                         " EXCEPTION WHEN insufficient_privilege OR duplicate_object OR unique_violation THEN NULL; "
-                         "END $tz$"));
+                         " EXCEPTION WHEN insufficient_privilege OR duplicate_object OR unique_violation OR "
+                         "wrong_object_type OR lock_not_available THEN NULL; END $tz$"));
 }
 
-}  // namespace
+// A mark takes its three values. Lines that hold another stay; whoever does not own the table works without.
+void guardMarks(Connection& connection) {
+  const bool wanting =
+      connection
+          .query(
+              "SELECT 1 FROM pg_catalog.pg_class t WHERE t.oid = to_regclass('RegSub') AND t.relkind IN ('r', 'p') "
+              "AND pg_has_role(current_user, t.relowner, 'USAGE') AND NOT EXISTS (SELECT 1 FROM "
+              "pg_catalog.pg_constraint c WHERE c.conrelid = t.oid AND c.conname = 'regsub_marks')")
+          ->next();
+  if (!wanting) return;
+  attempt(
+      connection,
+      "ALTER TABLE RegSub ADD CONSTRAINT regsub_marks CHECK (byFlag IS NOT NULL AND byFlag IN (0, 1, 2)) NOT VALID;");
+}
 
-void restrictPostgresToReports(Connection& connection) {
+void takeReportRole(Connection& connection) {
+  guardMarks(connection);
   try {
     if (roleIsReady(connection)) {
       connection.execute(Sql("SET ROLE " + std::string(role)));
@@ -72,7 +86,16 @@ void restrictPostgresToReports(Connection& connection) {
   connection.execute("SET default_transaction_read_only = on");
 }
 
+}  // namespace
+
+void restrictPostgres(Connection& connection, Access access) {
+  if (access == Access::keeper) return;
+  if (access == Access::report) takeReportRole(connection);
+  takeDataStatementsOnly(connection);
+}
+
 void grantPostgresReportWrites(Connection& connection) {
+  guardMarks(connection);
   if (roleIsReady(connection)) return;
   const std::string roleName(role);
   attempt(connection, "CREATE ROLE " + roleName + " NOLOGIN;");

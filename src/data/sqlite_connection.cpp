@@ -6,7 +6,7 @@
 #include <sqlite3.h>
 
 #include "data/backends.h"
-#include "data/report_writes.h"
+#include "data/sqlite_access.h"
 #include "data/sqlite_dialect.h"
 #include "data/sqlite_errors.h"
 
@@ -142,37 +142,6 @@ class SqliteWriter final : public RowWriter {
   int place_ = 0;
 };
 
-bool names(const char* name, std::string_view wanted) {
-  return name != nullptr && sqlite3_stricmp(name, std::string(wanted).c_str()) == 0;
-}
-
-// A report writes only what report_writes.h lists; reading and transactions are always allowed.
-int authorizeReport(void*, int action, const char* first, const char* second, const char*, const char*) {
-  const auto permitted = [&](ReportWrite::Action wanted) {
-    for (const auto& write : reportWrites) {
-      if (write.action == wanted && names(first, write.table) && (write.column.empty() || names(second, write.column)))
-        return SQLITE_OK;
-    }
-    return SQLITE_DENY;
-  };
-  switch (action) {
-    case SQLITE_INSERT:
-      return permitted(ReportWrite::Action::insert);
-    case SQLITE_UPDATE:
-      return permitted(ReportWrite::Action::update);
-    case SQLITE_DELETE:
-      return permitted(ReportWrite::Action::remove);
-    case SQLITE_READ:
-    case SQLITE_SELECT:
-    case SQLITE_TRANSACTION:
-    case SQLITE_SAVEPOINT:
-    case SQLITE_FUNCTION:
-    case SQLITE_RECURSIVE:
-      return SQLITE_OK;
-    default:
-      return SQLITE_DENY;
-  }
-}
 
 }  // namespace
 
@@ -224,11 +193,6 @@ void SqliteConnection::setCancelCheck(bool (*cancelled)(void*), void* context) {
   installCancelCheck();
 }
 
-void SqliteConnection::restrictToReports() {
-  restricted_ = true;
-  sqlite3_set_authorizer(db_, authorizeReport, nullptr);
-}
-
 void SqliteConnection::installCancelCheck() {
   constexpr int stepsBetweenChecks = 10'000;
   const auto check = [](void* self) {
@@ -254,7 +218,7 @@ void SqliteConnection::reopenIfChanged() {
   std::swap(db_, anew->db_);
   standing_ = anew->standing_;
   installCancelCheck();
-  if (restricted_) restrictToReports();
+  if (prepare_) prepare_(*this);
 }
 
 void SqliteConnection::close() {
@@ -279,8 +243,14 @@ void SqliteConnection::rollback() noexcept {
   if (inTransaction()) sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-void restrictSqliteToReports(Connection& connection) {
-  dynamic_cast<SqliteConnection&>(connection).restrictToReports();
+void SqliteConnection::prepareWhenReopened(std::function<void(Connection&)> prepare) { prepare_ = std::move(prepare); }
+
+void restrictSqlite(Connection& connection, Access access) {
+  restrictSqliteHandle(dynamic_cast<SqliteConnection&>(connection).handle(), access);
+}
+
+void afterReopening(Connection& connection, std::function<void(Connection&)> prepare) {
+  dynamic_cast<SqliteConnection&>(connection).prepareWhenReopened(std::move(prepare));
 }
 
 }  // namespace tz

@@ -29,10 +29,10 @@ class SqliteConnection final : public Connection {
 
   void run(const char* text);
   [[nodiscard]] sqlite3* handle() const { return db_; }
-  // From here on the connection writes only what report_writes.h lists.
-  void restrictToReports();
   // From here on every reading ends by making sure that the ledger stood still.
   void readAsItStands(std::shared_ptr<const StandingLedger> standing, Opener reopen);
+  // What such a connection goes through once more when it had to open the ledger anew.
+  void prepareWhenReopened(std::function<void(Connection&)> prepare);
   // Closes it and makes sure of it: nothing may be under way any more.
   void close();
 
@@ -49,7 +49,7 @@ class SqliteConnection final : public Connection {
   sqlite3* db_;
   std::shared_ptr<const StandingLedger> standing_;
   Opener reopen_;
-  bool restricted_ = false;
+  std::function<void(Connection&)> prepare_;
   bool (*cancelled_)(void*) = nullptr;
   void* context_ = nullptr;
 };

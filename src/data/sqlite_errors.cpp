@@ -43,6 +43,7 @@ Kind kindOf(int code, std::string_view message) {
     case SQLITE_CANTOPEN:
       return Kind::notFound;
     case SQLITE_CONSTRAINT:
+      if (code == SQLITE_CONSTRAINT_TRIGGER) return Kind::denied;
       return code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY ? Kind::duplicate : Kind::other;
     default:
       return Kind::other;

@@ -1,4 +1,6 @@
 // What reports and readers may do to a ledger, enforced by the database itself.
+#include <filesystem>
+
 #include "support/test_ledger.h"
 
 namespace tz::test {
@@ -96,6 +98,74 @@ TEST_P(AccessTest, AReportIsRefusedEverythingElse) {
   const auto report = ledger.open(Access::report);
   for (const auto* statement : otherWritings) expectDenied(*report, statement);
   EXPECT_EQ(contents(), before);
+}
+
+// What would undo the restriction itself, or get the contents out by another way.
+TEST_P(AccessTest, NobodyChangesWhatAConnectionMayDo) {
+  const TempFolder folder;
+  const std::vector<std::string> statements =
+      onServer() ? std::vector<std::string>{"RESET ROLE",
+                                            "SET ROLE NONE",
+                                            "SET SESSION AUTHORIZATION DEFAULT",
+                                            "RESET default_transaction_read_only",
+                                            "RESET ALL",
+                                            "SET default_transaction_read_only = off",
+                                            "DISCARD ALL",
+                                            "DO $$ BEGIN EXECUTE 'RESET ROLE'; END $$",
+                                            "  reset role",
+                                            "COPY Code TO '" + folder.file("out") + "'",
+                                            "CREATE TEMP TABLE t (i integer)"}
+                 : std::vector<std::string>{"PRAGMA query_only = OFF",
+                                            "PRAGMA writable_schema = ON",
+                                            "PRAGMA recursive_triggers = OFF",
+                                            "PRAGMA user_version = 9",
+                                            "PRAGMA journal_mode = DELETE",
+                                            "PRAGMA trusted_schema = ON",
+                                            "ATTACH '" + folder.file("out") + "' AS other",
+                                            "ATTACH ':memory:' AS other",
+                                            "VACUUM INTO '" + folder.file("out") + "'",
+                                            "VACUUM",
+                                            "REINDEX",
+                                            "ANALYZE",
+                                            "DROP TRIGGER tz_log_stays",
+                                            "DROP TRIGGER temp.tz_mark_values",
+                                            "CREATE TEMP TABLE t (i integer)",
+                                            "DETACH main",
+                                            "INSERT INTO temp.sqlite_master (type) VALUES ('table')"};
+  const auto before = contents();
+  for (const auto access : {Access::read, Access::report}) {
+    const auto connection = ledger.open(access);
+    for (const auto& statement : statements) expectDenied(*connection, statement.c_str());
+    expectDenied(*connection, "UPDATE RegSub SET mMoney = 0");
+    EXPECT_EQ(rowsOf(*connection, "SELECT sName FROM Code"), "应收账款\n");
+  }
+  EXPECT_EQ(contents(), before);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_P(AccessTest, TheMarkLogNeverLosesARow) {
+  const auto report = ledger.open(Access::report);
+  constexpr const char* replacing[] = {
+      "INSERT OR REPLACE INTO MarkLog (lId, lTieId, lLineId, byOld, byNew) VALUES (1, 9, 9, 9, 9)",
+      "REPLACE INTO MarkLog (lId, lTieId, lLineId, byOld, byNew) VALUES (1, 9, 9, 9, 9)",
+  };
+  if (!onServer()) {
+    for (const char* statement : replacing) expectDenied(*report, statement);
+  }
+  expectDenied(*report, "INSERT INTO MarkLog (lId, byNew) VALUES (1, 9) ON CONFLICT (lId) DO UPDATE SET byNew = 9");
+  EXPECT_THROW(report->execute("INSERT INTO MarkLog (lId, lTieId) VALUES (1, 9)"), DbError);
+  EXPECT_EQ(ledger.rows("SELECT lId, lTieId, byNew FROM MarkLog"), "1|0|1\n");
+}
+
+TEST_P(AccessTest, AMarkTakesItsThreeValuesOnly) {
+  const auto report = ledger.open(Access::report);
+  for (const int mark : {1, 2, 0}) {
+    EXPECT_EQ(report->execute(Sql("UPDATE RegSub SET byFlag = ? WHERE lId = 1 AND lTieId = 1", mark)), 1);
+  }
+  for (const int mark : {3, -1, 100}) {
+    EXPECT_THROW(report->execute(Sql("UPDATE RegSub SET byFlag = ? WHERE lId = 1 AND lTieId = 1", mark)), DbError);
+  }
+  EXPECT_EQ(ledger.rows("SELECT byFlag FROM RegSub"), "0\n");
 }
 
 TEST_P(AccessTest, AReportReadsEveryTable) {

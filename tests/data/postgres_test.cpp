@@ -129,6 +129,39 @@ TEST_F(PostgresRoles, AnOwnerWhoMayMakeRolesReportsUnderOne) {
   EXPECT_EQ(kindOf([&] { report->execute("DROP TABLE Plan"); }), DbError::Kind::denied);
 }
 
+// A login that owns nothing and has the role: whatever it does with its session, it can do no more than a report.
+TEST_F(PostgresRoles, AMemberOfTheRoleIsHeldByTheServerItself) {
+  superuser()->execute("ALTER ROLE tz_owner CREATEROLE");
+  makeLedger();
+  superuser()->execute("CREATE ROLE tz_clerk LOGIN");
+  superuser()->execute("GRANT tzassistant_report TO tz_clerk");
+  {
+    const auto report = openLedger(place->addressAs("tz_clerk"), Access::report);
+    EXPECT_EQ(report->execute(mark), 1);
+    EXPECT_EQ(kindOf([&] { report->execute("RESET ROLE"); }), DbError::Kind::denied);
+    const auto own = openPostgres(place->addressAs("tz_clerk"), Access::keeper);
+    own->execute("RESET ROLE");
+    for (const char* statement : {"UPDATE RegSub SET mMoney = 1", "UPDATE RegSub SET byFlag = 3", "DROP TABLE Plan",
+                                  "DELETE FROM MarkLog", "SET ROLE tz_owner", "DELETE FROM RegSub"}) {
+      EXPECT_THROW(own->execute(statement), DbError) << statement;
+    }
+    EXPECT_EQ(rowsOf(*own, "SELECT mMoney, byFlag FROM RegSub"), "0|1\n");
+  }
+  superuser()->execute("DROP ROLE tz_clerk");
+}
+
+// A ledger that an older version made gets the rule of marks when its owner opens it for work.
+TEST_F(PostgresRoles, AnOlderLedgersMarksAreGuardedFromItsNextOpening) {
+  superuser()->execute("ALTER ROLE tz_owner CREATEROLE");
+  makeLedger();
+  const auto keeper = openLedger(place->addressAs("tz_owner"), Access::keeper);
+  keeper->execute("ALTER TABLE RegSub DROP CONSTRAINT regsub_marks");
+  keeper->execute("UPDATE RegSub SET byFlag = 7");
+  const auto report = openLedger(place->addressAs("tz_owner"), Access::report);
+  EXPECT_THROW(report->execute("UPDATE RegSub SET byFlag = 3 WHERE lId = 1"), DbError);
+  EXPECT_EQ(report->execute(mark), 1);
+}
+
 TEST_F(PostgresRoles, WithoutTheRoleAReportOnlyReads) {
   makeLedger();
   const auto report = openLedger(place->addressAs("tz_owner"), Access::report);
