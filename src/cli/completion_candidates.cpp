@@ -28,15 +28,19 @@ struct TypedLine {
   GivenValues given;
 
   void take(const std::string& word) {
-    if (word == "=") return;  // a shell may part "--as=json" into three words
     if (awaiting != nullptr) {
       given[nameOf(*awaiting)] = word;
       awaiting = nullptr;
     } else if (word.starts_with("-")) {
-      const auto* option = command->get_option_no_throw(word);
+      const auto equals = word.find('=');
+      const auto* option = command->get_option_no_throw(word.substr(0, equals));
       if (option == nullptr) return;
-      given.try_emplace(nameOf(*option));
-      if (takesValue(*option)) awaiting = option;
+      auto& value = given.try_emplace(nameOf(*option)).first->second;
+      if (equals != std::string::npos) {
+        value = word.substr(equals + 1);
+      } else if (takesValue(*option)) {
+        awaiting = option;
+      }
     } else {
       takePlain(word);
     }
@@ -135,7 +139,15 @@ Candidates candidatesFor(const CLI::App& app, std::span<const std::string> words
   TypedLine line{&app, nullptr, 0, {}};
   if (words.empty()) return {};
   for (const auto& word : words.first(words.size() - 1)) line.take(word);
-  const auto typed = words.back() == "=" ? std::string() : words.back();
+  auto typed = words.back();
+  std::string before;  // "--as=" of a value in one word with its option
+  if (const auto equals = typed.find('=');
+      line.awaiting == nullptr && typed.starts_with("--") && equals != typed.npos) {
+    before = typed.substr(0, equals + 1);
+    line.take(typed.substr(0, equals));
+    if (line.awaiting == nullptr) return {};
+    typed.erase(0, equals + 1);
+  }
 
   Candidates found;
   if (line.awaiting != nullptr) {
@@ -147,6 +159,7 @@ Candidates candidatesFor(const CLI::App& app, std::span<const std::string> words
     if (found.words.empty() && !found.files) addOptions(found, line);
   }
   std::erase_if(found.words, [&](const Candidate& one) { return !one.word.starts_with(typed); });
+  for (auto& one : found.words) one.word.insert(0, before);
   return found;
 }
 

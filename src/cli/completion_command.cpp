@@ -4,25 +4,30 @@
 
 #include "cli/cli.h"
 #include "cli/completion_candidates.h"
+#include "cli/shell_words.h"
 #include "cli/values.h"
+#include "grid/display_text.h"
+#include "grid/platform.h"
 
 namespace tz::cli {
 namespace {
 
-// Each script hands over the words of the line and takes a line per candidate: word, tab, meaning; ":files" stands for
-// the shell's own completion of file names.
+// Each script hands over the words of the line and takes what may stand next. All texts end with a NUL, so that none
+// can be taken for two; an empty one asks for the shell's own completion of file names. bash inserts what it is given
+// as it stands, so it hands over the line itself and gets quoted texts; zsh and fish quote by themselves and get a
+// word, the same word for showing, and its meaning.
 constexpr std::string_view bashScript = R"(# bash completion of tzassistant
 _tzassistant() {
-  local line current="${COMP_WORDS[COMP_CWORD]}"
+  local reply line="${COMP_LINE:0:COMP_POINT}"
   COMPREPLY=()
-  while IFS= read -r line; do
-    if [ "$line" = ":files" ]; then
-      compopt -o filenames 2>/dev/null
-      while IFS= read -r line; do COMPREPLY+=("$line"); done < <(compgen -f -- "$current")
+  while IFS= read -r -d '' reply; do
+    if [ -n "$reply" ]; then
+      COMPREPLY+=("$reply")
     else
-      COMPREPLY+=("${line%%$'\t'*}")
+      compopt -o filenames 2>/dev/null
+      while IFS= read -r reply; do COMPREPLY+=("$reply"); done < <(compgen -f -- "$2")
     fi
-  done < <("${COMP_WORDS[0]}" completion words -- "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
+  done < <("${COMP_WORDS[0]}" completion words --bash -- "$2" "$line" "${COMP_WORDS[@]:1}" 2>/dev/null)
 }
 complete -F _tzassistant tzassistant
 )";
@@ -30,16 +35,25 @@ complete -F _tzassistant tzassistant
 constexpr std::string_view zshScript = R"(#compdef tzassistant
 # zsh completion of tzassistant
 _tzassistant() {
-  local line
-  local -a candidates
-  for line in "${(@f)$("${words[1]}" completion words -- "${(@)words[2,CURRENT]}" 2>/dev/null)}"; do
-    if [[ $line == :files ]]; then
+  local typed=${words[CURRENT]}
+  if [[ $typed != -* ]]; then
+    typed=
+  elif [[ $typed == *=* ]]; then
+    typed="${typed%%=*}="
+  fi
+  local -a answer candidates shown
+  answer=("${(@0)$("${words[1]}" completion words -- "${(@Q)words[2,CURRENT-1]}" "$typed" 2>/dev/null; print -n .)}")
+  local -i i
+  for ((i = 1; i + 2 < $#answer; i += 3)); do
+    if [[ -z $answer[i] ]]; then
+      [[ -n $typed ]] && compset -P '*='
       _files
-    elif [[ -n $line ]]; then
-      candidates+=("${${line%%$'\t'*}//:/\\:}:${line#*$'\t'}")
+      return
     fi
+    candidates+=("$answer[i]")
+    shown+=("$answer[i+1]${answer[i+2]:+  -- $answer[i+2]}")
   done
-  _describe tzassistant candidates
+  (( $#candidates )) && compadd -l -d shown -a candidates
 }
 if [[ ${funcstack[1]} == _tzassistant ]]; then
   _tzassistant "$@"
@@ -50,30 +64,72 @@ fi
 
 constexpr std::string_view fishScript = R"(# fish completion of tzassistant
 function __tzassistant_words
-  set -l typed (commandline -opc) (commandline -ct)
-  for line in ($typed[1] completion words -- $typed[2..-1] 2>/dev/null)
-    if test "$line" = ":files"
-      __fish_complete_path (commandline -ct)
-    else
-      echo $line
-    end
+  set -l words (commandline -opc)
+  set -l token (commandline -ct)
+  set -l typed (string match -r -- '^-[^=]*=?' $token)
+  set -l answer ($words[1] completion words -- $words[2..-1] "$typed" 2>/dev/null | string split0)
+  if set -q answer[1]; and test -z "$answer[1]"
+    set -l before (string match -r -- '^-[^=]*=' $token)
+    printf '%s\0' "$before"(__fish_complete_path (string replace -r -- '^-[^=]*=' '' $token))
+    return
+  end
+  set -l i 1
+  while set -q answer[$i]
+    # fish parts word and meaning at a tab.
+    string match -q -- \*\t\* $answer[$i]; or printf '%s\t%s\0' $answer[$i] $answer[(math $i + 2)]
+    set i (math $i + 3)
   end
 end
-complete -c tzassistant -f -a '(__tzassistant_words)'
+complete -c tzassistant -f -a '(__tzassistant_words | string split0)'
 )";
 
-std::string wordList(const CLI::App& app, const std::vector<std::string>& words) {
-  const auto found = candidatesFor(app, words);
-  std::string text = found.files ? ":files\n" : "";
-  for (const auto& [word, meaning] : found.words) text += fmt::format("{}\t{}\n", word, meaning);
+struct WordsOptions {
+  std::string shell;
+  std::vector<std::string> words;
+  bool bash = false;  // the words are the end of bash's line that it will replace, the line, and its words, of which
+                      // the report is known
+};
+
+void put(std::string& text, std::string_view word) {
+  text += word;
+  text += '\0';
+}
+
+std::string wordsForBash(const CLI::App& app, const std::vector<std::string>& words) {
+  std::string text;
+  if (words.size() < 2) return text;
+  const auto& replaced = words[0];
+  const auto line = readShellLine(words[1]);
+  const auto found = candidatesFor(app, line.words);
+  if (found.files) {
+    put(text, "");
+    return text;
+  }
+  for (const auto& one : found.words) {
+    if (const auto reply = shellCompletion(line, replaced, one.word); !reply.empty()) put(text, reply);
+  }
   return text;
 }
 
-Status answer(const std::string& wanted, const CLI::App& app, const std::vector<std::string>& words) {
-  if (wanted == "words") {
-    print(wordList(app, words));
+std::string wordList(const CLI::App& app, const std::vector<std::string>& words) {
+  const auto found = candidatesFor(app, words);
+  if (found.files) return std::string(3, '\0');
+  const bool seen = platform::isTerminal();
+  std::string text;
+  for (const auto& [word, meaning] : found.words) {
+    if (word.empty() || word.find('\0') != std::string::npos) continue;
+    put(text, seen ? shownLine(word) : word);
+    put(text, shownLine(word));
+    put(text, shownLine(meaning));
+  }
+  return text;
+}
+
+Status answer(const WordsOptions& options, const CLI::App& app) {
+  if (options.shell == "words") {
+    print(options.bash ? wordsForBash(app, options.words) : wordList(app, options.words));
   } else {
-    print(std::string(wanted == "bash" ? bashScript : wanted == "zsh" ? zshScript : fishScript));
+    print(std::string(options.shell == "bash" ? bashScript : options.shell == "zsh" ? zshScript : fishScript));
   }
   return Status::done;
 }
@@ -82,13 +138,13 @@ Status answer(const std::string& wanted, const CLI::App& app, const std::vector<
 
 void addCompletionCommand(CLI::App& app, Work& work) {
   auto* command = app.add_subcommand("completion", "输出命令行补全脚本：bash、zsh 或 fish");
-  const auto wanted = std::make_shared<std::string>();
-  const auto words = std::make_shared<std::vector<std::string>>();
-  auto* shell = command->add_option("SHELL", *wanted, "命令行外壳；words 由脚本调用，列出下一个词")->required();
+  const auto options = std::make_shared<WordsOptions>();
+  auto* shell =
+      command->add_option("SHELL", options->shell, "命令行外壳；words 由脚本调用，列出下一个词")->required();
   letChoose(*shell, {"bash", "zsh", "fish", "words"});
-  command->add_option("WORDS", *words, "words：已键入的词，最后一个正在键入");
-  command->callback(
-      [&app, &work, wanted, words] { work = [&app, wanted, words] { return answer(*wanted, app, *words); }; });
+  command->add_option("WORDS", options->words, "words：已键入的词，最后一个正在键入");
+  command->add_flag("--bash", options->bash, "words：WORDS 是 bash 要替换的结尾、整行和其中的词，答复已加引号");
+  command->callback([&app, &work, options] { work = [&app, options] { return answer(*options, app); }; });
 }
 
 }  // namespace tz::cli

@@ -7,6 +7,7 @@
 #include "data/create_ledger.h"
 #include "data/ledger_check.h"
 #include "data/record_io.h"
+#include "grid/display_text.h"
 #include "reports/parameter.h"
 #include "sample/sample_company.h"
 
@@ -54,7 +55,7 @@ Status check(const std::string& address, const std::string& operatorName) {
   bool sound = true;
   checkLedger(*connection, [&](const Violation& violation) {
     sound = sound && violation.hint;
-    lines += violation.text() + "\n";
+    lines += shownLine(violation.text()) + "\n";
   });
   reading.commit();  // until then it is not known that all was read at one moment
   print(lines + (sound ? "帐套符合全部规则\n" : ""));

@@ -10,6 +10,7 @@
 #include "cli/logon.h"
 #include "cli/report_writer.h"
 #include "cli/values.h"
+#include "grid/display_text.h"
 #include "reports/output_guard.h"
 #include "reports/report_definition.h"
 
@@ -56,7 +57,7 @@ void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
 
 // The message as the dialog shows it, nothing around it.
 Status refuse(const Refusal& refusal) {
-  std::fprintf(stderr, "%s\n", refusal.text().c_str());
+  std::fprintf(stderr, "%s\n", shownText(refusal.text()).c_str());
   const bool notOpen = refusal.id == MessageId::databaseNotOpen || refusal.id == MessageId::databaseNotOpenEnglish;
   return notOpen ? Status::failed : Status::refused;
 }

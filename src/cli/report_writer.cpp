@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "grid/display_text.h"
 #include "grid/grid_to_file.h"
 #include "grid/output_file.h"
 #include "reports/parameter.h"
@@ -16,6 +17,14 @@ CsvCode codeOf(const OutputOptions& options) {
 // Colours only where a person looks, and only if he does not object.
 bool wantsColour(const OutputOptions& options) {
   return options.file.empty() && platform::isTerminal() && std::getenv("NO_COLOR") == nullptr;
+}
+
+// The forms for programs hold texts as they are, which must not command a terminal either. Their blocks end between
+// records.
+Producer forTerminal(const Producer& produce) {
+  return [produce](const Sink& sink) {
+    return produce([&sink](std::string_view block) { return sink(shownText(block)); });
+  };
 }
 
 }  // namespace
@@ -38,7 +47,7 @@ void writeReport(const ComputedReport& report, const OutputOptions& options) {
   } else if (options.form == "text") {
     showOutput(produce);
   } else {
-    platform::writeToStandardOutput(produce);
+    platform::writeToStandardOutput(platform::isTerminal() ? forTerminal(produce) : produce);
   }
 }
 

@@ -142,7 +142,6 @@ class SqliteWriter final : public RowWriter {
   int place_ = 0;
 };
 
-
 }  // namespace
 
 SqliteConnection::~SqliteConnection() { sqlite3_close_v2(db_); }

@@ -44,6 +44,16 @@ constexpr std::array twoColumns = std::to_array<Range>(
      {0xFFE0, 0xFFE6},   {0x16FE0, 0x18AFF}, {0x1B000, 0x1B2FF}, {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF},
      {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD}});
 
+// Marks of direction, notes between the lines and tags: they change what is seen around them, or hide a text.
+constexpr std::array unseen = std::to_array<Range>({{0x061C, 0x061C},
+                                                    {0x180E, 0x180E},
+                                                    {0x200E, 0x200F},
+                                                    {0x202A, 0x202E},
+                                                    {0x2066, 0x206F},
+                                                    {0xFFF9, 0xFFFB},
+                                                    {0x1D173, 0x1D17A},
+                                                    {0xE0000, 0xE007F}});
+
 bool within(char32_t character, std::span<const Range> ranges) {
   const auto range = std::lower_bound(ranges.begin(), ranges.end(), character,
                                       [](const Range& one, char32_t sought) { return one.last < sought; });
@@ -55,9 +65,7 @@ char32_t shownFor(char32_t character) {
   if (character == '\t' || character == '\n' || character == '\r') return ' ';
   if (character == 0x2028 || character == 0x2029) return ' ';
   const bool control = character < 0x20 || (character >= 0x7F && character < 0xA0);
-  const bool direction = (character >= 0x200E && character <= 0x200F) || (character >= 0x202A && character <= 0x202E) ||
-                         (character >= 0x2066 && character <= 0x2069);
-  return control || direction ? replacementCharacter : character;
+  return control || within(character, unseen) ? replacementCharacter : character;
 }
 
 int widthOf(char32_t shown) {
@@ -97,6 +105,22 @@ ShownText measureText(std::string_view text) {
 
 void appendShown(std::string& out, std::string_view text) {
   for (std::size_t place = 0; place < text.size();) appendCharacter(out, shownFor(nextCharacter(text, place)));
+}
+
+std::string shownText(std::string_view text) {
+  std::string shown;
+  for (std::size_t place = 0; place < text.size();) {
+    const char32_t character = nextCharacter(text, place);
+    if (character == '\r' && text.substr(place).starts_with('\n')) continue;
+    appendCharacter(shown, character == '\n' ? character : shownFor(character));
+  }
+  return shown;
+}
+
+std::string shownLine(std::string_view text) {
+  std::string shown;
+  appendShown(shown, text);
+  return shown;
 }
 
 int displayWidth(std::string_view text) { return measureText(text).width; }

@@ -6,6 +6,7 @@
 
 #include "catalogue/catalogue.h"
 #include "cli/small_company.h"
+#include "cli/typed_shell.h"
 
 namespace tz::test {
 namespace {
@@ -24,8 +25,8 @@ Words completed(const Words& line) {
   Words command = {"bash", "--norc", "-c", R"(
     source <("$1" completion bash)
     [[ $(complete -p tzassistant) == *_tzassistant* ]] || exit 9
-    COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1))
-    _tzassistant
+    COMP_WORDS=("$@"); printf -v COMP_LINE '%q ' "${@:1:$#-1}"; COMP_LINE+="${@: -1}"; COMP_POINT=${#COMP_LINE}
+    _tzassistant tzassistant "${@: -1}"
     for word in "${COMPREPLY[@]}"; do printf '%s\n' "$word"; done)", "bash", TZ_PROGRAM};
   command.insert(command.end(), line.begin(), line.end());
   const auto run = runCommand(command);
@@ -59,7 +60,7 @@ TEST(Completion, OffersEveryReportWithItsConditions) {
 
 TEST(Completion, OffersTheChoicesOfAnOption) {
   EXPECT_EQ(completed({"report", "10190", "--as", "j"}), Words{"json"});
-  EXPECT_EQ(completed({"report", "10190", "--as", "=", "x"}), Words{"xlsx"}) << "bash parts --as=x";
+  EXPECT_EQ(completed({"report", "10190", "--as=x"}), Words{"--as=xlsx"});
   EXPECT_EQ(completed({"report", "10190", "--from", "1"}), (Words{"1", "10", "11", "12"}));
   EXPECT_EQ(completed({"report", "10190", "--format", "数量"}), (Words{"数量金额式", "数量外币式"}));
   EXPECT_EQ(completed({"report", "10191", "--analysis", ""}), (Words{"balance", "amount"}));
@@ -85,6 +86,72 @@ TEST(Completion, OffersNamesOfTheLedgerOnTheLine) {
             Words{});
   ledger.fill("zOperator", "lId | sName | bAll\n 1 | 主管 | 1");
   EXPECT_EQ(ask("--person", ""), Words{}) << "names are shown to nobody who has not logged on";
+}
+
+// Names that a shell would take for something else, each with the beginning that tells it from the others.
+const std::vector<std::pair<std::string, std::string>> hostileNames = {
+    {"qa", "qa$(touch x1)"},
+    {"qb", "qb`touch x2`; touch x3 & touch x4 | touch x5 > x6"},
+    {"qc", "qc 有  空格\u3000的 单位"},
+    {"qd", "qd \"双\" '单' \\反 $HOME ${PATH}"},
+    {"qe", "qe*?[a-z]{1,2}~ #注 !! !$ ^a^b"},
+    {"qf", "qf\n第二行\n"},
+    {"qg", "qg\r\x1b]0;标题\a\u009b2J\u202e倒"},
+    {"qh", "qh:冒号=等号@位置,逗号"},
+    {"-q", "-q --unit=$(touch x7)"},
+    {"单位", "单位（集团）有限公司"},
+    {"qi", "qi'"},
+    {"qj", "qj\""},
+    {"qk", "qk\\"},
+    {"ql", "ql!"},
+};
+
+class CompletionAtTheKeyboard : public ::testing::TestWithParam<std::string> {
+ protected:
+  CompletionAtTheKeyboard() {
+    fillSmallCompany(ledger_.keeper());
+    std::int64_t id = 100;
+    for (const auto& [typed, name] : hostileNames) {
+      ledger_.keeper().execute(Sql("INSERT INTO Enter (lId, sEnterId, sEnterName) VALUES (?, 'U', ?)", id++, name));
+    }
+  }
+  [[nodiscard]] std::string lineTo(const std::string& typed) const {
+    return "tzassistant report 10204 --ledger '" + ledger_.address() + "' " + typed + "\t";
+  }
+
+  TestLedger ledger_{Engine::sqlite};
+};
+
+TEST_P(CompletionAtTheKeyboard, GivesBackEveryNameAndRunsNothing) {
+  TypedShell shell(GetParam());
+  for (const std::string quote : {"", "'", "\""}) {
+    for (const auto& [typed, name] : hostileNames) {
+      const auto arguments = shell.argumentsOf(lineTo("--unit " + quote + typed));
+      ASSERT_EQ(arguments.back(), name) << quote << testing::PrintToString(arguments);
+    }
+  }
+  EXPECT_EQ(shell.argumentsOf(lineTo("--unit=qa")).back(), "--unit=qa$(touch x1)");
+  // The list of several names shows none of their control characters.
+  const auto before = shell.screen().size();
+  (void)shell.argumentsOf(lineTo("--unit q\t\t"));
+  const auto shown = shell.screen().substr(before);
+  for (const char* harm : {"\x1b]0;标题", "\u009b", "\u202e"}) EXPECT_EQ(shown.find(harm), std::string::npos);
+  EXPECT_EQ(shell.leftBehind(), Words{});
+}
+
+INSTANTIATE_TEST_SUITE_P(In, CompletionAtTheKeyboard, ::testing::Values("bash", "zsh", "fish"),
+                         [](const auto& shell) { return shell.param; });
+
+TEST(Completion, ReadsALineAsBashDoes) {
+  TestLedger ledger(Engine::sqlite);
+  fillSmallCompany(ledger.keeper());
+  TypedShell shell("bash");
+  const auto typed = [&](const std::string& line) { return shell.argumentsOf("tzassistant " + line + "\t").back(); };
+  const auto report = "report 10190 --ledger '" + ledger.address() + "'";
+  EXPECT_EQ(typed("report 10190 --as=x"), "--as=xlsx");
+  EXPECT_EQ(typed(report + " --dept '销售部' --per"), "--person");
+  EXPECT_EQ(typed(report + " --dept \"销售部\" --person 张"), "张三");
+  EXPECT_EQ(typed(report + " --dept=销售\\部 --person $'\\345\\274"), "张三") << "a character's first bytes";
 }
 
 TEST(Completion, LeavesFilesToTheShell) {
