@@ -1,7 +1,11 @@
 #include "cli/logon.h"
 
+#include <thread>
+
 #include "cli/cli.h"
 #include "cli/terminal.h"
+#include "grid/display_text.h"
+#include "reports/logon_delays.h"
 #include "system/standard_streams.h"
 
 namespace tz::cli {
@@ -19,14 +23,16 @@ std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& 
     complain("该帐套需要操作员：请加 --operator 姓名，口令用环境变量 TZ_PASSWORD 或在提示处输入");
     return std::nullopt;
   }
-  const auto password = givenPassword ? givenPassword : promptPassword(name + " 的口令：");
+  const auto password = givenPassword ? givenPassword : promptPassword(shownLine(name) + " 的口令：");
   if (!password) {
     complain("没有口令：请设环境变量 TZ_PASSWORD，或在终端上运行");
     return std::nullopt;
   }
-  auto who = logOn(db, name, *password);
-  if (!who) complain("操作员姓名或口令不对");
-  return who;
+  auto who = logOn(logonQuestion(db, name), *password);
+  if (who) return who;
+  std::this_thread::sleep_for(logonDelays().Failed(name));
+  complain("操作员姓名或口令不对");
+  return std::nullopt;
 }
 
 }  // namespace tz::cli

@@ -14,6 +14,7 @@
 #include "cli/logon.h"
 #include "cli/manual_page.h"
 #include "data/connection.h"
+#include "grid/display_text.h"
 #include "grid/platform.h"
 #include "reports/explain_error.h"
 #include "reports/parameter.h"
@@ -101,7 +102,9 @@ void print(const std::string& text) {
   platform::writeToStandardOutput([&](const Sink& sink) { return sink(text); });
 }
 
-void complain(const std::string& message) { std::fprintf(stderr, "tzassistant: %s\n", message.c_str()); }
+void complain(const std::string& message) {
+  std::fprintf(stderr, "tzassistant: %s\n", shownText(withoutPasswords(message)).c_str());
+}
 
 }  // namespace tz::cli
 

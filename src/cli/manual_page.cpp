@@ -125,6 +125,11 @@ std::string manualPage(const CLI::App& app) {
   text += item("TZ_PASSWORD", "操作员的口令，不传给分页程序和桌面");
   text += item("PAGER", "在终端上显示报表的分页程序，缺省为 less；设为 cat 则直接输出，不能运行时也直接输出");
   text += item("NO_COLOR", "终端上不用颜色");
+  text += item("PGPASSWORD", "数据库用户的口令；地址中的口令会留在命令历史和进程列表里");
+  text += item("PGPASSFILE", "数据库口令文件，缺省为 ~/.pgpass：每行 主机:端口:数据库:用户:口令，权限须为 0600");
+  text += item("PGSERVICEFILE", "服务文件，缺省为 ~/.pg_service.conf，地址写作 postgresql:///?service=名称");
+  text += item("PGCONNECT_TIMEOUT", "等待数据库服务器接受连接的秒数，缺省为 15；也可写在地址中：?connect_timeout=5");
+  text += item("TZ_SERVER_TIMEOUT", "数据库服务器多少秒没有回答就停止等待，缺省为 300，0 为一直等待");
   return text + section("示例") + examplesPart(app);
 }
 

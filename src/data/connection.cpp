@@ -74,10 +74,6 @@ void Transaction::commit() {
   connection_ = nullptr;
 }
 
-bool isServerAddress(std::string_view address) {
-  return address.starts_with("postgresql://") || address.starts_with("postgres://");
-}
-
 std::unique_ptr<Connection> openLedger(const std::string& address, Access access) {
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);

@@ -10,6 +10,7 @@
 
 #include "data/dialect.h"
 #include "data/value.h"
+#include "data/address.h"
 
 namespace tz {
 
@@ -143,6 +144,5 @@ class Transaction {
 // A connection to a place that holds no ledger yet: a file that does not exist, or a database without ledger tables.
 // The file lasts only when createLedger() makes it.
 [[nodiscard]] std::unique_ptr<Connection> openEmpty(const std::string& address);
-[[nodiscard]] bool isServerAddress(std::string_view address);
 
 }  // namespace tz

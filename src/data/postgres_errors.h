@@ -11,8 +11,9 @@ namespace tz {
 [[nodiscard]] DbError::Kind kindOfSqlState(std::string_view state);
 // A failed attempt to connect, from the client's verbose message ("… FATAL:  3D000: database … does not exist").
 [[nodiscard]] DbError connectError(std::string_view message, bool passwordMissing);
-// Throws when the address cannot be read for certain, without repeating any of it: a sign in a password that ought to
-// be written as % and its code would otherwise carry a part of the password into messages about hosts and databases.
-void requireReadableAddress(const std::string& address);
+// The address in the form that the client library reads. Throws when it cannot be read for certain, without repeating
+// any of it: a sign in a password that ought to be written as % and its code would otherwise carry a part of the
+// password into messages about hosts and databases.
+[[nodiscard]] std::string readableAddress(const std::string& address);
 
 }  // namespace tz

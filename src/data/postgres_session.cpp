@@ -27,9 +27,9 @@ std::string parameterText(const Value& value) {
 }  // namespace
 
 PostgresSession::PostgresSession(const std::string& address) : client_(postgresClient()) {
-  requireReadableAddress(address);
+  const auto readable = readableAddress(address);
   try {
-    connect(address);
+    connect(readable);
   } catch (...) {
     client_.PQfinish(handle_);
     throw;

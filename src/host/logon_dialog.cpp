@@ -4,10 +4,11 @@
 #include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QThread>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "host/open_ledger.h"
@@ -83,9 +84,10 @@ QString LogonDateEdit::Refusal() const {
   return QStringLiteral("登录日期不在会计年度内，请改为 %1 年的日期").arg(*accountYear_);
 }
 
-LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, QWidget* parent)
+LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, QWidget* parent, LogonDelays& delays)
     : QDialog(parent),
       ledger_(ledger),
+      delays_(delays),
       names_(new QComboBox(this)),
       password_(new QLineEdit(this)),
       date_(ledger.ProposedDate(), ledger.AccountYear(), this),
@@ -108,35 +110,73 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
   layout->setSpacing(margin / 2);
   layout->addLayout(form);
   layout->addWidget(failure_);
-  layout->addWidget(buttons(this));
+  auto* box = buttons(this);
+  for (auto* button : box->buttons()) {
+    if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) ok_ = qobject_cast<QPushButton*>(button);
+  }
+  layout->addWidget(box);
   setMinimumWidth(340);
   password_->setFocus();
 }
 
-void LogonDialog::accept() {
-  const QString refusal = date_.Refusal();
-  refusal.isEmpty() ? LogOn() : failure_->Tell({refusal});
+void LogonDialog::TakeInput(bool taking) {
+  for (QWidget* widget :
+       {static_cast<QWidget*>(names_), static_cast<QWidget*>(password_), static_cast<QWidget*>(ok_)}) {
+    widget->setEnabled(taking);
+  }
 }
 
-void LogonDialog::LogOn() {
-  std::optional<Operator> who;
-  Failure failure{QStringLiteral("操作员姓名或口令不对")};
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-  try {
-    who = logOn(ledger_.Database(), fromQt(names_->currentText()), fromQt(password_->text()));
-  } catch (const DbError& error) {
-    logFailure(fromQt(windowTitle()), error.what());
-    failure = {toQt(explainInWindow(error)), toQt(error.what())};
-  }
-  QGuiApplication::restoreOverrideCursor();
-  if (who) {
-    who_ = std::move(*who);
-    QDialog::accept();
-    return;
-  }
+void LogonDialog::Refuse(const Failure& failure) {
   failure_->Tell(failure);
   password_->selectAll();
   password_->setFocus();
+}
+
+void LogonDialog::accept() {
+  if (!ok_->isEnabled()) return;  // Enter while a password is checked or a wait goes on
+  if (const QString refusal = date_.Refusal(); !refusal.isEmpty()) {
+    failure_->Tell({refusal});
+    return;
+  }
+  try {
+    Check(logonQuestion(ledger_.Database(), fromQt(names_->currentText())));
+  } catch (const DbError& error) {
+    logFailure(fromQt(windowTitle()), error.what());
+    Refuse({toQt(explainInWindow(error)), toQt(error.what())});
+  } catch (const std::exception& error) {
+    Refuse({toQt(error.what())});
+  }
+}
+
+// The check takes seconds and much memory by design.
+void LogonDialog::Check(const LogonQuestion& question) {
+  TakeInput(false);
+  failure_->hide();
+  setCursor(Qt::BusyCursor);
+  const auto who = std::make_shared<std::optional<Operator>>();
+  auto* thread =
+      QThread::create([who, question, password = fromQt(password_->text())] { *who = logOn(question, password); });
+  connect(thread, &QThread::finished, this, [this, who] { Answer(*who); });
+  connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+  thread->start();
+}
+
+void LogonDialog::Answer(const std::optional<Operator>& who) {
+  unsetCursor();
+  const std::string name = fromQt(names_->currentText());
+  if (who) {
+    who_ = *who;
+    delays_.Succeeded(name);
+    QDialog::accept();
+    return;
+  }
+  const auto wait = delays_.Failed(name);
+  const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
+  failure_->Tell({QStringLiteral("操作员姓名或口令不对，%1 秒后可以再试").arg(seconds)});
+  QTimer::singleShot(wait, this, [this] {
+    TakeInput(true);
+    Refuse({QStringLiteral("操作员姓名或口令不对")});
+  });
 }
 
 std::optional<Date> askLogonDate(QWidget* parent, Date date, std::optional<int> accountYear) {

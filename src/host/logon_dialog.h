@@ -6,11 +6,13 @@
 #include <optional>
 
 #include "host/failure_note.h"
+#include "reports/logon_delays.h"
 #include "reports/operator.h"
 
 class QComboBox;
 class QDateEdit;
 class QLineEdit;
+class QPushButton;
 
 namespace tz {
 
@@ -36,23 +38,30 @@ class LogonDialog : public QDialog {
 
  public:
   // The ledger must outlive the dialog. Throws DbError when its operators cannot be read.
-  LogonDialog(const OpenLedger& ledger, const QString& lastOperator, QWidget* parent);
+  LogonDialog(const OpenLedger& ledger, const QString& lastOperator, QWidget* parent,
+              LogonDelays& delays = logonDelays());
 
   [[nodiscard]] const Operator& Who() const { return who_; }
   [[nodiscard]] Date LogonDate() const { return date_.Value(); }
 
  protected:
+  // Checks the password beside the window, which stays alive; what follows comes later.
   void accept() override;
 
  private:
-  void LogOn();
+  void Check(const LogonQuestion& question);
+  void Answer(const std::optional<Operator>& who);
+  void TakeInput(bool taking);
+  void Refuse(const Failure& failure);
 
   const OpenLedger& ledger_;
+  LogonDelays& delays_;
   Operator who_;
   QComboBox* names_;
   QLineEdit* password_;
   LogonDateEdit date_;
   FailureNote* failure_;
+  QPushButton* ok_ = nullptr;
 };
 
 // Another logon date; nothing when the person gave up.

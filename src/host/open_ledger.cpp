@@ -1,7 +1,6 @@
 #include "host/open_ledger.h"
 
 #include <QFileInfo>
-#include <QUrl>
 
 #include "reports/session.h"
 #include "suite/globals.h"
@@ -18,7 +17,7 @@ OpenLedger::OpenLedger(const QString& address) : address_(fromQt(address)) {
     accountSet_ = set->integer(0);
     name_ = toQt(set->text(1));
   }
-  if (name_.isEmpty()) name_ = QFileInfo(address).completeBaseName();
+  if (name_.isEmpty()) name_ = QFileInfo(shownAddress(address)).completeBaseName();
 }
 
 OpenLedger::~OpenLedger() {
@@ -36,8 +35,7 @@ void OpenLedger::MakeCurrent(Date logon) {
 }
 
 QString shownAddress(const QString& address) {
-  if (!isServerAddress(fromQt(address))) return address;
-  return QUrl(address).toDisplayString(QUrl::RemovePassword);
+  return isServerAddress(fromQt(address)) ? toQt(withoutPasswords(fromQt(address))) : address;
 }
 
 }  // namespace tz

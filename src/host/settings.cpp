@@ -3,6 +3,8 @@
 #include <QFileInfo>
 #include <QSize>
 
+#include "host/open_ledger.h"
+
 namespace tz {
 namespace {
 
@@ -20,9 +22,15 @@ QString widthsKey(int command) { return QStringLiteral("columns/%1").arg(command
 HostSettings::HostSettings()
     : settings_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("tzassistant"), QStringLiteral("desktop")) {}
 
-QStringList HostSettings::RecentLedgers() const { return settings_.value(recentKey).toStringList(); }
+// What an earlier version kept may hold passwords.
+QStringList HostSettings::RecentLedgers() const {
+  QStringList recent;
+  for (const auto& address : settings_.value(recentKey).toStringList()) recent.append(shownAddress(address));
+  return recent;
+}
 
-void HostSettings::RememberLedger(const QString& address) {
+void HostSettings::RememberLedger(const QString& opened) {
+  const QString address = shownAddress(opened);
   QStringList recent = RecentLedgers();
   recent.removeAll(address);
   recent.prepend(address);

@@ -113,7 +113,10 @@ void StartWindow::OpenChosen() {
   if (server_->hasFocus() && !server_->text().isEmpty()) {
     OpenServer();
   } else if (const auto* item = recent_->currentItem()) {
-    TryOpen(item->data(Qt::UserRole).toString(), *fileFailure_, recent_);
+    const QString address = item->data(Qt::UserRole).toString();
+    // Passwords are not remembered; here one can be added.
+    if (isServerAddress(fromQt(address))) server_->setText(address);
+    TryOpen(address, *fileFailure_, recent_);
   } else {
     OpenFile();
   }

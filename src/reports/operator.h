@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -19,8 +20,23 @@ struct Operator {
 };
 
 [[nodiscard]] bool needsLogon(const CQnCwDB& db);
-// The operator of that name and password; nothing when either is wrong.
-[[nodiscard]] std::optional<Operator> logOn(const CQnCwDB& db, std::string_view name, const std::string& password);
+
+// The operator's hash in the ledger is none, or would take all memory or hours; the text says so.
+struct UnacceptableHash : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// What a password has to answer. For an unknown name it is somebody else's hash, so that the answer takes as long.
+struct LogonQuestion {
+  Operator who;
+  std::string hash;
+  bool mayLogOn = false;
+};
+
+// Throws UnacceptableHash.
+[[nodiscard]] LogonQuestion logonQuestion(const CQnCwDB& db, std::string_view name);
+// The operator; nothing when name or password is wrong. Takes a while, needs no ledger, and may run on any thread.
+[[nodiscard]] std::optional<Operator> logOn(const LogonQuestion& question, const std::string& password);
 // What somebody is who need not log on.
 [[nodiscard]] Operator everybody();
 

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "cli/small_company.h"
+#include "reports/logon_delays.h"
+#include "reports/operator.h"
+#include "reports/password_hash.h"
 
 namespace tz::test {
 namespace {
@@ -40,10 +43,41 @@ TEST_P(OperatorsTest, NeedTheirPasswordAndTheRight) {
   EXPECT_EQ(statusOf("会计", "会计2006"), 0);
   EXPECT_EQ(statusOf("出纳", "会计2006"), 4) << "rights 3 and 44 are not right 4";
   EXPECT_EQ(statusOf("主管", "会计2007"), 4);
-  EXPECT_EQ(statusOf("主管", "会计"), 4);
-  EXPECT_EQ(statusOf("没有", "会计2006"), 4);
-  EXPECT_EQ(statusOf("空白", "任何口令"), 4) << "an operator without a password cannot log on";
-  EXPECT_EQ(statusOf("' OR 1=1 --", "会计2006"), 4);
+  CQnCwDB db(Access::read);
+  db.Open(ledger_.address());
+  EXPECT_TRUE(logOn(logonQuestion(db, "主管"), "会计2006"));
+  EXPECT_FALSE(logOn(logonQuestion(db, "主管"), "会计"));
+  EXPECT_FALSE(logOn(logonQuestion(db, "没有"), "会计2006")) << "somebody else's password";
+  EXPECT_FALSE(logOn(logonQuestion(db, "空白"), "任何口令")) << "an operator without a password cannot log on";
+  EXPECT_FALSE(logOn(logonQuestion(db, "' OR 1=1 --"), "会计2006"));
+}
+
+// Nobody learns by the answer, or by its time, who is an operator.
+TEST_P(OperatorsTest, AnUnknownNameIsCheckedAsDearlyAsAKnownOne) {
+  CQnCwDB db(Access::read);
+  db.Open(ledger_.address());
+  const auto known = logonQuestion(db, "主管");
+  for (const char* name : {"没有", "空白", ""}) {
+    const auto question = logonQuestion(db, name);
+    EXPECT_FALSE(question.mayLogOn);
+    EXPECT_EQ(question.hash.substr(0, question.hash.rfind('$')), known.hash.substr(0, known.hash.rfind('$')));
+  }
+  const auto wrong = smallReport(ledger_.address(), {"--operator", "主管"}, {"TZ_PASSWORD=错"});
+  const auto unknown = smallReport(ledger_.address(), {"--operator", "没有"}, {"TZ_PASSWORD=错"});
+  EXPECT_EQ(wrong.err, unknown.err);
+}
+
+TEST_P(OperatorsTest, AHashThatWouldTakeAllMemoryIsRefused) {
+  for (const char* hash : {"$argon2id$v=19$m=4294967295,t=1,p=1$8KjgseW6RWjVshLwEFx87w$gqRKBVcvaRrnyx1ukfLd3tgM/1kHqIk",
+                           "$argon2id$v=19$m=65536,t=4294967295,p=1$8KjgseW6RWjVshLwEFx87w$gqRKBVcvaRrnyx1ukfLd3tgM",
+                           "$argon2id$v=19$m=99999999999,t=1,p=1$x$y", "5f4dcc3b5aa765d61d8327deb882cf99"}) {
+    ledger_.keeper().execute(Sql("UPDATE zOperator SET sPassHash = ? WHERE lId = 2", hash));
+    const auto run = smallReport(ledger_.address(), {"--operator", "会计"}, {"TZ_PASSWORD=会计2006"});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.err.find("口令散列不可接受"), std::string::npos) << run.err;
+    EXPECT_EQ(run.out, "");
+  }
+  EXPECT_EQ(statusOf("主管", "会计2006"), 0) << "the others still log on";
 }
 
 TEST_P(OperatorsTest, MustSayWhoTheyAre) {
@@ -59,6 +93,24 @@ TEST_P(OperatorsTest, WithoutTerminalNeedThePasswordInTheEnvironment) {
 }
 
 TZ_ON_BOTH_DATABASES(OperatorsTest);
+
+TEST(LogonDelays, GrowWithTheFailures) {
+  using namespace std::chrono_literals;
+  LogonDelays delays(1s);
+  EXPECT_EQ(delays.Failed("甲"), 1s);
+  EXPECT_EQ(delays.Failed("甲"), 2s);
+  EXPECT_EQ(delays.Failed("甲"), 4s);
+  EXPECT_EQ(delays.Failed("乙"), 2s) << "who tries many names is slowed down as well";
+  delays.Succeeded("甲");
+  EXPECT_EQ(delays.Failed("甲"), 1s);
+  EXPECT_EQ(delays.Failed("乙"), 2s);
+  for (int i = 0; i < 40; ++i) EXPECT_LE(delays.Failed("丙"), 32s);
+}
+
+TEST(PasswordHash, TheOneOfNobodyIsWellFormed) {
+  EXPECT_TRUE(acceptableHash(nobodysHash()));
+  EXPECT_FALSE(passwordFits(nobodysHash(), ""));
+}
 
 TEST(LedgerWithoutOperators, AsksNobody) {
   TestLedger ledger(Engine::sqlite);
