@@ -74,6 +74,11 @@ void Transaction::commit() {
   connection_ = nullptr;
 }
 
+ServerWaitCheck& serverWaitCheck() {
+  static ServerWaitCheck check;
+  return check;
+}
+
 std::unique_ptr<Connection> openLedger(const std::string& address, Access access) {
   const bool server = isServerAddress(address);
   auto connection = server ? openPostgres(address, access) : openSqlite(address, access);

@@ -2,15 +2,17 @@
 // which. A failed statement throws DbError: a failure never looks like an empty result.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "data/address.h"
 #include "data/dialect.h"
 #include "data/value.h"
-#include "data/address.h"
 
 namespace tz {
 
@@ -32,6 +34,7 @@ class DbError : public std::runtime_error {
     full,         // no room on the disk
     disk,         // the disk failed
     lost,         // the connection broke
+    silent,       // the server has stopped answering
     duplicate,    // a unique rule would be broken
     otherType,    // a column of a type that cannot be read as what the ledger asks for
     shadowed,     // tables of one name in several schemas: it is open which ones are the ledger
@@ -132,6 +135,11 @@ class Transaction {
  private:
   Connection* connection_;
 };
+
+// Asked now and then while a server is waited for and the connection has no cancel check of its own, opening among it:
+// true gives the waiting up. Empty: nobody is asked. `waited` grows from the start of each wait.
+using ServerWaitCheck = std::function<bool(std::chrono::milliseconds waited)>;
+[[nodiscard]] ServerWaitCheck& serverWaitCheck();
 
 // Opens the ledger at a file path or a "postgresql://" address. Throws DbError when there is none, when it is no
 // ledger, when its version is newer than this program's or when the access cannot be had.

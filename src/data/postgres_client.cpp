@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <poll.h>
+#include <sys/socket.h>
 
 #include "data/connection.h"
 
@@ -33,9 +34,12 @@ const PostgresClient& postgresClient() {
   return client;
 }
 
-void waitForSocket(int socket, SocketUse use, std::chrono::milliseconds time) {
-  pollfd waited{socket, static_cast<short>(use == SocketUse::reading ? POLLIN : POLLOUT), 0};
-  poll(&waited, 1, static_cast<int>(time.count()));
+bool waitForSocket(int socket, SocketUse use, std::chrono::milliseconds time) {
+  const int events = (use == SocketUse::writing ? 0 : POLLIN) | (use == SocketUse::reading ? 0 : POLLOUT);
+  pollfd waited{socket, static_cast<short>(events), 0};
+  return poll(&waited, 1, static_cast<int>(time.count())) > 0;
 }
+
+void shutSocket(int socket) { shutdown(socket, SHUT_RDWR); }
 
 }  // namespace tz

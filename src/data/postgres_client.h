@@ -17,6 +17,9 @@ struct PostgresClient {
   TZ_FUNCTION(PQfreemem)                 \
   TZ_FUNCTION(PQconnectStartParams)      \
   TZ_FUNCTION(PQconnectPoll)             \
+  TZ_FUNCTION(PQconninfo)                \
+  TZ_FUNCTION(PQsetnonblocking)          \
+  TZ_FUNCTION(PQflush)                   \
   TZ_FUNCTION(PQconnectionNeedsPassword) \
   TZ_FUNCTION(PQfinish)                  \
   TZ_FUNCTION(PQstatus)                  \
@@ -59,8 +62,10 @@ struct ClearResult {
 };
 using PostgresResult = std::unique_ptr<PGresult, ClearResult>;
 
-enum class SocketUse { reading, writing };
-// Waits until the socket can be used or the time is over; a negative time has no end.
-void waitForSocket(int socket, SocketUse use, std::chrono::milliseconds time);
+enum class SocketUse { reading, writing, either };
+// Waits until the socket can be used, which true tells, or the time is over.
+bool waitForSocket(int socket, SocketUse use, std::chrono::milliseconds time);
+// From here on nothing is sent or read any more; whoever tries is told at once.
+void shutSocket(int socket);
 
 }  // namespace tz

@@ -52,7 +52,7 @@ class PostgresConnection final : public Connection {
     session_->countTransaction();
   }
   void commit() override {
-    const auto result = session_->command("COMMIT");
+    const auto result = session_->commit("COMMIT");
     // A transaction in which a statement failed answers COMMIT by undoing everything.
     if (std::string_view(postgresClient().PQcmdStatus(result.get())) == "ROLLBACK") {
       throw DbError(DbError::Kind::other, "nothing was written, because a statement before had failed");

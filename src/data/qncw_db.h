@@ -37,6 +37,7 @@ class CQnCwDB {
   void Close(const std::string& name);
   // Makes an open ledger current. 0 when it is open and answers, nonzero otherwise.
   int DBSelect(const std::string& name);
+  [[nodiscard]] bool HasCurrent() const { return current_ != nullptr; }
   [[nodiscard]] Connection& Current() const;
 
 #define TZ_GET_INFO(Table)                                                         \

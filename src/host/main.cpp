@@ -8,6 +8,7 @@
 #include "suite/language.h"
 #include "suite/qt_text.h"
 #include "system/standard_streams.h"
+#include "ui/server_wait.h"
 
 namespace {
 
@@ -39,6 +40,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   tz::installFonts();
   tz::installLanguage();
+  const tz::ServerWait serverWait;
   const Arguments arguments = readArguments();
   tz::g_lpArgument = arguments.startUp;
   tz::Host host;

@@ -45,6 +45,9 @@ Explanation explanationOf(DbError::Kind kind) {
       return {"读写磁盘时出错", "没有保存任何更改，请检查磁盘及其剩余空间"};
     case Kind::lost:
       return {"与数据库的连接已断开", "请检查服务器和网络，然后重新打开帐套"};
+    case Kind::silent:
+      return {"数据库服务器没有回答",
+              "请检查服务器和网络，然后重新打开帐套；等待多久可用环境变量 TZ_SERVER_TIMEOUT（秒）设定"};
     case Kind::duplicate:
       return {"已经存在", "原有内容没有改动，请换一个名称"};
     case Kind::otherType:

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 #include <iterator>
 
+#include "reports/cancel_watch.h"
 #include "reports/cancellation.h"
 #include "reports/condition_texts.h"
 #include "reports/report_definition.h"
@@ -37,20 +38,6 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   std::ranges::stable_sort(notices, {}, &Notice::weight);
   return computed;
 }
-
-// Lets the database ask, during a long statement, whether the person has stopped the work.
-class CancelWatch {
- public:
-  explicit CancelWatch(Session& session) : connection_(session.db.Current()) {
-    connection_.setCancelCheck([](void* context) { return static_cast<Session*>(context)->cancelled(); }, &session);
-  }
-  CancelWatch(const CancelWatch&) = delete;
-  CancelWatch& operator=(const CancelWatch&) = delete;
-  ~CancelWatch() { connection_.setCancelCheck(nullptr, nullptr); }
-
- private:
-  Connection& connection_;
-};
 
 }  // namespace
 

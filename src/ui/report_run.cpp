@@ -1,11 +1,16 @@
 #include "ui/report_run.h"
 
 #include <algorithm>
+#include <optional>
+
+#include "reports/cancel_watch.h"
 
 namespace tz {
 
 std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report, Request request,
                                                                Session& session) {
+  std::optional<CancelWatch> watch;
+  if (session.db.HasCurrent()) watch.emplace(session);
   if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.dialog->databaseNotOpen};
   auto validated = validate(*report.dialog, request, session);
   if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);

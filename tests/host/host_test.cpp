@@ -8,12 +8,19 @@
 #include <QSignalSpy>
 #include <QToolTip>
 #include <fstream>
+#include <sodium.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <thread>
+#include <unistd.h>
 
 #include "host/desktop.h"
 #include "host/host_ledger.h"
 #include "host/logon_dialog.h"
 #include "host/start_window.h"
 #include "suite/grid_view.h"
+#include "ui/report_ledger.h"
+#include "ui/server_wait.h"
 
 namespace tz::test {
 namespace {
@@ -45,15 +52,19 @@ TEST_F(HostTest, WhatIsNoLedgerIsRefused) {
 TEST_F(HostTest, LogonTakesTheRightPasswordOnly) {
   addOperator(ledger_.ledger());
   const OpenLedger open(address());
-  LogonDialog logon(open, {}, nullptr);
+  LogonDelays delays(std::chrono::milliseconds(50));
+  LogonDialog logon(open, {}, nullptr, delays);
   logon.show();
   expectNamed(logon);
   auto* password = logon.findChild<QLineEdit*>(QStringLiteral("password"));
   password->setText(QStringLiteral("错"));
   QTest::keyClick(password, Qt::Key_Return);
+  EXPECT_FALSE(password->isEnabled()) << "the answer comes later, the window stays alive";
+  ASSERT_TRUE(QTest::qWaitFor([&] { return password->isEnabled(); }));
   EXPECT_TRUE(logon.isVisible());
   password->setText(QStringLiteral("秘密"));
   QTest::keyClick(password, Qt::Key_Return);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !logon.isVisible(); }));
   EXPECT_EQ(logon.result(), QDialog::Accepted);
   EXPECT_TRUE(logon.Who().may(4));
   EXPECT_FALSE(logon.Who().may(3));
@@ -77,6 +88,7 @@ TEST_F(HostTest, LogonRefusesADateOutsideTheAccountYear) {
   EXPECT_EQ(logon.focusWidget(), &date);
   QTest::keyClick(&date, Qt::Key_Down);
   click(logon, "1");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !logon.isVisible(); }));
   EXPECT_EQ(logon.result(), QDialog::Accepted);
   EXPECT_EQ(logon.LogonDate(), (Date{2006, 2, 6}));
 }
@@ -97,6 +109,58 @@ TEST_F(HostTest, ALogonDateThatIsChangedLaterStaysInTheAccountYear) {
   inModal([&](QWidget& window) { click(window, "1"); });
   asked = askLogonDate(nullptr, {2006, 5, 1}, std::nullopt);
   EXPECT_EQ(asked, (Date{2006, 5, 1}));
+}
+
+TEST_F(HostTest, AHashThatNoMachineCanCheckIsRefusedAtOnce) {
+  ledger_.ledger().fill("zOperator",
+                        "lId | sName | sPassHash\n 1 | 王会计 | "
+                        "$argon2id$v=19$m=4294967295,t=9,p=1$AAAAAAAAAAAAAAAAAAAAAA$AAAAAAAAAAAAAAAA");
+  const OpenLedger open(address());
+  LogonDialog logon(open, {}, nullptr);
+  logon.show();
+  QTest::keyClick(logon.findChild<QLineEdit*>(QStringLiteral("password")), Qt::Key_Return);
+  const auto labels = logon.findChildren<QLabel*>();
+  EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+    return label->isVisible() && label->text().contains(QStringLiteral("口令散列不可接受"));
+  }));
+  EXPECT_TRUE(logon.isVisible());
+}
+
+// A server that takes the connection and says nothing: its socket listens, nobody accepts.
+TEST_F(HostTest, EscStopsTheWaitForASilentServer) {
+  const TempFolder folder;
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un place{AF_UNIX, {}};
+  folder.file(".s.PGSQL.5432").copy(place.sun_path, sizeof place.sun_path - 1);
+  ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&place), sizeof place), 0);
+  ASSERT_EQ(::listen(socket, 1), 0);
+  const ServerWait wait;
+  QWidget window;
+  window.show();
+  std::thread person([&window] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(600));
+    QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+  });
+  QElapsedTimer time;
+  time.start();
+  EXPECT_THROW(OpenLedger(toQt("postgresql:///ledger?user=u&host=" + folder.path().string())), DbError);
+  EXPECT_LT(time.elapsed(), 8000) << "it would wait for fifteen seconds";
+  person.join();
+  ::close(socket);
+}
+
+TEST_F(HostTest, NoPasswordIsShownOrKept) {
+  HostSettings settings;
+  settings.RememberLedger(QStringLiteral("PostgreSQL://zhang:se/cr@et@server/huayuan"));
+  settings.RememberLedger(QStringLiteral("postgresql://server/huayuan?user=zhang&password=secret"));
+  for (const auto& address : settings.RecentLedgers()) {
+    EXPECT_FALSE(address.contains(QStringLiteral("ecret")) || address.contains(QStringLiteral("cr@et")))
+        << fromQt(address);
+  }
+  QFile file(QSettings(QSettings::IniFormat, QSettings::UserScope, "tzassistant", "desktop").fileName());
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const auto kept = file.readAll();
+  EXPECT_FALSE(kept.contains("secret") || kept.contains("cr@et") || kept.contains("cr%40et")) << kept.toStdString();
 }
 
 TEST_F(HostTest, TheStartWindowRemembersTheLatest) {
