@@ -139,8 +139,7 @@ Status answer(const WordsOptions& options, const CLI::App& app) {
 void addCompletionCommand(CLI::App& app, Work& work) {
   auto* command = app.add_subcommand("completion", "输出命令行补全脚本：bash、zsh 或 fish");
   const auto options = std::make_shared<WordsOptions>();
-  auto* shell =
-      command->add_option("SHELL", options->shell, "命令行外壳；words 由脚本调用，列出下一个词")->required();
+  auto* shell = command->add_option("SHELL", options->shell, "命令行外壳；words 由脚本调用，列出下一个词")->required();
   letChoose(*shell, {"bash", "zsh", "fish", "words"});
   command->add_option("WORDS", options->words, "words：已键入的词，最后一个正在键入");
   command->add_flag("--bash", options->bash, "words：WORDS 是 bash 要替换的结尾、整行和其中的词，答复已加引号");
