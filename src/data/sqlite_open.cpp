@@ -32,10 +32,7 @@ std::string uriOf(const std::string& path, std::string_view options) {
 }
 
 // As far as the first page, so that what is no database is found out here.
-void lookInside(SqliteConnection& connection, Access access) {
-  connection.run(access == Access::read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
-  connection.run("SELECT 1 FROM sqlite_master LIMIT 1");
-}
+void lookInside(SqliteConnection& connection) { connection.run("SELECT 1 FROM sqlite_master LIMIT 1"); }
 
 DbError unreadable(const std::string& path, const char* why) { return {DbError::Kind::unreadable, path + why}; }
 
@@ -52,7 +49,7 @@ std::unique_ptr<SqliteConnection> openBesideOthers(const std::string& path) {
     throw unreadable(path, ": its last changes lie in a file -wal beside it, which may not be taken in from here");
   }
   auto connection = openSqliteFile(path, "?readonly_shm=1", SQLITE_OPEN_READONLY);
-  lookInside(*connection, Access::read);
+  lookInside(*connection);
   return connection;
 }
 
@@ -68,7 +65,7 @@ std::unique_ptr<SqliteConnection> openWithoutTrace(const std::string& name) {
   if (hasLog(path)) return openBesideOthers(path);
   requireNoHotJournal(holder);
   auto connection = openSqliteFile(path, "?immutable=1", SQLITE_OPEN_READONLY);
-  lookInside(*connection, Access::read);
+  lookInside(*connection);
   connection->readAsItStands(standing, [name] {
     try {
       return openWithoutTrace(name);
@@ -95,7 +92,8 @@ std::unique_ptr<SqliteConnection> openThere(const std::string& path, Access acce
     return openWithoutTrace(path);
   }
   if (!mayWrite) requireNoHotJournal(ledger);
-  lookInside(*connection, access);
+  connection->run(access == Access::read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
+  lookInside(*connection);
   giveToTheGroup(ledger.path());
   return connection;
 }

@@ -30,7 +30,8 @@ Explanation explanationOf(DbError::Kind kind) {
       return {"帐套数据已损坏", "请停止使用它，并用备份恢复"};
     case Kind::foreignLog:
       return {"帐套旁边的文件不是它的",
-              "如果帐套是恢复、拷贝或新建的，请先把括号中的文件移到别处；否则请备份这些文件，再请管理员查看"};
+              "如果帐套是恢复、拷贝或新建的，请先把旁边的 -wal、-journal、-shm "
+              "文件移到别处；否则请备份这些文件，再请管理员查看"};
     case Kind::locked:
       return {"帐套正被其他程序占用", "请稍后再试，或关闭占用它的程序"};
     case Kind::changed:
