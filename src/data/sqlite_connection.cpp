@@ -9,6 +9,7 @@
 #include "data/sqlite_access.h"
 #include "data/sqlite_dialect.h"
 #include "data/sqlite_errors.h"
+#include "data/sqlite_functions.h"
 
 namespace tz {
 namespace {
