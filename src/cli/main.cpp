@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
   try {
     status = tz::cli::run(argc, argv);
   } catch (const tz::WrongUse& error) {
-    tz::cli::complain(error.what());
+    tz::cli::complain(error.withOption());
     status = Status::wrongUse;
   } catch (const tz::DbError& error) {
     tz::cli::complain(tz::explain(error));

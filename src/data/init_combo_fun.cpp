@@ -1,5 +1,7 @@
 #include "data/init_combo_fun.h"
 
+#include <map>
+
 namespace tz {
 namespace {
 
@@ -23,23 +25,38 @@ int preselected(const ComboList& list, std::string_view text) {
   return list.empty() ? -1 : 0;
 }
 
+ComboList toldApart(const std::vector<NamedMember>& members) {
+  std::map<std::string_view, int> bearers;
+  for (const auto& member : members) ++bearers[member.name];
+  ComboList list;
+  list.reserve(members.size());
+  for (const auto& [code, name, id] : members) list.push_back({bearers[name] > 1 ? code + " " + name : name, id});
+  return list;
+}
+
 ComboList CInitComboFun::InitCodeComb_1Blank(const CQnCwDB& db, const Sql& where) { return accounts(db, where, ' '); }
 
 ComboList CInitComboFun::InitCodeComb_2Tab(const CQnCwDB& db, const Sql& where) { return accounts(db, where, '\t'); }
 
 ComboList CInitComboFun::InitPartNameCombox(const CQnCwDB& db) {
-  ComboList list;
+  std::vector<NamedMember> depts;
   for (const auto& dept : db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId"))
-    list.push_back({dept.sDeptName, dept.lDeptId});
-  return list;
+    depts.push_back({dept.sDeptId, dept.sDeptName, dept.lDeptId});
+  return toldApart(depts);
 }
 
 ComboList CInitComboFun::InitNameCombox(const CQnCwDB& db, Id deptId) {
-  ComboList list;
-  for (const auto& person : db.Person_GetInfo(Sql("lDeptId = ? ORDER BY sPersonId, lId", deptId))) {
-    list.push_back({person.sName, person.lId});
-  }
-  return list;
+  std::vector<NamedMember> persons;
+  for (const auto& person : db.Person_GetInfo(Sql("lDeptId = ? ORDER BY sPersonId, lId", deptId)))
+    persons.push_back({person.sPersonId, person.sName, person.lId});
+  return toldApart(persons);
+}
+
+ComboList CInitComboFun::InitEnterCombox(const CQnCwDB& db) {
+  std::vector<NamedMember> units;
+  for (const auto& unit : db.Enter_GetInfo("lId > 0 ORDER BY sEnterId, lId"))
+    units.push_back({unit.sEnterId, unit.sEnterName, unit.lId});
+  return toldApart(units);
 }
 
 ComboList CInitComboFun::InitEnterClassCombox(const CQnCwDB& db) {

@@ -33,6 +33,14 @@ struct AccountAmounts {
 inline constexpr std::string_view allMembers = "全部";
 inline constexpr std::string_view otherMembers = "其它";
 
+// A member of an archive, for a list of names.
+struct NamedMember {
+  std::string code, name;
+  Id id = 0;
+};
+// Their names; where several bear one name, code and name, so that they can be told apart.
+[[nodiscard]] ComboList toldApart(const std::vector<NamedMember>& members);
+
 struct CInitComboFun {
   // Accounts that meet a condition on Code, as "code name" and as "code<tab>name"; the datum is the account's id.
   [[nodiscard]] static ComboList InitCodeComb_1Blank(const CQnCwDB& db, const Sql& where);
@@ -41,6 +49,8 @@ struct CInitComboFun {
   [[nodiscard]] static ComboList InitPartNameCombox(const CQnCwDB& db);
   // The persons of a department by code.
   [[nodiscard]] static ComboList InitNameCombox(const CQnCwDB& db, Id deptId);
+  // The units by code.
+  [[nodiscard]] static ComboList InitEnterCombox(const CQnCwDB& db);
   // Unit classes, "其它" for units without one last.
   [[nodiscard]] static ComboList InitEnterClassCombox(const CQnCwDB& db);
   // Project classes; the datum is the place of the class in the list, the text is "id name".

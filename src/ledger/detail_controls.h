@@ -9,6 +9,7 @@ using Kind = ControlSpec::Kind;
 
 inline constexpr ControlSpec account{Kind::accountCombo, ParameterKey::account, 2206, 0, "科目"};
 inline constexpr ControlSpec dept{Kind::deptReference, ParameterKey::dept, 8052, 2006, "部门"};
+inline constexpr ControlSpec deptNameOrAll{Kind::deptReference, ParameterKey::dept, 8052, 2006, "部门", true};
 inline constexpr ControlSpec deptList{Kind::deptCombo, ParameterKey::dept, 2207, 0, "部门"};
 inline constexpr ControlSpec deptOrAll{Kind::deptCombo, ParameterKey::dept, 2207, 0, "部门", true};
 inline constexpr ControlSpec person{Kind::personReference, ParameterKey::person, 2111, 2007, "个人"};

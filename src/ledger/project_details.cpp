@@ -16,17 +16,17 @@ constexpr std::string_view projectAccounts = "sAssBook LIKE '%D%' ORDER BY sCode
 constexpr ControlSpec projectRange{
     controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "项目范围"};
 constexpr ControlSpec shownProjects{
-    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "显示项目", false, "不显示项目"};
+    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "不显示项目", "显示项目"};
 constexpr ControlSpec accountLists{
     controls::Kind::accountLists, ParameterKey::account, 2301, 2302, "显示科目", false, "不显示科目"};
 
 constexpr std::array ofAccount = {controls::account, controls::classOfAccount, controls::months, projectRange,
                                   controls::unposted};
-constexpr std::array ofProjectAndAccounts = {controls::project, controls::deptOrAll, controls::months, accountLists,
+constexpr std::array ofProjectAndAccounts = {controls::project, controls::deptNameOrAll, controls::months, accountLists,
                                              controls::unposted};
 constexpr std::array ofDept = {controls::account, controls::classOfAccount, controls::deptOrAll, controls::months,
                                shownProjects,     controls::unposted};
-constexpr std::array ofParentAndProject = {controls::account, controls::project,  controls::deptOrAll,
+constexpr std::array ofParentAndProject = {controls::account, controls::project,  controls::deptNameOrAll,
                                            controls::months,  controls::analysis, controls::unposted};
 constexpr std::array ofProject = {controls::account, controls::project, controls::months, controls::unposted};
 
@@ -60,7 +60,7 @@ constexpr std::array threeColumnChecks = {
     Check{checks::accountGiven, MessageId::noProjectAccount, ParameterKey::account},
 };
 
-constexpr std::array<ListChoice, 1> projectChoice = {choices::projectRange};
+constexpr std::array<ListChoice, 2> classAndRange = {choices::classOfAccount, choices::projectRange};
 
 constexpr DialogSpec accountDialog = {
     .id = 558,
@@ -69,7 +69,7 @@ constexpr DialogSpec accountDialog = {
     .noAccount = MessageId::noAccountCode,
     .controls = ofAccount,
     .checks = accountChecks,
-    .choices = projectChoice,
+    .choices = classAndRange,
 };
 constexpr DialogSpec projectDialog = {
     .id = 559,
@@ -86,7 +86,7 @@ constexpr DialogSpec deptDialog = {
     .noAccount = MessageId::noQualifyingAccount,
     .controls = ofDept,
     .checks = deptChecks,
-    .choices = projectChoice,
+    .choices = classAndRange,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 561,

@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <fmt/format.h>
 #include <utility>
 
 #include "reports/dialog_spec.h"
+#include "reports/members.h"
 
 namespace tz {
 namespace {
@@ -16,17 +16,12 @@ bool anyActivity(const CheckContext& context, const Sql& where) {
   return context.conditions.unposted && db.Exists("UnregSub", where);
 }
 
-// A choice from a list in which something always stands: the first entry when none is named. What is not on the list is
-// wrong use, not a refusal.
+// What a list offers, as the command line tells it.
 template <class Record, class Name>
-const Record& chosen(const std::vector<Record>& offered, ParameterKey key, const std::string& wanted, Name name) {
-  if (wanted.empty() && !offered.empty()) return offered.front();
-  const auto found = std::ranges::find(offered, wanted, name);
-  if (found != offered.end()) return *found;
-  std::vector<std::string> names;
-  for (const auto& record : offered) names.push_back(std::invoke(name, record));
-  throw WrongUse(
-      fmt::format("--{}：“{}”不在可选项中，可用：{}", parameter(key).option, wanted, fmt::join(names, "、")));
+Unlisted unlisted(ParameterKey about, const std::vector<Record>& offered, Name name) {
+  Unlisted result{about, {}};
+  for (const auto& record : offered) result.offered.push_back(std::invoke(name, record));
+  return result;
 }
 
 const std::vector<ProjClassInfo>& projectClasses(const CheckContext& context) {
@@ -50,14 +45,9 @@ std::vector<ProjClassInfo> classesOfAccount(const CQnCwDB& db, CGetData& data, c
   return carried(inList("lCodeId", data.GetCode_Include(account.sCode)));
 }
 
-// An end of a range may be a code, or code and name as the combos show them; it is the code of an item of the classes.
-std::string rangeEnd(const CheckContext& context, ParameterKey key, const std::vector<ProjClassInfo>& classes) {
-  auto code = CGetData::GetCode_Separator(text(context, key));
-  const auto& data = context.conditions.data;
-  const bool known = std::ranges::any_of(
-      classes, [&](const ProjClassInfo& itemClass) { return data->GetItemIdByCode(itemClass.sItemId, code) != 0; });
-  if (code.empty() || known) return code;
-  throw WrongUse(fmt::format("--{}：没有编码为“{}”的项目", parameter(key).option, code));
+// An end of a range may be a code, or code and name as the combos show them.
+std::string rangeEnd(const CheckContext& context, ParameterKey key) {
+  return CGetData::GetCode_Separator(text(context, key));
 }
 
 }  // namespace
@@ -71,15 +61,29 @@ ComboList offeredClasses(const CQnCwDB& db, std::string_view account) {
   return list;
 }
 
+void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db) {
+  if (std::ranges::find(dialog.controls, ControlSpec::Kind::classCombo, &ControlSpec::kind) == dialog.controls.end()) {
+    return;
+  }
+  const auto carried = offeredClasses(db, request.text(ParameterKey::account));
+  const auto classId = CGetData::GetCode_Separator(request.text(ParameterKey::projectClass));
+  const auto isAsked = [&](const ComboEntry& one) { return CGetData::GetCode_Separator(one.text) == classId; };
+  if (std::ranges::any_of(carried, isAsked)) return;
+  for (const auto key : {ParameterKey::projectClass, ParameterKey::projectFrom, ParameterKey::projectTo}) {
+    request.clear(key);
+  }
+  if (carried.empty()) return;
+  request.set(ParameterKey::projectClass, CGetData::GetCode_Separator(carried.front().text));
+}
+
 namespace checks {
 
 bool deptGiven(CheckContext& context) { return !text(context, ParameterKey::dept).empty(); }
 
 bool deptKnown(CheckContext& context) {
-  const auto found =
-      context.session.db.Dept_GetInfo(Sql("sDeptName = ? ORDER BY lId", text(context, ParameterKey::dept)));
-  if (found.empty()) return false;
-  context.conditions.dept = found.front();
+  auto found = findDept(context.session.db, context.request.member(ParameterKey::dept));
+  if (!found) return false;
+  context.conditions.dept = std::move(*found);
   return true;
 }
 
@@ -102,14 +106,14 @@ bool deptKnownOrAll(CheckContext& context) {
 bool personGiven(CheckContext& context) { return !text(context, ParameterKey::person).empty(); }
 
 bool personKnown(CheckContext& context) {
-  return context.session.db.Exists("Person", Sql("sName = ?", text(context, ParameterKey::person)));
+  return !findPersons(context.session.db, context.request.member(ParameterKey::person)).empty();
 }
 
 bool personOfDept(CheckContext& context) {
-  const auto found = context.session.db.Person_GetInfo(Sql(
-      "sName = ? AND lDeptId = ? ORDER BY lId", text(context, ParameterKey::person), context.conditions.dept.lDeptId));
-  if (found.empty()) return false;
-  context.conditions.person = found.front();
+  auto found =
+      findPerson(context.session.db, context.request.member(ParameterKey::person), context.conditions.dept.lDeptId);
+  if (!found) return false;
+  context.conditions.person = std::move(*found);
   return true;
 }
 
@@ -121,10 +125,9 @@ bool personActive(CheckContext& context) {
 bool unitGiven(CheckContext& context) { return !text(context, ParameterKey::unit).empty(); }
 
 bool unitKnown(CheckContext& context) {
-  const auto found =
-      context.session.db.Enter_GetInfo(Sql("sEnterName = ? ORDER BY lId", text(context, ParameterKey::unit)));
-  if (found.empty()) return false;
-  context.conditions.unit = found.front();
+  auto found = findUnit(context.session.db, context.request.member(ParameterKey::unit));
+  if (!found) return false;
+  context.conditions.unit = std::move(*found);
   return true;
 }
 
@@ -152,11 +155,6 @@ bool classOrFirst(CheckContext& context) {
 bool classOfAccount(CheckContext& context) {
   auto& conditions = context.conditions;
   const auto classes = classesOfAccount(context.session.db, *conditions.data, conditions.account);
-  const auto wanted = CGetData::GetCode_Separator(text(context, ParameterKey::projectClass));
-  if (!wanted.empty()) {
-    conditions.projectClass = chosen(classes, ParameterKey::projectClass, wanted, &ProjClassInfo::sItemId);
-    return true;
-  }
   if (classes.empty()) return false;
   conditions.projectClass = classes.front();
   return true;
@@ -166,11 +164,10 @@ bool projectGiven(CheckContext& context) { return !text(context, ParameterKey::p
 
 bool projectKnown(CheckContext& context) {
   auto& conditions = context.conditions;
-  const auto wanted = text(context, ParameterKey::project);
-  const auto& items = conditions.data->ItemTable(conditions.projectClass.sItemId);
-  const auto found = std::ranges::find(items, wanted, [](const ItemInfo& item) { return item.fields[1]; });
-  if (found == items.end()) return false;
-  conditions.project = *found;
+  auto found =
+      findItem(*conditions.data, conditions.projectClass.sItemId, context.request.member(ParameterKey::project));
+  if (!found) return false;
+  conditions.project = std::move(*found);
   return true;
 }
 
@@ -194,33 +191,68 @@ bool rangeInOrder(CheckContext& context) {
 
 namespace choices {
 
-void dept(CheckContext& context) {
-  const auto offered = context.session.db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId");
-  context.conditions.dept =
-      chosen(offered, ParameterKey::dept, text(context, ParameterKey::dept), &DeptInfo::sDeptName);
+std::optional<Unlisted> dept(CheckContext& context) {
+  auto& chosen = context.conditions.dept;
+  const auto wanted = context.request.member(ParameterKey::dept);
+  auto offered = context.session.db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId");
+  auto found = !wanted.text.empty() ? findDept(context.session.db, wanted)
+               : offered.empty()    ? std::nullopt
+                                    : std::optional(offered.front());
+  if (!found) return unlisted(ParameterKey::dept, offered, &DeptInfo::sDeptName);
+  chosen = std::move(*found);
+  return std::nullopt;
 }
 
-void unitClass(CheckContext& context) {
+std::optional<Unlisted> unitClass(CheckContext& context) {
+  auto& chosen = context.conditions.unitClass;
+  const auto wanted = context.request.member(ParameterKey::unitClass);
   auto offered = context.session.db.EnterClass_GetInfo("lId > 0 ORDER BY lId");
   offered.push_back({0, std::string(otherMembers)});
-  context.conditions.unitClass =
-      chosen(offered, ParameterKey::unitClass, text(context, ParameterKey::unitClass), &EnterClassInfo::sName);
+  if (wanted.text.empty()) {
+    chosen = offered.front();
+    return std::nullopt;
+  }
+  auto found = findUnitClass(context.session.db, wanted);
+  if (!found && wanted.text != otherMembers) return unlisted(ParameterKey::unitClass, offered, &EnterClassInfo::sName);
+  chosen = found ? std::move(*found) : offered.back();
+  return std::nullopt;
 }
 
-void clerk(CheckContext& context) {
+std::optional<Unlisted> clerk(CheckContext& context) {
+  const auto wanted = text(context, ParameterKey::clerk);
   const auto offered = offeredClerks(context.session.db, context.conditions.account.lId);
-  const auto& clerk = chosen(offered, ParameterKey::clerk, text(context, ParameterKey::clerk), &ComboEntry::text);
-  context.conditions.clerk.name = clerk.text == otherMembers ? "" : clerk.text;
+  const auto found = wanted.empty() ? offered.begin() : std::ranges::find(offered, wanted, &ComboEntry::text);
+  if (found == offered.end()) return unlisted(ParameterKey::clerk, offered, &ComboEntry::text);
+  context.conditions.clerk.name = found->text == otherMembers ? "" : found->text;
+  return std::nullopt;
 }
 
-void projectRange(CheckContext& context) {
+std::optional<Unlisted> classOfAccount(CheckContext& context) {
+  auto& conditions = context.conditions;
+  const auto wanted = CGetData::GetCode_Separator(text(context, ParameterKey::projectClass));
+  if (wanted.empty()) return std::nullopt;
+  const auto classes = classesOfAccount(context.session.db, *conditions.data, conditions.account);
+  const auto found = std::ranges::find(classes, wanted, &ProjClassInfo::sItemId);
+  if (found == classes.end()) return unlisted(ParameterKey::projectClass, classes, &ProjClassInfo::sItemId);
+  conditions.projectClass = *found;
+  return std::nullopt;
+}
+
+std::optional<Unlisted> projectRange(CheckContext& context) {
   auto& conditions = context.conditions;
   auto classes = projectClasses(context);
   if (const auto& asked = conditions.projectClass.sItemId; !asked.empty()) classes = {conditions.projectClass};
-  const auto from = rangeEnd(context, ParameterKey::projectFrom, classes);
-  const auto to = rangeEnd(context, ParameterKey::projectTo, classes);
+  for (const auto key : {ParameterKey::projectFrom, ParameterKey::projectTo}) {
+    const auto code = rangeEnd(context, key);
+    const bool known = std::ranges::any_of(classes, [&](const ProjClassInfo& itemClass) {
+      return conditions.data->GetItemIdByCode(itemClass.sItemId, code) != 0;
+    });
+    if (!code.empty() && !known) return Unlisted{key, {}};
+  }
+  const auto from = rangeEnd(context, ParameterKey::projectFrom);
+  const auto to = rangeEnd(context, ParameterKey::projectTo);
   conditions.projects.all = from.empty() && to.empty();
-  if (conditions.projects.all) return;
+  if (conditions.projects.all) return std::nullopt;
   for (const auto& itemClass : classes) {
     ProjectRange::Items items{itemClass.sItemId, {}};
     for (const auto& item : conditions.data->ItemTable(itemClass.sItemId)) {
@@ -229,6 +261,7 @@ void projectRange(CheckContext& context) {
     }
     conditions.projects.classes.push_back(std::move(items));
   }
+  return std::nullopt;
 }
 
 }  // namespace choices

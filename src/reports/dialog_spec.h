@@ -42,6 +42,7 @@ struct ControlSpec {
   std::string_view caption;
   bool all = false;                       // "全部" is offered
   std::string_view unfoldedCaption = {};  // of a button that shows and hides something, when that is shown
+  std::string_view foldedCaption = {};    // when it was hidden again; empty = the caption
 };
 
 // The conditions of a control: one, or the two parts of months, ranges and project references.
@@ -61,9 +62,13 @@ struct Check {
   bool atOpening = false;  // before anything is asked: the dialog does not even open
 };
 
-// What is taken from a list in which something always stands, so that nothing is refused: without a value the first
-// entry, and a value that is not on the list throws WrongUse.
-using ListChoice = void (*)(CheckContext&);
+// What is taken from a list: without a value the first entry, where something always stands. A value that is not on the
+// list is refused.
+struct Unlisted {
+  ParameterKey about;
+  std::vector<std::string> offered;  // empty where it is too much to tell
+};
+using ListChoice = std::optional<Unlisted> (*)(CheckContext&);
 
 struct DialogSpec {
   int id;
@@ -99,6 +104,10 @@ class UnreadAnswer : public DbError {
 // Throws UnreadAnswer when these cannot be read.
 [[nodiscard]] std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session);
 
+// Lets conditions that belong to the account follow another one: a project class that it does not carry becomes its
+// first, and the range of projects of that class opens to all.
+void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db);
+
 // What the lists of the dialog offer besides accounts.
 [[nodiscard]] ComboList offeredClerks(const CQnCwDB& db, Id accountId);
 [[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
@@ -129,7 +138,7 @@ bool accountGiven(CheckContext& context);
 bool classesDefined(CheckContext& context);
 bool classChosen(CheckContext& context);     // none given: refused
 bool classOrFirst(CheckContext& context);    // none given: the first class
-bool classOfAccount(CheckContext& context);  // the account's own, or the one chosen among them
+bool classOfAccount(CheckContext& context);  // the account's own, the first of them
 bool projectGiven(CheckContext& context);
 bool projectKnown(CheckContext& context);
 bool accountsPicked(CheckContext& context);  // none picked: all
@@ -137,10 +146,11 @@ bool rangeInOrder(CheckContext& context);    // upper bound of the amount range 
 }  // namespace checks
 
 namespace choices {
-void dept(CheckContext& context);  // in a list that offers no "全部"
-void unitClass(CheckContext& context);
-void clerk(CheckContext& context);
-void projectRange(CheckContext& context);  // without an end the range is open there
+std::optional<Unlisted> dept(CheckContext& context);  // in a list that offers no "全部"
+std::optional<Unlisted> unitClass(CheckContext& context);
+std::optional<Unlisted> clerk(CheckContext& context);
+std::optional<Unlisted> classOfAccount(CheckContext& context);  // the one chosen among the account's
+std::optional<Unlisted> projectRange(CheckContext& context);    // without an end the range is open there
 }  // namespace choices
 
 }  // namespace tz

@@ -51,6 +51,8 @@ constexpr std::array messages = {
     Message{MessageId::noProjectClass, "请先定义项目大类!"},
     Message{MessageId::noPlanAccount, "没有查到符合要求的科目!"},
     Message{MessageId::noPlanProjectClass, "没有查到符合条件的项目大类!"},
+    Message{MessageId::notListed, "没有“%s”，请从列表中选择。"},
+    Message{MessageId::choiceWanted, "请从列表中选择%s。"},
     Message{MessageId::linesOutsideMonths, "有%d条分录的凭证日期不在查询月份内，未列示"},
     Message{MessageId::yearTotalsFrom, "本年累计自%d月起累计。"},
     Message{MessageId::monthsReversed, "起始月份在终止月份之后。"},

@@ -52,6 +52,8 @@ enum class MessageId {
   noProjectClass,          // command 10224, dialogs 559 and 561
   noPlanAccount,           // command 10237
   noPlanProjectClass,      // command 10238
+  notListed,               // text that a list does not offer, where the dialog has no words for it
+  choiceWanted,            // an emptied list in which something has to be chosen
   linesOutsideMonths,      // notice of a detail ledger; one number
   yearTotalsFrom,          // notice of a detail ledger; the first month
   monthsReversed,          // notice
@@ -74,6 +76,7 @@ struct Refusal {
   std::optional<ParameterKey> about;  // the condition that is at fault, where it is one
   // Why the ledger could not be read, where that is behind it: said below the text.
   std::optional<DbError> failure = {};
+  std::vector<std::string> offered = {};  // what could be chosen instead, for whoever sees no list
 
   [[nodiscard]] std::string text() const { return messageText(id, arguments); }
 };

@@ -11,38 +11,38 @@ using Kind = Parameter::Kind;
 
 constexpr std::array parameters = {
     Parameter{ParameterKey::account,
-              "account",
+              "account", "科目",
               Kind::list,
               "CODE",
               "科目编码，例如 122101；可选多个科目的报表可重复",
               {},
               "科目，含其下级；输入编码、名称或拼音首字母即可查找"},
-    Parameter{ParameterKey::dept, "dept", Kind::text, "NAME", "部门名称；可选全部部门的报表为“全部”"},
-    Parameter{ParameterKey::person, "person", Kind::text, "NAME", "个人姓名"},
-    Parameter{ParameterKey::unit, "unit", Kind::text, "NAME", "单位名称"},
-    Parameter{ParameterKey::unitClass, "unit-class", Kind::text, "NAME", "单位分类名称，“其它”为没有分类的单位"},
-    Parameter{ParameterKey::clerk, "clerk", Kind::text, "NAME", "业务员，“其它”为没有业务员的分录和单位"},
-    Parameter{ParameterKey::projectClass, "project-class", Kind::text, "ID", "项目大类的编号", {}, "项目大类"},
-    Parameter{ParameterKey::project, "project", Kind::text, "NAME", "项目名称"},
-    Parameter{ParameterKey::projectFrom, "project-from", Kind::text, "CODE", "项目范围的起始编码"},
-    Parameter{ParameterKey::projectTo, "project-to", Kind::text, "CODE", "项目范围的终止编码"},
+    Parameter{ParameterKey::dept, "dept", "部门", Kind::text, "NAME", "部门名称；可选全部部门的报表为“全部”；同名的在前面加编码，如“0301 销售部”"},
+    Parameter{ParameterKey::person, "person", "个人", Kind::text, "NAME", "个人姓名；同名的在前面加编码，如“0301 李明”"},
+    Parameter{ParameterKey::unit, "unit", "单位", Kind::text, "NAME", "单位名称；同名的在前面加编码"},
+    Parameter{ParameterKey::unitClass, "unit-class", "分类", Kind::text, "NAME", "单位分类名称，“其它”为没有分类的单位"},
+    Parameter{ParameterKey::clerk, "clerk", "业务员", Kind::text, "NAME", "业务员，“其它”为没有业务员的分录和单位"},
+    Parameter{ParameterKey::projectClass, "project-class", "项目大类", Kind::text, "ID", "项目大类的编号", {}, "项目大类"},
+    Parameter{ParameterKey::project, "project", "项目", Kind::text, "NAME", "项目名称；同名的在前面加编码"},
+    Parameter{ParameterKey::projectFrom, "project-from", "起始项目", Kind::text, "CODE", "项目范围的起始编码"},
+    Parameter{ParameterKey::projectTo, "project-to", "终止项目", Kind::text, "CODE", "项目范围的终止编码"},
     Parameter{ParameterKey::from,
-              "from",
+              "from", "起始月份",
               Kind::month,
               "M",
               "起始月份 1–12，缺省为登录月份",
               {},
               "起始和终止月份；首次打开时为登录月份"},
-    Parameter{ParameterKey::to, "to", Kind::month, "M", "终止月份 1–12，缺省为登录月份"},
-    Parameter{ParameterKey::unposted, "unposted", Kind::flag, "", "包含未记帐凭证"},
-    Parameter{ParameterKey::minimum, "min", Kind::amount, "X", "余额范围的下限"},
-    Parameter{ParameterKey::maximum, "max", Kind::amount, "Y", "余额范围的上限"},
-    Parameter{ParameterKey::side, "side", Kind::choice, "SIDE", "both 双方余额，debit 借方余额，credit 贷方余额",
+    Parameter{ParameterKey::to, "to", "终止月份", Kind::month, "M", "终止月份 1–12，缺省为登录月份"},
+    Parameter{ParameterKey::unposted, "unposted", "包含未记帐凭证", Kind::flag, "", "包含未记帐凭证"},
+    Parameter{ParameterKey::minimum, "min", "余额下限", Kind::amount, "X", "余额范围的下限"},
+    Parameter{ParameterKey::maximum, "max", "余额上限", Kind::amount, "Y", "余额范围的上限"},
+    Parameter{ParameterKey::side, "side", "余额方向", Kind::choice, "SIDE", "both 双方余额，debit 借方余额，credit 贷方余额",
               "both|debit|credit", "双方、借方或贷方余额"},
-    Parameter{ParameterKey::cutoff, "cutoff", Kind::date, "YYYY-MM-DD", "截止日期"},
-    Parameter{ParameterKey::analysis, "analysis", Kind::choice, "METHOD",
+    Parameter{ParameterKey::cutoff, "cutoff", "截止日期", Kind::date, "YYYY-MM-DD", "截止日期"},
+    Parameter{ParameterKey::analysis, "analysis", "分析方式", Kind::choice, "METHOD",
               "balance 余额分析，amount 金额分析；缺省为余额分析", "balance|amount", "余额分析或金额分析"},
-    Parameter{ParameterKey::format, "format", Kind::text, "NAME",
+    Parameter{ParameterKey::format, "format", "金额格式", Kind::text, "NAME",
               "金额式、数量金额式、外币金额式、数量外币式，明细帐另有外币式；缺省为科目自身的格式"},
 };
 
@@ -54,6 +54,14 @@ const Parameter& parameter(ParameterKey key) {
   const auto* const found = std::ranges::find(parameters, key, &Parameter::key);
   assert(found != parameters.end());
   return *found;
+}
+
+std::string WrongUse::withOption() const {
+  return about_ ? "--" + std::string(parameter(*about_).option) + "：" + what() : what();
+}
+
+std::string WrongUse::withLabel() const {
+  return about_ ? std::string(parameter(*about_).label) + "：" + what() : what();
 }
 
 std::vector<std::string_view> choicesOf(std::string_view choices) {

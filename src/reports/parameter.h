@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tz {
@@ -46,6 +47,7 @@ struct Parameter {
 
   ParameterKey key;
   std::string_view option;  // without its dashes
+  std::string_view label;   // as windows name it
   Kind kind;
   std::string_view valueName;  // as help shows the value; empty for flags
   std::string_view help;
@@ -61,10 +63,21 @@ struct Parameter {
 // "both|debit|credit" as its parts.
 [[nodiscard]] std::vector<std::string_view> choicesOf(std::string_view choices);
 
-// A value that is none of its kind, or a choice that is not offered: an error of use, not a refusal.
+// A value that is none of its kind, or a choice that is not offered: an error of use, not a refusal. What it says fits
+// windows and the command line alike; which condition it is about, each of them says in its own way.
 class WrongUse : public std::invalid_argument {
  public:
-  using std::invalid_argument::invalid_argument;
+  explicit WrongUse(const std::string& words) : std::invalid_argument(words) {}
+  WrongUse(ParameterKey about, const std::string& words) : std::invalid_argument(words), about_(about) {}
+
+  // The condition at fault, where it is one.
+  [[nodiscard]] std::optional<ParameterKey> about() const { return about_; }
+  // "--from：…" for the command line, "起始月份：…" where no field shows what is meant.
+  [[nodiscard]] std::string withOption() const;
+  [[nodiscard]] std::string withLabel() const;
+
+ private:
+  std::optional<ParameterKey> about_;
 };
 
 }  // namespace tz

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <sstream>
 
-#include "data/value.h"
+#include "data/get_data.h"
 #include "grid/utf8.h"
 
 namespace tz {
@@ -54,16 +54,31 @@ bool isUtf8(std::string_view text) {
 }  // namespace
 
 void Request::set(ParameterKey key, std::string_view text) {
-  const auto& condition = parameter(key);
-  if (!isUtf8(text)) throw WrongUse("--" + std::string(condition.option) + "：不是有效的 UTF-8 文字");
-  const auto wrong = complaint(condition, text);
-  if (!wrong.empty()) throw WrongUse("--" + std::string(condition.option) + "：" + wrong);
+  if (!isUtf8(text)) throw WrongUse(key, "不是有效的 UTF-8 文字");
+  const auto wrong = complaint(parameter(key), text);
+  if (!wrong.empty()) throw WrongUse(key, wrong);
   values_[key] = text;
+  ids_.erase(key);
+}
+
+void Request::choose(ParameterKey key, const MemberChoice& member) {
+  set(key, member.text);
+  if (member.id != 0) ids_[key] = member.id;
+}
+
+void Request::clear(ParameterKey key) {
+  values_.erase(key);
+  ids_.erase(key);
 }
 
 std::string Request::text(ParameterKey key) const {
   const auto found = values_.find(key);
   return found == values_.end() ? std::string() : found->second;
+}
+
+MemberChoice Request::member(ParameterKey key) const {
+  const auto id = ids_.find(key);
+  return {text(key), id == ids_.end() ? 0 : id->second};
 }
 
 std::vector<std::string> Request::list(ParameterKey key) const {
@@ -83,6 +98,11 @@ double Request::amount(ParameterKey key) const {
 int Request::month(ParameterKey key) const {
   const auto found = values_.find(key);
   return found == values_.end() ? 0 : std::stoi(found->second);
+}
+
+bool sameAccounts(const Request& one, const Request& other) {
+  return std::ranges::equal(one.list(ParameterKey::account), other.list(ParameterKey::account), {},
+                            CGetData::GetCode_Separator, CGetData::GetCode_Separator);
 }
 
 }  // namespace tz

@@ -17,7 +17,7 @@ void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
   if (asked.empty() || report.formats == nullptr) return;
   const auto offered = report.formats(conditions);
   if (std::ranges::find(offered, asked) != offered.end()) return;
-  throw WrongUse(fmt::format("--format：“{}”不适用于所选科目，可用：{}", asked, fmt::join(offered, "、")));
+  throw WrongUse(ParameterKey::format, fmt::format("“{}”不适用于所选科目，可用：{}", asked, fmt::join(offered, "、")));
 }
 
 ComputedReport compute(const ReportDefinition& report, const Conditions& conditions, Session& session) {

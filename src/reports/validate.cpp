@@ -41,6 +41,14 @@ Refusal refusal(const DialogSpec& dialog, MessageId message, ParameterKey about)
 
 Refusal noAccountRefusal(const DialogSpec& dialog) { return refusal(dialog, dialog.noAccount, ParameterKey::account); }
 
+Refusal notListed(const DialogSpec& dialog, const Request& request, Unlisted missing) {
+  return {.id = MessageId::notListed,
+          .arguments = {request.text(missing.about)},
+          .caption = dialog.messageCaption,
+          .about = missing.about,
+          .offered = std::move(missing.offered)};
+}
+
 std::optional<Refusal> firstRefusal(const DialogSpec& dialog, CheckContext& context, bool atOpening) {
   for (const auto& check : dialog.checks) {
     if (check.atOpening != atOpening) continue;
@@ -135,7 +143,9 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
     return noAccountRefusal(dialog);
   }
   if (auto refused = firstRefusal(dialog, context, false)) return *refused;
-  for (const auto choose : dialog.choices) choose(context);
+  for (const auto choose : dialog.choices) {
+    if (auto missing = choose(context)) return notListed(dialog, request, std::move(*missing));
+  }
   return conditions;
 }
 

@@ -34,17 +34,18 @@ CDeptReferenceDlg::CDeptReferenceDlg(const CQnCwDB& db, QWidget* parent)
   SetEntries(std::move(entries), depthsOf(depts));
 }
 
-void CDeptReferenceDlg::SetDeptName(const std::string& name) { OpenAt(toQt(name)); }
-std::string CDeptReferenceDlg::DeptName() const { return fromQt(Chosen().name); }
+void CDeptReferenceDlg::SetDept(const MemberChoice& dept) { OpenAt(dept); }
+MemberChoice CDeptReferenceDlg::Dept() const { return Chosen(); }
 
 CPersonReferenceDlg::CPersonReferenceDlg(const CQnCwDB& db, QWidget* parent)
     : ReferenceDialog(QStringLiteral("个人参照"), QStringLiteral("部门"), parent) {
   const auto depts = readDepts(db);
   const auto depths = depthsOf(depts);
+  const auto names = CInitComboFun::InitPartNameCombox(db);
   std::vector<ReferenceGroup> groups;
   std::unordered_map<Id, int> groupOf;
   for (std::size_t i = 0; i < depts.size(); ++i) {
-    groups.push_back({toQt(depts[i].sDeptName), depths[i]});
+    groups.push_back({toQt(names[i].text), depths[i], depts[i].lDeptId});
     groupOf.try_emplace(depts[i].lDeptId, static_cast<int>(i));
   }
   SetGroups(std::move(groups));
@@ -57,11 +58,9 @@ CPersonReferenceDlg::CPersonReferenceDlg(const CQnCwDB& db, QWidget* parent)
   SetEntries(std::move(entries));
 }
 
-void CPersonReferenceDlg::SetNames(const std::string& dept, const std::string& person) {
-  OpenAt(toQt(person), toQt(dept));
-}
-std::string CPersonReferenceDlg::DeptName() const { return fromQt(ChosenGroup()); }
-std::string CPersonReferenceDlg::PersonName() const { return fromQt(Chosen().name); }
+void CPersonReferenceDlg::SetNames(const MemberChoice& dept, const MemberChoice& person) { OpenAt(person, dept); }
+MemberChoice CPersonReferenceDlg::Dept() const { return ChosenGroup(); }
+MemberChoice CPersonReferenceDlg::Person() const { return Chosen(NamesOf::group); }
 
 CUnitReferenceDlg::CUnitReferenceDlg(const CQnCwDB& db, QWidget* parent)
     : ReferenceDialog(QStringLiteral("单位参照"), QStringLiteral("分类"), parent) {
@@ -82,8 +81,8 @@ CUnitReferenceDlg::CUnitReferenceDlg(const CQnCwDB& db, QWidget* parent)
   SetEntries(std::move(entries));
 }
 
-void CUnitReferenceDlg::SetUnitName(const std::string& name) { OpenAt(toQt(name)); }
-std::string CUnitReferenceDlg::UnitName() const { return fromQt(Chosen().name); }
+void CUnitReferenceDlg::SetUnit(const MemberChoice& unit) { OpenAt(unit); }
+MemberChoice CUnitReferenceDlg::Unit() const { return Chosen(); }
 
 CItemReferenceDlg::CItemReferenceDlg(const CQnCwDB& db, const std::string& classId, QWidget* parent)
     : ReferenceDialog(QStringLiteral("项目参照"), {}, parent) {
@@ -95,7 +94,7 @@ CItemReferenceDlg::CItemReferenceDlg(const CQnCwDB& db, const std::string& class
   SetEntries(std::move(entries));
 }
 
-void CItemReferenceDlg::SetItemName(const std::string& name) { OpenAt(toQt(name)); }
-std::string CItemReferenceDlg::ItemName() const { return fromQt(Chosen().name); }
+void CItemReferenceDlg::SetItem(const MemberChoice& item) { OpenAt(item); }
+MemberChoice CItemReferenceDlg::Item() const { return Chosen(); }
 
 }  // namespace tz

@@ -14,8 +14,8 @@ class CDeptReferenceDlg : public ReferenceDialog {
 
  public:
   CDeptReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetDeptName(const std::string& name);
-  [[nodiscard]] std::string DeptName() const;
+  void SetDept(const MemberChoice& dept);
+  [[nodiscard]] MemberChoice Dept() const;
 };
 
 // Persons under their departments.
@@ -24,10 +24,10 @@ class CPersonReferenceDlg : public ReferenceDialog {
 
  public:
   CPersonReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetNames(const std::string& dept, const std::string& person);
+  void SetNames(const MemberChoice& dept, const MemberChoice& person);
   // Empty for a person whose department does not exist.
-  [[nodiscard]] std::string DeptName() const;
-  [[nodiscard]] std::string PersonName() const;
+  [[nodiscard]] MemberChoice Dept() const;
+  [[nodiscard]] MemberChoice Person() const;
 };
 
 // Units under their classes.
@@ -36,8 +36,8 @@ class CUnitReferenceDlg : public ReferenceDialog {
 
  public:
   CUnitReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetUnitName(const std::string& name);
-  [[nodiscard]] std::string UnitName() const;
+  void SetUnit(const MemberChoice& unit);
+  [[nodiscard]] MemberChoice Unit() const;
 };
 
 // The items of one project class.
@@ -46,8 +46,8 @@ class CItemReferenceDlg : public ReferenceDialog {
 
  public:
   CItemReferenceDlg(const CQnCwDB& db, const std::string& classId, QWidget* parent);
-  void SetItemName(const std::string& name);
-  [[nodiscard]] std::string ItemName() const;
+  void SetItem(const MemberChoice& item);
+  [[nodiscard]] MemberChoice Item() const;
 };
 
 }  // namespace tz

@@ -40,9 +40,13 @@ void writeAll(const std::filesystem::path& path, const QJsonObject& all) {
   if (!file.commit()) fail(cannot, file.fileName(), file.errorString());
 }
 
+// Where the id of a member that was picked from a list stands.
+QString idName(const Parameter& condition) { return toQt(condition.option) + QStringLiteral("-id"); }
+
 QJsonObject jsonOf(const Request& request) {
   QJsonObject values;
   for (const auto& [key, value] : request.values()) values.insert(toQt(parameter(key).option), toQt(value));
+  for (const auto& [key, id] : request.ids()) values.insert(idName(parameter(key)), QString::number(id));
   return values;
 }
 
@@ -50,7 +54,9 @@ Request requestOf(const QJsonObject& values) {
   Request request;
   for (const auto& condition : allParameters()) {
     const auto value = values.constFind(toQt(condition.option));
-    if (value != values.constEnd()) request.set(condition.key, fromQt(value->toString()));
+    if (value == values.constEnd()) continue;
+    const Id id = values.value(idName(condition)).toString().toLongLong();
+    request.choose(condition.key, {fromQt(value->toString()), id});
   }
   return request;
 }
@@ -73,7 +79,7 @@ Request FileConditionStore::Load(int report, std::string_view name) const {
   try {
     return requestOf(saved.value(wanted).toObject());
   } catch (const WrongUse& error) {
-    fail(QStringLiteral("不能读取保存的条件“%1”").arg(wanted), nameOf(file_), toQt(error.what()));
+    fail(QStringLiteral("不能读取保存的条件“%1”").arg(wanted), nameOf(file_), toQt(error.withLabel()));
   }
 }
 

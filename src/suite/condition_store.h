@@ -34,8 +34,9 @@ class ConditionStore {
   virtual void Remove(int report, std::string_view name) = 0;
 };
 
-// A JSON file: {"10190": {"张三全年": {"account": "122101", …}}}, keys as on the command line. It is read at every
-// operation, so that two windows see each other's conditions, and replaced as a whole.
+// A JSON file: {"10190": {"张三全年": {"account": "122101", "person": "张三", "person-id": "7", …}}}, keys as on the
+// command line; the id of a member stands there when it was picked from a list. It is read at every operation, so that
+// two windows see each other's conditions, and replaced as a whole.
 class FileConditionStore : public ConditionStore {
  public:
   explicit FileConditionStore(std::filesystem::path file) : file_(std::move(file)) {}

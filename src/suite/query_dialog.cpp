@@ -16,6 +16,7 @@
 #include "suite/query_fields.h"
 #include "suite/saved_conditions_bar.h"
 #include "suite/theme.h"
+#include "suite/useful_combox.h"
 
 namespace tz {
 namespace {
@@ -100,7 +101,7 @@ void CTzQueryDialog::OfferSaved(ConditionStore& store, int report) {
   saved_ = new SavedConditionsBar(store, report, current, this);
   connect(saved_, &SavedConditionsBar::chosen, this, [this](const Request& request) {
     request_ = request;
-    openedOn_ = request.text(ParameterKey::account);
+    openedOn_ = request;
     Attempt([this] { DoDataExchange(false); });
   });
   auto* rule = new QFrame(this);
@@ -140,7 +141,7 @@ bool CTzQueryDialog::FillFields() {
       return;
     }
     for (const auto& field : fields_) field->Fill(dialog_, session_);
-    openedOn_ = request_.text(ParameterKey::account);
+    openedOn_ = request_;
     DoDataExchange(false);
     filled = true;
   });
@@ -157,7 +158,8 @@ bool CTzQueryDialog::Attempt(const std::function<void()>& work) {
   } catch (const DbError& error) {
     AfxMessageBox(isVisible() ? this : parentWidget(), error);
   } catch (const WrongUse& wrong) {
-    TellWrongUse(wrong.what());
+    AfxMessageBox(this, wrong.what(), dialog_.messageCaption);
+    if (wrong.about()) FocusOn(*wrong.about());
   }
   return false;
 }
@@ -169,22 +171,14 @@ void CTzQueryDialog::TellNotOpen() {
   AfxMessageBox(parentWidget(), text, dialog_.messageCaption);
 }
 
-// The words name the condition as the command line does; here the focus shows which one is meant.
-void CTzQueryDialog::TellWrongUse(std::string_view words) {
-  for (const auto& condition : allParameters()) {
-    const auto option = "--" + std::string(condition.option) + "：";
-    if (!words.starts_with(option)) continue;
-    AfxMessageBox(this, words.substr(option.size()), dialog_.messageCaption);
-    FocusOn(condition.key);
-    return;
-  }
-  AfxMessageBox(this, words, dialog_.messageCaption);
-}
-
 void CTzQueryDialog::DoDataExchange(bool takes) {
   if (takes) {
+    for (auto* combo : findChildren<CUsefulCombox*>()) combo->Settle();
     Request taken = request_;
-    for (const auto& field : fields_) field->Take(taken);
+    for (const auto& field : fields_) {
+      field->Demand();
+      field->Take(taken);
+    }
     request_ = std::move(taken);
     return;
   }
@@ -210,7 +204,7 @@ void CTzQueryDialog::OnOK() {
   Attempt([this] {
     DoDataExchange(true);
     // An amount format belongs to the account that it was chosen for.
-    if (request_.text(ParameterKey::account) != openedOn_) request_.clear(ParameterKey::format);
+    if (!sameAccounts(request_, openedOn_)) request_.clear(ParameterKey::format);
     const auto validated = validate(dialog_, request_, session_);
     const auto* refusal = std::get_if<Refusal>(&validated);
     if (refusal == nullptr) {

@@ -56,7 +56,6 @@ class CTzQueryDialog : public QDialog {
   // Runs a piece of work and tells by message box why it fails.
   bool Attempt(const std::function<void()>& work);
   void TellNotOpen();
-  void TellWrongUse(std::string_view words);
   void OnReference(QueryField& field);
   void FocusOn(ParameterKey key);
   void OnEnter();
@@ -66,7 +65,7 @@ class CTzQueryDialog : public QDialog {
   const DialogSpec& dialog_;
   Session& session_;
   Request request_;
-  std::string openedOn_;  // the account that the request came with
+  Request openedOn_;  // what the request was when it came
   std::vector<std::unique_ptr<QueryField>> fields_;
   SavedConditionsBar* saved_ = nullptr;
 };

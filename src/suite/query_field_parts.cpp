@@ -37,11 +37,13 @@ QToolButton* viewButton(const ControlSpec& spec, QWidget* parent) {
   return view;
 }
 
-void setText(Request& request, ParameterKey key, const std::string& text) {
-  if (text.empty()) {
+void setText(Request& request, ParameterKey key, const std::string& text) { setMember(request, key, {text}); }
+
+void setMember(Request& request, ParameterKey key, const MemberChoice& member) {
+  if (member.text.empty()) {
     request.clear(key);
   } else {
-    request.set(key, text);
+    request.choose(key, member);
   }
 }
 
@@ -49,26 +51,31 @@ std::string valueOf(const std::string& entry, EntryValue value) {
   return value == EntryValue::code ? CGetData::GetCode_Separator(entry) : entry;
 }
 
-void chooseValue(CUsefulCombox& combo, const std::string& wanted, EntryValue value) {
-  combo.SelectIndex(placeOf(combo, wanted, value));
-  const bool gone = combo.currentIndex() < 0 && !wanted.empty();
-  combo.lineEdit()->setPlaceholderText(gone ? QStringLiteral("%1 不在可选项之中").arg(toQt(wanted)) : QString());
+CUsefulCombox* madeCombo(int id, QWidget* parent) {
+  auto* combo = new CUsefulCombox(parent, CUsefulCombox::Leaving::keeps);
+  combo->setObjectName(QString::number(id));
+  return combo;
 }
 
-void KeptChoice::Show(const std::string& wanted) {
-  chooseValue(combo_, wanted, value_);
-  gone_ = combo_.currentIndex() < 0 ? wanted : std::string();
+void ListValue::Show(const std::string& wanted) {
+  combo_.SelectIndex(placeOf(combo_, wanted, value_));
+  if (combo_.currentIndex() < 0 && !wanted.empty()) combo_.ShowUnknown(toQt(wanted));
 }
 
-void KeptChoice::Refill(const ComboList& list) {
+void ListValue::Refill(const ComboList& list) {
   const auto chosen = Value();
   combo_.Fill(list);
   Show(chosen);
 }
 
-std::string KeptChoice::Value() const {
-  const auto chosen = valueOf(combo_.CurrentText(), value_);
-  return chosen.empty() ? gone_ : chosen;
+std::string ListValue::Value() const {
+  const auto unknown = combo_.UnknownText();
+  return valueOf(unknown.empty() ? combo_.CurrentText() : unknown, value_);
+}
+
+void demandChoice(const CUsefulCombox& combo, ParameterKey about) {
+  if (combo.count() == 0 || combo.currentIndex() >= 0 || !combo.UnknownText().empty()) return;
+  throw WrongUse(about, messageText(MessageId::choiceWanted, {std::string(parameter(about).label)}));
 }
 
 ComboList offeredDepts(const CQnCwDB& db, bool all) {
@@ -78,9 +85,11 @@ ComboList offeredDepts(const CQnCwDB& db, bool all) {
 }
 
 void refill(CUsefulCombox& combo, const ComboList& list) {
+  const auto unknown = combo.UnknownText();
   const auto chosen = combo.CurrentText();
   combo.Fill(list);
-  combo.SelectIndex(preselected(list, chosen));
+  combo.SelectIndex(preselected(list, unknown.empty() ? chosen : unknown));
+  if (!unknown.empty() && combo.CurrentText() != unknown) combo.ShowUnknown(toQt(unknown));
 }
 
 }  // namespace tz

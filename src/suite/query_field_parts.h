@@ -27,33 +27,36 @@ Control* madeControl(int id, QWidget* parent) {
 [[nodiscard]] QToolButton* viewButton(const ControlSpec& spec, QWidget* parent);
 // An empty field is a condition left out.
 void setText(Request& request, ParameterKey key, const std::string& text);
+void setMember(Request& request, ParameterKey key, const MemberChoice& member);
 
 // Texts that begin with a code are the same when their codes are.
 enum class EntryValue { text, code };
 [[nodiscard]] std::string valueOf(const std::string& entry, EntryValue value);
-// Chooses the entry of this value; none when there is no such one, which the empty field then tells.
-void chooseValue(CUsefulCombox& combo, const std::string& wanted, EntryValue value);
+// The combo of a dialog: text that stands for no entry stays in it, for the dialog to refuse.
+[[nodiscard]] CUsefulCombox* madeCombo(int id, QWidget* parent);
 
-// What is chosen in a combo, or was asked for and is no longer offered: it stays the condition until another is chosen,
-// so that it is refused by its name; another one in its place would pass unnoticed.
-class KeptChoice {
+// What is chosen in a combo, or stands in it and is not offered, or no longer: then it is refused by its name; another
+// one in its place would pass unnoticed.
+class ListValue {
  public:
-  KeptChoice(CUsefulCombox& combo, EntryValue value) : combo_(combo), value_(value) {}
+  ListValue(CUsefulCombox& combo, EntryValue value) : combo_(combo), value_(value) {}
   void Show(const std::string& wanted);
-  // Other entries; the choice stays.
+  // Other entries; the value stays.
   void Refill(const ComboList& list);
   [[nodiscard]] std::string Value() const;
 
  private:
   CUsefulCombox& combo_;
   EntryValue value_;
-  std::string gone_;
 };
+
+// Where one entry has to be chosen: throws WrongUse when none is, though there are some.
+void demandChoice(const CUsefulCombox& combo, ParameterKey about);
 
 // The departments; with `all` "全部" before them.
 [[nodiscard]] ComboList offeredDepts(const CQnCwDB& db, bool all);
 
-// Other entries; the one chosen stays, else the first one is chosen.
+// Other entries; the one chosen stays, else the first one is chosen. Text that stands for none stays.
 void refill(CUsefulCombox& combo, const ComboList& list);
 
 // The makers. Each knows the kinds of its group, of others it returns null.

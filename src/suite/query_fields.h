@@ -33,6 +33,8 @@ class QueryField : public QObject {
   virtual void Show(const Request& request) = 0;
   // Throws WrongUse for text that is no value of its condition.
   virtual void Take(Request& request) const = 0;
+  // Throws WrongUse when the person has emptied what has to be chosen.
+  virtual void Demand() const {}
   // Lets the person pick from a reference window. False when nothing was picked, or there is no such window.
   virtual bool Refer(Request& /*request*/, Session& /*session*/) { return false; }
 

@@ -13,11 +13,10 @@ namespace {
 class ProjectRangeField : public FoldedField {
  public:
   ProjectRangeField(const ControlSpec& spec, QWidget* dialog)
-      : FoldedField(spec, true, dialog),
-        from_(madeControl<CUsefulCombox>(spec.id, Body())),
-        to_(madeControl<CUsefulCombox>(spec.companion, Body())) {
+      : FoldedField(spec, true, dialog), from_(madeCombo(spec.id, Body())), to_(madeCombo(spec.companion, Body())) {
     from_->setAccessibleName(QStringLiteral("起始项目"));
     to_->setAccessibleName(QStringLiteral("终止项目"));
+    for (CUsefulCombox* end : {from_, to_}) end->lineEdit()->setPlaceholderText(QStringLiteral("不限"));
     auto* layout = rowLayout(Body());
     layout->addWidget(from_, 1);
     layout->addWidget(new QLabel(QStringLiteral("至"), Body()));
@@ -29,12 +28,10 @@ class ProjectRangeField : public FoldedField {
     projects.insert(projects.begin(), {"", 0});
     first_.Refill(projects);
     last_.Refill(projects);
-    ShowOpenEnds();
   }
   void Show(const Request& request) override {
     first_.Show(valueOf(request.text(ParameterKey::projectFrom), EntryValue::code));
     last_.Show(valueOf(request.text(ParameterKey::projectTo), EntryValue::code));
-    ShowOpenEnds();
     Unfold(!request.text(ParameterKey::projectFrom).empty() || !request.text(ParameterKey::projectTo).empty());
   }
   void Take(Request& request) const override {
@@ -43,11 +40,6 @@ class ProjectRangeField : public FoldedField {
   }
 
  private:
-  void ShowOpenEnds() {
-    for (const auto& [combo, end] : {std::pair(from_, &first_), std::pair(to_, &last_)}) {
-      if (end->Value().empty()) combo->lineEdit()->setPlaceholderText(QStringLiteral("不限"));
-    }
-  }
   // The projects of the class chosen, else of the account's; of all classes where neither is asked for.
   static ComboList Offered(const Request& request, Session& session) {
     CGetData data(session.db);
@@ -68,8 +60,8 @@ class ProjectRangeField : public FoldedField {
 
   CUsefulCombox* from_;
   CUsefulCombox* to_;
-  KeptChoice first_{*from_, EntryValue::code};
-  KeptChoice last_{*to_, EntryValue::code};
+  ListValue first_{*from_, EntryValue::code};
+  ListValue last_{*to_, EntryValue::code};
 };
 
 }  // namespace

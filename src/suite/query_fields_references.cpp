@@ -1,6 +1,7 @@
 // Names to type, or to pick with the button beside them: department, person, unit, item of a project class.
 #include <QLineEdit>
 #include <QToolButton>
+#include <algorithm>
 
 #include "suite/archive_references.h"
 #include "suite/qt_text.h"
@@ -17,8 +18,7 @@ class ReferenceField : public QueryField {
   ReferenceField(const ControlSpec& spec, QWidget* dialog)
       : QueryField(spec),
         row_(new QWidget(dialog)),
-        class_(spec.kind == ControlSpec::Kind::projectReference ? madeControl<CUsefulCombox>(classComboId, row_)
-                                                                : nullptr),
+        class_(spec.kind == ControlSpec::Kind::projectReference ? madeCombo(classComboId, row_) : nullptr),
         edit_(madeControl<QLineEdit>(spec.id, row_)),
         view_(viewButton(spec, row_)) {
     edit_->setAccessibleName(toQt(spec.caption));
@@ -37,10 +37,15 @@ class ReferenceField : public QueryField {
 
  protected:
   void ShowName(const Request& request, ParameterKey key) {
-    edit_->setText(toQt(request.text(key)));
+    shown_ = request.member(key);
+    edit_->setText(toQt(shown_.text));
     edit_->setCursorPosition(0);
   }
-  void TakeName(Request& request, ParameterKey key) const { setText(request, key, fromQt(edit_->text().trimmed())); }
+  // What was picked stays that record until something else is typed.
+  void TakeName(Request& request, ParameterKey key) const {
+    const auto text = fromQt(edit_->text().trimmed());
+    setMember(request, key, text == shown_.text ? shown_ : MemberChoice{text});
+  }
   [[nodiscard]] QLineEdit* Edit() const { return edit_; }
   // In front of the name of an item; null before other names.
   [[nodiscard]] CUsefulCombox* ClassCombo() const { return class_; }
@@ -50,6 +55,7 @@ class ReferenceField : public QueryField {
   CUsefulCombox* class_;  // made before the name, for the Tab key
   QLineEdit* edit_;
   QToolButton* view_;
+  MemberChoice shown_;
 };
 
 class DeptField : public ReferenceField {
@@ -57,9 +63,9 @@ class DeptField : public ReferenceField {
   using ReferenceField::ReferenceField;
   bool Refer(Request& request, Session& session) override {
     CDeptReferenceDlg reference(session.db, Row()->window());
-    reference.SetDeptName(request.text(ParameterKey::dept));
+    reference.SetDept(request.member(ParameterKey::dept));
     if (!reference.DoModal()) return false;
-    setText(request, ParameterKey::dept, reference.DeptName());
+    setMember(request, ParameterKey::dept, reference.Dept());
     return true;
   }
 };
@@ -69,10 +75,10 @@ class PersonField : public ReferenceField {
   using ReferenceField::ReferenceField;
   bool Refer(Request& request, Session& session) override {
     CPersonReferenceDlg reference(session.db, Row()->window());
-    reference.SetNames(request.text(ParameterKey::dept), request.text(ParameterKey::person));
+    reference.SetNames(request.member(ParameterKey::dept), request.member(ParameterKey::person));
     if (!reference.DoModal()) return false;
-    setText(request, ParameterKey::dept, reference.DeptName());
-    setText(request, ParameterKey::person, reference.PersonName());
+    setMember(request, ParameterKey::dept, reference.Dept());
+    setMember(request, ParameterKey::person, reference.Person());
     return true;
   }
 };
@@ -82,9 +88,9 @@ class UnitField : public ReferenceField {
   using ReferenceField::ReferenceField;
   bool Refer(Request& request, Session& session) override {
     CUnitReferenceDlg reference(session.db, Row()->window());
-    reference.SetUnitName(request.text(ParameterKey::unit));
+    reference.SetUnit(request.member(ParameterKey::unit));
     if (!reference.DoModal()) return false;
-    setText(request, ParameterKey::unit, reference.UnitName());
+    setMember(request, ParameterKey::unit, reference.Unit());
     return true;
   }
 };
@@ -100,8 +106,9 @@ class ProjectField : public ReferenceField {
     connect(class_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);
   }
   std::vector<QWidget*> Stops() override { return {class_, Edit()}; }
-  void Fill(const DialogSpec& /*dialog*/, Session& session) override {
+  void Fill(const DialogSpec& dialog, Session& session) override {
     class_->Fill(CInitComboFun::InitItemClassCombox(session.db));
+    hasWords_ = std::ranges::find(dialog.checks, &checks::classChosen, &Check::passes) != dialog.checks.end();
   }
   void Show(const Request& request) override {
     const auto asked = request.text(ParameterKey::projectClass);
@@ -112,19 +119,23 @@ class ProjectField : public ReferenceField {
     setText(request, ParameterKey::projectClass, choice_.Value());
     TakeName(request, ParameterKey::project);
   }
+  void Demand() const override {
+    if (!hasWords_) demandChoice(*class_, ParameterKey::projectClass);
+  }
   bool Refer(Request& request, Session& session) override {
     const auto classId = request.text(ParameterKey::projectClass);
     if (classId.empty()) return false;
     CItemReferenceDlg reference(session.db, classId, Row()->window());
-    reference.SetItemName(request.text(ParameterKey::project));
+    reference.SetItem(request.member(ParameterKey::project));
     if (!reference.DoModal()) return false;
-    setText(request, ParameterKey::project, reference.ItemName());
+    setMember(request, ParameterKey::project, reference.Item());
     return true;
   }
 
  private:
   CUsefulCombox* class_;
-  KeptChoice choice_{*class_, EntryValue::code};
+  ListValue choice_{*class_, EntryValue::code};
+  bool hasWords_ = false;  // the dialog says itself that a class is wanted
 };
 
 }  // namespace

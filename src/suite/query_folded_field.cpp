@@ -26,15 +26,19 @@ FoldedField::FoldedField(const ControlSpec& spec, bool folds, QWidget* dialog)
 
 bool FoldedField::IsFolded() const { return body_->isHidden(); }
 
-void FoldedField::Unfold(bool unfolded) {
+void FoldedField::Unfold(bool unfolded) { ShowBody(unfolded, Spec().caption); }
+
+void FoldedField::ShowBody(bool unfolded, std::string_view foldedCaption) {
   if (button_ == nullptr) return;
   button_->setChecked(unfolded);
-  button_->setText(toQt(unfolded && !Spec().unfoldedCaption.empty() ? Spec().unfoldedCaption : Spec().caption));
+  button_->setText(toQt(!unfolded                        ? foldedCaption
+                        : Spec().unfoldedCaption.empty() ? Spec().caption
+                                                         : Spec().unfoldedCaption));
   body_->setVisible(unfolded);
 }
 
 void FoldedField::OnButton(bool unfolded) {
-  Unfold(unfolded);
+  ShowBody(unfolded, Spec().foldedCaption.empty() ? Spec().caption : Spec().foldedCaption);
   fitToContents(*row_);
   if (unfolded) Stops().front()->setFocus(Qt::TabFocusReason);
 }

@@ -23,6 +23,7 @@ class FoldedField : public QueryField {
 
  private:
   void OnButton(bool unfolded);
+  void ShowBody(bool unfolded, std::string_view foldedCaption);
 
   QWidget* row_;
   QWidget* body_;

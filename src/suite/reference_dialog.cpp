@@ -12,12 +12,15 @@
 #include <algorithm>
 
 #include "suite/fit_window.h"
+#include "suite/qt_text.h"
 #include "suite/theme.h"
 
 namespace tz {
 namespace {
 
 constexpr int rowPixels = 26;
+
+QString withCode(const SearchEntry& entry) { return entry.code + u' ' + entry.name; }
 
 }  // namespace
 
@@ -167,15 +170,23 @@ void ReferenceDialog::SetEntries(std::vector<SearchEntry> entries, std::vector<i
   ShowRows({});
 }
 
-void ReferenceDialog::OpenAt(const QString& name, const QString& group) {
+void ReferenceDialog::OpenAt(const MemberChoice& member, const MemberChoice& group) {
   const auto& groups = model_->groups;
-  const auto found = std::ranges::find(groups, group, &ReferenceGroup::name);
-  if (found != groups.end() && !group.isEmpty()) {
+  const auto isGroup = [&](const ReferenceGroup& one) {
+    return group.id != 0 ? one.id == group.id : fromQt(one.name) == group.text;
+  };
+  const auto found = std::ranges::find_if(groups, isGroup);
+  if (found != groups.end() && !group.text.empty()) {
     groupList_->setCurrentRow(static_cast<int>(found - groups.begin()) + 1);
   }
+  const QString name = toQt(member.text);
   if (name.isEmpty()) return;
+  const auto isIt = [&](const SearchEntry& entry) {
+    if (member.id != 0) return entry.id == member.id;
+    return entry.name == name || withCode(entry) == name;
+  };
   for (int row = 0; row < model_->rowCount(); ++row) {
-    if (model_->EntryAt(row).name != name) continue;
+    if (!isIt(model_->EntryAt(row))) continue;
     MakeCurrent(row);
     return;
   }
@@ -184,7 +195,19 @@ void ReferenceDialog::OpenAt(const QString& name, const QString& group) {
   if (model_->rowCount() == 0) search_->clear();
 }
 
-QString ReferenceDialog::ChosenGroup() const { return model_->GroupName(chosen_.group); }
+MemberChoice ReferenceDialog::Chosen(NamesOf range) const {
+  const auto bearsItsName = [&](const SearchEntry& entry) {
+    return entry.name == chosen_.name && (range == NamesOf::archive || entry.group == chosen_.group);
+  };
+  const bool alone = std::ranges::count_if(model_->Entries(), bearsItsName) == 1;
+  return {fromQt(alone ? chosen_.name : withCode(chosen_)), chosen_.id};
+}
+
+MemberChoice ReferenceDialog::ChosenGroup() const {
+  if (chosen_.group < 0) return {};
+  const auto& group = model_->groups[static_cast<std::size_t>(chosen_.group)];
+  return {fromQt(group.name), group.id};
+}
 
 bool ReferenceDialog::DoModal() {
   search_->setFocus();

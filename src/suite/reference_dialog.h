@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <vector>
 
+#include "reports/request.h"
 #include "suite/search_model.h"
 
 class QLabel;
@@ -22,6 +23,7 @@ class ReferenceModel;
 struct ReferenceGroup {
   QString name;
   int depth = 0;
+  Id id = 0;
 };
 
 class ReferenceDialog : public QDialog {
@@ -38,11 +40,13 @@ class ReferenceDialog : public QDialog {
   void SetGroups(std::vector<ReferenceGroup> groups);
   // `depths` indents names; empty for a plain list.
   void SetEntries(std::vector<SearchEntry> entries, std::vector<int> depths = {});
-  // Opens on the entry of this name, in the group first. A name that nobody has is searched for.
-  void OpenAt(const QString& name, const QString& group = {});
-  // After DoModal() returned true.
-  [[nodiscard]] const SearchEntry& Chosen() const { return chosen_; }
-  [[nodiscard]] QString ChosenGroup() const;
+  // Opens on this entry, in the group first. A name that nobody has is searched for.
+  void OpenAt(const MemberChoice& member, const MemberChoice& group = {});
+  // After DoModal() returned true. Several of one name are told apart by their codes: of the whole archive, or of one
+  // group where names are looked up there.
+  enum class NamesOf { archive, group };
+  [[nodiscard]] MemberChoice Chosen(NamesOf range = NamesOf::archive) const;
+  [[nodiscard]] MemberChoice ChosenGroup() const;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
   void accept() override;

@@ -46,8 +46,8 @@ bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 }  // namespace
 
-CUsefulCombox::CUsefulCombox(QWidget* parent)
-    : QComboBox(parent), found_(new FoundTexts(this)), popup_(new QCompleter(found_, this)) {
+CUsefulCombox::CUsefulCombox(QWidget* parent, Leaving leaving)
+    : QComboBox(parent), found_(new FoundTexts(this)), popup_(new QCompleter(found_, this)), leaving_(leaving) {
   setEditable(true);
   setInsertPolicy(NoInsert);
   setCompleter(nullptr);
@@ -68,6 +68,7 @@ CUsefulCombox::CUsefulCombox(QWidget* parent)
 void CUsefulCombox::Fill(const ComboList& list) {
   const QSignalBlocker quiet(this);
   clear();
+  yearPart_.clear();
   std::vector<SearchEntry> entries;
   entries.reserve(list.size());
   for (const auto& entry : list) {
@@ -76,6 +77,17 @@ void CUsefulCombox::Fill(const ComboList& list) {
   }
   found_->SetEntries(std::move(entries));
   SelectIndex(-1);
+}
+
+void CUsefulCombox::FillMonths(int year) {
+  const auto months = CInitComboFun::InitMonthCombox(year);
+  Fill(months);
+  yearPart_ = QStringLiteral("%1.").arg(year);
+  std::vector<SearchEntry> entries;
+  for (const auto& month : months) {
+    entries.push_back({QString::number(month.datum), toQt(month.text).sliced(yearPart_.size()), month.datum});
+  }
+  found_->SetEntries(std::move(entries));
 }
 
 void CUsefulCombox::SelectIndex(int index) {
@@ -87,10 +99,46 @@ void CUsefulCombox::SelectIndex(int index) {
 
 void CUsefulCombox::SelectDatum(Id datum) { SelectIndex(findData(QVariant::fromValue<qlonglong>(datum))); }
 
+void CUsefulCombox::ShowUnknown(const QString& text) {
+  SelectIndex(-1);
+  lineEdit()->setText(text);
+  lineEdit()->setCursorPosition(0);
+  SetMiss(true);
+}
+
 std::string CUsefulCombox::CurrentText() const { return fromQt(itemText(currentIndex())); }
 
+std::string CUsefulCombox::UnknownText() const {
+  return IsBeingTyped() ? fromQt(lineEdit()->text().trimmed()) : std::string();
+}
+
+// Of a month the year may be typed too.
+int CUsefulCombox::Find(const QString& typed) {
+  const QString text = typed.trimmed();
+  if (yearPart_.isEmpty() || !text.startsWith(yearPart_)) return found_->Search(text);
+  return found_->Search(text.sliced(yearPart_.size()));
+}
+
+int CUsefulCombox::OnlyMeaning(const QString& typed) {
+  const QString text = typed.trimmed();
+  if (const int whole = findText(text, Qt::MatchExactly); whole >= 0) return whole;
+  const int best = Find(text);
+  if (best < 0) return -1;
+  const auto isWhole = [&](int row) {
+    const SearchEntry& entry = found_->EntryAt(row);
+    return entry.code == text || entry.name == text;
+  };
+  int wholes = 0;
+  for (int row = 0; row < found_->rowCount(); ++row) wholes += isWhole(row) ? 1 : 0;
+  const bool alone = wholes == 1 ? isWhole(best) : wholes == 0 && found_->rowCount() == 1;
+  return alone ? static_cast<int>(found_->PlaceOf(best)) : -1;
+}
+
 void CUsefulCombox::Search(const QString& typed) {
-  const int best = found_->Search(typed);
+  int best = Find(typed);
+  // The beginning of a year means no month yet.
+  const bool begins = best < 0 && yearPart_.startsWith(typed.trimmed());
+  if (begins) best = found_->Search({});
   SetMiss(best < 0);
   if (best < 0) {
     popup_->popup()->hide();
@@ -99,7 +147,7 @@ void CUsefulCombox::Search(const QString& typed) {
   popup_->complete();
   // The row is only marked: the line keeps what is being typed.
   const QSignalBlocker quiet(popup_);
-  const bool marked = !typed.trimmed().isEmpty();
+  const bool marked = !begins && !typed.trimmed().isEmpty();
   popup_->popup()->setCurrentIndex(marked ? popup_->completionModel()->index(best, 0) : QModelIndex());
 }
 
@@ -116,12 +164,17 @@ void CUsefulCombox::ShowChosen() {
   SetMiss(false);
 }
 
-void CUsefulCombox::GiveUpTyping() {
-  if (erasable_ && chosen_ >= 0 && lineEdit()->text().trimmed().isEmpty()) {
-    Choose(-1);
-  } else {
+void CUsefulCombox::Settle() {
+  if (!IsBeingTyped()) return;
+  const QString typed = lineEdit()->text().trimmed();
+  if (leaving_ == Leaving::restores) {
     ShowChosen();
+    if (!typed.isEmpty()) emit givenUp(typed);
+    return;
   }
+  const int meant = typed.isEmpty() ? -1 : OnlyMeaning(typed);
+  if (meant >= 0 || typed.isEmpty()) return Choose(meant);
+  SetMiss(true);
 }
 
 bool CUsefulCombox::eventFilter(QObject* watched, QEvent* event) {
@@ -135,12 +188,11 @@ bool CUsefulCombox::OnKeyInPopup(int key) {
   if (!isEnter(key) && key != Qt::Key_Tab && key != Qt::Key_Escape) return false;
   const QModelIndex current = popup_->popup()->currentIndex();
   popup_->popup()->hide();
-  if (key == Qt::Key_Escape || !current.isValid()) {
-    key == Qt::Key_Escape ? ShowChosen() : GiveUpTyping();
-    lineEdit()->selectAll();
+  if (key == Qt::Key_Escape) {
+    OnEscape();
     return true;
   }
-  Choose(static_cast<int>(found_->PlaceOf(current.row())));
+  if (current.isValid()) Choose(static_cast<int>(found_->PlaceOf(current.row())));
   // The same key then means to the window what it means in any other field.
   QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier);
   QApplication::sendEvent(this, &again);
@@ -148,20 +200,41 @@ bool CUsefulCombox::OnKeyInPopup(int key) {
 }
 
 void CUsefulCombox::keyPressEvent(QKeyEvent* event) {
-  if (!isEnter(event->key())) {
-    QComboBox::keyPressEvent(event);
-    return;
+  const bool taken = isEnter(event->key()) ? OnEnter() : event->key() == Qt::Key_Escape ? OnEscape() : false;
+  if (taken) return event->accept();
+  if (!isEnter(event->key())) return QComboBox::keyPressEvent(event);
+  event->ignore();  // it is the window's
+}
+
+// A dialog goes on from text that stands for nothing, and refuses it in the end; elsewhere it stays to be mended.
+bool CUsefulCombox::OnEnter() {
+  if (!IsBeingTyped()) return false;
+  if (leaving_ == Leaving::keeps) {
+    Settle();
+    return false;
   }
-  // Enter on something that finds nothing stays here; else it is the window's.
-  event->setAccepted(IsBeingTyped());
-  if (!IsBeingTyped()) return;
-  GiveUpTyping();
+  const QString typed = lineEdit()->text().trimmed();
+  if (typed.isEmpty()) return OnEscape();
+  if (const int meant = OnlyMeaning(typed); meant >= 0) {
+    Choose(meant);
+    return false;
+  }
+  Search(typed);  // opens the pop-up where there is something to choose from
+  if (found_->rowCount() == 0) emit notFound(typed);
   lineEdit()->selectAll();
+  return true;
+}
+
+bool CUsefulCombox::OnEscape() {
+  if (!IsBeingTyped()) return false;
+  ShowChosen();
+  lineEdit()->selectAll();
+  return true;
 }
 
 void CUsefulCombox::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
-  if (event->reason() != Qt::PopupFocusReason && IsBeingTyped()) GiveUpTyping();
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) Settle();
 }
 
 bool CUsefulCombox::IsBeingTyped() const { return lineEdit()->text() != itemText(currentIndex()); }

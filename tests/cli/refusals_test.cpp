@@ -41,7 +41,8 @@ void addOthers(const RefusalCase& one, TestLedger& ledger, std::vector<std::stri
 void expectRefused(const RefusalCase& one, const std::vector<std::string>& words) {
   const auto run = runProgram(words);
   EXPECT_EQ(run.status, 1) << one.command << ' ' << one.text;
-  EXPECT_EQ(run.err, std::string(one.text) + "\n") << one.command;
+  const auto listed = one.listed.empty() ? "" : std::string(one.listed) + "\n";
+  EXPECT_EQ(run.err, std::string(one.text) + "\n" + listed) << one.command;
   EXPECT_EQ(run.out, "");
 }
 
@@ -68,6 +69,7 @@ TEST(Refusals, AreAllInTheTable) {
     std::set<MessageId> possible;
     if (asksForAccount(*report->dialog)) possible.insert(report->dialog->noAccount);
     for (const auto& check : report->dialog->checks) possible.insert(check.message);
+    if (!report->dialog->choices.empty()) possible.insert(MessageId::notListed);
     std::set<MessageId> provoked;
     for (const auto& one : refusalCases()) {
       if (one.command == report->command) provoked.insert(one.message);

@@ -35,8 +35,7 @@ class Computation {
 
   Answer run() {
     answer_.refusal = chosen_.refusal;
-    answer_.wrongUse = chosen_.wrongUse;
-    if (chosen_.wrongUse || !chosen_.refusal.empty()) return answer_;
+    if (!chosen_.refusal.empty()) return answer_;
     chooseFormat();
     if (answer_.wrongUse) return answer_;
     answer_.title = report_.wording.title;

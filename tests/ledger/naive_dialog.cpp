@@ -33,7 +33,7 @@ std::optional<Record> named(const std::vector<Record>& records, std::string Reco
   return first(records, [&](const Record& record) { return record.*name == wanted; });
 }
 
-// Asks in the dialog's order; each step that refuses or finds a wrong use ends the asking.
+// Asks in the dialog's order; each step that refuses ends the asking.
 class Asking {
  public:
   Asking(const Ledger& ledger, const Report& report, const Question& question)
@@ -41,20 +41,17 @@ class Asking {
 
   Chosen run() {
     std::ignore = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
-                  classOfAccount() && project() && deptOrAll() && range() &&
+                  classOfAccount() && project() && deptOrAll() && classChosen() && range() &&
                   (report_.accounts.which != Accounts::list || take());
     return chosen_;
   }
 
  private:
-  bool refuse(const char* text) {
+  bool refuse(const std::string& text) {
     chosen_.refusal = text;
     return false;
   }
-  bool wrongUse() {
-    chosen_.wrongUse = true;
-    return false;
-  }
+  bool unlisted(const std::string& wanted) { return refuse("没有“" + wanted + "”，请从列表中选择。"); }
 
   bool classesThere() { return report_.noClass == nullptr || !ledger_.classes.empty() || refuse(report_.noClass); }
 
@@ -109,14 +106,15 @@ class Asking {
       found = record;
       return true;
     }
-    return wrongUse();
+    return unlisted(wanted);
   }
 
   bool deptOfList() {
     if (report_.id != 10206) return true;
     auto depts = ledger_.depts;  // by code
     std::sort(depts.begin(), depts.end(), [](const auto& a, const auto& b) { return a.sDeptId < b.sDeptId; });
-    return pick(depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);
+    if (question_.dept.empty()) return pick(depts, &DeptInfo::sDeptName, "", chosen_.dept);
+    return pick(ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);  // by id
   }
 
   bool deptOrAll() {
@@ -187,14 +185,16 @@ class Asking {
       }
     }
     const auto& offered = own.empty() ? below : own;
+    const auto carried = [&](const ProjClassInfo& candidate) { return offered.contains(candidate.sItemId); };
     const auto found = first(ledger_.classes, [&](const ProjClassInfo& candidate) {
-      return offered.contains(candidate.sItemId) &&
-             (question_.projectClass.empty() || candidate.sItemId == question_.projectClass);
+      return carried(candidate) && (question_.projectClass.empty() || candidate.sItemId == question_.projectClass);
     });
     if (found) chosen_.classId = found->sItemId;
-    if (found) return true;
-    return question_.projectClass.empty() ? refuse(report_.accounts.noAccount) : wrongUse();
+    return first(ledger_.classes, carried) || refuse(report_.accounts.noAccount);
   }
+
+  // Behind the department.
+  bool classChosen() { return !report_.classOfAccount || !chosen_.classId.empty() || unlisted(question_.projectClass); }
 
   bool project() {
     if (!report_.project) return true;
@@ -223,7 +223,7 @@ class Asking {
         return item.code == end && classDefined(item.classId) &&
                (chosen_.classId.empty() || item.classId == chosen_.classId);
       });
-      if (!end.empty() && !known) return wrongUse();
+      if (!end.empty() && !known) return unlisted(end);
     }
     return true;
   }

@@ -10,7 +10,6 @@ namespace tz::test::naive {
 
 struct Chosen {
   std::string refusal;
-  bool wrongUse = false;
   std::vector<CodeInfo> accounts;  // none: all
   DeptInfo dept;                   // lDeptId 0: all departments
   PersonInfo person;

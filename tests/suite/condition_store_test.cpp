@@ -30,6 +30,7 @@ TEST_F(ConditionStoreTest, KeepsConditionsPerReportAndName) {
   request.set(ParameterKey::dept, "O'Brien'; DROP TABLE Plan --");
   request.set(ParameterKey::from, "2");
   request.set(ParameterKey::unposted, "1");
+  request.choose(ParameterKey::person, {"0302 李明", 7});
   EXPECT_TRUE(store.Names(10190).empty());
   store.Save(10190, "甲\"{}", request);
   store.Save(10190, "乙", {});
@@ -38,6 +39,7 @@ TEST_F(ConditionStoreTest, KeepsConditionsPerReportAndName) {
   const FileConditionStore later(file);
   EXPECT_EQ(later.Names(10190), std::vector<std::string>{"甲\"{}"});
   EXPECT_EQ(later.Load(10190, "甲\"{}").values(), request.values());
+  EXPECT_EQ(later.Load(10190, "甲\"{}").ids(), request.ids());
   EXPECT_TRUE(later.Load(10191, "甲\"{}").values().empty());
   EXPECT_THROW(static_cast<void>(later.Load(10190, "乙")), StoreError);
 }
@@ -61,6 +63,8 @@ TEST_F(ConditionStoreTest, ValueThatIsNoneIsToldWithItsName) {
     FAIL() << "month 13 was taken";
   } catch (const StoreError& error) {
     EXPECT_NE(std::string(error.what()).find("甲"), std::string::npos);
+    EXPECT_NE(std::string(error.what()).find("起始月份"), std::string::npos);
+    EXPECT_EQ(std::string(error.what()).find("--"), std::string::npos) << "no words of the command line";
   }
   EXPECT_EQ(store.Load(10190, "乙").month(ParameterKey::to), 4);
 }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>
+#include <array>
 #include <gtest/gtest.h>
 
 #include "catalogue/catalogue.h"
@@ -42,6 +43,15 @@ Request requestFor(std::string_view account, std::string_view dept, std::string_
   request.set(ParameterKey::dept, dept);
   request.set(ParameterKey::person, person);
   return request;
+}
+
+// Types in place of what a combo shows; what its pop-up offers is not taken.
+void replaceText(CUsefulCombox& combo, const QString& text) {
+  combo.setFocus(Qt::TabFocusReason);
+  combo.lineEdit()->selectAll();
+  QTest::keyClick(&combo, Qt::Key_Delete);
+  enterText(combo, text);
+  if (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
 }
 
 QString focused(const QWidget& window) {
@@ -168,11 +178,101 @@ TEST_F(QueryDialog, AmountFormatStaysWithItsAccount) {
   EXPECT_FALSE(dialog.GetRequest().values().contains(ParameterKey::format));
 }
 
+// The code and "code name" are one account: a choice in the report's window keeps its format as well.
+TEST_F(QueryDialog, AccountIsTheSameHoweverItIsWritten) {
+  auto request = requestFor("122101 职工借款", "销售部", "张三");
+  request.set(ParameterKey::format, "金额式");
+  dialog.SetRequest(request);
+  EXPECT_TRUE(run([](QWidget& window) { click(window, "1"); }));
+  EXPECT_EQ(dialog.GetRequest().text(ParameterKey::account), "122101");
+  EXPECT_EQ(dialog.GetRequest().text(ParameterKey::format), "金额式");
+}
+
+// What was typed and stands for nothing is refused, by the button and by Enter, and stays to be mended.
+TEST_F(QueryDialog, TextThatStandsForNothingIsRefused) {
+  struct Case {
+    const char* field;
+    const char* text;
+    const char* words;
+  };
+  constexpr std::array cases = {
+      Case{"2206", "9999", "没有个人核算科目,不能查询个人三栏明细帐。"},
+      Case{"2206", "", "没有个人核算科目,不能查询个人三栏明细帐。"},
+      Case{"2206", "12210", "没有个人核算科目,不能查询个人三栏明细帐。"},  // may be two
+      Case{"2201", "13", "没有“13”，请从列表中选择。"},
+      Case{"2202", "十三月", "没有“十三月”，请从列表中选择。"},
+      Case{"2201", "", "请从列表中选择起始月份。"},
+      Case{"2202", "", "请从列表中选择终止月份。"},
+  };
+  for (const bool byEnter : {false, true}) {
+    for (const Case& one : cases) {
+      SCOPED_TRACE(std::string(one.field) + " " + one.text + (byEnter ? " Enter" : " OK"));
+      dialog.SetRequest(requestFor("122101", "销售部", "张三"));
+      EXPECT_FALSE(run([&](QWidget& window) {
+        auto& combo = control<CUsefulCombox>(window, one.field);
+        replaceText(combo, toQt(one.text));
+        if (byEnter) {
+          for (int fields = 0; fields < 9 && messages.all.empty(); ++fields) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+          }
+        } else {
+          click(window, "1");
+        }
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(messages.takeLast(), one.words);
+        EXPECT_EQ(focused(window), one.field);
+        EXPECT_EQ(fromQt(combo.lineEdit()->text()), one.text);
+        click(window, "2");
+      }));
+    }
+  }
+}
+
+// A button's key leaves the focus in the field.
+TEST_F(QueryDialog, TextIsRefusedAlsoWhileTheFocusStaysInIt) {
+  dialog.SetRequest(requestFor("122101", "销售部", "张三"));
+  EXPECT_FALSE(run([&](QWidget& window) {
+    auto& ok = control<QAbstractButton>(window, "1");
+    ok.setShortcut(QKeySequence(QStringLiteral("Alt+O")));
+    auto& combo = control<CUsefulCombox>(window, "2201");
+    replaceText(combo, "13");
+    QTest::keyClick(&combo, Qt::Key_O, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !messages.all.empty(); }));
+    EXPECT_EQ(messages.takeLast(), "没有“13”，请从列表中选择。");
+    EXPECT_TRUE(window.isVisible());
+    click(window, "2");
+  }));
+}
+
+TEST_F(QueryDialog, TextThatCanMeanOneEntryIsThatEntry) {
+  dialog.SetRequest(requestFor("1221", "销售部", "张三"));
+  EXPECT_TRUE(run([&](QWidget& window) {
+    replaceText(control<CUsefulCombox>(window, "2206"), "职工借款");
+    replaceText(control<CUsefulCombox>(window, "2201"), "2");
+    click(window, "1");
+  }));
+  EXPECT_EQ(dialog.GetRequest().text(ParameterKey::account), "122101");
+  EXPECT_EQ(dialog.GetRequest().month(ParameterKey::from), 2);
+}
+
+TEST_F(QueryDialog, EscTakesBackWhatWasTypedBeforeItLeaves) {
+  dialog.SetRequest(requestFor("122101", "销售部", "张三"));
+  EXPECT_FALSE(run([&](QWidget& window) {
+    auto& combo = control<CUsefulCombox>(window, "2206");
+    replaceText(combo, "9999");
+    QTest::keyClick(&combo, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(combo.lineEdit()->text(), "122101 职工借款");
+    QTest::keyClick(&combo, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+  }));
+}
+
 // An account that is gone must not turn into another one unnoticed.
-TEST_F(QueryDialog, AccountNoLongerOfferedLeavesTheFieldEmpty) {
+TEST_F(QueryDialog, AccountNoLongerOfferedIsRefusedByItsCode) {
   dialog.SetRequest(requestFor("1002", "销售部", "张三"));
   run([&](QWidget& window) {
-    EXPECT_EQ(control<CUsefulCombox>(window, "2206").currentText(), "");
+    EXPECT_EQ(control<CUsefulCombox>(window, "2206").currentText(), "1002");
     click(window, "1");
     EXPECT_EQ(messages.takeLast(), "没有个人核算科目,不能查询个人三栏明细帐。");
     EXPECT_EQ(focused(window), "2206");

@@ -38,7 +38,7 @@ QString current(const QWidget& window) {
 TEST(Reference, DepartmentsStandUnderTheirParents) {
   PersonLedger ledger;
   CDeptReferenceDlg reference(ledger.db, nullptr);
-  reference.SetDeptName("销售一部");
+  reference.SetDept({"销售一部"});
   inModal([](QWidget& window) {
     expectNamed(window);
     EXPECT_EQ(current(window), "0201");
@@ -47,7 +47,7 @@ TEST(Reference, DepartmentsStandUnderTheirParents) {
     press(window, Qt::Key_Return);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.DeptName(), "财务部");
+  EXPECT_EQ(reference.Dept().text, "财务部");
 }
 
 TEST(Reference, SearchFindsByCodeNameAndSoundTheBestFirst) {
@@ -77,7 +77,7 @@ TEST(Reference, SearchFindsByCodeNameAndSoundTheBestFirst) {
 TEST(Reference, PersonsOpenAtTheirDepartmentAndAreFoundEverywhere) {
   PersonLedger ledger;
   CPersonReferenceDlg reference(ledger.db, nullptr);
-  reference.SetNames("采购部", "张三");
+  reference.SetNames({"采购部"}, {"张三"});
   inModal([](QWidget& window) {
     EXPECT_EQ(shown(window), QStringList({"P04 张三", "P05 赵六"}));
     EXPECT_EQ(current(window), "P04");
@@ -97,21 +97,21 @@ TEST(Reference, PersonsOpenAtTheirDepartmentAndAreFoundEverywhere) {
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.DeptName(), "采购部");
-  EXPECT_EQ(reference.PersonName(), "张三");
+  EXPECT_EQ(reference.Dept().text, "采购部");
+  EXPECT_EQ(reference.Person().text, "张三");
 }
 
 TEST(Reference, PersonOfNoDepartmentIsListedWithoutOne) {
   PersonLedger ledger;
   CPersonReferenceDlg reference(ledger.db, nullptr);
-  reference.SetNames("没有此部门", "孙七");  // searched for
+  reference.SetNames({"没有此部门"}, {"孙七"});  // searched for
   inModal([](QWidget& window) {
     EXPECT_EQ(shown(window), QStringList({"P06 <b>孙七</b> "}));
     press(window, Qt::Key_Return);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.DeptName(), "");
-  EXPECT_EQ(reference.PersonName(), "<b>孙七</b>");
+  EXPECT_EQ(reference.Dept().text, "");
+  EXPECT_EQ(reference.Person().text, "<b>孙七</b>");
 }
 
 TEST(Reference, UnitsStandUnderTheirClasses) {
@@ -123,7 +123,7 @@ TEST(Reference, UnitsStandUnderTheirClasses) {
       2   | G01      | 长城钢铁厂           | 2
       3   | X01      | 未分类单位           | 0)");
   CUnitReferenceDlg reference(ledger.db, nullptr);
-  reference.SetUnitName("未分类单位");
+  reference.SetUnit({"未分类单位"});
   inModal([](QWidget& window) {
     EXPECT_EQ(current(window), "X01");
     control<QListWidget>(window, "groups").setCurrentRow(2);
@@ -133,7 +133,7 @@ TEST(Reference, UnitsStandUnderTheirClasses) {
     press(window, Qt::Key_Return);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.UnitName(), "北京（华夏）商贸公司");
+  EXPECT_EQ(reference.Unit().text, "北京（华夏）商贸公司");
 }
 
 TEST(Reference, ItemsOfOneClass) {
@@ -152,7 +152,7 @@ TEST(Reference, ItemsOfOneClass) {
     press(window, Qt::Key_Return);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.ItemName(), "二号楼");
+  EXPECT_EQ(reference.Item().text, "二号楼");
 }
 
 TEST(Reference, ManyEntriesCostNoWidgets) {
@@ -170,7 +170,7 @@ TEST(Reference, ManyEntriesCostNoWidgets) {
     press(window, Qt::Key_Return);
   });
   EXPECT_TRUE(reference.DoModal());
-  EXPECT_EQ(reference.PersonName(), "员工20099");
+  EXPECT_EQ(reference.Person().text, "员工20099");
 }
 
 }  // namespace

@@ -78,13 +78,58 @@ TEST_F(UsefulCombox, ChoosingTheSameEntryAgainDoesNothing) {
   EXPECT_EQ(changes, 1);
 }
 
-TEST_F(UsefulCombox, WhatFindsNothingIsNeverTaken) {
+TEST_F(UsefulCombox, WhatFindsNothingIsNeverTakenNorReplacedWithoutAWord) {
+  QStringList missed;
+  QStringList givenUp;
+  QObject::connect(&combo, &CUsefulCombox::notFound, [&](const QString& text) { missed << text; });
+  QObject::connect(&combo, &CUsefulCombox::givenUp, [&](const QString& text) { givenUp << text; });
   typeAndEnter("没有");
-  EXPECT_EQ(combo.lineEdit()->text(), "122101 职工借款");
-  QTest::keyClicks(&combo, "xyz");
+  EXPECT_EQ(combo.lineEdit()->text(), "没有") << "to be mended";
+  EXPECT_EQ(missed, QStringList{"没有"});
+  QTest::keyClicks(&combo, "xyz");  // in place of the selected text
   combo.clearFocus();
   EXPECT_EQ(combo.lineEdit()->text(), "122101 职工借款");
+  EXPECT_EQ(givenUp, QStringList{"xyz"});
   EXPECT_EQ(changes, 0);
+}
+
+TEST_F(UsefulCombox, EscapeTakesBackWhatWasTypedAndOnlyThenIsTheWindows) {
+  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  typeAndEnter("没有");
+  QApplication::sendEvent(&combo, &escape);
+  EXPECT_TRUE(escape.isAccepted());
+  EXPECT_EQ(combo.lineEdit()->text(), "122101 职工借款");
+  QApplication::sendEvent(&combo, &escape);
+  EXPECT_FALSE(escape.isAccepted());
+}
+
+// The combo of a dialog: text with one meaning is taken, other text stays, erased text is no choice.
+TEST(KeepingCombox, LeavesNothingToGuess) {
+  CUsefulCombox combo(nullptr, CUsefulCombox::Leaving::keeps);
+  combo.Fill({{"01 李明", 1}, {"02 李明", 2}, {"王强", 3}, {"王强盛", 4}});
+  combo.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&combo));
+  const auto leaveWith = [&](const QString& text) {
+    combo.SelectIndex(3);
+    combo.setFocus();
+    combo.lineEdit()->selectAll();
+    QTest::keyClick(&combo, Qt::Key_Delete);
+    test::enterText(combo, text);
+    if (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
+    combo.clearFocus();
+  };
+  leaveWith("02");
+  EXPECT_EQ(combo.CurrentDatum(), 2);
+  leaveWith("王强");
+  EXPECT_EQ(combo.CurrentDatum(), 3) << "the whole of one, the beginning of another";
+  for (const char* text : {"李明", "9999", "王"}) {
+    leaveWith(text);
+    EXPECT_EQ(combo.UnknownText(), text);
+    EXPECT_EQ(fromQt(combo.lineEdit()->text()), text);
+  }
+  leaveWith("");
+  EXPECT_EQ(combo.currentIndex(), -1);
+  EXPECT_EQ(combo.UnknownText(), "");
 }
 
 TEST_F(UsefulCombox, ArrowsMoveInThePopupAndEscapeGivesUp) {
@@ -105,12 +150,21 @@ TEST_F(UsefulCombox, ArrowsMoveInThePopupAndEscapeGivesUp) {
 }
 
 TEST_F(UsefulCombox, MonthIsFoundByItsNumber) {
-  combo.Fill(CInitComboFun::InitMonthCombox(2013));
+  combo.FillMonths(2013);
   combo.SelectDatum(7);
   typeAndEnter("3");
   EXPECT_EQ(combo.CurrentDatum(), 3);
   typeAndEnter("12");
   EXPECT_EQ(combo.CurrentDatum(), 12);
+  typeAndEnter("02");
+  EXPECT_EQ(combo.CurrentDatum(), 2);
+  typeAndEnter("2013.08");
+  EXPECT_EQ(combo.CurrentDatum(), 8);
+  for (const char* text : {"13", "20", "0", "2013", "2013.13"}) {
+    typeAndEnter(text);
+    EXPECT_EQ(combo.CurrentDatum(), 8) << text;
+    EXPECT_EQ(combo.UnknownText(), text);
+  }
 }
 
 }  // namespace

@@ -85,6 +85,24 @@ const std::vector<RefusalCase> ofProjects = {
      {{Key::account, "1405"}, {Key::project, "一号厂房"}, {Key::dept, "没有的部"}}},
 };
 
+// A list has no entry of that text.
+RefusalCase unlisted(int command, std::string_view text, Values values, std::string_view listed = {}) {
+  return {command, Id::notListed, text, std::move(values), {}, false, listed};
+}
+
+const std::vector<RefusalCase> ofLists = {
+    unlisted(10205, "没有“没有的分类”，请从列表中选择。", {{Key::account, "112201"}, {Key::unitClass, "没有的分类"}},
+             "可用：其它"),
+    unlisted(10206, "没有“没有的部”，请从列表中选择。", {{Key::account, "112201"}, {Key::dept, "没有的部"}},
+             "可用：销售部、采购部、财务部"),
+    unlisted(10207, "没有“999”，请从列表中选择。", {{Key::account, "112201"}, {Key::projectTo, "999"}}),
+    unlisted(10210, "没有“没有的人”，请从列表中选择。", {{Key::account, "112201"}, {Key::clerk, "没有的人"}},
+             "可用：其它"),
+    unlisted(10219, "没有“RD”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectClass, "RD"}}, "可用：01"),
+    unlisted(10219, "没有“999”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectFrom, "999"}}),
+    unlisted(10222, "没有“RD”，请从列表中选择。", {{Key::account, "500101"}, {Key::projectClass, "RD"}}, "可用：01"),
+};
+
 const std::vector<RefusalCase> ofUnits = {
     {10203, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
     {10204, Id::noUnitAccount, "没有单位核算科目！", {}, noAccounts},
@@ -113,7 +131,7 @@ Request RefusalCase::request() const {
 
 std::vector<RefusalCase> refusalCases() {
   std::vector<RefusalCase> cases;
-  for (const auto* part : {&ofPersons, &ofDepartments, &ofProjects, &ofUnits}) {
+  for (const auto* part : {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists}) {
     cases.insert(cases.end(), part->begin(), part->end());
   }
   addPersonCases(cases, 10188, "");

@@ -20,6 +20,8 @@ struct RefusalCase {
   std::string_view change = {};  // of the ledger, as SQL
   // The dialog opens on an account, which is erased.
   bool accountErased = false;
+  // What the command line lists below the message.
+  std::string_view listed = {};
 
   [[nodiscard]] Request request() const;
 };
