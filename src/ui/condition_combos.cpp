@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "reports/members.h"
 #include "suite/qt_text.h"
 #include "suite/query_field_parts.h"
 #include "suite/useful_combox.h"
@@ -26,21 +27,9 @@ constexpr std::array windowCombos = {
 // The labels in front of them, from left to right.
 constexpr std::array labelIds = {1006, 1009, 1012};
 
-// Accounts are the same when their codes are: a condition may name the code alone.
-std::string comparable(ParameterKey key, const std::string& text) {
-  return key == ParameterKey::account ? CGetData::GetCode_Separator(text) : text;
-}
-
-ComboList unitsByCode(const CQnCwDB& db) {
-  ComboList list;
-  for (const auto& unit : db.Enter_GetInfo("lId > 0 ORDER BY sEnterId, lId"))
-    list.push_back({unit.sEnterName, unit.lId});
-  return list;
-}
-
-bool alwaysStands(ControlSpec::Kind kind) {
-  return kind == ControlSpec::Kind::deptCombo || kind == ControlSpec::Kind::unitClassCombo ||
-         kind == ControlSpec::Kind::clerkCombo;
+bool alwaysStands(const ControlSpec& control) {
+  return control.all || control.kind == ControlSpec::Kind::deptCombo ||
+         control.kind == ControlSpec::Kind::unitClassCombo || control.kind == ControlSpec::Kind::clerkCombo;
 }
 
 }  // namespace
@@ -76,10 +65,16 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   if (!members_.empty()) row->addSpacing(10);
   row->addWidget(label);
   row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
-  members_.push_back({control.key, control.all, alwaysStands(control.kind), combo});
+  members_.push_back({control.key, control.all, alwaysStands(control), combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
-          [this, key = control.key, combo] { emit chosen(key, combo->CurrentText()); });
+          [this, key = control.key, combo] { emit chosen(key, ChosenIn(key, *combo)); });
+  connect(combo, &CUsefulCombox::notFound, this,
+          [this](const QString& text) { emit told(toQt(messageText(MessageId::notListed, {fromQt(text)}))); });
+  connect(combo, &CUsefulCombox::givenUp, this,
+          [this](const QString& text) { emit told(QStringLiteral("没有选定“%1”，条件不变。").arg(text)); });
 }
+
+bool ConditionCombos::AskForPerson() const { return Find(ParameterKey::person) != nullptr; }
 
 CUsefulCombox* ConditionCombos::Find(ParameterKey key) const {
   const auto found = std::ranges::find(members_, key, &Member::key);
@@ -94,30 +89,59 @@ bool ConditionCombos::Fill(const CQnCwDB& db) {
   }
   for (const Member& member : members_) {
     if (member.key == ParameterKey::dept) member.combo->Fill(offeredDepts(db, member.all));
-    if (member.key == ParameterKey::unit) member.combo->Fill(unitsByCode(db));
+    if (member.key == ParameterKey::unit) member.combo->Fill(CInitComboFun::InitEnterCombox(db));
     if (member.key == ParameterKey::unitClass) member.combo->Fill(CInitComboFun::InitEnterClassCombox(db));
   }
   return true;
+}
+
+// An account is its code, however it was written; other members are records.
+MemberChoice ConditionCombos::ChosenIn(ParameterKey key, const CUsefulCombox& combo) {
+  if (key == ParameterKey::account) return {CGetData::GetCode_Separator(combo.CurrentText())};
+  return {combo.CurrentText(), combo.CurrentDatum()};
 }
 
 void ConditionCombos::Select(const Request& request, const CQnCwDB& db) {
   for (const Member& member : members_) {
     if (member.key == ParameterKey::person) RefillPersons(db);
     if (member.key == ParameterKey::clerk) RefillClerks(request.text(ParameterKey::account), db);
-    SelectIn(member, request.text(member.key));
+    CUsefulCombox& combo = *member.combo;
+    const auto wanted = request.member(member.key);
+    combo.SelectIndex(wanted.text.empty() ? -1 : PlaceOf(member, wanted, db));
+    const bool leftOut = wanted.text.empty() && !member.alwaysStands;
+    if (combo.currentIndex() < 0 && !leftOut && combo.count() > 0) combo.SelectIndex(0);
   }
 }
 
-void ConditionCombos::SelectIn(const Member& member, const std::string& wanted) {
-  CUsefulCombox& combo = *member.combo;
-  const bool leftOut = wanted.empty() && !member.alwaysStands;
-  int place = leftOut || combo.count() == 0 ? -1 : 0;
-  for (int i = 0; i < combo.count() && !wanted.empty(); ++i) {
-    if (comparable(member.key, fromQt(combo.itemText(i))) != comparable(member.key, wanted)) continue;
-    place = i;
-    break;
+int ConditionCombos::PlaceOf(const Member& member, const MemberChoice& wanted, const CQnCwDB& db) const {
+  const auto place = [&](const auto& found, Id id) {
+    return found ? member.combo->findData(QVariant::fromValue<qlonglong>(id)) : -1;
+  };
+  switch (member.key) {
+    case ParameterKey::account: {
+      CGetData lookups(db);
+      const auto* account = lookups.GetCODEINFOByCode(CGetData::GetCode_Separator(wanted.text));
+      return place(account, account == nullptr ? 0 : account->lId);
+    }
+    case ParameterKey::dept: {
+      const auto dept = findDept(db, wanted);
+      return place(dept, dept.value_or(DeptInfo{}).lDeptId);
+    }
+    case ParameterKey::person: {
+      const auto person = findPerson(db, wanted, Find(ParameterKey::dept)->CurrentDatum());
+      return place(person, person.value_or(PersonInfo{}).lId);
+    }
+    case ParameterKey::unit: {
+      const auto unit = findUnit(db, wanted);
+      return place(unit, unit.value_or(EnterInfo{}).lId);
+    }
+    case ParameterKey::unitClass: {
+      const auto unitClass = findUnitClass(db, wanted);
+      return unitClass ? place(unitClass, unitClass->lId) : member.combo->findText(toQt(wanted.text));
+    }
+    default:
+      return member.combo->findText(toQt(wanted.text));
   }
-  combo.SelectIndex(place);
 }
 
 void ConditionCombos::RefillPersons(const CQnCwDB& db) {
@@ -131,6 +155,7 @@ void ConditionCombos::RefillClerks(const std::string& account, const CQnCwDB& db
 }
 
 void ConditionCombos::FollowAccount(Request& request, const CQnCwDB& db) {
+  followAccount(dialog_, request, db);
   const auto* clerk = Find(ParameterKey::clerk);
   if (clerk == nullptr) return;
   RefillClerks(request.text(ParameterKey::account), db);

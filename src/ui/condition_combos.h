@@ -28,12 +28,16 @@ class ConditionCombos : public QWidget {
   void Select(const Request& request, const CQnCwDB& db);
   // Fills the list of persons with those of the chosen department and selects none of them.
   void RefillPersons(const CQnCwDB& db);
-  // Lets the request follow another account: a clerk that it does not have becomes the first one that it has.
+  [[nodiscard]] bool AskForPerson() const;
+  // Lets the request follow another account: a clerk or a project class that it does not have becomes the first one
+  // that it has.
   void FollowAccount(Request& request, const CQnCwDB& db);
 
  signals:
   // Another entry than before was chosen by hand.
-  void chosen(tz::ParameterKey key, const std::string& text);
+  void chosen(tz::ParameterKey key, const tz::MemberChoice& member);
+  // Words about text that was typed and stands for nothing.
+  void told(const QString& words);
 
  private:
   struct Member {
@@ -45,7 +49,8 @@ class ConditionCombos : public QWidget {
   void AddCombo(const ControlSpec& control, int comboId);
   [[nodiscard]] CUsefulCombox* Find(ParameterKey key) const;
   void RefillClerks(const std::string& account, const CQnCwDB& db);
-  static void SelectIn(const Member& member, const std::string& wanted);
+  [[nodiscard]] static MemberChoice ChosenIn(ParameterKey key, const CUsefulCombox& combo);
+  [[nodiscard]] int PlaceOf(const Member& member, const MemberChoice& wanted, const CQnCwDB& db) const;
 
   const DialogSpec& dialog_;
   std::vector<Member> members_;

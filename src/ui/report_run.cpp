@@ -7,6 +7,19 @@
 
 namespace tz {
 
+OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db) {
+  if (report.formats == nullptr) return {};
+  CGetData data(db);
+  Conditions conditions;
+  const auto account = request.text(ParameterKey::account);
+  if (!account.empty()) conditions.amounts = CInitComboFun::InitAmountCombox(data, account);
+  OfferedFormats offered{report.formats(conditions), request.text(ParameterKey::format)};
+  if (std::ranges::find(offered.formats, offered.chosen) != offered.formats.end()) return offered;
+  const auto& richest = conditions.amounts.preselectedFormat;
+  offered.chosen = richest.empty() ? "金额式" : richest;
+  return offered;
+}
+
 std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report, Request request,
                                                                Session& session) {
   std::optional<CancelWatch> watch;

@@ -17,6 +17,13 @@ struct ShownReport {
   ComputedReport report;
 };
 
+// The formats of the account that is asked for, and the one of them that holds.
+struct OfferedFormats {
+  std::vector<std::string> formats;
+  std::string chosen;
+};
+[[nodiscard]] OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db);
+
 // A format that the request's account does not offer gives way to the account's own. Throws DbError.
 [[nodiscard]] std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report,
                                                                              Request request, Session& session);

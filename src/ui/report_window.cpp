@@ -37,6 +37,12 @@ constexpr QMargins insideGridFrame(3, 8, 4, 3);
 constexpr std::array available = {WindowCommand::query, WindowCommand::exportFile, WindowCommand::help,
                                   WindowCommand::close};
 
+// These take what the table shows.
+constexpr std::array ofShownRows = {WindowCommand::print, WindowCommand::preview, WindowCommand::exportFile,
+                                    WindowCommand::detail};
+constexpr const char* tipProperty = "tip";
+QString personWanted() { return QStringLiteral("请选择个人"); }
+
 // Plan execution reports read every account of a year.
 bool showsBusyBox(const ReportDefinition& report) { return report.area == Area::plan; }
 
@@ -143,6 +149,7 @@ void ReportWindow::LayOut() {
   resize(firstSize);
 
   connect(&heading_->Conditions(), &ConditionCombos::chosen, this, &ReportWindow::OnConditionChosen);
+  connect(&heading_->Conditions(), &ConditionCombos::told, status_, &ReportStatus::ShowMessage);
   connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
   connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
   auto* exportAction = new QAction(QStringLiteral("输出(&E)…\tCtrl+E"), view_);
@@ -157,11 +164,21 @@ void ReportWindow::DrawToolBar() {
     table.push_back(hint == nullptr ? CToolBarInfo{} : CToolBarInfo{hint->bitmap, hint->command});
   }
   DrawAToolBar(toolBar_, table);
+  for (QAction* action : toolBar_->actions()) action->setProperty(tipProperty, action->toolTip());
+  EnableCommands();
+}
+
+void ReportWindow::EnableCommands() {
+  for (QAction* action : view_->actions()) action->setEnabled(!awaitsPerson_);
   for (QAction* action : toolBar_->actions()) {
+    if (action->isSeparator()) continue;
     const auto command = static_cast<WindowCommand>(action->objectName().toInt());
-    if (action->isSeparator() || std::ranges::find(available, command) != available.end()) continue;
-    action->setEnabled(false);
-    action->setToolTip(action->toolTip() + QStringLiteral("：尚未提供"));
+    const bool there = std::ranges::find(available, command) != available.end();
+    const bool waits = awaitsPerson_ && std::ranges::find(ofShownRows, command) != ofShownRows.end();
+    action->setEnabled(there && !waits);
+    action->setToolTip(action->property(tipProperty).toString() + (!there  ? QStringLiteral("：尚未提供")
+                                                                   : waits ? QStringLiteral("：请先选择个人")
+                                                                           : QString()));
   }
 }
 
@@ -212,6 +229,7 @@ void ReportWindow::Refresh() {
       return;
     }
     KeepShown();
+    if (awaitsPerson_) status_->ShowMessage(personWanted());
     if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
       if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示。按 F5 重新查询。"));
       AfxMessageBox(this, *refusal);
@@ -245,7 +263,9 @@ void ReportWindow::Attempt(const std::function<void()>& work) {
 void ReportWindow::TellFailure(const std::exception& error) {
   logFailure(definition_.windowTitle, error.what());
   const auto* inLedger = dynamic_cast<const DbError*>(&error);
-  status_->ShowFailure(toQt(inLedger == nullptr ? error.what() : explainInWindow(*inLedger)),
+  const auto* wrongUse = dynamic_cast<const WrongUse*>(&error);
+  const std::string words = wrongUse != nullptr ? wrongUse->withLabel() : error.what();
+  status_->ShowFailure(toQt(inLedger == nullptr ? words : explainInWindow(*inLedger)),
                        inLedger == nullptr ? QString() : toQt(error.what()));
   if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示：原因见下面的状态栏。按 F5 重新查询。"));
 }
@@ -254,6 +274,8 @@ void ReportWindow::Show(ShownReport shown) {
   view_->SetGrid(nullptr);
   shown_ = std::move(shown);
   request_ = shown_->request;
+  awaitsPerson_ = false;
+  EnableCommands();
   const Conditions& conditions = shown_->conditions;
   if (firstShow_) heading_->Conditions().Select(request_, *g_pDB);
   firstShow_ = false;
@@ -286,34 +308,47 @@ void ReportWindow::KeepShown() {
   }
 }
 
-void ReportWindow::OnConditionChosen(ParameterKey key, const std::string& chosen) {
-  request_.set(key, chosen);
-  if (key == ParameterKey::dept && !request_.text(ParameterKey::person).empty()) {
-    Attempt([this] { AwaitPerson(); });
+void ReportWindow::OnConditionChosen(ParameterKey key, const MemberChoice& member) {
+  request_.choose(key, member);
+  const bool personsChange = key == ParameterKey::dept && heading_->Conditions().AskForPerson();
+  if (personsChange || (awaitsPerson_ && key != ParameterKey::person)) {
+    Attempt([this, key, personsChange] {
+      if (key == ParameterKey::account) heading_->Conditions().FollowAccount(request_, *g_pDB);
+      AwaitPerson(personsChange);
+    });
     return;
   }
   if (key == ParameterKey::account) Attempt([this] { heading_->Conditions().FollowAccount(request_, *g_pDB); });
   Refresh();
 }
 
-void ReportWindow::AwaitPerson() {
-  const QString wanted = QStringLiteral("请选择个人");
+// What is chosen meanwhile is kept as if it were shown: a person who is refused leads back to it.
+void ReportWindow::AwaitPerson(bool personsChange) {
   request_.clear(ParameterKey::person);
-  heading_->Conditions().RefillPersons(*g_pDB);
-  if (shown_) {
-    shown_->request = request_;
-    shown_->report.grid.SetRows(0);
-    shown_->report.grid.notices.clear();
-    view_->SetEmptyText(wanted);
-    view_->Refresh();
-  }
+  auto offered = offeredFormats(definition_, request_, *g_pDB);
+  if (personsChange) heading_->Conditions().RefillPersons(*g_pDB);
+  if (!shown_) shown_.emplace();
+  awaitsPerson_ = true;
+  shown_->request = request_;
+  shown_->formats = std::move(offered.formats);
+  shown_->report.format = offered.chosen;
+  shown_->report.grid.SetRows(0);
+  shown_->report.grid.notices.clear();
+  heading_->SetFormats(shown_->formats, shown_->report.format);
+  view_->SetEmptyText(personWanted());
+  view_->Refresh();
   ShowRows(0, {});
-  status_->ShowMessage(wanted);
+  status_->ShowMessage(personWanted());
+  EnableCommands();
 }
 
 void ReportWindow::OnFormatChosen(const QString& format) {
   request_.set(ParameterKey::format, fromQt(format));
-  Refresh();
+  if (awaitsPerson_) {
+    Attempt([this] { AwaitPerson(false); });
+  } else {
+    Refresh();
+  }
 }
 
 void ReportWindow::OnCommand(int id) {
@@ -339,7 +374,7 @@ void ReportWindow::OnCommand(int id) {
 }
 
 void ReportWindow::ExportToFile() {
-  if (!shown_ || LongWork::Running()) return;
+  if (!shown_ || awaitsPerson_ || LongWork::Running()) return;
   const auto target = askExportTarget(this, shown_->report, exportFolder_);
   if (target) ExportTo(*target);
 }

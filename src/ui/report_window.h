@@ -74,9 +74,11 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   // What was shown stays; where nothing was, the window says so and what to do.
   void TellStopped();
   // Departments change their persons: with none chosen there is nothing to show yet.
-  void OnConditionChosen(ParameterKey key, const std::string& chosen);
+  void OnConditionChosen(ParameterKey key, const MemberChoice& member);
   void OnFormatChosen(const QString& format);
-  void AwaitPerson();
+  void AwaitPerson(bool personsChange);
+  // What takes the rows waits for them.
+  void EnableCommands();
   void ExportToFile();
   void OpenHelp();
 
@@ -89,6 +91,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   Request request_;
   bool conditionsSet_ = false;
   bool firstShow_ = true;
+  bool awaitsPerson_ = false;
   std::optional<ShownReport> shown_;
 
   QToolBar* toolBar_ = nullptr;

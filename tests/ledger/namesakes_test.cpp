@@ -22,7 +22,7 @@ class NamesakesTest : public DatabaseTest {
     const auto run = runProgram(words);
     if (run.status != 0) return run.err;
     const auto rows = nlohmann::json::parse(run.out).at("rows");
-    return rows.empty() ? "" : rows.front().at("cells").back().dump();
+    return rows.empty() ? "" : std::to_string(rows.front().at("cells").back().get<int>());
   }
 
   TestLedger ledger_{GetParam()};

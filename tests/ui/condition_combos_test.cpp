@@ -56,7 +56,7 @@ TEST(ConditionCombos, MembersNeedNoAccount) {
 
   std::vector<std::pair<ParameterKey, std::string>> chosen;
   QObject::connect(&combos, &ConditionCombos::chosen, &combos,
-                   [&](ParameterKey key, const std::string& text) { chosen.emplace_back(key, text); });
+                   [&](ParameterKey key, const MemberChoice& member) { chosen.emplace_back(key, member.text); });
   QTest::keyClick(&control<CUsefulCombox>(combos, "2212"), Qt::Key_Up);
   ASSERT_EQ(chosen.size(), 1U);
   EXPECT_EQ(chosen[0], std::pair(ParameterKey::unit, std::string("江源机械")));

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "catalogue/catalogue.h"
+#include "suite/condition_store.h"
 #include "suite/grid_view.h"
 #include "suite/query_dialog.h"
 #include "support/refusal_cases.h"
@@ -62,6 +63,7 @@ class Keyboard : public ::testing::Test {
   TestLedger ledger_{Engine::sqlite};
   CQnCwDB db_;
   Session session_{.db = db_, .ledger = ledger_.address(), .logon = {2006, 3, 15}};
+  TempFolder folder_;
   RecordedMessages messages_;
 };
 
@@ -69,13 +71,48 @@ TEST_F(Keyboard, TabGoesThroughEveryDialogInReadingOrder) {
   for (const ReportDefinition* report : catalogue()) {
     SCOPED_TRACE(report->dialog->id);
     CTzQueryDialog dialog(*report->dialog, session_, nullptr);
-    inModal([](QWidget& window) {
-      goRound(window);
-      QTest::keyClick(&window, Qt::Key_Escape);
-    });
-    EXPECT_FALSE(dialog.DoModal());
-    EXPECT_EQ(messages_.takeLast(), "");
+    FileConditionStore saved(folder_.path() / "conditions.json");
+    dialog.OfferSaved(saved, report->command);
+    Request secondMethod;
+    secondMethod.set(ParameterKey::analysis, "amount");
+    for (const auto& request : {Request(), secondMethod}) {
+      dialog.SetRequest(request);
+      inModal([](QWidget& window) {
+        goRound(window);
+        QTest::keyClick(&window, Qt::Key_Escape);
+      });
+      EXPECT_FALSE(dialog.DoModal());
+      EXPECT_EQ(messages_.takeLast(), "");
+    }
   }
+}
+
+// From the table round to the table.
+TEST_F(Keyboard, TabGoesThroughEveryWindowInReadingOrder) {
+  g_pDB = &db_;
+  g_lpszQnZwDBName = ledger_.address();
+  g_tmLogonTime = session_.logon;
+  for (const ReportDefinition* report : catalogue()) {
+    SCOPED_TRACE(report->command);
+    ReportWindow window(*report, nullptr);
+    ASSERT_TRUE(window.CreateTheDialog(nullptr));
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.Grid().setFocus();
+    const auto targets = tabTargets(window);
+    std::set<QWidget*> reached;
+    for (std::size_t step = 0; step < targets.size(); ++step) {
+      QWidget* before = window.focusWidget();
+      QTest::keyClick(before, Qt::Key_Tab);
+      QWidget* now = window.focusWidget();
+      reached.insert(now);
+      EXPECT_TRUE(step == 0 || standsBefore(window, before, now))
+          << fromQt(before->objectName() + " " + now->objectName());
+    }
+    EXPECT_EQ(reached, targets);
+    EXPECT_EQ(window.focusWidget(), &window.Grid());
+  }
+  g_pDB = nullptr;
 }
 
 // Enter on each field and on the last one confirms: the dialog closes or says what it lacks.
