@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "catalogue/catalogue.h"
+#include "data/init_combo_fun.h"
 #include "reports/operator.h"
 
 namespace tz::cli {
@@ -50,9 +51,14 @@ Sql accountSelect(const GivenValues& given) {
 Sql personSelect(const GivenValues& given) {
   const auto dept = valueOf(given, "--dept");
   auto select = Sql("SELECT sName, sPersonId FROM Person WHERE lId > 0");
-  if (!dept.empty()) select += Sql(" AND lDeptId IN (SELECT lDeptId FROM Dept WHERE sDeptName = ?)", dept);
+  if (!dept.empty())
+    select += Sql(" AND lDeptId IN (SELECT lDeptId FROM Dept WHERE sDeptName = ? OR sDeptId || ' ' || sDeptName = ?)",
+                  dept, dept);
   return select + " ORDER BY sPersonId";
 }
+
+// Names that may stand behind a code, where several bear one.
+bool isCoded(const std::string& option) { return option == "--dept" || option == "--unit" || option == "--person"; }
 
 Sql selectOf(const std::string& option, const GivenValues& given) {
   if (option.starts_with("--account")) return accountSelect(given);
@@ -73,7 +79,15 @@ std::vector<std::pair<std::string, std::string>> ledgerNames(const std::string& 
     db.Open(path);
     if (needsLogon(db)) return names;
     const auto table = db.QRYGetData(select);
-    for (int row = 0; row < table.rows; ++row) names.emplace_back(table.at(row, 0), table.at(row, 1));
+    std::vector<NamedMember> members;
+    for (int row = 0; row < table.rows; ++row) members.push_back({table.at(row, 1), table.at(row, 0), row});
+    if (!isCoded(option)) {
+      for (const auto& [code, name, id] : members) names.emplace_back(name, code);
+      return names;
+    }
+    for (const auto& entry : toldApart(members)) {
+      names.emplace_back(entry.text, members[static_cast<std::size_t>(entry.datum)].code);
+    }
   } catch (const DbError&) {
     names.clear();
   }

@@ -19,6 +19,14 @@ int placeOf(const CUsefulCombox& combo, const std::string& wanted, EntryValue va
   return -1;
 }
 
+bool offers(const CUsefulCombox& combo, const ComboList& list) {
+  if (combo.count() != static_cast<int>(list.size())) return false;
+  for (int i = 0; i < combo.count(); ++i) {
+    if (fromQt(combo.itemText(i)) != list[static_cast<std::size_t>(i)].text) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 QHBoxLayout* rowLayout(QWidget* row) {
@@ -85,6 +93,8 @@ ComboList offeredDepts(const CQnCwDB& db, bool all) {
 }
 
 void refill(CUsefulCombox& combo, const ComboList& list) {
+  // What the person has emptied does not fill itself again.
+  if (offers(combo, list)) return;
   const auto unknown = combo.UnknownText();
   const auto chosen = combo.CurrentText();
   combo.Fill(list);

@@ -56,7 +56,8 @@ void demandChoice(const CUsefulCombox& combo, ParameterKey about);
 // The departments; with `all` "全部" before them.
 [[nodiscard]] ComboList offeredDepts(const CQnCwDB& db, bool all);
 
-// Other entries; the one chosen stays, else the first one is chosen. Text that stands for none stays.
+// Other entries; the one chosen stays, else the first one is chosen. Text that stands for none stays. The same entries
+// again change nothing.
 void refill(CUsefulCombox& combo, const ComboList& list);
 
 // The makers. Each knows the kinds of its group, of others it returns null.

@@ -47,7 +47,7 @@ class RadioField : public QueryField {
       buttons_.push_back(button);
     }
     layout->addStretch();
-    buttons_.front()->setChecked(true);
+    Check(0);
   }
   QWidget* Row() override { return row_; }
   // The group is one stop: the arrow keys move inside it.
@@ -55,11 +55,18 @@ class RadioField : public QueryField {
   [[nodiscard]] bool HasLabel() const override { return !Spec().caption.empty(); }
   void Show(const Request& request) override {
     const auto found = std::ranges::find(values_, request.text(Spec().key));
-    buttons_[found == values_.end() ? 0 : static_cast<std::size_t>(found - values_.begin())]->setChecked(true);
+    Check(found == values_.end() ? 0 : static_cast<std::size_t>(found - values_.begin()));
   }
   void Take(Request& request) const override { request.set(Spec().key, values_[Place()]); }
 
  private:
+  // The Tab key stops at the one that is checked, as after a click.
+  void Check(std::size_t place) {
+    buttons_[place]->setChecked(true);
+    for (QRadioButton* button : buttons_) {
+      button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+  }
   [[nodiscard]] std::size_t Place() const {
     const auto found = std::ranges::find_if(buttons_, &QRadioButton::isChecked);
     return static_cast<std::size_t>(found - buttons_.begin());

@@ -85,7 +85,7 @@ void CUsefulCombox::FillMonths(int year) {
   yearPart_ = QStringLiteral("%1.").arg(year);
   std::vector<SearchEntry> entries;
   for (const auto& month : months) {
-    entries.push_back({QString::number(month.datum), toQt(month.text).sliced(yearPart_.size()), month.datum});
+    entries.push_back({QString::number(month.datum), {}, month.datum});
   }
   found_->SetEntries(std::move(entries));
 }
@@ -112,17 +112,23 @@ std::string CUsefulCombox::UnknownText() const {
   return IsBeingTyped() ? fromQt(lineEdit()->text().trimmed()) : std::string();
 }
 
-// Of a month the year may be typed too.
-int CUsefulCombox::Find(const QString& typed) {
+QString CUsefulCombox::Meant(const QString& typed) const {
+  QString text = typed.trimmed();
+  if (yearPart_.isEmpty()) return text;
+  if (text.startsWith(yearPart_)) text.remove(0, yearPart_.size());
+  if (text.size() > 1 && text.startsWith(u'0')) text.remove(0, 1);
+  return text;
+}
+
+bool CUsefulCombox::BeginsMonth(const QString& typed) const {
   const QString text = typed.trimmed();
-  if (yearPart_.isEmpty() || !text.startsWith(yearPart_)) return found_->Search(text);
-  return found_->Search(text.sliced(yearPart_.size()));
+  return !yearPart_.isEmpty() && (text == u"0" || (yearPart_ + u'0').startsWith(text));
 }
 
 int CUsefulCombox::OnlyMeaning(const QString& typed) {
-  const QString text = typed.trimmed();
-  if (const int whole = findText(text, Qt::MatchExactly); whole >= 0) return whole;
-  const int best = Find(text);
+  if (const int whole = findText(typed.trimmed(), Qt::MatchExactly); whole >= 0) return whole;
+  const QString text = Meant(typed);
+  const int best = found_->Search(text);
   if (best < 0) return -1;
   const auto isWhole = [&](int row) {
     const SearchEntry& entry = found_->EntryAt(row);
@@ -135,9 +141,8 @@ int CUsefulCombox::OnlyMeaning(const QString& typed) {
 }
 
 void CUsefulCombox::Search(const QString& typed) {
-  int best = Find(typed);
-  // The beginning of a year means no month yet.
-  const bool begins = best < 0 && yearPart_.startsWith(typed.trimmed());
+  int best = found_->Search(Meant(typed));
+  const bool begins = best < 0 && BeginsMonth(typed);
   if (begins) best = found_->Search({});
   SetMiss(best < 0);
   if (best < 0) {

@@ -57,8 +57,10 @@ class CUsefulCombox : public QComboBox {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  // The best entry found by a text, as a row of the pop-up; -1 for none.
-  int Find(const QString& typed);
+  // What to look for: of a month its number, without the year and the zero in front.
+  [[nodiscard]] QString Meant(const QString& typed) const;
+  // The beginning of a month with its year, which is none yet.
+  [[nodiscard]] bool BeginsMonth(const QString& typed) const;
   // The entry that a text can mean alone; -1 for none.
   int OnlyMeaning(const QString& typed);
   void Search(const QString& typed);

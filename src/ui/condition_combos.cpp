@@ -1,6 +1,7 @@
 #include "ui/condition_combos.h"
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <algorithm>
 #include <array>
 
@@ -58,7 +59,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   auto* combo = new CUsefulCombox(this);
   combo->setObjectName(QString::number(comboId));
   combo->setAccessibleName(caption);
-  combo->setPlaceholderText(QStringLiteral("请选择"));
+  combo->lineEdit()->setPlaceholderText(QStringLiteral("请选择"));
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   combo->setMinimumContentsLength(control.kind == ControlSpec::Kind::accountCombo ? 16 : 8);
   label->setBuddy(combo);

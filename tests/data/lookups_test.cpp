@@ -122,7 +122,7 @@ TEST_P(Lookups, FillCombos) {
   EXPECT_EQ(texts(CInitComboFun::InitCodeComb_2Tab(db_, "sAssBook = 'B' ORDER BY sCode")), "1222\t往来=4;");
   // Flags are capitals; small letters are other letters on both databases.
   EXPECT_TRUE(CInitComboFun::InitCodeComb_1Blank(db_, "sAssBook LIKE '%a%'").empty());
-  EXPECT_EQ(texts(CInitComboFun::InitPartNameCombox(db_)), "100%=10;销售部=20;销售部=30;");
+  EXPECT_EQ(texts(CInitComboFun::InitPartNameCombox(db_)), "100%=10;02 销售部=20;03 销售部=30;");
   EXPECT_EQ(texts(CInitComboFun::InitNameCombox(db_, 20)), "O'Brien'; DROP TABLE Plan --=8;张伟=7;");
   EXPECT_EQ(texts(CInitComboFun::InitEnterClassCombox(db_)), "客户=1;供应商=2;其它=0;");
   EXPECT_EQ(texts(CInitComboFun::InitItemClassCombox(db_)), "01 订单=0;RD 研发=1;");

@@ -114,7 +114,7 @@ TEST_F(ChosenConditions, ARefusedPersonLeavesTheTableWaiting) {
   ledger_.ledger().fill("Person", "lId | sPersonId | sName | lDeptId\n 7 | P7 | 钱七 | 2");
   const OpenReport report(10190, ReportLedger::zhangSan());
   report.choose("2207", "采购部");
-  report.choose("2208", "钱七");
+  report.type("2208", "钱七");
   EXPECT_EQ(messages_.takeLast(), "没有查到该部门此人的发生额");
   EXPECT_EQ(report.shown("2207"), "采购部");
   EXPECT_EQ(report.shown("2208"), "");
