@@ -97,8 +97,14 @@ std::unique_ptr<Connection> openLedger(const std::string& address, Access access
 }
 
 std::unique_ptr<Connection> openAsStored(const std::string& address) {
-  auto connection = isServerAddress(address) ? openPostgres(address, Access::read) : openSqlite(address, Access::read);
+  const bool server = isServerAddress(address);
+  auto connection = server ? openPostgres(address, Access::read) : openSqlite(address, Access::read);
   requireLedger(*connection, settleLedgerTables(*connection));
+  const auto restrict = [server](Connection& opened) {
+    server ? restrictPostgres(opened, Access::read) : restrictSqlite(opened, Access::read);
+  };
+  restrict(*connection);
+  if (!server) afterReopening(*connection, restrict);
   return connection;
 }
 

@@ -133,8 +133,11 @@ TEST_P(AccessTest, NobodyChangesWhatAConnectionMayDo) {
                                             "DETACH main",
                                             "INSERT INTO temp.sqlite_master (type) VALUES ('table')"};
   const auto before = contents();
-  for (const auto access : {Access::read, Access::report}) {
-    const auto connection = ledger.open(access);
+  std::vector<std::unique_ptr<Connection>> connections;
+  connections.push_back(ledger.open(Access::read));
+  connections.push_back(ledger.open(Access::report));
+  connections.push_back(openAsStored(ledger.address()));
+  for (const auto& connection : connections) {
     for (const auto& statement : statements) expectDenied(*connection, statement.c_str());
     expectDenied(*connection, "UPDATE RegSub SET mMoney = 0");
     EXPECT_EQ(rowsOf(*connection, "SELECT sName FROM Code"), "应收账款\n");
