@@ -59,7 +59,7 @@ Failure Host::Choose(const QString& address, QWidget* window) {
   } catch (const DbError& error) {
     const QString shown = shownAddress(address);
     logFailure(fromQt(shown), error.what());
-    return {QStringLiteral("%1：%2").arg(shown, toQt(explainInWindow(error))), toQt(error.what())};
+    return {QStringLiteral("%1：%2").arg(shown, toQt(explainInWindow(error))), toQt(wordsOf(error))};
   }
   settings_.RememberLedger(address);
   return {};

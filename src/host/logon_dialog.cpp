@@ -142,7 +142,7 @@ void LogonDialog::accept() {
     Check(logonQuestion(ledger_.Database(), fromQt(names_->currentText())));
   } catch (const DbError& error) {
     logFailure(fromQt(windowTitle()), error.what());
-    Refuse({toQt(explainInWindow(error)), toQt(error.what())});
+    Refuse({toQt(explainInWindow(error)), toQt(wordsOf(error))});
   } catch (const std::exception& error) {
     Refuse({toQt(error.what())});
   }

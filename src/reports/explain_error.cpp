@@ -140,6 +140,8 @@ std::string explain(const DbError& error) {
                      detail.empty() ? "" : "（" + detail + "）");
 }
 
+std::string wordsOf(const DbError& error) { return withoutPasswords(error.what()); }
+
 std::string explainInWindow(const DbError& error) {
   const auto [what, advice] = explanationOf(error.kind());
   return fmt::format("{}。{}。", what, advice.empty() ? "请把“详细”中的原文告诉管理员" : advice);

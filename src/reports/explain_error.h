@@ -12,5 +12,7 @@ namespace tz {
 [[nodiscard]] std::string explain(const DbError& error);
 // For windows, which keep those words in a part of their own ("详细").
 [[nodiscard]] std::string explainInWindow(const DbError& error);
+// Those words, without the passwords that an address in them may hold.
+[[nodiscard]] std::string wordsOf(const DbError& error);
 
 }  // namespace tz

@@ -94,9 +94,10 @@ void AfxMessageBox(QWidget* parent, const Refusal& refusal) {
 }
 
 void AfxMessageBox(QWidget* parent, const DbError& error) {
-  answered(
-      parent,
-      {.text = explainInWindow(error), .caption = captionOr({}), .icon = MessageIcon::warning, .detail = error.what()});
+  answered(parent, {.text = explainInWindow(error),
+                    .caption = captionOr({}),
+                    .icon = MessageIcon::warning,
+                    .detail = wordsOf(error)});
 }
 
 MessageHandler setMessageHandler(MessageHandler replacement) {

@@ -266,7 +266,7 @@ void ReportWindow::TellFailure(const std::exception& error) {
   const auto* wrongUse = dynamic_cast<const WrongUse*>(&error);
   const std::string words = wrongUse != nullptr ? wrongUse->withLabel() : error.what();
   status_->ShowFailure(toQt(inLedger == nullptr ? words : explainInWindow(*inLedger)),
-                       inLedger == nullptr ? QString() : toQt(error.what()));
+                       inLedger == nullptr ? QString() : toQt(wordsOf(*inLedger)));
   if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示：原因见下面的状态栏。按 F5 重新查询。"));
 }
 
