@@ -18,7 +18,7 @@ namespace {
 // word, the same word for showing, and its meaning.
 constexpr std::string_view bashScript = R"(# bash completion of tzassistant
 _tzassistant() {
-  local reply line="${COMP_LINE:0:COMP_POINT}"
+  local reply
   COMPREPLY=()
   while IFS= read -r -d '' reply; do
     if [ -n "$reply" ]; then
@@ -27,7 +27,7 @@ _tzassistant() {
       compopt -o filenames 2>/dev/null
       while IFS= read -r reply; do COMPREPLY+=("$reply"); done < <(compgen -f -- "$2")
     fi
-  done < <("${COMP_WORDS[0]}" completion words --bash -- "$2" "$line" "${COMP_WORDS[@]:1}" 2>/dev/null)
+  done < <("${COMP_WORDS[0]}" completion words --bash -- "$2" "${COMP_LINE:0:COMP_POINT}" 2>/dev/null)
 }
 complete -F _tzassistant tzassistant
 )";
@@ -86,8 +86,7 @@ complete -c tzassistant -f -a '(__tzassistant_words | string split0)'
 struct WordsOptions {
   std::string shell;
   std::vector<std::string> words;
-  bool bash = false;  // the words are the end of bash's line that it will replace, the line, and its words, of which
-                      // the report is known
+  bool bash = false;  // the words are two: the end of bash's line that it will replace, and the line
 };
 
 void put(std::string& text, std::string_view word) {
@@ -97,7 +96,7 @@ void put(std::string& text, std::string_view word) {
 
 std::string wordsForBash(const CLI::App& app, const std::vector<std::string>& words) {
   std::string text;
-  if (words.size() < 2) return text;
+  if (words.size() != 2) return text;
   const auto& replaced = words[0];
   const auto line = readShellLine(words[1]);
   const auto found = candidatesFor(app, line.words);
@@ -142,7 +141,7 @@ void addCompletionCommand(CLI::App& app, Work& work) {
   auto* shell = command->add_option("SHELL", options->shell, "命令行外壳；words 由脚本调用，列出下一个词")->required();
   letChoose(*shell, {"bash", "zsh", "fish", "words"});
   command->add_option("WORDS", options->words, "words：已键入的词，最后一个正在键入");
-  command->add_flag("--bash", options->bash, "words：WORDS 是 bash 要替换的结尾、整行和其中的词，答复已加引号");
+  command->add_flag("--bash", options->bash, "words：WORDS 是 bash 要替换的结尾和整行，答复已加引号");
   command->callback([&app, &work, options] { work = [&app, options] { return answer(*options, app); }; });
 }
 

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "catalogue/catalogue.h"
+#include "cli/shell_words.h"
 #include "reports/parameter.h"
 
 namespace tz::cli {
@@ -72,14 +73,15 @@ class LineReader {
   std::vector<GivenWord> given_;
 };
 
-// The words of another line that completion was asked about; a shell may part "--as=json" into three of them.
-std::vector<std::string> completedLine(const std::vector<GivenWord>& places) {
+// The words of another line that completion was asked about; bash hands it over as one, behind what it will replace.
+std::vector<std::string> completedLine(const std::vector<GivenWord>& given) {
   std::vector<std::string> line;
-  for (const auto& place : places) {
-    if (place.value && place.value != "=") line.push_back(*place.value);
+  for (const auto& one : given) {
+    if (one.value) line.push_back(*one.value);
   }
   line.erase(line.begin());  // the word "words"
-  return line;
+  const bool bash = std::ranges::find(given, "--bash", &GivenWord::name) != given.end();
+  return bash && line.size() > 1 ? readShellLine(line[1]).words : line;
 }
 
 }  // namespace
