@@ -118,6 +118,7 @@ TEST_F(SwitchLedger, TheOtherTakesOverOnceItsOperatorIsLoggedOn) {
     inModal([](QWidget& logon) {
       control<QLineEdit>(logon, "password").setText("秘密");
       click(logon, "1");
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !logon.isVisible(); })) << "the password is checked beside the window";
     });
     chooseRecent(start, toQt(other_.address()));
   });
