@@ -52,7 +52,8 @@ void addMissing(Connection& connection, const LedgerTables& there, bool server) 
     if (!log) createTable(connection, MarkLogInfo::table);
     if (!catalogue) createCatalogueView(connection);
     if (there.indexable) createIndexes(connection);
-    if (server) grantPostgresReportWrites(connection);
+    // What guards the marks goes by the ledger's own types; a ledger of others is read alone.
+    if (server && there.indexable) grantPostgresReportWrites(connection);
     transaction.commit();
   } catch (const DbError& error) {
     if (error.kind() != DbError::Kind::denied) throw;

@@ -59,8 +59,7 @@ class Comparison {
   void single(const Balance& balance, const char* what, const char* kind, std::int64_t stands, std::int64_t should,
               std::int64_t size) {
     if (std::abs(stands - should) <= slack(std::max(std::abs(stands), size))) return;
-    add(balance, fmt::format("{}{} {:.16g}，应为 {:.16g}", what, kind, static_cast<double>(stands) / 1e6,
-                             static_cast<double>(should) / 1e6));
+    add(balance, fmt::format("{}{} {}，应为 {}", what, kind, figureText(stands), figureText(should)));
   }
 
   Report& report_;

@@ -6,9 +6,14 @@
 
 namespace tz::check {
 
+std::string figureText(std::int64_t millionths) {
+  const double figure = static_cast<double>(millionths) / 1e6;
+  return slack(millionths) == 0 ? fmt::format("{}", figure) : fmt::format("{:.16g}", figure);
+}
+
 void Namesakes::report(Report& report, std::string_view table) const {
   for (const auto& [name, ids] : ids_) {
-    if (ids.size() < 2 || name.empty()) continue;
+    if (ids.size() < 2 || name.empty()) continue;  // an id that is there twice is told elsewhere
     report.hint(table, fmt::format("lId={}", fmt::join(ids, "、")), fmt::format("名称都是 “{}”", name));
   }
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <map>
+#include <set>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -40,11 +41,11 @@ inline std::string byId(Id id) { return "lId=" + std::to_string(id); }
 // Members that bear one name, which a name alone cannot tell apart.
 class Namesakes {
  public:
-  void add(const std::string& name, Id id) { ids_[name].push_back(id); }
+  void add(const std::string& name, Id id) { ids_[name].insert(id); }
   void report(Report& report, std::string_view table) const;
 
  private:
-  std::map<std::string, std::vector<Id>> ids_;
+  std::map<std::string, std::set<Id>> ids_;
 };
 
 // Beyond this a figure has no whole millionths in 64 bits.
@@ -63,6 +64,9 @@ inline void addTo(std::int64_t& sum, std::int64_t value) {
 inline std::int64_t slack(std::int64_t size) {
   return static_cast<std::int64_t>(4 * DBL_EPSILON * std::abs(static_cast<double>(size)));
 }
+
+// As people wrote it: without the digits that a large double only seems to have.
+std::string figureText(std::int64_t millionths);
 
 // Tells values that were there before.
 class Seen {

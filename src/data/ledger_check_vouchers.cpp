@@ -116,7 +116,7 @@ void reportDifferences(const Heads& heads, const char* table, Report& report) {
     if (std::abs(head.difference) > slack(head.size)) differences.emplace(voucher, head.difference);
   }
   for (const auto& [voucher, difference] : differences) {
-    report.add(table, byVoucher(voucher), fmt::format("借贷不平，相差 {:.16g}", static_cast<double>(difference) / 1e6));
+    report.add(table, byVoucher(voucher), "借贷不平，相差 " + figureText(difference));
   }
 }
 

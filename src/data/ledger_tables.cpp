@@ -91,7 +91,7 @@ std::vector<FormedColumn> formedColumns(const Dialect& dialect, const std::strin
     auto& one = formed.emplace_back(FormedColumn{column.name, column.name, ""});
     if (!wanted) continue;
     if (dialect.fit(*wanted, column) == Dialect::Fit::useless) {
-      throw DbError(DbError::Kind::otherType, table + "." + column.name + " is of the type " + column.type);
+      throw DbError(DbError::Kind::otherType, table + "." + column.name + " 的类型不能读：" + column.type);
     }
     one.form = dialect.inForm(*wanted, column);
     const bool plain = one.form == column.name && column.nullable && *wanted != Dialect::Type::date;
@@ -136,8 +136,7 @@ LedgerTables settleLedgerTables(Connection& connection) {
   for (const auto& [name, table] : found) {
     if (table.schema != ledger.schema) continue;
     if (!table.visible) {
-      throw DbError(DbError::Kind::shadowed,
-                    "the ledger stands in the schema " + ledger.schema + ", but another " + name + " before it");
+      throw DbError(DbError::Kind::shadowed, "帐套在模式 " + ledger.schema + " 中，而搜索路径上在它之前另有表 " + name);
     }
     ledger.tables.emplace(name, table.columns);
     ledger.indexable =
@@ -146,7 +145,8 @@ LedgerTables settleLedgerTables(Connection& connection) {
   for (const auto& [schema, count] : counts) {
     const bool whole = count + 1 >= static_cast<int>(ledgerTables().size());  // a ledger made elsewhere has no mark log
     if (whole && schema != ledger.schema) {
-      throw DbError(DbError::Kind::shadowed, "ledgers stand in the schemas " + ledger.schema + " and " + schema);
+      throw DbError(DbError::Kind::shadowed,
+                    "模式 " + ledger.schema + "、" + schema + " 中各有一个帐套，须写明是哪一个");
     }
   }
   if (const auto use = dialect.useSchema(ledger.schema); !use.empty() && !ledger.schema.empty()) {

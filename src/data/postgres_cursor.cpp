@@ -90,7 +90,7 @@ CellKind PostgresCursor::kind(int column) const {
 }
 
 void PostgresCursor::refuse(int column, const std::string& what) const {
-  throw DbError(DbError::Kind::otherType, columnName(column) + " is " + what);
+  throw DbError(DbError::Kind::otherType, columnName(column) + " " + what);
 }
 
 // A text is a number as a whole or not at all; blanks are 0.
@@ -101,7 +101,7 @@ Number PostgresCursor::numberIn(int column) const {
   Number number = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
   const bool whole = end == value.data() + value.size() || type(column) == numericType;
-  if (error != std::errc{} || !whole) refuse(column, "not a number: " + std::string(value));
+  if (error != std::errc{} || !whole) refuse(column, "不是数：" + std::string(value));
   return number;
 }
 
@@ -122,7 +122,7 @@ std::int64_t PostgresCursor::integer(int column) const {
     case float4Type:
     case float8Type: {
       const double figure = real(column);
-      if (std::abs(figure) >= 0x1p63) refuse(column, "beyond what an id can be");
+      if (std::abs(figure) >= 0x1p63) refuse(column, "不是可用的编号：" + shortestText(figure));
       return static_cast<std::int64_t>(figure);
     }
     default:
@@ -150,7 +150,7 @@ double PostgresCursor::real(int column) const {
     default:
       figure = numberIn<double>(column);
   }
-  if (!std::isfinite(figure)) refuse(column, "not a figure: " + shortestText(figure));
+  if (!std::isfinite(figure)) refuse(column, "不是数：" + shortestText(figure));
   return figure;
 }
 
@@ -170,7 +170,7 @@ Date PostgresCursor::date(int column) const {
   } else if (const auto days = dateDays(value); days >= firstDay && days <= lastDay) {
     date = dateFromDays(static_cast<std::int32_t>(days));
   }
-  if (!date) throw DbError(DbError::Kind::otherType, "not a date: " + anyText(column));
+  if (!date) throw DbError(DbError::Kind::otherType, columnName(column) + " 不是日期：" + anyText(column));
   return *date;
 }
 
@@ -196,7 +196,7 @@ std::string PostgresCursor::anyText(int column) const {
     }
     default:
       if (isText(type(column))) return std::string(value);
-      throw DbError(DbError::Kind::otherType, "the column " + columnName(column) + " is of a type that is not read");
+      throw DbError(DbError::Kind::otherType, columnName(column) + " 的类型不能读，请转换后再打开");
   }
 }
 

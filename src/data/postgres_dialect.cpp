@@ -51,7 +51,7 @@ std::string PostgresDialect::catalogueView() const {
          "LEFT JOIN (VALUES " +
          names +
          "')) AS l (name) ON lower(l.name) = t.relname "
-         "LEFT JOIN ProjClass c ON lower('ProjItems' || c.sItemId) = t.relname "
+         "LEFT JOIN ProjClass c ON lower('ProjItems' || c.sItemId) COLLATE \"C\" = t.relname "
          "WHERE n.nspname = current_schema() AND t.relkind IN ('r', 'p', 'f', 'v', 'm') "
          "AND (l.name IS NOT NULL OR c.sItemId IS NOT NULL)";
 }

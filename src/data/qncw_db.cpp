@@ -85,6 +85,7 @@ std::vector<ItemInfo> CQnCwDB::Items_GetInfo(std::string_view classId, const Sql
   std::set<int> fields = {0, 1};
   {
     const auto columns = Current().query(Sql("SELECT * FROM " + table + " WHERE 1 = 0"));
+    (void)columns->next();  // columns that came after the ledger was opened are seen from here on
     for (int column = 0; column < columns->columns(); ++column) {
       if (const auto field = itemField(columns->columnName(column))) fields.insert(*field);
     }

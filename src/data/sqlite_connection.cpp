@@ -82,7 +82,7 @@ class SqliteCursor final : public Cursor {
   double real(int column) const override {
     if (sqlite3_column_type(statement_.get(), column) >= SQLITE_TEXT) requireNumber(column);
     const double figure = sqlite3_column_double(statement_.get(), column);
-    if (!std::isfinite(figure)) throw DbError(DbError::Kind::otherType, "not a figure: " + columnName(column));
+    if (!std::isfinite(figure)) throw DbError(DbError::Kind::otherType, columnName(column) + " 不是数：无穷大");
     return figure;
   }
   std::string_view text(int column) const override {
@@ -95,7 +95,7 @@ class SqliteCursor final : public Cursor {
     if (value.empty()) return {};
     const auto date = parseIsoDate(value);
     if (!date && standing_ != nullptr) standing_->requireUnchanged();
-    if (!date) throw DbError(DbError::Kind::otherType, "not a date: " + std::string(value));
+    if (!date) throw DbError(DbError::Kind::otherType, columnName(column) + " 不是日期：" + std::string(value));
     return *date;
   }
   std::string anyText(int column) const override {
@@ -109,7 +109,7 @@ class SqliteCursor final : public Cursor {
     if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return;
     const auto value = text(column);
     if (!isNumberText(value)) {
-      throw DbError(DbError::Kind::otherType, columnName(column) + " is not a number: " + std::string(value));
+      throw DbError(DbError::Kind::otherType, columnName(column) + " 不是数：" + std::string(value));
     }
   }
 

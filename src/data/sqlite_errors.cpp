@@ -16,7 +16,7 @@ using Kind = DbError::Kind;
 Kind kindOfStatementError(std::string_view message) {
   if (message.starts_with("no such table") || message.starts_with("no such column")) return Kind::incomplete;
   // From the functions that turn cells of another type.
-  if (message.starts_with("not a number") || message.starts_with("not a text")) return Kind::otherType;
+  if (message.starts_with("不是")) return Kind::otherType;
   return message.starts_with("unsupported file format") ? Kind::newer : Kind::other;
 }
 

@@ -25,9 +25,9 @@ void number(sqlite3_context* context, int, sqlite3_value** cells) {
     case SQLITE_NULL:
       return sqlite3_result_int64(context, 0);
     case SQLITE_BLOB:
-      return fail(context, "not a number: bytes");
+      return fail(context, "不是数：二进制数据");
     case SQLITE_TEXT:
-      if (!isNumberText(textOf(cell))) return fail(context, "not a number: " + std::string(textOf(cell)));
+      if (!isNumberText(textOf(cell))) return fail(context, "不是数：" + std::string(textOf(cell)));
       if (sqlite3_value_numeric_type(cell) == SQLITE_TEXT) return sqlite3_result_int64(context, 0);  // blanks
       [[fallthrough]];
     default:
@@ -37,7 +37,7 @@ void number(sqlite3_context* context, int, sqlite3_value** cells) {
 
 void text(sqlite3_context* context, int, sqlite3_value** cells) {
   auto* cell = *cells;
-  if (sqlite3_value_type(cell) == SQLITE_BLOB) return fail(context, "not a text: bytes");
+  if (sqlite3_value_type(cell) == SQLITE_BLOB) return fail(context, "不是文字：二进制数据");
   if (sqlite3_value_type(cell) == SQLITE_FLOAT) {
     const auto written = shortestText(sqlite3_value_double(cell));
     return sqlite3_result_text(context, written.c_str(), static_cast<int>(written.size()), SQLITE_TRANSIENT);

@@ -83,7 +83,6 @@ constexpr std::array phrases = {
     Phrase{"tables are missing: ", "缺少表 "},
     Phrase{"no such table: ", "缺少表 "},
     Phrase{"no such column: ", "缺少列 "},
-    Phrase{"not a date: ", "不是日期："},
     Phrase{"the file may not be read: ", "不能读取文件 "},
     Phrase{"the folder may not be written: ", "不能写入文件夹 "},
     Phrase{": its last changes lie in a file -wal beside it, and the folder may not be written",

@@ -192,7 +192,7 @@ TEST_P(ForeignColumnsOnAServer, ATypeThatIsNotReadIsNamed) {
     ADD_FAILURE() << "opened";
   } catch (const DbError& error) {
     EXPECT_EQ(error.kind(), DbError::Kind::otherType);
-    EXPECT_STREQ(error.what(), "regsub.sdigest is of the type bytea");
+    EXPECT_STREQ(error.what(), "regsub.sdigest 的类型不能读：bytea");
   }
 }
 
