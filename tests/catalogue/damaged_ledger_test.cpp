@@ -77,12 +77,12 @@ class DamagedLedgers : public ::testing::Test {
       for (const char* statement : {"PRAGMA journal_mode = DELETE", "PRAGMA page_size = 1024", "VACUUM"}) {
         keeper->execute(Sql(statement));
       }
+      columns_ = allColumns(*keeper);
     }
     std::ifstream file(path_, std::ios::binary);
     bytes_ = {std::istreambuf_iterator<char>(file), {}};
     Reader reader(path_);
     questions_ = everyReport(reader);
-    columns_ = allColumns(reader.db().Current());
     whole_ = see();
   }
 

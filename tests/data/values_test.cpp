@@ -28,7 +28,7 @@ template <class Record>
 Record sampleRecord(std::size_t number) {
   Record record;
   std::size_t place = number;
-  Record::columns(record, [&](const char*, auto& field) {
+  Record::columns(record, [&](const char* name, auto& field) {
     using Field = std::remove_cvref_t<decltype(field)>;
     ++place;
     if constexpr (std::same_as<Field, std::string>) {
@@ -40,7 +40,8 @@ Record sampleRecord(std::size_t number) {
     } else if constexpr (std::same_as<Field, Id>) {
       field = static_cast<Id>(5'000'000'000 + place);
     } else {
-      field = static_cast<int>(place);
+      const bool mark = std::string_view(name) == "byFlag";
+      field = static_cast<int>(mark ? place % 3 : place);
     }
   });
   return record;
