@@ -55,7 +55,7 @@ std::string text(Connection& connection, const Sql& sql) {
 void attempt(Connection& connection, const std::string& statements) {
   connection.execute(Sql("DO $tz$ BEGIN " + statements +
                          " EXCEPTION WHEN insufficient_privilege OR duplicate_object OR unique_violation OR "
-                         "wrong_object_type OR lock_not_available THEN NULL; END $tz$"));
+                         "wrong_object_type OR lock_not_available OR undefined_function THEN NULL; END $tz$"));
 }
 
 // A mark takes its three values. Lines that hold another stay; whoever does not own the table works without.
