@@ -51,6 +51,8 @@ class Dialect {
   [[nodiscard]] virtual std::string viewInFront(const std::string& table, const std::string& columns) const = 0;
   // The statement that lets the connection write, or keeps it from writing.
   [[nodiscard]] virtual std::string_view writing(bool allowed) const = 0;
+  // What a connection needs that reads through views, which no index serves; empty where that is nothing.
+  [[nodiscard]] virtual std::string_view planWithoutIndexes() const = 0;
   // Queries of the names of all tables and views, and of all indexes, in lower case.
   [[nodiscard]] virtual std::string_view tableNames() const = 0;
   [[nodiscard]] virtual std::string_view indexNames() const = 0;

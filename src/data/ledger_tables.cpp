@@ -164,10 +164,14 @@ void bringIntoForm(Connection& connection, const LedgerTables& ledger, Access ac
       views.push_back(dialect.viewInFront(table, list));
     }
   }
-  if (views.empty()) return;
-  connection.execute(Sql(dialect.writing(true)));
-  for (const auto& view : views) connection.execute(Sql(view));
-  if (access == Access::read) connection.execute(Sql(dialect.writing(false)));
+  if (!views.empty()) {
+    connection.execute(Sql(dialect.writing(true)));
+    for (const auto& view : views) connection.execute(Sql(view));
+    if (access == Access::read) connection.execute(Sql(dialect.writing(false)));
+  }
+  const bool indexed = views.empty() && ledger.indexable;
+  if (const auto plan = dialect.planWithoutIndexes(); !indexed && !plan.empty())
+    (void)connection.query(Sql(plan))->next();
 }
 
 }  // namespace tz

@@ -18,6 +18,9 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view writing(bool allowed) const override {
     return allowed ? "SET default_transaction_read_only = off" : "SET default_transaction_read_only = on";
   }
+  [[nodiscard]] std::string_view planWithoutIndexes() const override {
+    return "SELECT set_config('enable_sort', 'on', false), set_config('enable_nestloop', 'off', false)";
+  }
   [[nodiscard]] std::string_view tableNames() const override {
     return "SELECT CAST(relname AS text) FROM pg_catalog.pg_class WHERE relkind IN ('r', 'p', 'f', 'v', 'm') "
            "AND pg_catalog.pg_table_is_visible(oid)";

@@ -18,6 +18,7 @@ class SqliteDialect final : public Dialect {
   [[nodiscard]] std::string_view writing(bool allowed) const override {
     return allowed ? "PRAGMA query_only = OFF" : "PRAGMA query_only = ON";
   }
+  [[nodiscard]] std::string_view planWithoutIndexes() const override { return ""; }
   [[nodiscard]] std::string_view tableNames() const override {
     return "SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'view')";
   }
