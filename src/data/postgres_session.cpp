@@ -136,8 +136,9 @@ PostgresResult PostgresSession::collect(int sent, Stop stop) {
   flush(stop);
   PostgresResult kept;
   bool failed = false;
+  Wait wait;  // one for all results: the server is asked to stop once, or the next statement would be stopped too
   for (;;) {
-    await(stop);
+    await(stop, wait);
     PostgresResult result(client_.PQgetResult(handle_));
     if (result == nullptr) break;
     if (failed) continue;
@@ -158,8 +159,7 @@ void PostgresSession::flush(Stop stop) {
   }
 }
 
-void PostgresSession::await(Stop stop) {
-  Wait wait;
+void PostgresSession::await(Stop stop, Wait& wait) {
   while (client_.PQisBusy(handle_) != 0) {
     waitABit(SocketUse::reading, stop, wait);
     if (client_.PQconsumeInput(handle_) == 0) return;

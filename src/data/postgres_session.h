@@ -55,7 +55,7 @@ class PostgresSession {
   [[nodiscard]] std::chrono::seconds connectTime() const;
   PostgresResult collect(int sent, Stop stop);
   void flush(Stop stop);
-  void await(Stop stop);
+  void await(Stop stop, Wait& wait);
   void waitABit(SocketUse use, Stop stop, Wait& wait);
   [[nodiscard]] bool cancelWanted();
   [[nodiscard]] bool stopWanted(const Wait& wait);
