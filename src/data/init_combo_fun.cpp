@@ -30,7 +30,11 @@ ComboList toldApart(const std::vector<NamedMember>& members) {
   for (const auto& member : members) ++bearers[member.name];
   ComboList list;
   list.reserve(members.size());
-  for (const auto& [code, name, id] : members) list.push_back({bearers[name] > 1 ? code + " " + name : name, id});
+  for (const auto& [code, name, id] : members) {
+    std::string text = bearers[name] > 1 ? code + " " : std::string();
+    text += name;
+    list.push_back({std::move(text), id});
+  }
   return list;
 }
 

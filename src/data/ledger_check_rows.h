@@ -107,8 +107,9 @@ std::string wrongKind(CellKind kind, const ReadColumn& column);
 // each(record) for every row, its cells checked before.
 template <class Record, class Each>
 void readTable(Connection& connection, Report& report, Each&& each) {
-  const auto [columns, complete] = readColumns(connection, report, tableOf(Record::table));
-  if (!complete) return;
+  const ReadColumns read = readColumns(connection, report, tableOf(Record::table));
+  if (!read.complete) return;
+  const auto& columns = read.there;
   const auto cursor = connection.query(selectOf(Record::table, columns));
   Record record;
   while (cursor->next()) {
