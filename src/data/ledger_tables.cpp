@@ -1,6 +1,7 @@
 #include "data/ledger_tables.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 #include "data/schema.h"
 
@@ -111,9 +112,9 @@ std::string columnsInForm(Connection& connection, const std::string& table, cons
   std::string list;
   bool differs = false;
   for (auto& [name, form, ifNull] : formed) {
-    if (nulls && !ifNull.empty()) form = "coalesce(" + name + ", " + ifNull + ")";
+    if (nulls && !ifNull.empty()) form = fmt::format("coalesce({}, {})", name, ifNull);
     differs = differs || form != name;
-    list += (list.empty() ? "" : ", ") + form + " AS " + name;
+    list += fmt::format("{}{} AS {}", list.empty() ? "" : ", ", form, name);
   }
   return differs ? list : "";
 }

@@ -95,13 +95,14 @@ Dialect::Fit PostgresDialect::fit(Type wanted, const StoredColumn& column) const
 }
 
 std::string PostgresDialect::inForm(Type wanted, const StoredColumn& column) const {
-  const auto& [name, type, byteOrder, nullable] = column;
+  const auto& name = column.name;
+  const auto& type = column.type;
   const auto numberIn = [&](std::string_view target) {
     return "coalesce(CAST(nullif(btrim(" + name + "), '') AS " + std::string(target) + "), 0)";
   };
   switch (wanted) {
     case Type::text:
-      if (isTextType(type) && type != "bpchar" && byteOrder) return name;
+      if (isTextType(type) && type != "bpchar" && column.byteOrder) return name;
       return "CAST(" + name + " AS text) COLLATE \"C\"";
     case Type::date:
       return type == "timestamp" || type == "timestamptz" ? "CAST(" + name + " AS date)" : name;

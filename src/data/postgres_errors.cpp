@@ -63,7 +63,7 @@ std::string readableAddress(const std::string& address) {
   };
   const auto scheme = address.find(':');
   if (address.compare(scheme, 3, "://") != 0) refuse();
-  const auto readable = "postgresql" + address.substr(scheme);
+  auto readable = "postgresql" + address.substr(scheme);
   std::string_view rest(readable);
   rest.remove_prefix(rest.find("://") + 3);
   const auto sign = rest.find_first_of("@/");
