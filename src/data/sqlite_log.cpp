@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fmt/format.h>
 #include <optional>
 #include <thread>
 
@@ -251,7 +252,7 @@ void requireOwnLog(const LedgerFile& ledger) {
       if (found.empty()) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(25));
       if (states != std::pair(stateOf(ledger.path()), stateOf(path))) continue;
-      throw DbError(DbError::Kind::foreignLog, path + ": " + found);
+      throw DbError(DbError::Kind::foreignLog, fmt::format("{}: {}", path, found));
     }
   }
 }

@@ -59,7 +59,7 @@ std::unique_ptr<SqliteConnection> openWithoutTrace(const std::string& name) {
   const auto holding = openSqliteFile(name, "", SQLITE_OPEN_READONLY);
   const LedgerFile holder(holding->handle());
   holder.holdShared();
-  const auto path = holder.path();
+  const auto& path = holder.path();
   requireOwnLog(holder);
   const auto standing = std::make_shared<const StandingLedger>(path);
   if (hasLog(path)) return openBesideOthers(path);
