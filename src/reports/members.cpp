@@ -37,7 +37,7 @@ std::vector<Record> find(const CQnCwDB& db, const Archive<Record>& archive, cons
     all = named(parts.name);
     std::erase_if(all, [&](const Record& record) { return record.*archive.code != parts.code; });
   }
-  std::ranges::stable_partition(all, [&](const Record& record) { return record.*archive.id == wanted.id; });
+  std::stable_partition(all.begin(), all.end(), [&](const Record& record) { return record.*archive.id == wanted.id; });
   return all;
 }
 
