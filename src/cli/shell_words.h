@@ -16,7 +16,7 @@ struct TypedShellLine {
   Quoting quoting = Quoting::none;  // inside which the line ends
 };
 
-[[nodiscard]] TypedShellLine readShellLine(std::string_view line);
+[[nodiscard]] TypedShellLine readShellLine(std::string_view text);
 // The text that completes a word to `name`, in the place of `replaced`: the end of the word typed, as bash parts it.
 // Empty when what stands before it is no beginning of the name.
 [[nodiscard]] std::string shellCompletion(const TypedShellLine& line, std::string_view replaced, std::string_view name);
