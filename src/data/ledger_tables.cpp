@@ -58,16 +58,31 @@ std::string ledgerSchema(const std::multimap<std::string, Found>& tables, std::m
   return most == counts.end() ? "" : most->first;
 }
 
+using Types = std::map<std::string, Dialect::Type>;
+
+// Of the columns of each table, all by their names in lower case.
+const std::map<std::string, Types>& typesOfTables() {
+  static const auto all = [] {
+    std::map<std::string, Types> tables;
+    for (const auto& table : ledgerTables()) {
+      auto& types = tables[lowerCase(table.name)];
+      for (const auto& column : table.columns) types.emplace(lowerCase(column.name), column.type);
+    }
+    return tables;
+  }();
+  return all;
+}
+
 // The type that the ledger asks of a column; nothing where it asks for none.
 std::optional<Dialect::Type> wantedType(const std::string& table, const std::string& column) {
-  const auto known = std::ranges::find(ledgerTables(), table, [](const auto& one) { return lowerCase(one.name); });
-  if (known == ledgerTables().end()) {
+  const auto known = typesOfTables().find(table);
+  if (known == typesOfTables().end()) {
     if (column == "lid") return Dialect::Type::id;
     const auto field = itemField(column);
     return field == 0 || field == 1 ? std::optional(Dialect::Type::text) : std::nullopt;
   }
-  const auto found = std::ranges::find(known->columns, column, [](const auto& one) { return lowerCase(one.name); });
-  return found == known->columns.end() ? std::nullopt : std::optional(found->type);
+  const auto found = known->second.find(column);
+  return found == known->second.end() ? std::nullopt : std::optional(found->second);
 }
 
 // Whether any of these columns holds NULL, which comparisons with 0 or '' miss and which databases sort differently.
