@@ -9,14 +9,14 @@
 #include <QWidget>
 
 #include "bench/scroll_work.h"
-#include "catalogue/catalogue.h"
-#include "reports/session.h"
-#include "shell/launch.h"
-#include "shell/navigator.h"
-#include "suite/fonts.h"
-#include "suite/globals.h"
-#include "suite/theme.h"
-#include "ui/report_window.h"
+#include "core/catalogue/catalogue.h"
+#include "core/reports/session.h"
+#include "desktop/frame/globals.h"
+#include "desktop/report/report_window.h"
+#include "desktop/shell/launch.h"
+#include "desktop/shell/navigator.h"
+#include "desktop/theme/fonts.h"
+#include "desktop/theme/theme.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
-#include "grid/grid_to_file.h"
-#include "ledger/amount_layout.h"
+#include "core/ledger/amount_layout.h"
+#include "core/output/grid_to_file.h"
 
 namespace tz::bench {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "grid/report_output.h"
+#include "core/output/report_output.h"
 
 namespace tz::bench {
 

@@ -13,8 +13,8 @@
 #include "bench/grid_work.h"
 #include "bench/process.h"
 #include "bench/table.h"
-#include "data/connection.h"
-#include "data/records.h"
+#include "core/data/connection.h"
+#include "core/data/records.h"
 
 namespace tz::bench {
 namespace {

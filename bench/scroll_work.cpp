@@ -6,7 +6,7 @@
 #include <QTableView>
 
 #include "bench/grid_work.h"
-#include "suite/grid_view.h"
+#include "desktop/gridview/grid_view.h"
 
 namespace tz::bench {
 namespace {

@@ -29,8 +29,8 @@ if(TZ_DESKTOP)
   set_target_properties(TzAssistant PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS tzcore TzAssistant LIBRARY DESTINATION ${TZ_LIBRARIES})
   install(TARGETS tzassistant-desktop RUNTIME)
-  install(FILES ${PROJECT_SOURCE_DIR}/src/host/tzassistant.desktop
+  install(FILES ${PROJECT_SOURCE_DIR}/src/desktop/host/tzassistant.desktop
           DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-  install(FILES ${PROJECT_SOURCE_DIR}/src/res/icons/three-column.svg RENAME tzassistant.svg
+  install(FILES ${PROJECT_SOURCE_DIR}/src/desktop/res/icons/three-column.svg RENAME tzassistant.svg
           DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()

@@ -1,19 +1,11 @@
 # desktop tests: real windows, drawn off the screen.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
-file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS
-     ${CMAKE_CURRENT_LIST_DIR}/suite/*.cpp ${CMAKE_CURRENT_LIST_DIR}/shell/*.cpp
-     ${CMAKE_CURRENT_LIST_DIR}/ui/*.cpp ${CMAKE_CURRENT_LIST_DIR}/host/*.cpp
-     ${CMAKE_CURRENT_LIST_DIR}/support/test_ledger.cpp ${CMAKE_CURRENT_LIST_DIR}/support/refusal_cases.cpp
-     ${CMAKE_CURRENT_LIST_DIR}/support/every_report.cpp)
-# The host is a program: its windows are built into the tests, its main is not.
-file(GLOB TZ_HOST_WINDOWS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/../src/host/*.cpp
-     ${CMAKE_CURRENT_LIST_DIR}/../src/host/*.h)
-list(FILTER TZ_HOST_WINDOWS EXCLUDE REGEX "host/main.cpp$")
-add_executable(desktop_tests ${TZ_DESKTOP_TESTS} ${TZ_HOST_WINDOWS})
+file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/desktop/*.cpp)
+add_executable(desktop_tests ${TZ_DESKTOP_TESTS} support/test_ledger.cpp support/refusal_cases.cpp
+                             support/every_report.cpp)
 set_target_properties(desktop_tests PROPERTIES AUTOMOC ON)
-target_link_libraries(desktop_tests PRIVATE TzAssistant tz_options Qt6::Test GTest::gtest PkgConfig::SODIUM
-                                            PkgConfig::XCB)
+target_link_libraries(desktop_tests PRIVATE tzhost tz_options Qt6::Test GTest::gtest PkgConfig::SODIUM PkgConfig::XCB)
 target_compile_definitions(desktop_tests PRIVATE TZ_DESKTOP_PROGRAM="$<TARGET_FILE:tzassistant-desktop>")
 add_dependencies(desktop_tests tzassistant-desktop)
 target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})

@@ -4,9 +4,9 @@
 #include <array>
 #include <fmt/format.h>
 
-#include "catalogue/catalogue.h"
 #include "cli/ledger_names.h"
-#include "reports/parameter.h"
+#include "core/catalogue/catalogue.h"
+#include "core/reports/parameter.h"
 
 namespace tz::cli {
 namespace {

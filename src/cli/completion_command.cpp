@@ -6,8 +6,8 @@
 #include "cli/completion_candidates.h"
 #include "cli/shell_words.h"
 #include "cli/values.h"
-#include "grid/display_text.h"
-#include "grid/platform.h"
+#include "core/output/display_text.h"
+#include "core/platform/terminal.h"
 
 namespace tz::cli {
 namespace {

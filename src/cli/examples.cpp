@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 #include <optional>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
 
 namespace tz::cli {
 namespace {

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <utility>
 
-#include "reports/parameter.h"
+#include "core/reports/parameter.h"
 
 namespace tz::cli {
 namespace {

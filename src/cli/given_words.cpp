@@ -5,9 +5,9 @@
 #include <fmt/format.h>
 #include <set>
 
-#include "catalogue/catalogue.h"
 #include "cli/shell_words.h"
-#include "reports/parameter.h"
+#include "core/catalogue/catalogue.h"
+#include "core/reports/parameter.h"
 
 namespace tz::cli {
 namespace {

@@ -4,12 +4,12 @@
 #include "cli/cli.h"
 #include "cli/logon.h"
 #include "cli/values.h"
-#include "data/create_ledger.h"
-#include "data/ledger_check.h"
-#include "data/record_io.h"
-#include "grid/display_text.h"
-#include "reports/parameter.h"
-#include "sample/sample_company.h"
+#include "core/check/ledger_check.h"
+#include "core/data/create_ledger.h"
+#include "core/data/record_io.h"
+#include "core/output/display_text.h"
+#include "core/reports/parameter.h"
+#include "core/sample/sample_company.h"
 
 namespace tz::cli {
 namespace {

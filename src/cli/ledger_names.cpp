@@ -5,9 +5,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "catalogue/catalogue.h"
-#include "data/init_combo_fun.h"
-#include "reports/operator.h"
+#include "core/catalogue/catalogue.h"
+#include "core/data/init_combo_fun.h"
+#include "core/reports/operator.h"
 
 namespace tz::cli {
 namespace {

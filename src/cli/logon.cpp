@@ -3,10 +3,10 @@
 #include <thread>
 
 #include "cli/cli.h"
-#include "cli/terminal.h"
-#include "grid/display_text.h"
-#include "reports/logon_delays.h"
-#include "system/standard_streams.h"
+#include "core/output/display_text.h"
+#include "core/platform/password_prompt.h"
+#include "core/platform/standard_streams.h"
+#include "core/reports/logon_delays.h"
 
 namespace tz::cli {
 namespace {
@@ -15,7 +15,7 @@ std::optional<std::string> givenPassword;
 
 }  // namespace
 
-void takeGivenPassword() { givenPassword = system::takeVariable("TZ_PASSWORD"); }
+void takeGivenPassword() { givenPassword = platform::takeVariable("TZ_PASSWORD"); }
 
 std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name) {
   if (!needsLogon(db)) return everybody();
@@ -23,7 +23,7 @@ std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& 
     complain("该帐套需要操作员：请加 --operator 姓名，口令用环境变量 TZ_PASSWORD 或在提示处输入");
     return std::nullopt;
   }
-  const auto password = givenPassword ? givenPassword : promptPassword(shownLine(name) + " 的口令：");
+  const auto password = givenPassword ? givenPassword : platform::promptPassword(shownLine(name) + " 的口令：");
   if (!password) {
     complain("没有口令：请设环境变量 TZ_PASSWORD，或在终端上运行");
     return std::nullopt;

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "data/qncw_db.h"
-#include "reports/operator.h"
+#include "core/data/qncw_db.h"
+#include "core/reports/operator.h"
 
 namespace tz::cli {
 

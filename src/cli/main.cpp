@@ -13,13 +13,14 @@
 #include "cli/given_words.h"
 #include "cli/logon.h"
 #include "cli/manual_page.h"
-#include "data/connection.h"
-#include "grid/display_text.h"
-#include "grid/platform.h"
-#include "reports/explain_error.h"
-#include "reports/parameter.h"
-#include "system/error_text.h"
-#include "system/standard_streams.h"
+#include "core/data/connection.h"
+#include "core/output/display_text.h"
+#include "core/platform/error_text.h"
+#include "core/platform/sink.h"
+#include "core/platform/standard_streams.h"
+#include "core/platform/terminal.h"
+#include "core/reports/explain_error.h"
+#include "core/reports/parameter.h"
 
 namespace tz::cli {
 namespace {
@@ -110,8 +111,8 @@ void complain(const std::string& message) {
 
 int main(int argc, char** argv) {
   using tz::cli::Status;
-  tz::system::openClosedStandardStreams();
-  tz::system::failOnBrokenWrites();
+  tz::platform::openClosedStandardStreams();
+  tz::platform::failOnBrokenWrites();
   tz::cli::takeGivenPassword();
   auto status = Status::failed;
   try {
@@ -124,9 +125,9 @@ int main(int argc, char** argv) {
   } catch (const tz::OutputError& error) {
     tz::cli::complain(error.what());
   } catch (const std::filesystem::filesystem_error& error) {
-    tz::cli::complain("“" + error.path1().string() + "”：" + tz::system::errorText(error.code().value()));
+    tz::cli::complain("“" + error.path1().string() + "”：" + tz::platform::errorText(error.code().value()));
   } catch (const std::system_error& error) {
-    tz::cli::complain(tz::system::errorText(error.code().value()));
+    tz::cli::complain(tz::platform::errorText(error.code().value()));
   } catch (const std::bad_alloc&) {
     tz::cli::complain("内存不足");
   } catch (const std::exception& error) {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
 
 namespace tz::cli {
 namespace {

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "cli/cli.h"
-#include "cli/terminal.h"
+#include "core/platform/programs.h"
 
 namespace tz::cli {
 namespace {
@@ -16,7 +16,7 @@ bool hasDisplay() {
 }
 
 Status startDesktop(const std::vector<std::string>& arguments) {
-  const auto program = programFolder() / "tzassistant-desktop";
+  const auto program = platform::programFolder() / "tzassistant-desktop";
   if (!std::filesystem::exists(program)) {
     complain("桌面程序 tzassistant-desktop 没有安装；命令行的用法见 tzassistant --help");
     return Status::failed;
@@ -25,7 +25,7 @@ Status startDesktop(const std::vector<std::string>& arguments) {
     complain("这里没有显示器，无法打开桌面；命令行的用法见 tzassistant --help");
     return Status::failed;
   }
-  replaceProcess(program.string(), arguments);
+  platform::replaceProcess(program.string(), arguments);
 }
 
 }  // namespace

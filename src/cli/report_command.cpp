@@ -6,14 +6,14 @@
 #include <map>
 #include <span>
 
-#include "catalogue/catalogue.h"
 #include "cli/cli.h"
 #include "cli/logon.h"
 #include "cli/report_writer.h"
 #include "cli/values.h"
-#include "grid/display_text.h"
-#include "reports/output_guard.h"
-#include "reports/report_definition.h"
+#include "core/catalogue/catalogue.h"
+#include "core/output/display_text.h"
+#include "core/reports/output_guard.h"
+#include "core/reports/report_definition.h"
 
 namespace tz::cli {
 namespace {

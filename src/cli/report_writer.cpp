@@ -2,10 +2,11 @@
 
 #include <cstdlib>
 
-#include "grid/display_text.h"
-#include "grid/grid_to_file.h"
-#include "grid/output_file.h"
-#include "reports/parameter.h"
+#include "core/output/display_text.h"
+#include "core/output/grid_to_file.h"
+#include "core/platform/output_file.h"
+#include "core/platform/terminal.h"
+#include "core/reports/parameter.h"
 
 namespace tz::cli {
 namespace {
@@ -45,7 +46,7 @@ void writeReport(const ComputedReport& report, const OutputOptions& options) {
   if (!options.file.empty()) {
     writeFile(options.file, produce);
   } else if (options.form == "text") {
-    showOutput(produce);
+    platform::showOutput(produce);
   } else {
     platform::writeToStandardOutput(platform::isTerminal() ? forTerminal(produce) : produce);
   }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "grid/report_output.h"
+#include "core/output/report_output.h"
 
 namespace tz::cli {
 

@@ -2,10 +2,10 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-#include "catalogue/catalogue.h"
 #include "cli/cli.h"
 #include "cli/values.h"
-#include "grid/report_output.h"
+#include "core/catalogue/catalogue.h"
+#include "core/output/report_output.h"
 
 namespace tz::cli {
 namespace {

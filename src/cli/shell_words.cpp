@@ -3,7 +3,7 @@
 #include <cctype>
 #include <fmt/format.h>
 
-#include "grid/display_text.h"
+#include "core/output/display_text.h"
 
 namespace tz::cli {
 namespace {

@@ -7,11 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "catalogue/catalogue.h"
 #include "cli/small_company.h"
-#include "data/backends.h"
-#include "data/create_ledger.h"
-#include "reports/explain_error.h"
+#include "core/catalogue/catalogue.h"
+#include "core/data/backends.h"
+#include "core/data/create_ledger.h"
+#include "core/reports/explain_error.h"
 #include "support/privileges.h"
 
 namespace tz::test {

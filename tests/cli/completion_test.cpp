@@ -4,21 +4,14 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "catalogue/catalogue.h"
 #include "cli/small_company.h"
 #include "cli/typed_shell.h"
+#include "core/catalogue/catalogue.h"
 
 namespace tz::test {
 namespace {
 
 using Words = std::vector<std::string>;
-
-Words linesOf(const std::string& text) {
-  Words lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
 
 // What bash puts in the place of the last word.
 Words completed(const Words& line) {

@@ -1,5 +1,5 @@
 // ledger create: a whole ledger or none, whatever happens meanwhile, and nothing of anybody else's touched.
-#include "data/create_ledger.h"
+#include "core/data/create_ledger.h"
 
 #include <algorithm>
 #include <csignal>

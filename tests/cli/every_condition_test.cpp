@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "catalogue/catalogue.h"
 #include "cli/small_company.h"
-#include "data/create_ledger.h"
-#include "sample/sample_company.h"
+#include "core/catalogue/catalogue.h"
+#include "core/data/create_ledger.h"
+#include "core/sample/sample_company.h"
 #include "support/every_report.h"
 
 namespace tz::test {

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "cli/small_company.h"
-#include "data/record_io.h"
-#include "data/schema.h"
+#include "core/data/record_io.h"
+#include "core/data/schema.h"
 
 namespace tz::test {
 namespace {

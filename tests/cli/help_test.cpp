@@ -5,20 +5,13 @@
 #include <set>
 #include <sstream>
 
-#include "catalogue/catalogue.h"
 #include "cli/small_company.h"
+#include "core/catalogue/catalogue.h"
 
 namespace tz::test {
 namespace {
 
 using Arguments = std::vector<std::string>;
-
-std::vector<std::string> linesOf(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
 
 std::string helpOf(Arguments command) {
   command.emplace_back("--help");

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/small_company.h"
-#include "data/schema.h"
+#include "core/data/schema.h"
 
 namespace tz::test {
 namespace {

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "cli/small_company.h"
-#include "reports/logon_delays.h"
-#include "reports/operator.h"
-#include "reports/password_hash.h"
+#include "core/reports/logon_delays.h"
+#include "core/reports/operator.h"
+#include "core/reports/password_hash.h"
 
 namespace tz::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <set>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
 #include "support/refusal_cases.h"
 #include "support/run_program.h"
 

@@ -9,9 +9,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "catalogue/catalogue.h"
 #include "cli/small_company.h"
-#include "data/create_ledger.h"
+#include "core/catalogue/catalogue.h"
+#include "core/data/create_ledger.h"
 #include "support/privileges.h"
 
 namespace tz::test {

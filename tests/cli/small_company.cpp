@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "data/record_io.h"
+#include "core/data/record_io.h"
 
 namespace tz::test {
 namespace {

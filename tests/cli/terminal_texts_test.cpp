@@ -4,7 +4,7 @@
 
 #include "cli/small_company.h"
 #include "cli/typed_shell.h"
-#include "grid/display_text.h"
+#include "core/output/display_text.h"
 
 namespace tz::test {
 namespace {

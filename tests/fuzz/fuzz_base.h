@@ -8,8 +8,8 @@
 #include <fstream>
 #include <string>
 
-#include "data/create_ledger.h"
-#include "sample/sample_company.h"
+#include "core/data/create_ledger.h"
+#include "core/sample/sample_company.h"
 
 namespace tz::fuzz {
 

@@ -1,7 +1,7 @@
 // Ledger files: what begins like a database is opened as it is, anything else is a list of changes to the sample
 // company's file, four bytes each (place in three, what to flip in one). Opening, the check and every report may fail
 // with an exception and do nothing worse.
-#include "data/ledger_check.h"
+#include "core/check/ledger_check.h"
 #include "fuzz/fuzz_base.h"
 #include "support/every_report.h"
 

@@ -2,8 +2,8 @@
 // report is asked with it. The outputs must be whole and the ledger must hold as many rows as before.
 #include <nlohmann/json.hpp>
 
+#include "core/output/grid_to_file.h"
 #include "fuzz/fuzz_base.h"
-#include "grid/grid_to_file.h"
 #include "support/every_report.h"
 
 namespace {

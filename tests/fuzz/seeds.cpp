@@ -2,11 +2,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "catalogue/catalogue.h"
-#include "data/create_ledger.h"
-#include "data/record_io.h"
+#include "core/catalogue/catalogue.h"
+#include "core/data/create_ledger.h"
+#include "core/data/record_io.h"
+#include "core/reports/parameter.h"
 #include "fuzz/fuzz_base.h"
-#include "reports/parameter.h"
 #include "support/every_report.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
 
 namespace tz::test {
 namespace {

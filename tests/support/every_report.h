@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "reports/report_definition.h"
+#include "core/reports/report_definition.h"
 
 namespace tz::test {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "reports/messages.h"
-#include "reports/request.h"
+#include "core/reports/messages.h"
+#include "core/reports/request.h"
 #include "support/test_ledger.h"
 
 namespace tz::test {

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <spawn.h>
+#include <sstream>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -70,6 +71,13 @@ ProgramRun runCommand(std::vector<std::string> words, const std::vector<std::str
   int status = 0;
   if (waitpid(process, &status, 0) != process) throw std::runtime_error("lost sight of " + words.front());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.text(), err.text()};
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
 }
 
 }  // namespace tz::test

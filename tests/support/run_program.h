@@ -17,4 +17,7 @@ struct ProgramRun {
 // Any other program in the same way; the first word is its name.
 [[nodiscard]] ProgramRun runCommand(std::vector<std::string> words, const std::vector<std::string>& settings = {});
 
+// What a program said, line by line.
+[[nodiscard]] std::vector<std::string> linesOf(const std::string& text);
+
 }  // namespace tz::test

@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <vector>
 
-#include "data/backends.h"
-#include "data/create_ledger.h"
-#include "data/record_io.h"
-#include "data/schema.h"
+#include "core/data/backends.h"
+#include "core/data/create_ledger.h"
+#include "core/data/record_io.h"
+#include "core/data/schema.h"
 
 namespace tz::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "data/connection.h"
+#include "core/data/connection.h"
 
 namespace tz::test {
 

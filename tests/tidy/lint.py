@@ -28,7 +28,7 @@ ADDED = ["-Wno-unknown-warning-option", "-Xclang", "-analyzer-config", "-Xclang"
 
 # The toolkit's parents own their children, which the search for leaks takes for lost.
 DESKTOP_CHECKS = ["--checks=-clang-analyzer-cplusplus.NewDeleteLeaks"]
-DESKTOP = ("src/suite/", "src/ui/", "src/shell/", "src/res/", "src/host/")
+DESKTOP = ("src/desktop/",)
 
 
 def clang_arguments(command):

@@ -16,48 +16,51 @@ class Finding(NamedTuple):
         return f"{self.path}:{self.line}: {self.what} ({self.why})"
 
 
-# What a folder of src may include besides itself.
-ACCOUNTING = {"data", "grid", "reports", "ledger"}
-BELOW_CLI = ACCOUNTING | {"system", "sample", "receivables", "plan", "projstat", "catalogue"}
+# The rooms of src, each with what it may include besides itself: rooms that stand before it.
+ACCOUNTING = ["core/platform", "core/data", "core/grid", "core/output", "core/reports"]
+FAMILIES = ["core/ledger", "core/receivables", "core/plan", "core/projstat"]
+CORE = [*ACCOUNTING, "core/sample", "core/check", "core/catalogue"]
+# The windows are one stair: each room may include every one before it.
+STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/gridview", "desktop/picking", "desktop/query",
+         "desktop/report", "desktop/shell", "desktop/host"]
 MAY_INCLUDE = {
-    "system": set(),
-    "data": {"system"},
-    "grid": {"system"},
-    "sample": {"data"},
-    "reports": {"data", "grid"},
-    "ledger": {"data", "grid", "reports"},
-    "receivables": ACCOUNTING,
-    "plan": ACCOUNTING,
-    "projstat": ACCOUNTING,
-    "catalogue": ACCOUNTING | {"receivables", "plan", "projstat"},
-    "cli": BELOW_CLI,
-    "res": set(),
-    "suite": BELOW_CLI | {"res"},
-    "ui": BELOW_CLI | {"res", "suite"},
-    "shell": BELOW_CLI | {"res", "suite", "ui"},
-    "host": BELOW_CLI | {"res", "suite", "ui", "shell"},
+    "core/platform": set(),
+    "core/data": {"core/platform"},
+    "core/grid": set(),
+    "core/output": {"core/platform", "core/grid"},
+    "core/sample": {"core/data"},
+    "core/check": {"core/data"},
+    "core/reports": set(ACCOUNTING[:-1]),
+    **{family: set(ACCOUNTING) for family in FAMILIES},
+    "core/catalogue": {*ACCOUNTING, *FAMILIES},
+    "cli": set(CORE),
+    **{room: {*CORE, *STAIR[:place]} for place, room in enumerate(STAIR)},
 }
-# "images" is a test folder: pictures of windows for the documents.
-WINDOW_FOLDERS = {"suite", "ui", "shell", "host", "res", "images"}
-# Libraries that one folder hides from the others.
+# Libraries that one room hides from the others.
 AT_HOME = {
-    re.compile(r"sqlite3|libpq|postgres|pg_"): ({"data"}, "only src/data knows which database it talks to"),
-    re.compile(r"xlsxwriter"): ({"grid"}, "every file is written from the grid"),
+    re.compile(r"sqlite3|libpq|postgres|pg_"): ({"core/data"}, "only core/data knows which database it talks to"),
+    re.compile(r"xlsxwriter"): ({"core/output"}, "every file is written from the grid"),
     re.compile(r"CLI/"): ({"cli"}, "conditions are the same for the window, so they are no matter of one parser"),
 }
 
 
+def room_of(path):
+    """"core/data" of "core/data/value.h", "cli" of "cli/cli.h"; "" for a path that names no room."""
+    parts = path.split("/")[:-1]
+    return "/".join(parts[:2]) if parts[:1] in (["core"], ["desktop"]) else "/".join(parts[:1])
+
+
 def layering(project):
-    why = "a folder knows only what lies below it, so that the computation runs without windows"
+    why = "a room knows only what stands before it, so that the computation runs without windows"
     for file in project.cpp:
         if not file.path.startswith("src/"):
             continue
-        home = file.path.split("/")[1]
+        home = room_of(file.path.removeprefix("src/"))
         if home not in MAY_INCLUDE:
-            yield Finding(file.path, 1, f"src/{home} has no place in the table of folders", why)
+            yield Finding(file.path, 1, f"src/{home} has no place in the table of rooms", why)
             continue
         for line, name, quoted in file.includes:
-            target = name.split("/")[0]
+            target = room_of(name)
             if quoted and "/" in name and target != home and target not in MAY_INCLUDE[home]:
                 yield Finding(file.path, line, f"src/{home} includes {name}", why)
             for library, (homes, reason) in AT_HOME.items():
@@ -65,10 +68,14 @@ def layering(project):
                     yield Finding(file.path, line, f"src/{home} includes {name}", reason)
 
 
+# Where the window toolkit may be used; bench and tools have sources for both.
+WINDOW_FOLDERS = ("src/desktop/", "tests/desktop/", "tools/images/", "bench/")
+
+
 def no_windows_below(project):
     why = "the core and its tests are built where no window toolkit is installed"
     for file in project.cpp:
-        if file.path.count("/") < 2 or file.path.split("/")[1] in WINDOW_FOLDERS:
+        if file.path.startswith(WINDOW_FOLDERS):
             continue
         for line, name, _ in file.includes:
             if re.match(r"Q[A-Z]|Qt[A-Z]\w*/", name):
@@ -135,12 +142,13 @@ def orphans(project):
 
 
 def built(project, parts):
-    """Sources stand in a folder that the build files above it name, in src directly in it."""
+    """Sources stand in a room that the build files name: its last folder is a word of theirs."""
     build_files = "".join(file.text for file in project.files
-                          if re.fullmatch(rf"{parts[0]}/(CMakeLists\.txt|\w+\.cmake)", file.path))
-    if parts[0] == "src" and len(parts) != 3:
+                          if re.fullmatch(rf"{parts[0]}/([\w/]*/)?(CMakeLists\.txt|\w+\.cmake)", file.path))
+    deepest = {"core": 4, "desktop": 4}.get(parts[1], 3)
+    if parts[0] == "src" and len(parts) != deepest:
         return False
-    return re.search(rf"(?<!\w){re.escape(parts[1])}(?!\w)", build_files) is not None
+    return re.search(rf"(?<!\w){re.escape(parts[-2 if parts[0] == 'src' else 1])}(?!\w)", build_files) is not None
 
 
 # The words are put together here, so that this file does not hold them.

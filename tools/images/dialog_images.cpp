@@ -5,13 +5,13 @@
 #include <array>
 #include <set>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
+#include "desktop/frame/globals.h"
+#include "desktop/frame/message_box.h"
+#include "desktop/picking/useful_combox.h"
+#include "desktop/query/condition_store.h"
+#include "desktop/query/query_dialog.h"
 #include "images/images.h"
-#include "suite/condition_store.h"
-#include "suite/globals.h"
-#include "suite/message_box.h"
-#include "suite/query_dialog.h"
-#include "suite/useful_combox.h"
 
 namespace tz::images {
 namespace {

@@ -4,10 +4,10 @@
 #include <QTextStream>
 #include <stdexcept>
 
+#include "desktop/theme/fonts.h"
+#include "desktop/theme/language.h"
+#include "desktop/theme/theme.h"
 #include "images/images.h"
-#include "suite/fonts.h"
-#include "suite/language.h"
-#include "suite/theme.h"
 
 namespace {
 

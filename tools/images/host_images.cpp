@@ -3,14 +3,14 @@
 #include <QToolButton>
 #include <tuple>
 
-#include "catalogue/catalogue.h"
-#include "host/desktop.h"
-#include "host/logon_dialog.h"
-#include "host/start_window.h"
+#include "core/catalogue/catalogue.h"
+#include "desktop/frame/globals.h"
+#include "desktop/host/desktop.h"
+#include "desktop/host/logon_dialog.h"
+#include "desktop/host/start_window.h"
+#include "desktop/report/export_file.h"
+#include "desktop/shell/navigator_help.h"
 #include "images/images.h"
-#include "shell/navigator_help.h"
-#include "suite/globals.h"
-#include "ui/export_file.h"
 
 namespace tz::images {
 namespace {

@@ -2,10 +2,10 @@
 #include <QTest>
 #include <stdexcept>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
+#include "desktop/frame/globals.h"
+#include "desktop/shell/navigator.h"
 #include "images/images.h"
-#include "shell/navigator.h"
-#include "suite/globals.h"
 
 namespace tz::images {
 namespace {

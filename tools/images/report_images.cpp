@@ -1,22 +1,22 @@
 #include <QApplication>
 #include <array>
 
-#include "catalogue/catalogue.h"
+#include "core/catalogue/catalogue.h"
+#include "desktop/frame/general_dialog.h"
+#include "desktop/frame/globals.h"
+#include "desktop/gridview/grid_view.h"
+#include "desktop/report/export_file.h"
+#include "desktop/report/help_window.h"
+#include "desktop/report/report_window.h"
+#include "desktop/shell/launch.h"
+#include "desktop/shell/launch_window_list.h"
 #include "images/images.h"
-#include "shell/launch.h"
-#include "shell/launch_window_list.h"
-#include "suite/general_dialog.h"
-#include "suite/globals.h"
-#include "suite/grid_view.h"
 #include "support/every_report.h"
-#include "ui/export_file.h"
-#include "ui/help_window.h"
-#include "ui/report_window.h"
 
 namespace tz::images {
 namespace {
 
-struct View {
+struct ReportView {
   const char* name;
   const char* account;
   const char* dept;
@@ -24,21 +24,21 @@ struct View {
   const char* format;
 };
 
-constexpr std::array views = {
-    View{"amount", "122101", "销售部", "李明", "金额式"},
-    View{"quantity", "122104", "车床车间", "张伟", "数量金额式"},
-    View{"foreign", "122103", "销售部", "刘洋", "外币金额式"},
-    View{"quantity-foreign", "122105", "销售部", "O'Brien", "数量外币式"},
-    View{"foreign-alone", "122103", "销售部", "刘洋", "外币式"},
+constexpr std::array reportViews = {
+    ReportView{"amount", "122101", "销售部", "李明", "金额式"},
+    ReportView{"quantity", "122104", "车床车间", "张伟", "数量金额式"},
+    ReportView{"foreign", "122103", "销售部", "刘洋", "外币金额式"},
+    ReportView{"quantity-foreign", "122105", "销售部", "O'Brien", "数量外币式"},
+    ReportView{"foreign-alone", "122103", "销售部", "刘洋", "外币式"},
 };
 // A ledger of all units, whose first account has little to show, and one with columns.
 constexpr int allUnits = 10203;
-constexpr std::array inManual = {allUnits, 10232};
+constexpr std::array reportsInManual = {allUnits, 10232};
 
 // Wide enough for most columns; the page of the manual shrinks it.
 constexpr QSize pictureSize(960, 600);
 
-Request requestOf(const View& view) {
+Request requestOf(const ReportView& view) {
   Request request;
   request.set(ParameterKey::account, view.account);
   request.set(ParameterKey::dept, view.dept);
@@ -70,11 +70,11 @@ void drawStates(const PictureBook& book) {
   const auto draw = [&](const char* name, Request request, const PictureBook::Step& first) {
     drawWindow(book, 10190, request, QStringLiteral("state-") + QLatin1String(name), first);
   };
-  const Request usual = requestOf(views.front());
+  const Request usual = requestOf(reportViews.front());
   draw("selected", usual, [](QWidget& window) { reportOf(window).Grid().SelectAll(); });
-  draw("smallest", requestOf(views.back()), [](QWidget& window) { window.resize(window.minimumSize()); });
+  draw("smallest", requestOf(reportViews.back()), [](QWidget& window) { window.resize(window.minimumSize()); });
   draw("wide", usual, [](QWidget& window) { window.resize(1600, 700); });
-  Request warned = requestOf(views.back());
+  Request warned = requestOf(reportViews.back());
   warned.set(ParameterKey::from, "3");
   draw("warned", warned, [](QWidget& window) { reportOf(window).Grid().SelectAll(); });
   draw("exported", usual, [](QWidget& window) {
@@ -106,10 +106,10 @@ void drawStates(const PictureBook& book) {
 }  // namespace
 
 void drawReports(const PictureBook& book, SampleLedger& ledger) {
-  for (const View& view : views) drawWindow(book, 10190, requestOf(view), QLatin1String(view.name));
+  for (const ReportView& view : reportViews) drawWindow(book, 10190, requestOf(view), QLatin1String(view.name));
   test::Reader reader(ledger.File());
   for (auto& [report, request] : test::everyReport(reader)) {
-    if (!book.All() && std::ranges::find(inManual, report->command) == inManual.end()) continue;
+    if (!book.All() && std::ranges::find(reportsInManual, report->command) == reportsInManual.end()) continue;
     if (report->command == allUnits) request.set(ParameterKey::account, "112201");
     drawWindow(book, report->command, request, QString::number(report->command));
   }

@@ -1,9 +1,9 @@
 #include "images/sample_ledger.h"
 
-#include "data/create_ledger.h"
-#include "reports/session.h"
-#include "sample/sample_company.h"
-#include "suite/globals.h"
+#include "core/data/create_ledger.h"
+#include "core/reports/session.h"
+#include "core/sample/sample_company.h"
+#include "desktop/frame/globals.h"
 
 namespace tz::images {
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-#include "data/qncw_db.h"
+#include "core/data/qncw_db.h"
 
 namespace tz::images {
 

@@ -1,0 +1,28 @@
+#include "core/catalogue/catalogue.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/ledger/definitions.h"
+
+namespace tz {
+
+std::span<const ReportDefinition* const> catalogue() {
+  static const auto reports = [] {
+    std::vector<const ReportDefinition*> all;
+    for (const auto details : {personDetails(), unitDetails(), projectDetails(), departmentDetails()}) {
+      for (const auto& detail : details) all.push_back(&detail.report);
+    }
+    std::ranges::sort(all, {}, [](const auto* report) { return report->command; });
+    return all;
+  }();
+  return reports;
+}
+
+const ReportDefinition* findReport(int command) {
+  const auto reports = catalogue();
+  const auto found = std::ranges::find(reports, command, [](const auto* report) { return report->command; });
+  return found == reports.end() ? nullptr : *found;
+}
+
+}  // namespace tz

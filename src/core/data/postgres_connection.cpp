@@ -1,0 +1,106 @@
+// The PostgreSQL backend: one database of a server holds one ledger.
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include "core/data/backends.h"
+#include "core/data/postgres_cursor.h"
+#include "core/data/postgres_dialect.h"
+#include "core/data/postgres_session.h"
+#include "core/data/postgres_writer.h"
+
+namespace tz {
+namespace {
+
+class PostgresConnection final : public Connection {
+ public:
+  explicit PostgresConnection(const std::string& address) : session_(std::make_shared<PostgresSession>(address)) {}
+
+  std::unique_ptr<Cursor> query(const Sql& sql) override {
+    requireTaken(sql);
+    return std::make_unique<PostgresCursor>(session_, sql);
+  }
+  std::int64_t execute(const Sql& sql) override {
+    requireTaken(sql);
+    const auto result = session_->run(sql.numbered(), sql.values());
+    return std::strtoll(postgresClient().PQcmdTuples(result.get()), nullptr, 10);
+  }
+  std::unique_ptr<RowWriter> insertInto(std::string_view table, std::span<const std::string> columns) override {
+    return std::make_unique<PostgresWriter>(session_, table, columns);
+  }
+  const Dialect& dialect() const override {
+    static const PostgresDialect dialect;
+    return dialect;
+  }
+  bool alive() override {
+    try {
+      session_->command("");  // answered even inside a failed transaction
+    } catch (const DbError&) {
+      return !session_->broken();
+    }
+    return true;
+  }
+  void setCancelCheck(bool (*cancelled)(void*), void* context) override {
+    session_->setCancelCheck(cancelled, context);
+  }
+  void command(const char* text) { session_->command(text); }
+  void takeDataStatementsOnly() { dataOnly_ = true; }
+
+ protected:
+  void begin(bool writing) override {
+    session_->command(writing ? "BEGIN" : "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+    session_->countTransaction();
+  }
+  void commit() override {
+    const auto result = session_->commit("COMMIT");
+    // A transaction in which a statement failed answers COMMIT by undoing everything.
+    if (std::string_view(postgresClient().PQcmdStatus(result.get())) == "ROLLBACK") {
+      throw DbError(DbError::Kind::other, "nothing was written, because a statement before had failed");
+    }
+  }
+  void rollback() noexcept override {
+    if (session_->broken() || session_->transactionStatus() == PQTRANS_IDLE) return;
+    try {
+      session_->command("ROLLBACK");
+    } catch (const DbError&) {
+      // A broken connection undoes everything at the server as well.
+    }
+  }
+
+ private:
+  // By the first word: the protocol takes one statement at a time, and values never stand in its text.
+  void requireTaken(const Sql& sql) const {
+    static constexpr std::array taken = {"SELECT", "WITH", "INSERT", "UPDATE", "DELETE", "EXPLAIN"};
+    if (!dataOnly_) return;
+    const auto text = sql.numbered();
+    const auto begins = [&](std::string_view word) {
+      return text.starts_with(word) && text.find_first_of(" \n(", word.size()) == word.size();
+    };
+    if (std::ranges::any_of(taken, begins)) return;
+    throw DbError(DbError::Kind::denied, "this connection takes statements on rows only");
+  }
+
+  std::shared_ptr<PostgresSession> session_;
+  bool dataOnly_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Connection> openPostgres(const std::string& address, Access access) {
+  auto connection = std::make_unique<PostgresConnection>(address);
+  // Every row of a cursor is read, so plans are made for the whole; who waits for a lock hears of it.
+  // Every order that a report asks for has its index; for a member of few lines the server would sort all the same.
+  // A sort that is left counts as so dear that the server would compile the plan, which takes longer than most reports.
+  connection->command(
+      "SET client_min_messages = warning; SET cursor_tuple_fraction = 1; SET enable_sort = off; SET jit = off; SET "
+      "enable_incremental_sort = off; SET lock_timeout = "
+      "'5s'");
+  if (access == Access::read) connection->command("SET default_transaction_read_only = on");
+  return connection;
+}
+
+void takeDataStatementsOnly(Connection& connection) {
+  dynamic_cast<PostgresConnection&>(connection).takeDataStatementsOnly();
+}
+
+}  // namespace tz

@@ -1,0 +1,144 @@
+#include "core/grid/tz_grid.h"
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+
+#include "core/grid/column_adder.h"
+
+namespace tz {
+namespace {
+
+constexpr std::size_t chunkBytes = std::size_t{256} * 1024;
+constexpr std::size_t recentTexts = 1024;
+
+}  // namespace
+
+void CTzGrid::Clear() { *this = CTzGrid(); }
+
+void CTzGrid::AddColumn(GridColumn column) {
+  if (!cellBlocks_.empty()) throw std::logic_error("columns are added before the first row");
+  columns_.push_back(std::move(column));
+}
+
+bool CTzGrid::SetMovement(int column, Movement movement) {
+  if (column < 0 || column >= GetCols()) return false;
+  columns_[static_cast<std::size_t>(column)].movement = movement;
+  return true;
+}
+
+void CTzGrid::SetRows(std::int64_t rows) {
+  rows = std::max<std::int64_t>(rows, 0);
+  const auto wanted = static_cast<std::size_t>(rows);
+  while (cellBlocks_.size() * rowsPerBlock < wanted) AddBlock();
+  if (rows > rowCount_) ClearRows(static_cast<std::size_t>(rowCount_), wanted);
+  rowCount_ = rows;
+  if (currentRow_ >= rows) currentRow_ = currentColumn_ = -1;
+}
+
+// A block is not touched before its rows are used, so that a small report does not pay for a full block.
+void CTzGrid::AddBlock() {
+  cellBlocks_.push_back(std::make_unique_for_overwrite<Cell[]>(rowsPerBlock * columns_.size()));  // NOLINT
+  rowBlocks_.push_back(std::make_unique_for_overwrite<Row[]>(rowsPerBlock));                      // NOLINT
+}
+
+void CTzGrid::ClearRows(std::size_t first, std::size_t end) {
+  while (first < end) {
+    const std::size_t block = first / rowsPerBlock;
+    const std::size_t from = first % rowsPerBlock;
+    const std::size_t to = std::min(rowsPerBlock, from + (end - first));
+    std::fill(&cellBlocks_[block][from * columns_.size()], &cellBlocks_[block][to * columns_.size()], Cell{});
+    std::fill(&rowBlocks_[block][from], &rowBlocks_[block][to], Row{});
+    first += to - from;
+  }
+}
+
+bool CTzGrid::SetText(std::int64_t row, int column, std::string_view text) {
+  if (!Inside(row, column) || text.size() > std::numeric_limits<std::uint32_t>::max()) return false;
+  char* bytes = At(row, column).bytes.data();
+  if (text.size() <= longestShort) {
+    bytes[0] = static_cast<char>(shortTag + static_cast<char>(text.size()));
+    std::copy(text.begin(), text.end(), bytes + 1);
+    return true;
+  }
+  const auto length = static_cast<std::uint32_t>(text.size());
+  const char* place = Store(text);
+  bytes[0] = longTag;
+  std::memcpy(bytes + 4, &length, sizeof length);
+  std::memcpy(bytes + 8, &place, sizeof place);
+  return true;
+}
+
+bool CTzGrid::SetNumber(std::int64_t row, int column, double number) {
+  if (!Inside(row, column)) return false;
+  char* bytes = At(row, column).bytes.data();
+  bytes[0] = numberTag;
+  std::memcpy(bytes + 8, &number, sizeof number);
+  return true;
+}
+
+const char* CTzGrid::Store(std::string_view text) {
+  if (recent_.empty()) recent_.resize(recentTexts);
+  std::string_view& known = recent_[std::hash<std::string_view>{}(text) % recentTexts];
+  if (known != text) {
+    char* place = Reserve(text.size());
+    std::copy(text.begin(), text.end(), place);
+    known = {place, text.size()};
+  }
+  return known.data();
+}
+
+char* CTzGrid::Reserve(std::size_t size) {
+  if (chunks_.empty() || size > chunkSize_ - chunkUsed_) {
+    chunkSize_ = std::max(size, chunkBytes);
+    chunks_.push_back(std::make_unique_for_overwrite<char[]>(chunkSize_));  // NOLINT
+    chunkTotal_ += chunkSize_;
+    chunkUsed_ = 0;
+  }
+  char* place = chunks_.back().get() + chunkUsed_;
+  chunkUsed_ += size;
+  return place;
+}
+
+bool CTzGrid::SetBackground(std::int64_t row, Rgb colour) {
+  if (!HasRow(row)) return false;
+  RowAt(row).colour = colour;
+  return true;
+}
+
+bool CTzGrid::SetRowData(std::int64_t row, std::int32_t data) {
+  if (!HasRow(row)) return false;
+  RowAt(row).data = data;
+  return true;
+}
+
+bool CTzGrid::SetRowKind(std::int64_t row, RowKind kind) {
+  if (!HasRow(row)) return false;
+  RowAt(row).kind = kind;
+  return true;
+}
+
+std::string CTzGrid::ShownAt(std::int64_t row, int column) const {
+  if (TypeAt(row, column) != CellType::number) return std::string(TextAt(row, column));
+  return figureText(NumberAt(row, column), columns_[static_cast<std::size_t>(column)].figure);
+}
+
+Rgb CTzGrid::BackgroundAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).colour : noColour; }
+
+std::int32_t CTzGrid::RowDataAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).data : 0; }
+
+RowKind CTzGrid::RowKindAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).kind : RowKind::line; }
+
+bool CTzGrid::ActivateCell(std::int64_t row, int column) {
+  if (!Inside(row, column)) return false;
+  currentRow_ = row;
+  currentColumn_ = column;
+  return true;
+}
+
+std::size_t CTzGrid::MemoryUsed() const {
+  const std::size_t perBlock = rowsPerBlock * (columns_.size() * sizeof(Cell) + sizeof(Row));
+  return cellBlocks_.size() * perBlock + chunkTotal_ + recent_.capacity() * sizeof(std::string_view);
+}
+
+}  // namespace tz

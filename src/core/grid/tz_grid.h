@@ -1,0 +1,184 @@
+// The table that every report writes into and that window, page, file and terminal read. Cells are typed: empty, text
+// or number, 16 bytes each; a number keeps its full value, how it is shown is its column's matter. Rows carry a kind,
+// a background colour and a data value. Columns have captions on two levels.
+//
+// A write outside the grid is refused (false) and changes nothing.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/grid/notice.h"
+
+namespace tz {
+
+// How the numbers of a column are shown: amounts with two decimals, quantities and prices with up to four, rates with
+// up to six, counts with none.
+enum class Figure : std::uint8_t { none, amount, quantity, price, rate, count };
+
+// What the figures of voucher lines in a column are, so that sums keep the two sides and each unit apart. Balances,
+// prices and rates do not add up: they are none.
+enum class Movement : std::uint8_t {
+  none,
+  debitAmount,
+  creditAmount,
+  debitQuantity,
+  creditQuantity,
+  debitForeign,
+  creditForeign,
+  repeated,  // the line's amount once more, in the column of its sub-account
+};
+
+struct GridColumn {
+  std::string caption;
+  std::string group;             // caption above it, shared by neighbours; empty = one level
+  int width = 0;                 // pixels at 100 %
+  Figure figure = Figure::none;  // none: a text column
+  Movement movement = Movement::none;
+};
+
+// What a row is, so that every output can set totals apart.
+enum class RowKind : std::uint8_t { line, opening, heading, subtotal, total };
+
+using Rgb = std::uint32_t;
+inline constexpr Rgb noColour = 0xFFFFFFFF;
+// Rows of unposted vouchers, and other rows that are to stand out.
+inline constexpr Rgb lightGreen = 0xE0FFE0;
+
+class CTzGrid {
+ public:
+  enum class CellType : std::uint8_t { empty, text, number };
+
+  CTzGrid() = default;
+  CTzGrid(CTzGrid&&) noexcept = default;
+  CTzGrid& operator=(CTzGrid&&) noexcept = default;
+  CTzGrid(const CTzGrid&) = delete;
+  CTzGrid& operator=(const CTzGrid&) = delete;
+  ~CTzGrid() = default;
+
+  // Removes rows, columns and notices: the grid is as new.
+  void Clear();
+  // Columns are added before the first row; later ones throw std::logic_error.
+  void AddColumn(GridColumn column);
+  // Refused for a column that is not there.
+  bool SetMovement(int column, Movement movement);
+  [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
+  [[nodiscard]] int GetCols() const { return static_cast<int>(columns_.size()); }
+
+  // New rows are empty lines without colour, their data 0.
+  void SetRows(std::int64_t rows);
+  [[nodiscard]] std::int64_t GetRows() const { return rowCount_; }
+
+  bool SetText(std::int64_t row, int column, std::string_view text);
+  bool SetNumber(std::int64_t row, int column, double number);
+  bool SetBackground(std::int64_t row, Rgb colour);
+  bool SetRowData(std::int64_t row, std::int32_t data);
+  bool SetRowKind(std::int64_t row, RowKind kind);
+
+  // Outside the grid a cell reads as empty, a row as a plain line.
+  [[nodiscard]] CellType TypeAt(std::int64_t row, int column) const;
+  // The text of a text cell; empty for the others. Valid until the grid changes.
+  [[nodiscard]] std::string_view TextAt(std::int64_t row, int column) const;
+  // The number of a number cell; 0 for the others.
+  [[nodiscard]] double NumberAt(std::int64_t row, int column) const;
+  // The cell as it is shown: a text, or the number in its column's form.
+  [[nodiscard]] std::string ShownAt(std::int64_t row, int column) const;
+  [[nodiscard]] Rgb BackgroundAt(std::int64_t row) const;
+  [[nodiscard]] std::int32_t RowDataAt(std::int64_t row) const;
+  [[nodiscard]] RowKind RowKindAt(std::int64_t row) const;
+
+  [[nodiscard]] std::int64_t GetCurrentRow() const { return currentRow_; }
+  [[nodiscard]] int GetCurrentCol() const { return currentColumn_; }
+  // Makes a cell current; refused outside the grid.
+  bool ActivateCell(std::int64_t row, int column);
+
+  std::vector<Notice> notices;
+
+  // Bytes held for rows and cells.
+  [[nodiscard]] std::size_t MemoryUsed() const;
+
+ private:
+  // A cell of 16 bytes. tag 0: empty; 1: number in the last eight bytes; 2: long text, its length in bytes 4 to 7 and
+  // its address in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after the tag.
+  struct Cell {
+    alignas(8) std::array<char, 16> bytes;
+  };
+  static constexpr char emptyTag = 0;
+  static constexpr char numberTag = 1;
+  static constexpr char longTag = 2;
+  static constexpr char shortTag = 16;
+  static constexpr std::size_t longestShort = 15;
+
+  struct Row {
+    Rgb colour = noColour;
+    std::int32_t data = 0;
+    RowKind kind = RowKind::line;
+  };
+  static constexpr std::size_t rowsPerBlock = 4096;
+
+  [[nodiscard]] bool HasRow(std::int64_t row) const { return row >= 0 && row < rowCount_; }
+  [[nodiscard]] bool Inside(std::int64_t row, int column) const {
+    return HasRow(row) && column >= 0 && static_cast<std::size_t>(column) < columns_.size();
+  }
+  [[nodiscard]] Cell& At(std::int64_t row, int column) const {
+    const auto place = static_cast<std::size_t>(row);
+    return cellBlocks_[place / rowsPerBlock]
+                      [(place % rowsPerBlock) * columns_.size() + static_cast<std::size_t>(column)];
+  }
+  [[nodiscard]] Row& RowAt(std::int64_t row) const {
+    const auto place = static_cast<std::size_t>(row);
+    return rowBlocks_[place / rowsPerBlock][place % rowsPerBlock];
+  }
+  void AddBlock();
+  void ClearRows(std::size_t first, std::size_t end);
+  [[nodiscard]] const char* Store(std::string_view text);
+  [[nodiscard]] char* Reserve(std::size_t size);
+
+  std::vector<GridColumn> columns_;
+  std::int64_t rowCount_ = 0;
+  std::vector<std::unique_ptr<Cell[]>> cellBlocks_;  // NOLINT: arrays of one block's size, never resized
+  std::vector<std::unique_ptr<Row[]>> rowBlocks_;    // NOLINT
+  // Long texts live in chunks until Clear. Summaries repeat a lot: the last text of each hash is taken again.
+  std::vector<std::unique_ptr<char[]>> chunks_;  // NOLINT
+  std::size_t chunkUsed_ = 0;
+  std::size_t chunkSize_ = 0;
+  std::size_t chunkTotal_ = 0;
+  std::vector<std::string_view> recent_;
+  std::int64_t currentRow_ = -1;
+  int currentColumn_ = -1;
+};
+
+inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return CellType::empty;
+  const char tag = At(row, column).bytes[0];
+  if (tag == emptyTag) return CellType::empty;
+  return tag == numberTag ? CellType::number : CellType::text;
+}
+
+inline std::string_view CTzGrid::TextAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return {};
+  const char* bytes = At(row, column).bytes.data();
+  if (bytes[0] >= shortTag) return {bytes + 1, static_cast<std::size_t>(bytes[0] - shortTag)};
+  if (bytes[0] != longTag) return {};
+  std::uint32_t length = 0;
+  const char* text = nullptr;
+  std::memcpy(&length, bytes + 4, sizeof length);
+  std::memcpy(&text, bytes + 8, sizeof text);
+  return {text, length};
+}
+
+inline double CTzGrid::NumberAt(std::int64_t row, int column) const {
+  if (!Inside(row, column)) return 0;
+  const char* bytes = At(row, column).bytes.data();
+  if (bytes[0] != numberTag) return 0;
+  double number = 0;
+  std::memcpy(&number, bytes + 8, sizeof number);
+  return number;
+}
+
+}  // namespace tz

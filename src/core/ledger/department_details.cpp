@@ -1,0 +1,210 @@
+// The detail ledgers of the department area and their condition dialogs.
+#include <array>
+#include <fmt/format.h>
+
+#include "core/ledger/amount_layout.h"
+#include "core/ledger/definitions.h"
+#include "core/ledger/detail_controls.h"
+#include "core/ledger/detail_manual.h"
+#include "core/ledger/detail_toolbar.h"
+
+namespace tz {
+namespace department_details {
+namespace {
+
+constexpr std::array ofAccount = {controls::account, controls::months, controls::unposted};
+constexpr std::array ofDept = {controls::dept, controls::months, controls::unposted};
+constexpr std::array ofAccountAndDept = {controls::account, controls::dept, controls::months, controls::unposted};
+constexpr std::array ofParentAndDept = {controls::account, controls::dept, controls::months, controls::analysis,
+                                        controls::unposted};
+
+constexpr std::array plainChecks = {
+    Check{checks::deptGiven, MessageId::deptEmptyPlain, ParameterKey::dept},
+    Check{checks::deptKnown, MessageId::deptUnknownPlain, ParameterKey::dept},
+};
+constexpr std::array spacedChecks = {
+    Check{checks::deptGiven, MessageId::deptEmptySpaced, ParameterKey::dept},
+    Check{checks::deptKnown, MessageId::deptUnknownSpaced, ParameterKey::dept},
+};
+
+constexpr DialogSpec accountDialog = {
+    .id = 538,
+    .title = "部门管理_科目明细帐",
+    .accountWhere = "sAssBook LIKE '%C%' ORDER BY sCode",
+    .noAccount = MessageId::noDeptAccount,
+    .controls = ofAccount,
+    .checks = {},
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+};
+constexpr DialogSpec deptDialog = {
+    .id = 539,
+    .title = "部门管理_部门明细帐",
+    .accountWhere = "",
+    .noAccount = MessageId::noDeptAccount,
+    .controls = ofDept,
+    .checks = spacedChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+};
+constexpr DialogSpec threeColumnDialog = {
+    .id = 540,
+    .title = "部门管理_三栏式明细帐",
+    .accountWhere = "sAssBook LIKE '%C%' AND bEnd != 0 ORDER BY sCode",
+    .noAccount = MessageId::noDeptAccount,
+    .controls = ofAccountAndDept,
+    .checks = plainChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+};
+constexpr DialogSpec multiColumnDialog = {
+    .id = 541,
+    .title = "部门管理_多栏式明细帐",
+    .accountWhere = "sAssBook LIKE '%C%' AND bEnd = 0 ORDER BY sCode",
+    .noAccount = MessageId::noDeptParentAccount,
+    .controls = ofParentAndDept,
+    .checks = spacedChecks,
+    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+};
+
+Sql oneDept(const Conditions& c) { return Sql("lDeptId = ? AND lDeptId <> 0", c.dept.lDeptId); }
+
+// Lines of person accounts carry a department too: they are no department accounting.
+Sql deptAccounts(const Conditions& /*conditions*/) {
+  return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
+}
+
+// Opening "%s AND lDeptId <> 0 AND byPeroid = %d ORDER BY lDeptId"; posted lines "%s AND lDeptId <> 0 AND lTieId IN ( …
+// ) ORDER BY lDeptId, lTieId", unposted lines "ORDER BY lDeptId, dtDate, lTieId".
+constexpr DetailMember accountMember = {
+    .accounts = chosenAccount,
+    .dimension = [](const Conditions&) { return Sql("lDeptId <> 0"); },
+    .openingCaption = "部门期初",
+    .groups = {GroupLevel{Entity::dept, "小计"}},
+    .postedOrder = "s.lDeptId, s.lTieId",
+    .unpostedOrder = "s.lDeptId, s.dtDate, s.lTieId",
+};
+
+// Opening ") AND lDeptId = %d AND mBegin IS NOT NULL AND byPeroid = %d ORDER BY lCodeId"; posted lines ") AND lDeptId =
+// %d AND lTieId IN ( … ) ORDER BY lCodeId, lTieId", unposted lines "ORDER BY lCodeId, dtDate, lTieId".
+constexpr DetailMember deptMember = {
+    .accounts = deptAccounts,
+    .dimension = oneDept,
+    .openingFilter = "mBegin IS NOT NULL",
+    .openingCaption = "科目期初",
+    .groups = {GroupLevel{Entity::account, "小计"}},
+    .postedOrder = "s.lCodeId, s.lTieId",
+    .unpostedOrder = "s.lCodeId, s.dtDate, s.lTieId",
+};
+
+// Opening "%s AND lDeptId = %ld AND byPeroid = %d and mBegin <> 0 "; posted lines "%s AND lDeptId = %ld AND lTieId IN
+// ( … ) ORDER BY lTieId", unposted lines "ORDER BY dtDate".
+constexpr DetailMember threeColumnMember = {
+    .accounts = chosenAccount,
+    .dimension = oneDept,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "部门期初",
+    .postedOrder = "s.lTieId",
+    .unpostedOrder = "s.dtDate",
+};
+
+// The opening of period 1 and the posted lines "%s AND lDeptId = %ld AND lTieId IN ( … byPeroid < %d AND byPeroid <> 0
+// )"; posted lines "… ORDER BY dtDate, lTieId", unposted lines "ORDER BY dtDate".
+constexpr DetailMember multiColumnMember = {
+    .accounts = chosenAccount,
+    .dimension = oneDept,
+    .openingSource = OpeningSource::yearStart,
+    .openingCaption = "部门期初",
+    .postedOrder = "s.dtDate, s.lTieId",
+    .unpostedOrder = "s.dtDate",
+    .columnFlag = 'C',
+};
+
+constexpr ReportDefinition accountLedger = {
+    .command = 10229,
+    .area = Area::department,
+    .right = 11,
+    .rightName = "科目明细帐",
+    .window = 542,
+    .windowTitle = "部门管理_科目明细帐",
+    .paintedTitle = "科 目 明 细 帐",
+    .printTitle = "科目明细帐",
+    .about =
+        "一个科目（含下级科目）的部门逐笔明细，按部门分段，已记帐分录按凭证排列，未记帐分录按分录日期"
+        "排列。每个部门一段，有部门期初和小计，最后是合计。",
+    .rules = detailRules,
+    .dialog = &accountDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
+    .formats = detailFormats,
+    .compute = computeDetail<accountMember>,
+};
+constexpr ReportDefinition deptLedger = {
+    .command = 10230,
+    .area = Area::department,
+    .right = 11,
+    .rightName = "部门明细帐",
+    .window = 543,
+    .windowTitle = "部门管理_部门明细帐",
+    .paintedTitle = "部 门 明 细 帐",
+    .printTitle = "部门明细帐",
+    .about =
+        "一个部门在全部部门科目上的逐笔明细，按科目分段，已记帐分录按凭证排列，未记帐分录按分录日期排"
+        "列。每个科目一段，有科目期初和小计，最后是合计。",
+    .rules = detailRules,
+    .dialog = &deptDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("\n部门：{}", c.dept.sDeptName); },
+    .formats = formatsOfManyAccounts,
+    .compute = computeDetail<deptMember>,
+};
+constexpr ReportDefinition threeColumnLedger = {
+    .command = 10231,
+    .area = Area::department,
+    .right = 11,
+    .rightName = "三栏式明细帐",
+    .window = 901,
+    .windowTitle = "部门管理_三栏明细帐",
+    .paintedTitle = "三 栏 式 明 细 帐",
+    .printTitle = "部门三栏式明细帐",
+    .about =
+        "一个部门在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
+        "，随时看到余额。",
+    .rules = detailRules,
+    .dialog = &threeColumnDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) { return fmt::format("科  目：{}\n部  门：{}", c.accountText(), c.dept.sDeptName); },
+    .formats = detailFormats,
+    .compute = computeDetail<threeColumnMember>,
+};
+constexpr ReportDefinition multiColumnLedger = {
+    .command = 10232,
+    .area = Area::department,
+    .right = 11,
+    .rightName = "多栏式明细帐",
+    .window = 545,
+    .windowTitle = "部门管理_多栏明细帐",
+    .paintedTitle = "多 栏 式 明 细 帐",
+    .printTitle = "部门三栏明细帐",
+    .about =
+        "一个部门在一个非末级科目上的逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。期初由年初"
+        "余额加上起始月份以前的已记帐分录得出。",
+    .rules = multiColumnRules,
+    .dialog = &multiColumnDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) { return fmt::format("上级科目:{}\n部门:{}", c.accountText(), c.dept.sDeptName); },
+    .formats = multiColumnFormats,
+    .compute = computeDetail<multiColumnMember>,
+};
+constexpr std::array ledgers = {
+    DetailReport{accountLedger, &accountMember},
+    DetailReport{deptLedger, &deptMember},
+    DetailReport{threeColumnLedger, &threeColumnMember},
+    DetailReport{multiColumnLedger, &multiColumnMember},
+};
+
+}  // namespace
+}  // namespace department_details
+
+std::span<const DetailReport> departmentDetails() { return department_details::ledgers; }
+
+}  // namespace tz

@@ -1,0 +1,84 @@
+#include "core/ledger/detail_rows.h"
+
+#include <cmath>
+
+namespace tz {
+namespace {
+
+constexpr int summaryColumn = 2;
+
+// Below this an opening balance counts as none and has no row.
+constexpr double openingThreshold = 0.00001;
+
+// Coarser than the opening's on purpose, and a balance of exactly the threshold reads "贷".
+std::string_view threeColumnDirection(double amount) {
+  constexpr double threshold = 0.0001;
+  if (std::abs(amount) < threshold) return "平";
+  return amount > threshold ? "借" : "贷";
+}
+
+std::string_view multiColumnDirection(double amount) {
+  constexpr double threshold = 0.00001;
+  if (std::abs(amount) < threshold) return "平";
+  return amount > 0 ? "借" : "贷";
+}
+
+}  // namespace
+
+DetailRows::DetailRows(CTzGrid& grid, const AmountLayout& layout, SubAccountColumns* columns)
+    : grid_(grid), layout_(layout), columns_(columns) {
+  if (columns_ == nullptr) {
+    addLedgerColumns(grid_, layout_, threeColumnCaptions);
+  } else {
+    addLedgerColumns(grid_, layout_, multiColumnCaptions);
+    columns_->addTo(grid_);
+  }
+}
+
+bool DetailRows::hasOpeningRow(const LedgerBalance& balance) { return std::abs(balance.amount) >= openingThreshold; }
+
+void DetailRows::writeOpening(std::string_view caption, const LedgerBalance& balance) {
+  if (!hasOpeningRow(balance)) return;
+  const auto row = appendRow(RowKind::opening);
+  grid_.SetText(row, summaryColumn, caption);
+  writeBalance(grid_, row, layout_.opening, balance.amount >= 0 ? "借" : "贷", balance);
+}
+
+void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, bool unposted) {
+  const auto row = writeRow(line, balance, RowKind::line);
+  if (columns_ != nullptr) columns_->writeLine(grid_, row, line);
+  if (!unposted) return;
+  grid_.SetBackground(row, lightGreen);
+  grid_.SetRowData(row, 1);
+}
+
+std::int64_t DetailRows::writeTotal(const LedgerLine& total, const LedgerBalance& balance, RowKind kind) {
+  return writeRow(total, balance, kind);
+}
+
+void DetailRows::writeHeading(std::string_view name) {
+  grid_.SetText(appendRow(RowKind::heading), summaryColumn, name);
+}
+
+std::int64_t DetailRows::writeRow(const LedgerLine& line, const LedgerBalance& balance, RowKind kind) {
+  const auto row = appendRow(kind);
+  grid_.SetText(row, 0, line.dateText);
+  grid_.SetText(row, 1, line.voucherNumber);
+  grid_.SetText(row, summaryColumn, line.summary);
+  writeMovements(grid_, row, layout_, line);
+  writeBalance(grid_, row, layout_.balance, runningDirection(balance.amount), balance);
+  return row;
+}
+
+std::string_view DetailRows::runningDirection(double amount) const {
+  return columns_ == nullptr ? threeColumnDirection(amount) : multiColumnDirection(amount);
+}
+
+std::int64_t DetailRows::appendRow(RowKind kind) {
+  const auto row = grid_.GetRows();
+  grid_.SetRows(row + 1);
+  grid_.SetRowKind(row, kind);
+  return row;
+}
+
+}  // namespace tz

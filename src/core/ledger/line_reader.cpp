@@ -1,0 +1,91 @@
+#include "core/ledger/line_reader.h"
+
+#include <charconv>
+
+namespace tz {
+namespace {
+
+constexpr const char* columns = "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney";
+enum Column { bill, word, number, digest, direct, money, furtherColumns };
+
+void putNumber(std::string& text, int value, int digits) {
+  char buffer[12];
+  const auto [end, error] = std::to_chars(std::begin(buffer), std::end(buffer), value);
+  const auto length = static_cast<int>(end - buffer);
+  if (length < digits) text.append(static_cast<std::size_t>(digits - length), '0');
+  text.append(buffer, end);
+}
+
+void putDate(std::string& text, Date date) {
+  text.clear();
+  putNumber(text, date.year, 4);
+  text += '.';
+  putNumber(text, date.month, 2);
+  text += '.';
+  putNumber(text, date.day, 2);
+}
+
+void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumber) {
+  text = voucherWord;
+  text += '-';
+  putNumber(text, voucherNumber, 4);
+}
+
+}  // namespace
+
+LineReader::LineReader(Connection& connection, const LineQuery& query, const DetailMember& member,
+                       const AmountLayout& layout) {
+  std::string wanted = columns;
+  int next = furtherColumns;
+  const auto add = [&](const char* column) {
+    wanted += column;
+    return next++;
+  };
+  if (layout.showsQuantities()) quantityColumn_ = add(", s.dAmount");
+  if (layout.showsForeign()) foreignColumn_ = add(", s.mForeign");
+  if (layout.showsForeign()) rateColumn_ = add(", s.dFrat");
+  if (member.columnFlag != 0) accountColumn_ = add(", s.lCodeId");
+  if (member.isList()) groups_.emplace(member, next);
+  if (groups_) wanted += groups_->names("s.");
+  cursor_ = connection.query(lineStatement(query, wanted));
+  advance();
+  done_ = ended();
+}
+
+void LineReader::advance() {
+  if (!cursor_->next()) {
+    done_ = true;
+    cursor_.reset();
+    return;
+  }
+  if (groups_ && groups_->read(*cursor_, key_)) done_ = true;
+  readRow();
+}
+
+void LineReader::openBlock(const GroupKey& key) { done_ = ended() || key_ != key; }
+
+void LineReader::readRow() {
+  const auto& row = *cursor_;
+  const auto billDate = row.date(bill);
+  putDate(line_.dateText, billDate);
+  putVoucher(line_.voucherNumber, row.text(word), static_cast<int>(row.integer(number)));
+  line_.summary = row.text(digest);
+  line_.month = billDate.month;
+  const auto figure = [&](int column) { return column < 0 ? 0 : row.real(column); };
+  const SideFigures figures{figure(quantityColumn_), figure(foreignColumn_), row.real(money)};
+  const bool debit = row.integer(direct) != 0;
+  line_.debit = debit ? figures : SideFigures{};
+  line_.credit = debit ? SideFigures{} : figures;
+  if (accountColumn_ >= 0) line_.account = row.integer(accountColumn_);
+  setPriceAndRate();
+}
+
+void LineReader::setPriceAndRate() {
+  if (ended()) return;
+  // A line whose amount is 0 has no price, whichever side it stands on.
+  const auto& figures = line_.debit.amount != 0 ? line_.debit : line_.credit;
+  line_.exchangeRate = rated_ && rateColumn_ >= 0 ? cursor_->real(rateColumn_) : 0;
+  line_.unitPrice = priced_ && figures.amount != 0 && figures.quantity != 0 ? figures.amount / figures.quantity : 0;
+}
+
+}  // namespace tz

@@ -1,0 +1,296 @@
+// The detail ledgers of the project area and their condition dialogs.
+#include <array>
+#include <fmt/format.h>
+
+#include "core/ledger/amount_layout.h"
+#include "core/ledger/definitions.h"
+#include "core/ledger/detail_controls.h"
+#include "core/ledger/detail_manual.h"
+#include "core/ledger/detail_toolbar.h"
+
+namespace tz {
+namespace project_details {
+namespace {
+
+constexpr std::string_view projectAccounts = "sAssBook LIKE '%D%' ORDER BY sCode";
+
+constexpr ControlSpec projectRange{
+    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "项目范围"};
+constexpr ControlSpec shownProjects{
+    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "不显示项目", "显示项目"};
+constexpr ControlSpec accountLists{
+    controls::Kind::accountLists, ParameterKey::account, 2301, 2302, "显示科目", false, "不显示科目"};
+
+constexpr std::array ofAccount = {controls::account, controls::classOfAccount, controls::months, projectRange,
+                                  controls::unposted};
+constexpr std::array ofProjectAndAccounts = {controls::project, controls::deptNameOrAll, controls::months, accountLists,
+                                             controls::unposted};
+constexpr std::array ofDept = {controls::account, controls::classOfAccount, controls::deptOrAll, controls::months,
+                               shownProjects,     controls::unposted};
+constexpr std::array ofParentAndProject = {controls::account, controls::project,  controls::deptNameOrAll,
+                                           controls::months,  controls::analysis, controls::unposted};
+constexpr std::array ofProject = {controls::account, controls::project, controls::months, controls::unposted};
+
+constexpr std::array accountChecks = {
+    Check{checks::classOfAccount, MessageId::noAccountCode, ParameterKey::projectClass},
+};
+constexpr std::array projectAndAccountsChecks = {
+    Check{checks::classesDefined, MessageId::noProjectClass, ParameterKey::projectClass, true},
+    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
+    Check{checks::classOrFirst, MessageId::projectNotInClass, ParameterKey::projectClass},
+    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
+    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
+    Check{checks::accountsPicked, MessageId::noAccountCode, ParameterKey::account},
+};
+constexpr std::array deptChecks = {
+    Check{checks::classOfAccount, MessageId::noQualifyingAccount, ParameterKey::projectClass},
+    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
+};
+constexpr std::array multiColumnChecks = {
+    Check{checks::classesDefined, MessageId::noProjectClass, ParameterKey::projectClass, true},
+    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
+    Check{checks::classOrFirst, MessageId::projectNotInClass, ParameterKey::projectClass},
+    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
+    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
+};
+constexpr std::array threeColumnChecks = {
+    Check{checks::classesDefined, MessageId::noProjectClassPlain, ParameterKey::projectClass, true},
+    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
+    Check{checks::classChosen, MessageId::classNotChosen, ParameterKey::projectClass},
+    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
+    Check{checks::accountGiven, MessageId::noProjectAccount, ParameterKey::account},
+};
+
+constexpr std::array<ListChoice, 2> classAndRange = {choices::classOfAccount, choices::projectRange};
+
+constexpr DialogSpec accountDialog = {
+    .id = 558,
+    .title = "项目管理_科目明细帐",
+    .accountWhere = projectAccounts,
+    .noAccount = MessageId::noAccountCode,
+    .controls = ofAccount,
+    .checks = accountChecks,
+    .choices = classAndRange,
+};
+constexpr DialogSpec projectDialog = {
+    .id = 559,
+    .title = "项目明细帐",
+    .accountWhere = projectAccounts,
+    .noAccount = MessageId::noAccountCode,
+    .controls = ofProjectAndAccounts,
+    .checks = projectAndAccountsChecks,
+};
+constexpr DialogSpec deptDialog = {
+    .id = 560,
+    .title = "部门项目明细帐",
+    .accountWhere = "sAssBook LIKE '%C%' AND sAssBook LIKE '%D%' ORDER BY sCode",
+    .noAccount = MessageId::noQualifyingAccount,
+    .controls = ofDept,
+    .checks = deptChecks,
+    .choices = classAndRange,
+};
+constexpr DialogSpec multiColumnDialog = {
+    .id = 561,
+    .title = "项目多栏明细帐",
+    .accountWhere = "sAssBook LIKE '%D%' AND bEnd = 0 ORDER BY sCode",
+    .noAccount = MessageId::noAccountCode,
+    .controls = ofParentAndProject,
+    .checks = multiColumnChecks,
+    .messageCaption = "岚川财务软件",
+};
+constexpr DialogSpec threeColumnDialog = {
+    .id = 562,
+    .title = "项目三栏式明细帐",
+    .accountWhere = projectAccounts,
+    .noAccount = MessageId::noQualifyingProjectAccount,
+    .controls = ofProject,
+    .checks = threeColumnChecks,
+};
+
+std::string itemName(const Conditions& c) { return c.project.fields.at(1); }
+
+Sql oneItem(const Conditions& c) {
+  return Sql("sItemId = ? AND lItemId = ? AND lItemId <> 0", c.projectClass.sItemId, c.project.lId);
+}
+
+Sql oneItemOfDept(const Conditions& c) {
+  if (c.dept.lDeptId == 0) return oneItem(c);
+  return oneItem(c) + Sql(" AND +lDeptId = ?", c.dept.lDeptId);
+}
+
+// The items asked for, of the class of the account.
+Sql itemsOfClass(const Conditions& c) {
+  auto items = Sql("sItemId = ? AND lItemId <> 0", c.projectClass.sItemId);
+  if (!c.projects.all) items += " AND " + inList("+lItemId", c.projects.classes.front().ids);
+  return items;
+}
+
+// Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d " per item; posted lines by voucher,
+// unposted lines by entry date, as in the other project ledgers.
+constexpr DetailMember accountMember = {
+    .accounts = chosenAccount,
+    .dimension = itemsOfClass,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "项目期初",
+    .groups = {GroupLevel{Entity::item, "项目小计"}},
+    .postedOrder = "s.lItemId, s.lTieId",
+    .unpostedOrder = "s.lItemId, s.dtDate",
+};
+
+// Posted lines "%s AND lItemId=%d AND sItemId='%s' AND lTieId IN ( … ) ORDER BY lTieId", unposted lines "ORDER BY
+// dtDate"; over the accounts picked, of one department or of all.
+constexpr DetailMember projectMember = {
+    .accounts = pickedAccounts,
+    .dimension = oneItemOfDept,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "项目期初",
+    .postedOrder = "s.lTieId",
+    .unpostedOrder = "s.dtDate",
+};
+
+// Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d "; lines as above.
+constexpr DetailMember threeColumnMember = {
+    .accounts = chosenAccount,
+    .dimension = oneItem,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "项目期初",
+    .postedOrder = "s.lTieId",
+    .unpostedOrder = "s.dtDate",
+};
+
+// Lines by department and project, of one department or of all.
+constexpr DetailMember deptMember = {
+    .accounts = chosenAccount,
+    .dimension =
+        [](const Conditions& c) {
+          const auto items = itemsOfClass(c);
+          return items + (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
+        },
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "期初",
+    .groups = {GroupLevel{Entity::dept, "部门小结"}, GroupLevel{Entity::item, "项目小结"}},
+    .postedOrder = "s.lDeptId, s.lItemId, s.lTieId",
+    .unpostedOrder = "s.lDeptId, s.lItemId, s.dtDate",
+};
+
+// As the three-column ledger, with " AND lDeptId=%d" where a department is chosen.
+constexpr DetailMember multiColumnMember = {
+    .accounts = chosenAccount,
+    .dimension = oneItemOfDept,
+    .openingFilter = "mBegin <> 0",
+    .openingCaption = "项目期初",
+    .postedOrder = "s.lTieId",
+    .unpostedOrder = "s.dtDate",
+    .columnFlag = 'D',
+};
+
+constexpr ReportDefinition accountLedger = {
+    .command = 10219,
+    .area = Area::project,
+    .right = 17,
+    .rightName = "科目明细帐",
+    .window = 906,
+    .windowTitle = "项目管理_科目明细帐",
+    .paintedTitle = "科 目 明 细 帐",
+    .printTitle = "项目科目明细帐",
+    .about =
+        "一个科目（含下级科目）的项目逐笔明细，按项目分段，已记帐分录按凭证排列，未记帐分录按分录日期"
+        "排列。每个项目一段，有项目期初和项目小计，最后是合计。项目范围可限定项目编码的起止，两端都包"
+        "括，空着的一端不限。",
+    .rules = detailRules,
+    .dialog = &accountDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
+    .formats = detailFormats,
+    .compute = computeDetail<accountMember>,
+};
+constexpr ReportDefinition projectLedger = {
+    .command = 10220,
+    .area = Area::project,
+    .right = 17,
+    .rightName = "项目明细帐",
+    .window = 905,
+    .windowTitle = "项目管理_项目明细帐",
+    .paintedTitle = "项 目 明 细 帐",
+    .printTitle = "项目明细帐",
+    .about =
+        "一个项目在所选科目上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列。不选科目即全"
+        "部项目科目；部门为“全部”时包括所有部门。",
+    .rules = detailRules,
+    .dialog = &projectDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) { return fmt::format("部  门：{}\n项  目：{}", c.dept.sDeptName, itemName(c)); },
+    .formats = formatsOfManyAccounts,
+    .compute = computeDetail<projectMember>,
+};
+constexpr ReportDefinition threeColumnLedger = {
+    .command = 10221,
+    .area = Area::project,
+    .right = 17,
+    .rightName = "三栏式明细帐",
+    .window = 902,
+    .windowTitle = "项目管理_三栏明细帐",
+    .paintedTitle = "三 栏 式 明 细 帐",
+    .printTitle = "项目明细帐",
+    .about =
+        "一个项目在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
+        "，随时看到余额。",
+    .rules = detailRules,
+    .dialog = &threeColumnDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
+    .formats = detailFormats,
+    .compute = computeDetail<threeColumnMember>,
+};
+constexpr ReportDefinition deptLedger = {
+    .command = 10222,
+    .area = Area::project,
+    .right = 17,
+    .rightName = "部门项目明细帐",
+    .window = 903,
+    .windowTitle = "项目管理_部门明细帐",
+    .paintedTitle = "部 门 项 目 明 细 帐",
+    .printTitle = "部门项目明细帐",
+    .about =
+        "一个科目（含下级科目）的部门项目逐笔明细，按部门、再按项目分段。每个项目有项目小结，每个部门"
+        "有部门小结，最后是合计。没有部门或没有项目的分录不列入。可限定一个部门和项目编码的起止。",
+    .rules = detailRules,
+    .dialog = &deptDialog,
+    .toolbar = detailToolbar,
+    .subtitle =
+        [](const Conditions& c) { return fmt::format("科  目：{}\n部  门：{}", c.accountText(), c.dept.sDeptName); },
+    .formats = detailFormats,
+    .compute = computeDetail<deptMember>,
+};
+constexpr ReportDefinition multiColumnLedger = {
+    .command = 10223,
+    .area = Area::project,
+    .right = 17,
+    .rightName = "多栏式明细帐",
+    .window = 904,
+    .windowTitle = "项目管理_多栏明细帐",
+    .paintedTitle = "多 栏 式 明 细 帐",
+    .printTitle = "项目明细帐",
+    .about =
+        "一个项目在一个非末级科目上的逐笔明细，每个下级科目在右边各占一栏；部门为“全部”时包括所有部门"
+        "。",
+    .rules = multiColumnRules,
+    .dialog = &multiColumnDialog,
+    .toolbar = detailToolbar,
+    .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
+    .formats = multiColumnFormats,
+    .compute = computeDetail<multiColumnMember>,
+};
+constexpr std::array ledgers = {
+    DetailReport{accountLedger, &accountMember},         DetailReport{projectLedger, &projectMember},
+    DetailReport{threeColumnLedger, &threeColumnMember}, DetailReport{deptLedger, &deptMember},
+    DetailReport{multiColumnLedger, &multiColumnMember},
+};
+
+}  // namespace
+}  // namespace project_details
+
+std::span<const DetailReport> projectDetails() { return project_details::ledgers; }
+
+}  // namespace tz

@@ -1,0 +1,73 @@
+#include "core/output/column_widths.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/grid/column_adder.h"
+#include "core/output/display_text.h"
+
+namespace tz {
+namespace {
+
+// Gathers the width of one column. Figures with a fixed number of decimals grow with their magnitude, so only the
+// outermost two are written out.
+class WidthOfColumn {
+ public:
+  explicit WidthOfColumn(Figure figure)
+      : figure_(figure), growing_(figure == Figure::amount || figure == Figure::count) {}
+
+  void AddText(std::string_view text) { width_ = std::max(width_, std::min(measureText(text).width, widestText)); }
+
+  void AddNumber(double number) {
+    if (growing_ && std::isfinite(number)) {
+      highest_ = std::max(highest_, number);
+      lowest_ = std::min(lowest_, number);
+      any_ = true;
+    } else {
+      AddWritten(number);
+    }
+  }
+
+  int Width() {
+    if (any_) {
+      AddWritten(highest_);
+      AddWritten(lowest_);
+    }
+    return width_;
+  }
+
+ private:
+  void AddWritten(double number) {
+    scratch_.clear();
+    appendFigure(scratch_, number, figure_);
+    width_ = std::max(width_, measureText(scratch_).width);
+  }
+
+  Figure figure_;
+  bool growing_;
+  bool any_ = false;
+  double highest_ = 0;
+  double lowest_ = 0;
+  int width_ = 0;
+  std::string scratch_;
+};
+
+}  // namespace
+
+std::vector<int> contentWidths(const CTzGrid& grid) {
+  std::vector<WidthOfColumn> columns;
+  for (const GridColumn& column : grid.Columns()) columns.emplace_back(column.figure);
+  for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
+    for (int column = 0; column < grid.GetCols(); ++column) {
+      const auto type = grid.TypeAt(row, column);
+      WidthOfColumn& width = columns[static_cast<std::size_t>(column)];
+      if (type == CTzGrid::CellType::number) width.AddNumber(grid.NumberAt(row, column));
+      if (type == CTzGrid::CellType::text) width.AddText(grid.TextAt(row, column));
+    }
+  }
+  std::vector<int> widths;
+  for (WidthOfColumn& column : columns) widths.push_back(column.Width());
+  return widths;
+}
+
+}  // namespace tz

@@ -1,0 +1,55 @@
+// A computed report and its outputs. Every face of a report (terminal, JSON, files, window, page) reads this.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/grid/tz_grid.h"
+#include "core/platform/sink.h"
+
+namespace tz {
+
+struct ComputedReport {
+  int report = 0;        // command id of the navigator
+  int window = 0;        // dialog id of its window
+  std::string title;     // print title
+  std::string subtitle;  // one or two lines
+  std::string period;    // "月份: 2006.01 - 2006.03"; empty for reports without months
+  std::string unit;      // quantity unit and currency, as the amount format asks
+  std::string format;    // amount format; empty for reports without one
+  // The other conditions, each with its caption: "项目范围: X1 至 X9".
+  std::vector<std::string> conditions;
+  // Proposed for its files, without an ending: title, subject, months.
+  std::string fileName;
+  CTzGrid grid;
+  // What a coloured row means, for outputs without colours; empty when no row can be coloured.
+  std::string highlightMeaning;
+};
+
+// A line above the table.
+struct HeadLine {
+  enum class Kind { title, warning, text };
+  Kind kind;
+  std::string text;
+};
+// What stands above the table in everything that leaves the program: the title, which says when lines are missing; the
+// warnings; subtitle, months, unit and conditions.
+[[nodiscard]] std::vector<HeadLine> headLines(const ComputedReport& report);
+// What stands below it.
+[[nodiscard]] std::vector<std::string> remarks(const CTzGrid& grid);
+// The caption of the column that marks coloured rows where colours are lost.
+inline constexpr std::string_view markCaption = "标记";
+
+struct TextOptions {
+  bool colour = false;  // terminal colours: red entries red, coloured rows on their ground
+};
+// Columns aligned (Chinese characters count two), totals set apart.
+bool writeText(const ComputedReport& report, const TextOptions& options, const Sink& sink);
+// The JSON of the ledger contract.
+bool writeJson(const ComputedReport& report, const Sink& sink);
+
+// Columns that a text takes on a terminal.
+[[nodiscard]] int displayWidth(std::string_view text);
+
+}  // namespace tz

@@ -1,0 +1,164 @@
+#include "core/reports/condition_texts.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+namespace tz {
+namespace {
+
+std::string pickedAccounts(const Conditions& conditions) {
+  const auto picked = conditions.request.list(ParameterKey::account);
+  if (picked.empty()) return std::string(allMembers);
+  std::vector<std::string> codes;
+  for (const auto& account : picked) codes.push_back(CGetData::GetCode_Separator(account));
+  return fmt::format("{}", fmt::join(codes, "、"));
+}
+
+std::string projectRange(const Conditions& conditions) {
+  const auto end = [&](ParameterKey key) {
+    const auto code = CGetData::GetCode_Separator(conditions.request.text(key));
+    return code.empty() ? std::string("不限") : code;
+  };
+  if (conditions.projects.all) return {};
+  return fmt::format("项目范围: {} 至 {}", end(ParameterKey::projectFrom), end(ParameterKey::projectTo));
+}
+
+std::string amountRange(const Conditions& conditions) {
+  const auto end = [&](ParameterKey key) {
+    const auto bound = conditions.request.text(key);
+    return bound.empty() ? std::string("不限") : bound;
+  };
+  const bool none =
+      conditions.request.amount(ParameterKey::minimum) == 0 && conditions.request.amount(ParameterKey::maximum) == 0;
+  return none ? "" : fmt::format("金额范围: {} 至 {}", end(ParameterKey::minimum), end(ParameterKey::maximum));
+}
+
+std::string side(const std::string& chosen) {
+  if (chosen == "debit") return "方向: 借方";
+  return chosen == "credit" ? "方向: 贷方" : "";
+}
+
+std::string project(const Conditions& conditions) {
+  return fmt::format("项目: {} {}", conditions.projectClass.sName, conditions.project.fields.at(1));
+}
+
+// The member that a control names; empty for controls that name none.
+std::string memberOf(ControlSpec::Kind kind, const Conditions& conditions) {
+  switch (kind) {
+    case ControlSpec::Kind::accountCombo:
+      return conditions.accountText();
+    case ControlSpec::Kind::deptReference:
+    case ControlSpec::Kind::deptCombo:
+      return conditions.dept.sDeptName;
+    case ControlSpec::Kind::personReference:
+      return conditions.person.sName;
+    case ControlSpec::Kind::unitReference:
+      return conditions.unit.sEnterName;
+    case ControlSpec::Kind::unitClassCombo:
+      return conditions.unitClass.sName;
+    case ControlSpec::Kind::clerkCombo:
+      return conditions.clerk.name.empty() ? std::string(otherMembers) : conditions.clerk.name;
+    case ControlSpec::Kind::classCombo:
+      return conditions.projectClass.sName;
+    default:
+      return {};
+  }
+}
+
+// Gives the member of a control another name.
+void rename(ControlSpec::Kind kind, Conditions& conditions) {
+  const std::string other = memberOf(kind, conditions) + "?";
+  switch (kind) {
+    case ControlSpec::Kind::accountCombo:
+      conditions.account.sName += "?";
+      break;
+    case ControlSpec::Kind::deptReference:
+    case ControlSpec::Kind::deptCombo:
+      conditions.dept.sDeptName = other;
+      break;
+    case ControlSpec::Kind::personReference:
+      conditions.person.sName = other;
+      break;
+    case ControlSpec::Kind::unitReference:
+      conditions.unit.sEnterName = other;
+      break;
+    case ControlSpec::Kind::unitClassCombo:
+      conditions.unitClass.sName = other;
+      break;
+    case ControlSpec::Kind::clerkCombo:
+      conditions.clerk.name = other;
+      break;
+    default:
+      break;
+  }
+}
+
+// Whether the subtitle changes with the member that the control names.
+bool inSubtitle(const ReportDefinition& report, ControlSpec::Kind kind, const Conditions& conditions) {
+  Conditions renamed = conditions;
+  rename(kind, renamed);
+  return report.subtitle(renamed) != report.subtitle(conditions);
+}
+
+}  // namespace
+
+std::string conditionText(const ControlSpec& control, const Conditions& conditions) {
+  const auto captioned = [&](const std::string& value) {
+    return value.empty() ? "" : fmt::format("{}: {}", control.caption, value);
+  };
+  switch (control.kind) {
+    case ControlSpec::Kind::months:
+      return {};
+    case ControlSpec::Kind::accountLists:
+      return "科目: " + pickedAccounts(conditions);
+    case ControlSpec::Kind::projectReference:
+      return project(conditions);
+    case ControlSpec::Kind::projectRange:
+      return projectRange(conditions);
+    case ControlSpec::Kind::amountRange:
+      return amountRange(conditions);
+    case ControlSpec::Kind::side:
+      return side(conditions.request.text(control.key));
+    case ControlSpec::Kind::date:
+      return captioned(conditions.request.text(control.key));
+    case ControlSpec::Kind::analysis:
+      return conditions.absoluteSums ? "金额分析" : "余额分析";
+    case ControlSpec::Kind::checkBox:
+      return conditions.request.flag(control.key) ? std::string(control.caption) : "";
+    default:
+      return captioned(memberOf(control.kind, conditions));
+  }
+}
+
+std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions) {
+  std::vector<std::string> texts;
+  for (const auto& control : report.dialog->controls) {
+    auto text = conditionText(control, conditions);
+    if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
+  }
+  if (report.formats != nullptr && conditions.format != "金额式") texts.push_back("金额格式: " + conditions.format);
+  return texts;
+}
+
+std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
+                                     const Session& session) {
+  std::vector<Notice> notices;
+  const auto warn = [&](MessageId id, const std::vector<std::string>& arguments = {}) {
+    notices.push_back({messageText(id, arguments), Notice::Weight::warning});
+  };
+  for (const auto& control : report.dialog->controls) {
+    const auto end = [&](ParameterKey key) { return CGetData::GetCode_Separator(conditions.request.text(key)); };
+    const auto last = end(ParameterKey::projectTo);
+    if (control.kind == ControlSpec::Kind::months && conditions.from > conditions.to) warn(MessageId::monthsReversed);
+    if (control.kind == ControlSpec::Kind::projectRange && !last.empty() && end(ParameterKey::projectFrom) > last) {
+      warn(MessageId::projectsReversed);
+    }
+  }
+  if (conditions.format == "外币式") warn(MessageId::foreignFormat);
+  if (const auto year = accountYear(session.db); year && *year != session.logon.year) {
+    warn(MessageId::logonOutsideYear, {isoText(session.logon), std::to_string(*year)});
+  }
+  return notices;
+}
+
+}  // namespace tz

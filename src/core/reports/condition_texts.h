@@ -1,0 +1,27 @@
+// The conditions of a computed report in words: beside its combos in a window, above its table in files, in the name
+// that is proposed for a file, and as notices where they make the figures mean something else than one may think.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/grid/notice.h"
+#include "core/reports/report_definition.h"
+
+namespace tz {
+
+// What one control of the dialog asks for, "项目范围: X1 至 X9"; empty when it asks for nothing. Months are not among
+// them: the period line tells them.
+[[nodiscard]] std::string conditionText(const ControlSpec& control, const Conditions& conditions);
+
+// Every condition that neither the subtitle nor the period tells, the amount format included.
+[[nodiscard]] std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions);
+
+// Reversed months and ranges, the format that does not fit its captions, a logon date outside the account year.
+[[nodiscard]] std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
+                                                   const Session& session);
+
+// "三栏式明细帐 122101 职工借款 李明 2025.01-03": a name that every file system takes, without an ending.
+[[nodiscard]] std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year);
+
+}  // namespace tz

@@ -1,0 +1,156 @@
+// A condition dialog as data: its controls and its checks in their order. validate() serves the dialog's OK button and
+// the command line alike.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <variant>
+
+#include "core/reports/conditions.h"
+#include "core/reports/messages.h"
+#include "core/reports/session.h"
+
+namespace tz {
+
+// One condition on the dialog: control 2206 for the account, an edit with a button for a name, and so on.
+struct ControlSpec {
+  enum class Kind {
+    accountCombo,
+    accountLists,  // offered and chosen accounts side by side, with move buttons
+    deptReference,
+    personReference,
+    unitReference,
+    deptCombo,         // departments, with `all` also "全部"
+    unitClassCombo,    // unit classes and "其它"
+    clerkCombo,        // clerks of the account's lines and "其它"
+    classCombo,        // project classes
+    projectReference,  // project class (combo 2211), item name and its button
+    projectRange,      // a button that unfolds two combos from and to
+    months,
+    amountRange,
+    side,
+    date,
+    analysis,
+    checkBox,
+  };
+
+  Kind kind;
+  ParameterKey key;  // of conditions with two ends or parts: the first one
+  int id;
+  int companion = 0;  // the VIEW button of a reference, the second control of two
+  std::string_view caption;
+  bool all = false;                       // "全部" is offered
+  std::string_view unfoldedCaption = {};  // of a button that shows and hides something, when that is shown
+  std::string_view foldedCaption = {};    // when it was hidden again; empty = the caption
+};
+
+// The conditions of a control: one, or the two parts of months, ranges and project references.
+[[nodiscard]] std::vector<ParameterKey> keysOf(const ControlSpec& control);
+
+// What a check works on: conditions are resolved step by step, each check behind those it needs.
+struct CheckContext {
+  Session& session;
+  const Request& request;
+  Conditions& conditions;
+};
+
+struct Check {
+  bool (*passes)(CheckContext&);
+  MessageId message;
+  ParameterKey about;      // the condition that the person should look at
+  bool atOpening = false;  // before anything is asked: the dialog does not even open
+};
+
+// What is taken from a list: without a value the first entry, where something always stands. A value that is not on the
+// list is refused.
+struct Unlisted {
+  ParameterKey about;
+  std::vector<std::string> offered;  // empty where it is too much to tell
+};
+using ListChoice = std::optional<Unlisted> (*)(CheckContext&);
+
+struct DialogSpec {
+  int id;
+  std::string_view title;
+  std::string_view accountWhere;  // which accounts the combo offers; empty = no account condition
+  MessageId noAccount;            // when there are none, or the one asked for is not among them
+  std::span<const ControlSpec> controls;
+  std::span<const Check> checks;             // behind the account's; those at opening come before it
+  std::span<const ListChoice> choices = {};  // behind the checks
+  std::string_view messageCaption = {};      // of its message boxes; empty = the program's own
+  // What the dialog, and the report that it asks for, say of a ledger that is not open.
+  MessageId databaseNotOpen = MessageId::databaseNotOpen;
+};
+
+// A read that failed on the way to an answer: the refusal is what an empty result would have been answered with.
+class UnreadAnswer : public DbError {
+ public:
+  UnreadAnswer(Refusal refusal, const DbError& error) : DbError(error), refusal_(std::move(refusal)) {
+    refusal_.failure = error;
+  }
+  [[nodiscard]] const Refusal& refusal() const { return refusal_; }
+
+ private:
+  Refusal refusal_;
+};
+
+// The accounts that the dialog offers, as "code name".
+[[nodiscard]] ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db);
+
+[[nodiscard]] bool asksForAccount(const DialogSpec& dialog);
+
+// The refusal with which the dialog closes itself before it opens, for want of accounts or classes; nothing otherwise.
+// Throws UnreadAnswer when these cannot be read.
+[[nodiscard]] std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session);
+
+// Lets conditions that belong to the account follow another one: a project class that it does not carry becomes its
+// first, and the range of projects of that class opens to all.
+void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db);
+
+// What the lists of the dialog offer besides accounts.
+[[nodiscard]] ComboList offeredClerks(const CQnCwDB& db, Id accountId);
+[[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
+[[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);    // "code name" by code
+
+// The same where nothing can be read: the first thing that the dialog would miss; nothing for one that misses nothing.
+[[nodiscard]] std::optional<Refusal> unreadOpening(const DialogSpec& dialog);
+
+// The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read,
+// UnreadAnswer where a check is what could not be read.
+[[nodiscard]] std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request,
+                                                         Session& session);
+
+// Checks that dialogs have in common. Each resolves what it has checked.
+namespace checks {
+bool deptGiven(CheckContext& context);
+bool deptKnown(CheckContext& context);
+bool deptActive(CheckContext& context);
+bool deptPersonsActive(CheckContext& context);  // lines of the department that name a person
+bool deptKnownOrAll(CheckContext& context);     // none and "全部" are all departments
+bool personGiven(CheckContext& context);
+bool personKnown(CheckContext& context);
+bool personOfDept(CheckContext& context);
+bool personActive(CheckContext& context);
+bool unitGiven(CheckContext& context);
+bool unitKnown(CheckContext& context);
+bool accountGiven(CheckContext& context);
+bool classesDefined(CheckContext& context);
+bool classChosen(CheckContext& context);     // none given: refused
+bool classOrFirst(CheckContext& context);    // none given: the first class
+bool classOfAccount(CheckContext& context);  // the account's own, the first of them
+bool projectGiven(CheckContext& context);
+bool projectKnown(CheckContext& context);
+bool accountsPicked(CheckContext& context);  // none picked: all
+bool rangeInOrder(CheckContext& context);    // upper bound of the amount range not below the lower
+}  // namespace checks
+
+namespace choices {
+std::optional<Unlisted> dept(CheckContext& context);  // in a list that offers no "全部"
+std::optional<Unlisted> unitClass(CheckContext& context);
+std::optional<Unlisted> clerk(CheckContext& context);
+std::optional<Unlisted> classOfAccount(CheckContext& context);  // the one chosen among the account's
+std::optional<Unlisted> projectRange(CheckContext& context);    // without an end the range is open there
+}  // namespace choices
+
+}  // namespace tz

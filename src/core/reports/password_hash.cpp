@@ -1,0 +1,53 @@
+#include "core/reports/password_hash.h"
+
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <sodium.h>
+#include <stdexcept>
+#include <string_view>
+
+namespace tz {
+namespace {
+
+// Takes "m=65536" and the like off the front.
+std::optional<std::uint32_t> takeNumber(std::string_view& text, std::string_view name) {
+  if (!text.starts_with(name)) return std::nullopt;
+  text.remove_prefix(name.size());
+  std::uint32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{}) return std::nullopt;
+  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+  return number;
+}
+
+}  // namespace
+
+bool acceptableHash(const std::string& hash) {
+  constexpr std::uint64_t mostMemory = 1024 * 1024;  // KiB
+  constexpr std::uint64_t mostWork = 4 * mostMemory;
+  constexpr std::uint32_t mostLanes = 16;
+  std::string_view text(hash);
+  if (text.size() >= crypto_pwhash_STRBYTES || !text.starts_with("$argon2i")) return false;
+  text.remove_prefix(std::string_view("$argon2i").size());
+  if (text.starts_with('d')) text.remove_prefix(1);
+  const auto version = takeNumber(text, "$v=");
+  const auto memory = takeNumber(text, "$m=");
+  const auto passes = takeNumber(text, ",t=");
+  const auto lanes = takeNumber(text, ",p=");
+  return version && memory && passes && lanes && text.starts_with('$') && *memory <= mostMemory &&
+         std::uint64_t{*memory} * *passes <= mostWork && *lanes <= mostLanes;
+}
+
+const std::string& nobodysHash() {
+  static const std::string hash =
+      "$argon2id$v=19$m=65536,t=2,p=1$AAAAAAAAAAAAAAAAAAAAAA$AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
+  return hash;
+}
+
+bool passwordFits(const std::string& hash, const std::string& password) {
+  if (sodium_init() < 0) throw std::runtime_error("the password library does not start");
+  return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
+}
+
+}  // namespace tz

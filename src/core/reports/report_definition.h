@@ -1,0 +1,79 @@
+// A report as one definition: ids, rights, texts, conditions, toolbar and the function that computes it. The catalogue
+// lists all of them; command line, windows and manual read them.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "core/output/report_output.h"
+#include "core/reports/dialog_spec.h"
+
+namespace tz {
+
+enum class Area { person, department, plan, project, unit };
+[[nodiscard]] std::string_view areaName(Area area);
+
+// Commands of a report window; the numbers are those of its toolbar and of WM_COMMAND.
+enum class WindowCommand {
+  separator = 0,
+  find = 50007,
+  help = 50009,
+  close = 50010,
+  print = 50000,
+  preview = 50001,
+  exportFile = 50020,
+  query = 50031,
+  detail = 50052,
+};
+
+struct ReportDefinition {
+  int command = 0;  // of the navigator; the report's id everywhere
+  Area area = Area::person;
+  int right = 0;
+  std::string_view rightName;
+  int window = 0;  // dialog id of its window
+  std::string_view windowTitle;
+  std::string_view paintedTitle;  // static 1010
+  std::string_view printTitle;    // files, terminal and JSON
+  // For the manual: what the report answers, which lines it takes, in which order and with which subtotals; and what
+  // holds for the whole family.
+  std::string_view about;
+  std::span<const std::string_view> rules;
+  const DialogSpec* dialog = nullptr;
+  std::span<const WindowCommand> toolbar;
+  // Of its window's message that no account qualifies; empty = the program's own.
+  std::string_view noAccountCaption = {};
+
+  // The printed subtitle of these conditions.
+  std::string (*subtitle)(const Conditions&) = nullptr;
+  // The amount formats that may be chosen for these conditions.
+  std::vector<std::string> (*formats)(const Conditions&) = nullptr;
+  // Fills the grid, whose columns are not yet there, and its notices.
+  void (*compute)(Session&, const Conditions&, CTzGrid&) = nullptr;
+};
+
+// The conditions that a report takes: those of its dialog, and the amount format where it has formats.
+[[nodiscard]] std::vector<ParameterKey> parametersOf(const ReportDefinition& report);
+// Where the dialog has a list of accounts, several can be named: the option may be given once for each.
+[[nodiscard]] bool takesSeveral(const ReportDefinition& report, ParameterKey key);
+
+// A computation that the person stopped; what was shown before stays.
+struct Cancelled {};
+
+using ReportOutcome = std::variant<ComputedReport, Refusal, Cancelled>;
+
+// Validates and computes. Throws WrongUse for a format that the conditions do not offer and DbError when the ledger
+// cannot be read. Everything is read in one read transaction, which has ended when this returns.
+[[nodiscard]] ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session);
+
+// "月份: 2006.01 - 2006.03" of files, terminal and JSON.
+[[nodiscard]] std::string periodText(int year, int from, int to);
+// The painted and, for the detail ledgers, the printed form: "月份: 2006.1--2006.3".
+[[nodiscard]] std::string paintedPeriodText(int year, int from, int to);
+// Quantity unit and currency below the subtitle, as the amount format asks for them.
+[[nodiscard]] std::string unitText(std::string_view format, const AccountAmounts& amounts);
+
+}  // namespace tz

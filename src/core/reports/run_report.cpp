@@ -1,0 +1,115 @@
+#include <algorithm>
+#include <fmt/format.h>
+#include <iterator>
+
+#include "core/reports/cancel_watch.h"
+#include "core/reports/cancellation.h"
+#include "core/reports/condition_texts.h"
+#include "core/reports/report_definition.h"
+
+namespace tz {
+namespace {
+
+void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
+  const auto asked = conditions.request.text(ParameterKey::format);
+  const auto& preselected = conditions.amounts.preselectedFormat;  // empty: no one account, so no richest format
+  conditions.format = !asked.empty() ? asked : preselected.empty() ? "金额式" : preselected;
+  if (asked.empty() || report.formats == nullptr) return;
+  const auto offered = report.formats(conditions);
+  if (std::ranges::find(offered, asked) != offered.end()) return;
+  throw WrongUse(ParameterKey::format, fmt::format("“{}”不适用于所选科目，可用：{}", asked, fmt::join(offered, "、")));
+}
+
+ComputedReport compute(const ReportDefinition& report, const Conditions& conditions, Session& session) {
+  ComputedReport computed;
+  computed.report = report.command;
+  computed.window = report.window;
+  computed.title = report.printTitle;
+  computed.subtitle = report.subtitle(conditions);
+  computed.period = periodText(session.logon.year, conditions.from, conditions.to);
+  computed.unit = unitText(conditions.format, conditions.amounts);
+  computed.format = conditions.format;
+  computed.conditions = conditionTexts(report, conditions);
+  computed.fileName = proposedFileName(report, conditions, session.logon.year);
+  if (conditions.unposted) computed.highlightMeaning = "未记帐凭证";
+  report.compute(session, conditions, computed.grid);
+  auto& notices = computed.grid.notices;
+  std::ranges::move(conditionNotices(report, conditions, session), std::back_inserter(notices));
+  std::ranges::stable_sort(notices, {}, &Notice::weight);
+  return computed;
+}
+
+}  // namespace
+
+std::string_view areaName(Area area) {
+  switch (area) {
+    case Area::person:
+      return "个人往来";
+    case Area::department:
+      return "部门核算";
+    case Area::plan:
+      return "计划";
+    case Area::project:
+      return "项目核算";
+    case Area::unit:
+      return "单位往来";
+  }
+  return {};
+}
+
+std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
+  std::vector<ParameterKey> keys;
+  for (const auto& control : report.dialog->controls) {
+    for (const auto key : keysOf(control)) keys.push_back(key);
+  }
+  if (report.formats != nullptr) keys.push_back(ParameterKey::format);
+  return keys;
+}
+
+bool takesSeveral(const ReportDefinition& report, ParameterKey key) {
+  return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
+    return control.kind == ControlSpec::Kind::accountLists && control.key == key;
+  });
+}
+
+ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
+  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.dialog->databaseNotOpen};
+  const CancelWatch watch(session);
+  Transaction reading(session.db.Current(), Transaction::Purpose::reading);
+  try {
+    auto validated = validate(*report.dialog, request, session);
+    if (auto* refusal = std::get_if<Refusal>(&validated)) {
+      reading.commit();  // what it was refused for was read as well
+      return std::move(*refusal);
+    }
+    auto& conditions = std::get<Conditions>(validated);
+    chooseFormat(report, conditions);
+    auto computed = compute(report, conditions, session);
+    reading.commit();
+    return computed;
+  } catch (const CancelledWork&) {
+    return Cancelled{};
+  } catch (const DbError&) {
+    // A statement that was stopped on request ends with an error of the database.
+    if (session.cancelled()) return Cancelled{};
+    throw;
+  }
+}
+
+std::string periodText(int year, int from, int to) {
+  return fmt::format("月份: {}.{:02} - {}.{:02}", year, from, year, to);
+}
+
+std::string paintedPeriodText(int year, int from, int to) {
+  return fmt::format("月份: {:4}.{}--{:4}.{}", year, from, year, to);
+}
+
+std::string unitText(std::string_view format, const AccountAmounts& amounts) {
+  if (format == "数量金额式") return amounts.unit;
+  if (format == "外币金额式") return amounts.currency;
+  const bool both = !amounts.unit.empty() && !amounts.currency.empty();  // without one account there are none
+  if (format == "数量外币式" && both) return amounts.unit + "\n" + amounts.currency;
+  return {};
+}
+
+}  // namespace tz

@@ -1,0 +1,19 @@
+#include "core/reports/session.h"
+
+namespace tz {
+
+std::optional<int> accountYear(const CQnCwDB& db) {
+  const auto set = db.Current().query("SELECT nYear FROM zAccountM ORDER BY lId LIMIT 1");
+  if (!set->next()) return std::nullopt;
+  return static_cast<int>(set->integer(0));
+}
+
+Date defaultLogonDate(const CQnCwDB& db) {
+  const auto last = db.Current().query("SELECT dtBill FROM RegMain ORDER BY dtBill DESC LIMIT 1");
+  if (last->next()) return last->date(0);
+  const auto year = accountYear(db);
+  if (!year) throw DbError(DbError::Kind::notALedger, "the ledger names no account year (zAccountM is empty)");
+  return {static_cast<std::int16_t>(*year), 1, 1};
+}
+
+}  // namespace tz

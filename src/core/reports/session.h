@@ -1,0 +1,30 @@
+// Who asks, of which ledger, as of which date, and how to reach the person: what every computation is given. The window
+// answers by message box and busy box, the command line by its options, tests by script.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/data/qncw_db.h"
+
+namespace tz {
+
+struct Session {
+  CQnCwDB& db;
+  std::string ledger;  // name under which the ledger is open in db
+  Date logon;          // its year is the account year of all period texts, its month the default month
+
+  std::function<bool(const std::string& question)> ask = [](const std::string&) { return false; };
+  // How many of how many steps are done; 0 of 0 when unknown.
+  std::function<void(std::int64_t done, std::int64_t of)> progress = [](std::int64_t, std::int64_t) {};
+  std::function<bool()> cancelled = [] { return false; };
+};
+
+// The year of the account set, in which a logon date lies; nothing in a ledger that names none.
+[[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
+// The last posted voucher's date; the first day of the account year in a ledger without posted vouchers.
+[[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);
+
+}  // namespace tz

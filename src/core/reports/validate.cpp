@@ -1,0 +1,152 @@
+#include <algorithm>
+#include <functional>
+
+#include "core/reports/dialog_spec.h"
+
+namespace tz {
+namespace {
+
+int monthOr(const Request& request, ParameterKey key, int otherwise) {
+  const int month = request.month(key);
+  return month == 0 ? otherwise : month;
+}
+
+bool hasControl(const DialogSpec& dialog, ControlSpec::Kind kind) {
+  return std::ranges::find(dialog.controls, kind, &ControlSpec::kind) != dialog.controls.end();
+}
+
+// An account left out is refused at once, unless a later check has words for just that.
+bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
+  auto& conditions = context.conditions;
+  auto offered = context.session.db.Code_GetInfo(Sql(dialog.accountWhere));
+  if (hasControl(dialog, ControlSpec::Kind::accountLists)) {
+    conditions.accounts = std::move(offered);
+    return !conditions.accounts.empty();
+  }
+  const auto wanted = CGetData::GetCode_Separator(context.request.text(ParameterKey::account));
+  if (wanted.empty() &&
+      std::ranges::find(dialog.checks, &checks::accountGiven, &Check::passes) != dialog.checks.end()) {
+    return !offered.empty();
+  }
+  const auto found = std::ranges::find(offered, wanted, &CodeInfo::sCode);
+  if (found == offered.end()) return false;
+  conditions.account = *found;
+  conditions.amounts = CInitComboFun::InitAmountCombox(*conditions.data, wanted);
+  return true;
+}
+
+Refusal refusal(const DialogSpec& dialog, MessageId message, ParameterKey about) {
+  return {.id = message, .arguments = {}, .caption = dialog.messageCaption, .about = about};
+}
+
+Refusal noAccountRefusal(const DialogSpec& dialog) { return refusal(dialog, dialog.noAccount, ParameterKey::account); }
+
+Refusal notListed(const DialogSpec& dialog, const Request& request, Unlisted missing) {
+  return {.id = MessageId::notListed,
+          .arguments = {request.text(missing.about)},
+          .caption = dialog.messageCaption,
+          .about = missing.about,
+          .offered = std::move(missing.offered)};
+}
+
+std::optional<Refusal> firstRefusal(const DialogSpec& dialog, CheckContext& context, bool atOpening) {
+  for (const auto& check : dialog.checks) {
+    if (check.atOpening != atOpening) continue;
+    try {
+      if (!check.passes(context)) return refusal(dialog, check.message, check.about);
+    } catch (const DbError& error) {
+      throw UnreadAnswer(refusal(dialog, check.message, check.about), error);
+    }
+  }
+  return std::nullopt;
+}
+
+// Whether a read of accounts comes to something.
+bool hasAccounts(const DialogSpec& dialog, const std::function<bool()>& read) {
+  try {
+    return read();
+  } catch (const DbError& error) {
+    throw UnreadAnswer(noAccountRefusal(dialog), error);
+  }
+}
+
+}  // namespace
+
+std::vector<ParameterKey> keysOf(const ControlSpec& control) {
+  switch (control.kind) {
+    case ControlSpec::Kind::months:
+      return {ParameterKey::from, ParameterKey::to};
+    case ControlSpec::Kind::amountRange:
+      return {ParameterKey::minimum, ParameterKey::maximum};
+    case ControlSpec::Kind::projectReference:
+      return {ParameterKey::projectClass, ParameterKey::project};
+    case ControlSpec::Kind::projectRange:
+      return {ParameterKey::projectFrom, ParameterKey::projectTo};
+    default:
+      return {control.key};
+  }
+}
+
+bool asksForAccount(const DialogSpec& dialog) { return !dialog.accountWhere.empty(); }
+
+ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db) {
+  return CInitComboFun::InitCodeComb_1Blank(db, Sql(dialog.accountWhere));
+}
+
+ComboList offeredClerks(const CQnCwDB& db, Id accountId) {
+  CGetData data(db);
+  const auto accounts = data.GetCodeSubString(data.GetCodeCode(accountId));
+  ComboList list;
+  const auto names = db.QRYGetData("SELECT DISTINCT sName FROM RegSub WHERE " + accounts +
+                                   " AND sName <> '' UNION SELECT DISTINCT sName FROM UnregSub WHERE " + accounts +
+                                   " AND sName <> '' ORDER BY sName");
+  for (int row = 0; row < names.rows; ++row) list.push_back({names.at(row, 0), row + 1});
+  list.push_back({std::string(otherMembers), 0});
+  return list;
+}
+
+ComboList offeredProjects(CGetData& data, std::string_view classId) {
+  ComboList list;
+  for (const auto& item : data.ItemTable(classId)) list.push_back({item.fields[0] + " " + item.fields[1], item.lId});
+  std::ranges::sort(list, {}, &ComboEntry::text);
+  return list;
+}
+
+std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session) {
+  Conditions conditions;
+  conditions.data = std::make_shared<CGetData>(session.db);
+  const Request nothing;
+  CheckContext context{session, nothing, conditions};
+  if (auto refused = firstRefusal(dialog, context, true)) return refused;
+  if (!asksForAccount(dialog)) return std::nullopt;
+  if (hasAccounts(dialog, [&] { return !offeredAccounts(dialog, session.db).empty(); })) return std::nullopt;
+  return noAccountRefusal(dialog);
+}
+
+std::optional<Refusal> unreadOpening(const DialogSpec& dialog) {
+  const auto first = std::ranges::find(dialog.checks, true, &Check::atOpening);
+  if (first != dialog.checks.end()) return refusal(dialog, first->message, first->about);
+  return asksForAccount(dialog) ? std::optional(noAccountRefusal(dialog)) : std::nullopt;
+}
+
+std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Request& request, Session& session) {
+  Conditions conditions;
+  conditions.request = request;
+  conditions.data = std::make_shared<CGetData>(session.db);
+  conditions.from = monthOr(request, ParameterKey::from, session.logon.month);
+  conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
+  conditions.unposted = request.flag(ParameterKey::unposted);
+  conditions.absoluteSums = request.text(ParameterKey::analysis) == "amount";
+  CheckContext context{session, request, conditions};
+  if (auto refused = firstRefusal(dialog, context, true)) return *refused;
+  if (asksForAccount(dialog) && !hasAccounts(dialog, [&] { return takeAccount(dialog, context); })) {
+    return noAccountRefusal(dialog);
+  }
+  if (auto refused = firstRefusal(dialog, context, false)) return *refused;
+  for (const auto choose : dialog.choices) {
+    if (auto missing = choose(context)) return notListed(dialog, request, std::move(*missing));
+  }
+  return conditions;
+}
+
+}  // namespace tz

@@ -1,0 +1,107 @@
+#include "desktop/frame/message_box.h"
+
+#include <QLabel>
+#include <QLayout>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
+#include <algorithm>
+#include <utility>
+
+#include "core/reports/explain_error.h"
+#include "desktop/theme/fonts.h"
+#include "desktop/theme/qt_text.h"
+#include "desktop/theme/theme.h"
+
+namespace tz {
+namespace {
+
+MessageHandler& handler() {
+  static MessageHandler current;
+  return current;
+}
+
+// A disc with its sign, in the theme's colours.
+QPixmap iconOf(const Message& message, double scale) {
+  constexpr int size = 36;
+  const bool asks = message.buttons == MessageButtons::yesNo;
+  const bool warns = !asks && message.icon == MessageIcon::warning;
+  QPixmap picture(QSize(size, size) * scale);
+  picture.setDevicePixelRatio(scale);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(warns ? currentTheme().negative : currentTheme().accent);
+  painter.drawEllipse(QRectF(0, 0, size, size));
+  painter.setPen(currentTheme().onAccent);
+  painter.setFont(uiFont(size * 2 / 3, QFont::Bold));
+  painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter,
+                   asks    ? QStringLiteral("?")
+                   : warns ? QStringLiteral("!")
+                           : QStringLiteral("i"));
+  return picture;
+}
+
+// A message of one line stays on one line; a longer one is broken at a width that reads well.
+void setTextWidth(QMessageBox& box) {
+  constexpr int narrowest = 200;
+  constexpr int widest = 420;
+  auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (label == nullptr) return;
+  label->setMinimumWidth(
+      std::clamp(label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1, narrowest, widest));
+}
+
+bool showBox(QWidget* parent, const Message& message) {
+  QMessageBox box(QMessageBox::NoIcon, toQt(message.caption), toQt(message.text), QMessageBox::NoButton, parent);
+  box.setIconPixmap(iconOf(message, box.devicePixelRatioF()));
+  // Names from a ledger may look like markup.
+  box.setTextFormat(Qt::PlainText);
+  setTextWidth(box);
+  const bool asks = message.buttons == MessageButtons::yesNo;
+  QPushButton* yes = box.addButton(asks ? QStringLiteral("是(&Y)") : QStringLiteral("确定"), QMessageBox::AcceptRole);
+  box.setDefaultButton(yes);
+  if (!message.detail.empty()) box.setDetailedText(toQt(message.detail));
+  if (asks) box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::RejectRole));
+  constexpr int margin = 20;
+  box.layout()->setContentsMargins(margin, margin, margin, margin);
+  box.exec();
+  return box.clickedButton() == yes;
+}
+
+std::string captionOr(std::string_view caption) { return std::string(caption.empty() ? programCaption : caption); }
+
+bool answered(QWidget* parent, const Message& message) {
+  return handler() ? handler()(message) : showBox(parent, message);
+}
+
+}  // namespace
+
+bool AfxMessageBox(QWidget* parent, std::string_view text, std::string_view caption, MessageIcon icon,
+                   MessageButtons buttons) {
+  return answered(parent, {std::string(text), captionOr(caption), icon, buttons});
+}
+
+void AfxMessageBox(QWidget* parent, const Refusal& refusal) {
+  Message message{refusal.text(), captionOr(refusal.caption), refusal.icon};
+  if (refusal.failure) {
+    message.text += "\n\n" + explainInWindow(*refusal.failure);
+    message.detail = refusal.failure->what();
+    message.icon = MessageIcon::warning;
+  }
+  answered(parent, message);
+}
+
+void AfxMessageBox(QWidget* parent, const DbError& error) {
+  answered(parent, {.text = explainInWindow(error),
+                    .caption = captionOr({}),
+                    .icon = MessageIcon::warning,
+                    .detail = wordsOf(error)});
+}
+
+MessageHandler setMessageHandler(MessageHandler replacement) {
+  return std::exchange(handler(), std::move(replacement));
+}
+
+}  // namespace tz

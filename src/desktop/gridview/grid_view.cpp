@@ -1,0 +1,293 @@
+#include "desktop/gridview/grid_view.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <limits>
+
+#include "desktop/gridview/grid_accessible.h"
+#include "desktop/gridview/grid_view_header.h"
+
+namespace tz {
+namespace {
+
+constexpr int smallestRow = 24;
+// So many cells are summed at once; a few milliseconds.
+constexpr std::int64_t sumSlice = 200'000;
+constexpr int dragInterval = 40;  // milliseconds
+
+}  // namespace
+
+GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new GridViewHeader(columns_, this)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAccessibleName(QStringLiteral("报表"));
+  installGridAccessibility();
+  connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
+  connect(header_, &GridViewHeader::columnClicked, this, [this](int column) {
+    SelectRange({0, column}, {RowCount() - 1, column});
+  });
+}
+
+void GridView::SetReport(ComputedReport* report) {
+  SetGrid(report == nullptr ? nullptr : &report->grid);
+  report_ = report;
+}
+
+void GridView::SetGrid(CTzGrid* grid) {
+  grid_ = grid;
+  report_ = nullptr;
+  current_ = anchor_ = {};
+  if (grid != nullptr) current_ = anchor_ = {grid->GetCurrentRow(), grid->GetCurrentCol()};
+  Refresh();
+  verticalScrollBar()->setValue(0);
+  horizontalScrollBar()->setValue(0);
+  if (current_.valid()) ShowCell(current_);
+}
+
+void GridView::Refresh() {
+  QFont bold = font();
+  bold.setWeight(QFont::DemiBold);
+  static const CTzGrid nothing;
+  columns_.Measure(grid_ != nullptr ? *grid_ : nothing, {QFontMetrics(font()), QFontMetrics(bold)});
+  rowHeight_ = std::max(smallestRow, fontMetrics().height() + 5);
+  const auto keep = [this](GridCell cell) {
+    if (!cell.valid() || Empty()) return GridCell{};
+    return GridCell{std::min(cell.row, RowCount() - 1), std::min(cell.column, columns_.Count() - 1)};
+  };
+  current_ = keep(current_);
+  anchor_ = keep(anchor_);
+  if (current_.valid()) grid_->ActivateCell(current_.row, current_.column);
+  LayOut();
+  SumUp();
+  if (!QAccessible::isActive()) return;
+  QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
+  QAccessible::updateAccessibility(&reset);
+}
+
+void GridView::SetHideZeros(bool hide) {
+  hideZeros_ = hide;
+  viewport()->update();
+}
+
+void GridView::LayOut() {
+  const int headerHeight = header_->HeightNeeded();
+  setViewportMargins(0, headerHeight, 0, 0);
+  const QRect view = viewport()->geometry();
+  columns_.FillRoom(view.width());
+  header_->setGeometry(view.left(), view.top() - headerHeight, view.width(), headerHeight);
+  header_->update();
+
+  // A scroll bar counts in int; grids of more than eighty million rows do not occur.
+  const std::int64_t height = RowCount() * rowHeight_;
+  const auto limit = static_cast<std::int64_t>(std::numeric_limits<int>::max());
+  verticalScrollBar()->setRange(0, static_cast<int>(std::clamp<std::int64_t>(height - view.height(), 0, limit)));
+  verticalScrollBar()->setPageStep(view.height());
+  verticalScrollBar()->setSingleStep(rowHeight_);
+  horizontalScrollBar()->setRange(0, std::max(0, columns_.TotalWidth() - view.width()));
+  horizontalScrollBar()->setPageStep(view.width());
+  horizontalScrollBar()->setSingleStep(rowHeight_);
+  viewport()->update();
+}
+
+QRect GridView::CellRect(std::int64_t row, int column) const {
+  const std::int64_t top = row * rowHeight_ - verticalScrollBar()->value();
+  constexpr std::int64_t far = std::numeric_limits<int>::max() / 2;
+  return {columns_.LeftOf(column) - horizontalScrollBar()->value(), static_cast<int>(std::clamp(top, -far, far)),
+          columns_.WidthOf(column), rowHeight_};
+}
+
+GridCell GridView::CellAt(QPoint place) const {
+  if (Empty()) return {};
+  const std::int64_t row = (static_cast<std::int64_t>(verticalScrollBar()->value()) + place.y()) / rowHeight_;
+  return {std::clamp<std::int64_t>(row, 0, RowCount() - 1),
+          columns_.ColumnAt(horizontalScrollBar()->value() + place.x())};
+}
+
+bool GridView::SetCurrent(std::int64_t row, int column) {
+  if (grid_ == nullptr || !grid_->ActivateCell(row, column)) return false;
+  MoveTo({row, column}, false);
+  return true;
+}
+
+void GridView::SelectAll() { SelectRange({0, 0}, {RowCount() - 1, columns_.Count() - 1}); }
+
+bool GridView::SelectRange(GridCell anchor, GridCell current) {
+  const auto exists = [this](GridCell cell) {
+    return cell.valid() && cell.row < RowCount() && cell.column < columns_.Count();
+  };
+  if (!exists(anchor) || !exists(current)) return false;
+  Select(anchor, current);
+  return true;
+}
+
+void GridView::MoveTo(GridCell cell, bool extend) {
+  if (!cell.valid()) return;
+  Select(extend && anchor_.valid() ? anchor_ : cell, cell);
+  ShowCell(cell);
+}
+
+void GridView::Select(GridCell anchor, GridCell current) {
+  const bool moved = current != current_;
+  if (!moved && anchor == anchor_) return;
+  anchor_ = anchor;
+  current_ = current;
+  viewport()->update();
+  SumUp();
+  if (!moved) return;
+  grid_->ActivateCell(current.row, current.column);
+  TellCurrent();
+  emit currentChanged(current.row, current.column);
+}
+
+void GridView::ShowCell(GridCell cell) {
+  const QRect place = CellRect(cell.row, cell.column);
+  const QRect view = viewport()->rect();
+  QScrollBar* vertical = verticalScrollBar();
+  QScrollBar* horizontal = horizontalScrollBar();
+  if (place.top() < 0) vertical->setValue(vertical->value() + place.top());
+  if (place.bottom() > view.bottom()) vertical->setValue(vertical->value() + place.bottom() - view.bottom());
+  if (place.right() > view.right()) horizontal->setValue(horizontal->value() + place.right() - view.right());
+  if (CellRect(cell.row, cell.column).left() < 0) horizontal->setValue(columns_.LeftOf(cell.column));
+}
+
+void GridView::SumUp() {
+  sum_ = grid_ == nullptr ? RangeSum() : RangeSum(*grid_, Selection());
+  summing_.start(0, this);
+}
+
+void GridView::TellCurrent() {
+  if (!QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(static_cast<int>(current_.row) * columns_.Count() + current_.column);
+  QAccessible::updateAccessibility(&event);
+}
+
+void GridView::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == summing_.timerId()) {
+    if (grid_ != nullptr && !sum_.Add(*grid_, sumSlice)) return;
+    summing_.stop();
+    emit selectionSummaryChanged(sum_.Sums());
+  } else if (event->timerId() == dragging_.timerId()) {
+    MoveTo(CellAt(pointer_), true);
+  } else {
+    QAbstractScrollArea::timerEvent(event);
+  }
+}
+
+GridCell GridView::CellFor(const QKeyEvent& event) const {
+  GridCell cell = current_.valid() ? current_ : GridCell{0, 0};
+  const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+  const std::int64_t page = std::max(viewport()->height() / rowHeight_ - 1, 1);
+  const std::int64_t lastRow = RowCount() - 1;
+  const int lastColumn = columns_.Count() - 1;
+  switch (event.key()) {
+    case Qt::Key_Up:
+      cell.row = control ? 0 : cell.row - 1;
+      break;
+    case Qt::Key_Down:
+      cell.row = control ? lastRow : cell.row + 1;
+      break;
+    case Qt::Key_PageUp:
+      cell.row -= page;
+      break;
+    case Qt::Key_PageDown:
+      cell.row += page;
+      break;
+    case Qt::Key_Left:
+      cell.column = control ? 0 : cell.column - 1;
+      break;
+    case Qt::Key_Right:
+      cell.column = control ? lastColumn : cell.column + 1;
+      break;
+    case Qt::Key_Home:
+      cell = {control ? 0 : cell.row, 0};
+      break;
+    case Qt::Key_End:
+      cell = {control ? lastRow : cell.row, lastColumn};
+      break;
+    default:
+      return {};
+  }
+  return {std::clamp<std::int64_t>(cell.row, 0, lastRow), std::clamp(cell.column, 0, lastColumn)};
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+  const auto controlAndShift = Qt::ControlModifier | Qt::ShiftModifier;
+  if (event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && shift)) {
+    OpenMenuAtCurrent();
+  } else if (Empty()) {
+    event->ignore();
+  } else if (event->matches(QKeySequence::Copy)) {
+    Copy();
+  } else if (event->key() == Qt::Key_C && event->modifiers() == controlAndShift) {
+    CopyWithHeadings();
+  } else if (event->matches(QKeySequence::SelectAll)) {
+    SelectAll();
+  } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current_.valid()) {
+    emit activated(current_.row, current_.column);
+  } else if (const GridCell cell = CellFor(*event); cell.valid()) {
+    MoveTo(cell, shift);
+  } else {
+    event->ignore();
+  }
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+  pointer_ = event->position().toPoint();
+  if (event->button() != Qt::LeftButton || Empty()) return;
+  MoveTo(CellAt(pointer_), event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+  pointer_ = event->position().toPoint();
+  if (!event->buttons().testFlag(Qt::LeftButton) || Empty()) return;
+  MoveTo(CellAt(pointer_), true);
+  // Held outside, the pointer goes on scrolling.
+  if (viewport()->rect().contains(pointer_)) {
+    dragging_.stop();
+  } else if (!dragging_.isActive()) {
+    dragging_.start(dragInterval, this);
+  }
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* /*event*/) { dragging_.stop(); }
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QPoint place = event->position().toPoint();
+  const GridCell cell = CellAt(place);
+  if (event->button() == Qt::LeftButton && cell.valid() && CellRect(cell.row, cell.column).contains(place)) {
+    emit activated(cell.row, cell.column);
+  }
+}
+
+void GridView::scrollContentsBy(int dx, int /*dy*/) {
+  if (dx != 0) header_->SetOffset(horizontalScrollBar()->value());
+  viewport()->update();
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  LayOut();
+}
+
+void GridView::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::FontChange) Refresh();
+}
+
+// The full text of a cell that is too narrow for it.
+bool GridView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const GridCell cell = CellAt(help->pos());
+  const QRect place = cell.valid() ? CellRect(cell.row, cell.column) : QRect();
+  const QString text = place.contains(help->pos()) ? ShownText(cell.row, cell.column) : QString();
+  const bool fits = fontMetrics().horizontalAdvance(text) <= place.width() - 2 * GridViewColumns::margin;
+  QToolTip::showText(help->globalPos(), fits ? QString() : text.toHtmlEscaped(), viewport(), place);
+  return true;
+}
+
+}  // namespace tz

@@ -1,0 +1,111 @@
+// Shows a CTzGrid: a head of one or two levels and rows of one height, of which only the visible ones are ever painted,
+// so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh. Its
+// context menu ends with the actions that were added to it as to any widget.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+
+#include "desktop/gridview/grid_view_columns.h"
+#include "desktop/gridview/grid_view_selection.h"
+
+namespace tz {
+
+class GridViewHeader;
+
+class GridView : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit GridView(QWidget* parent = nullptr);
+
+  // Null shows nothing. Starts at the top, on the grid's current cell if it has one.
+  void SetGrid(CTzGrid* grid);
+  // A report whose grid is shown, so that its table can be copied with what stands above it.
+  void SetReport(ComputedReport* report);
+  // Rows and columns are measured anew; the current cell stays where it still exists.
+  void Refresh();
+  // Zero figures are left out; totals keep theirs.
+  void SetHideZeros(bool hide);
+  // What stands in the middle of a grid without rows.
+  void SetEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+  }
+
+  // Makes a cell current, alone selected and visible; false outside the grid.
+  bool SetCurrent(std::int64_t row, int column);
+  [[nodiscard]] GridCell Current() const { return current_; }
+  [[nodiscard]] GridRange Selection() const { return GridRange::between(anchor_, current_); }
+  void SelectAll();
+  // From one corner to the other, which becomes current; false outside the grid.
+  bool SelectRange(GridCell anchor, GridCell current);
+  // Puts the selected cells on the clipboard; with headings, under what stands above the report's table.
+  void Copy() const;
+  void CopyWithHeadings() const;
+
+  // In pixels of the viewport.
+  [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
+  // The cell at a place of the viewport, the nearest one outside of all; none in an empty grid.
+  [[nodiscard]] GridCell CellAt(QPoint place) const;
+  [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
+  [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
+  [[nodiscard]] int RowHeight() const { return rowHeight_; }
+  [[nodiscard]] GridViewHeader* Header() const { return header_; }
+  [[nodiscard]] GridViewColumns& ColumnWidths() { return columns_; }
+
+ signals:
+  void currentChanged(qint64 row, int column);
+  void selectionSummaryChanged(const tz::LineSums& sums);
+  // Enter or a double click on a row.
+  void activated(qint64 row, int column);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  struct Style;
+
+  [[nodiscard]] bool Empty() const { return RowCount() == 0 || columns_.Count() == 0; }
+  [[nodiscard]] GridCell CellFor(const QKeyEvent& event) const;
+  void MoveTo(GridCell cell, bool extend);
+  void Select(GridCell anchor, GridCell current);
+  void ShowCell(GridCell cell);
+  void LayOut();
+  void SumUp();
+  void TellCurrent();
+  // Copying and selecting, then the view's own actions.
+  void OpenMenu(QPoint global);
+  void OpenMenuAtCurrent();
+
+  void PaintNothing(QPainter& painter) const;
+  void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
+  void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;
+
+  CTzGrid* grid_ = nullptr;
+  const ComputedReport* report_ = nullptr;
+  GridViewColumns columns_;
+  GridViewHeader* header_;
+  int rowHeight_ = 24;
+  bool hideZeros_ = false;
+  QString emptyText_;
+  GridCell anchor_;
+  GridCell current_;
+  RangeSum sum_;
+  QBasicTimer summing_;
+  QBasicTimer dragging_;
+  QPoint pointer_;
+};
+
+}  // namespace tz

@@ -1,0 +1,61 @@
+// What a grid view offers on the clipboard and in its context menu.
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+
+#include "desktop/gridview/grid_view.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+
+void GridView::Copy() const {
+  if (grid_ == nullptr || Selection().empty()) return;
+  QGuiApplication::clipboard()->setText(toQt(copyText(*grid_, Selection())));
+}
+
+void GridView::CopyWithHeadings() const {
+  if (report_ == nullptr || Selection().empty()) return;
+  QGuiApplication::clipboard()->setText(toQt(copyTable(*report_, Selection())));
+}
+
+// A right click takes the cell below it, unless that is one of those selected.
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Mouse) {
+    OpenMenuAtCurrent();
+    return;
+  }
+  const QPoint place = viewport()->mapFromGlobal(event->globalPos());
+  const GridCell cell = CellAt(place);
+  const bool hit = cell.valid() && CellRect(cell.row, cell.column).contains(place);
+  if (hit && !Selection().contains(cell.row, cell.column)) MoveTo(cell, false);
+  OpenMenu(event->globalPos());
+}
+
+void GridView::OpenMenuAtCurrent() {
+  const QRect view = viewport()->rect();
+  const QRect cell = current_.valid() ? CellRect(current_.row, current_.column) : view;
+  const QRect seen = cell.intersected(view);
+  OpenMenu(viewport()->mapToGlobal(seen.isEmpty() ? view.center() : seen.center()));
+}
+
+void GridView::OpenMenu(QPoint global) {
+  // Some systems send the key and the event that follows from it.
+  if (QApplication::activePopupWidget() != nullptr) return;
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("gridMenu"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const bool selected = !Selection().empty();
+  const auto add = [&](const char* text, bool enabled, auto action) {
+    menu->addAction(QString::fromUtf8(text), this, action)->setEnabled(enabled);
+  };
+  add("复制(&C)\tCtrl+C", selected, [this] { Copy(); });
+  add("连同标题复制(&H)\tCtrl+Shift+C", selected && report_ != nullptr, [this] { CopyWithHeadings(); });
+  menu->addSeparator();
+  add("全选(&A)\tCtrl+A", !Empty(), [this] { SelectAll(); });
+  if (!actions().isEmpty()) menu->addSeparator();
+  menu->addActions(actions());
+  menu->popup(global);
+}
+
+}  // namespace tz

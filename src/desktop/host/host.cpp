@@ -1,0 +1,81 @@
+#include "desktop/host/host.h"
+
+#include <QGuiApplication>
+
+#include "core/reports/explain_error.h"
+#include "desktop/host/logon_dialog.h"
+#include "desktop/host/start_window.h"
+#include "desktop/report/log.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+namespace {
+
+class WaitCursor {
+ public:
+  WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+  ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+std::unique_ptr<OpenLedger> openLedgerAt(const QString& address) {
+  const WaitCursor waiting;
+  return std::make_unique<OpenLedger>(address);
+}
+
+}  // namespace
+
+bool Host::Start(const QString& address) {
+  const Failure failure = address.isEmpty() ? Failure{} : Choose(address, nullptr);
+  if (chosen_ == nullptr && !Ask(nullptr, address, failure)) return false;
+  ShowChosen();
+  return true;
+}
+
+void Host::OpenAnother() {
+  if (Ask(desktop_->Navigator(), {}, {})) ShowChosen();
+}
+
+bool Host::Ask(QWidget* parent, const QString& failed, const Failure& failure) {
+  StartWindow start(
+      settings_, [this](const QString& address, QWidget* window) { return Choose(address, window); }, parent);
+  if (!failure.text.isEmpty()) start.ShowFailure(failed, failure);
+  return start.exec() == QDialog::Accepted;
+}
+
+Failure Host::Choose(const QString& address, QWidget* window) {
+  try {
+    Chosen chosen{openLedgerAt(address), everybody(), {}};
+    chosen.logon = chosen.ledger->ProposedDate();
+    if (needsLogon(chosen.ledger->Database())) {
+      LogonDialog logon(*chosen.ledger, settings_.LastOperator(), window);
+      if (logon.exec() != QDialog::Accepted) return {QStringLiteral("没有登录，帐套没有打开")};
+      settings_.SetLastOperator(toQt(logon.Who().name));
+      chosen.who = logon.Who();
+      chosen.logon = logon.LogonDate();
+    }
+    chosen_ = std::make_unique<Chosen>(std::move(chosen));
+  } catch (const DbError& error) {
+    const QString shown = shownAddress(address);
+    logFailure(fromQt(shown), error.what());
+    return {QStringLiteral("%1：%2").arg(shown, toQt(explainInWindow(error))), toQt(wordsOf(error))};
+  }
+  settings_.RememberLedger(address);
+  return {};
+}
+
+void Host::ShowChosen() {
+  if (desktop_ != nullptr) desktop_->Close();
+  desktop_.reset();
+  chosen_->ledger->MakeCurrent(chosen_->logon);
+  ledger_ = std::move(chosen_->ledger);
+  desktop_ = std::make_unique<Desktop>(settings_, *ledger_, std::move(chosen_->who));
+  chosen_.reset();
+  // The windows that end, or ask for another ledger, are still on the stack: what follows waits for the event loop.
+  connect(desktop_.get(), &Desktop::finished, this, &Host::finished, Qt::QueuedConnection);
+  connect(desktop_.get(), &Desktop::anotherWanted, this, &Host::OpenAnother, Qt::QueuedConnection);
+  desktop_->Show();
+}
+
+}  // namespace tz

@@ -1,0 +1,49 @@
+// What the desktop remembers between two starts: recent ledgers, the theme, the places and column widths of windows.
+// The module itself keeps nothing.
+#pragma once
+
+#include <QHash>
+#include <QSettings>
+#include <QStringList>
+#include <filesystem>
+
+#include "desktop/theme/theme.h"
+
+namespace tz {
+
+class HostSettings {
+ public:
+  HostSettings();
+
+  // The latest first.
+  [[nodiscard]] QStringList RecentLedgers() const;
+  void RememberLedger(const QString& address);
+  void ForgetLedger(const QString& address);
+
+  [[nodiscard]] ThemeChoice Theme() const;
+  void SetTheme(ThemeChoice choice);
+
+  // Who logged on last.
+  [[nodiscard]] QString LastOperator() const;
+  void SetLastOperator(const QString& name);
+
+  // Where the last export went; empty before the first one.
+  [[nodiscard]] QString ExportFolder() const;
+  void SetExportFolder(const QString& folder);
+
+  // The size that a report's window had when it was last closed; empty when it never was.
+  [[nodiscard]] QSize WindowSize(int command) const;
+  void SetWindowSize(int command, QSize size);
+
+  // The column widths that were drawn in a report.
+  [[nodiscard]] QHash<QString, int> ColumnWidths(int command) const;
+  void SetColumnWidths(int command, const QHash<QString, int>& widths);
+
+  // Where conditions are kept under names.
+  [[nodiscard]] std::filesystem::path ConditionFile() const;
+
+ private:
+  QSettings settings_;
+};
+
+}  // namespace tz

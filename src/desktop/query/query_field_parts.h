@@ -1,0 +1,71 @@
+// What the fields of condition dialogs are made of, and the makers of their groups.
+#pragma once
+
+#include <QHBoxLayout>
+#include <QString>
+#include <string>
+
+#include "desktop/query/query_fields.h"
+
+class QToolButton;
+
+namespace tz {
+
+class CUsefulCombox;
+
+// A control with its id as object name.
+template <class Control>
+Control* madeControl(int id, QWidget* parent) {
+  auto* control = new Control(parent);
+  control->setObjectName(QString::number(id));
+  return control;
+}
+
+// A row without margins of its own.
+[[nodiscard]] QHBoxLayout* rowLayout(QWidget* row);
+// The button beside a name, which opens the name's reference window.
+[[nodiscard]] QToolButton* viewButton(const ControlSpec& spec, QWidget* parent);
+// An empty field is a condition left out.
+void setText(Request& request, ParameterKey key, const std::string& text);
+void setMember(Request& request, ParameterKey key, const MemberChoice& member);
+
+// Texts that begin with a code are the same when their codes are.
+enum class EntryValue { text, code };
+[[nodiscard]] std::string valueOf(const std::string& entry, EntryValue value);
+// The combo of a dialog: text that stands for no entry stays in it, for the dialog to refuse.
+[[nodiscard]] CUsefulCombox* madeCombo(int id, QWidget* parent);
+
+// What is chosen in a combo, or stands in it and is not offered, or no longer: then it is refused by its name; another
+// one in its place would pass unnoticed.
+class ListValue {
+ public:
+  ListValue(CUsefulCombox& combo, EntryValue value) : combo_(combo), value_(value) {}
+  void Show(const std::string& wanted);
+  // Other entries; the value stays.
+  void Refill(const ComboList& list);
+  [[nodiscard]] std::string Value() const;
+
+ private:
+  CUsefulCombox& combo_;
+  EntryValue value_;
+};
+
+// Where one entry has to be chosen: throws WrongUse when none is, though there are some.
+void demandChoice(const CUsefulCombox& combo, ParameterKey about);
+
+// The departments; with `all` "全部" before them.
+[[nodiscard]] ComboList offeredDepts(const CQnCwDB& db, bool all);
+
+// Other entries; the one chosen stays, else the first one is chosen. Text that stands for none stays. The same entries
+// again change nothing.
+void refill(CUsefulCombox& combo, const ComboList& list);
+
+// The makers. Each knows the kinds of its group, of others it returns null.
+[[nodiscard]] std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeListField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeRangeField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeAccountListsField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeFigureField(const ControlSpec& spec, QWidget* dialog);
+[[nodiscard]] std::unique_ptr<QueryField> makeChoiceField(const ControlSpec& spec, QWidget* dialog);
+
+}  // namespace tz

@@ -1,0 +1,101 @@
+// Conditions that are ticked or one of a few: check boxes, the side of balances, the method of an analysis.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QRadioButton>
+#include <algorithm>
+
+#include "desktop/query/query_field_parts.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+namespace {
+
+class CheckField : public QueryField {
+ public:
+  CheckField(const ControlSpec& spec, QWidget* dialog)
+      : QueryField(spec), box_(madeControl<QCheckBox>(spec.id, dialog)) {
+    box_->setText(toQt(spec.caption));
+  }
+  QWidget* Row() override { return box_; }
+  std::vector<QWidget*> Stops() override { return {box_}; }
+  [[nodiscard]] bool HasLabel() const override { return false; }
+  void Show(const Request& request) override { box_->setChecked(request.flag(Spec().key)); }
+  void Take(Request& request) const override { setText(request, Spec().key, box_->isChecked() ? "1" : ""); }
+
+ private:
+  QCheckBox* box_;
+};
+
+struct Choice {
+  int id;
+  QString text;
+};
+
+// One of the condition's choices, in their order; a condition left out is the first.
+class RadioField : public QueryField {
+ public:
+  RadioField(const ControlSpec& spec, const std::vector<Choice>& choices, QWidget* dialog)
+      : QueryField(spec), row_(new QWidget(dialog)), values_(choicesOf(parameter(spec.key).choices)) {
+    auto* layout = rowLayout(row_);
+    layout->setSpacing(16);
+    auto* group = new QButtonGroup(row_);
+    for (const Choice& choice : choices) {
+      auto* button = madeControl<QRadioButton>(choice.id, row_);
+      button->setText(choice.text);
+      group->addButton(button);
+      layout->addWidget(button);
+      buttons_.push_back(button);
+    }
+    layout->addStretch();
+    Check(0);
+  }
+  QWidget* Row() override { return row_; }
+  // The group is one stop: the arrow keys move inside it.
+  std::vector<QWidget*> Stops() override { return {buttons_[Place()]}; }
+  [[nodiscard]] bool HasLabel() const override { return !Spec().caption.empty(); }
+  void Show(const Request& request) override {
+    const auto found = std::ranges::find(values_, request.text(Spec().key));
+    Check(found == values_.end() ? 0 : static_cast<std::size_t>(found - values_.begin()));
+  }
+  void Take(Request& request) const override { request.set(Spec().key, values_[Place()]); }
+
+ private:
+  // The Tab key stops at the one that is checked, as after a click.
+  void Check(std::size_t place) {
+    buttons_[place]->setChecked(true);
+    for (QRadioButton* button : buttons_) {
+      button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+  }
+  [[nodiscard]] std::size_t Place() const {
+    const auto found = std::ranges::find_if(buttons_, &QRadioButton::isChecked);
+    return static_cast<std::size_t>(found - buttons_.begin());
+  }
+  QWidget* row_;
+  std::vector<std::string_view> values_;
+  std::vector<QRadioButton*> buttons_;
+};
+
+}  // namespace
+
+std::unique_ptr<QueryField> makeChoiceField(const ControlSpec& spec, QWidget* dialog) {
+  switch (spec.kind) {
+    case ControlSpec::Kind::checkBox:
+      return std::make_unique<CheckField>(spec, dialog);
+    case ControlSpec::Kind::side: {
+      const std::vector<Choice> sides{{spec.id, QStringLiteral("双方余额")},
+                                      {spec.id + 1, QStringLiteral("借方余额")},
+                                      {spec.id + 2, QStringLiteral("贷方余额")}};
+      return std::make_unique<RadioField>(spec, sides, dialog);
+    }
+    case ControlSpec::Kind::analysis: {
+      const std::vector<Choice> methods{{spec.id, QStringLiteral("余额分析")},
+                                        {spec.companion, QStringLiteral("金额分析")}};
+      return std::make_unique<RadioField>(spec, methods, dialog);
+    }
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace tz

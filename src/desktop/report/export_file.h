@@ -1,0 +1,34 @@
+// Exporting a report from its window: where to, in which form, and the writing itself, which the person may stop.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+#include "core/output/grid_to_file.h"
+
+class QWidget;
+
+namespace tz {
+
+class LongWork;
+
+struct ExportTarget {
+  QString path;
+  FileForm form = FileForm::xlsx;
+};
+
+// The folder of the last export, which the host keeps; without functions exports begin among the person's documents.
+struct ExportFolder {
+  std::function<QString()> last;
+  std::function<void(const QString& folder)> keep;
+};
+
+// Asks under the proposed name in the last folder, and keeps the folder that was chosen. Nothing when the person gave
+// up.
+[[nodiscard]] std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report,
+                                                          const ExportFolder& folder = {});
+// False when the work was stopped: nothing was written. Throws OutputError.
+[[nodiscard]] bool writeExport(const ComputedReport& report, const ExportTarget& target, LongWork& work);
+
+}  // namespace tz

@@ -1,0 +1,124 @@
+#include "desktop/report/help_window.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "core/reports/report_definition.h"
+#include "desktop/frame/fit_window.h"
+#include "desktop/frame/process.h"
+#include "desktop/res/pictures.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+namespace {
+
+QString text(std::string_view utf8) { return toQt(utf8).toHtmlEscaped(); }
+
+QString row(const QString& left, const QString& right) {
+  return QStringLiteral("<tr><td style='padding-right:16px'>%1</td><td>%2</td></tr>").arg(left, right);
+}
+
+QString conditions(const ReportDefinition& report) {
+  QString rows;
+  for (const ControlSpec& control : report.dialog->controls) {
+    QString help = text(parameter(control.key).helpInWindow());
+    if (control.kind == ControlSpec::Kind::accountLists) {
+      help += QStringLiteral("；列入右边的科目，右边没有科目即为全部");
+    }
+    rows += row(text(control.caption), help);
+  }
+  return rows;
+}
+
+// How conditions are given, alike in every dialog.
+QString typing(const ReportDefinition& report) {
+  const auto asksFor = [&](ControlSpec::Kind kind) {
+    return std::ranges::find(report.dialog->controls, kind, &ControlSpec::kind) != report.dialog->controls.end();
+  };
+  QString items = QStringLiteral(
+      "<li>在列表里输入编码、名称的一部分或拼音首字母，按 Enter 或 Tab 选中找到的一项；Esc 恢复原来的选择。</li>"
+      "<li>列表里没有的文字不会被换成别的：确定时提示，文字留在原处等待更正。必须选择的条件清空了，也会提示；可以不填的"
+      "（部门“全部”、项目范围的一端、科目列表），清空就是不限。</li>"
+      "<li>"
+      "从列表或参照窗口（F2）选中的就是那一个；同名的在列表里带有编码。直接输入的名称取同名中最早建立的一个，前面加上"
+      "编码和空格（“0301 李明”）就是指定的那一个。</li>");
+  if (asksFor(ControlSpec::Kind::personReference)) {
+    items += QStringLiteral("<li>在表格上方改换部门后，表格等到选定个人才列出，输出和打印也要等到那时。</li>");
+  }
+  if (asksFor(ControlSpec::Kind::classCombo)) {
+    items += QStringLiteral(
+        "<li>在表格上方改换的科目如果不核算原来的项目大类，就取它的第一个大类，项目范围恢复为全部。</li>");
+  }
+  return items;
+}
+
+QString commands(const ReportDefinition& report) {
+  QString rows;
+  for (const WindowCommand command : report.toolbar) {
+    const CommandHint* hint = findCommandHint(static_cast<int>(command));
+    if (hint == nullptr) continue;
+    const Picture* picture = findPicture(hint->bitmap);
+    QString tip = QString::fromUtf8(hint->tip);
+    if (*hint->shortcut != '\0') tip += QStringLiteral("　") + QLatin1String(hint->shortcut);
+    rows += row(picture == nullptr ? QString() : QString::fromUtf8(picture->caption), tip);
+  }
+  return rows;
+}
+
+QString rules(const ReportDefinition& report) {
+  QString items;
+  for (const auto rule : report.rules) items += QStringLiteral("<li>%1</li>").arg(text(rule));
+  return items;
+}
+
+QString page(const ReportDefinition& report) {
+  return QStringLiteral(
+             "<h2>%1</h2><p>%2</p><p>%3</p>"
+             "<h3>条件</h3><table>%4</table><ul>%5</ul>"
+             "<h3>说明</h3><ul>%6</ul>"
+             "<h3>工具栏</h3><table>%7</table>"
+             "<h3>表格</h3><ul>"
+             "<li>浅绿色的行来自未记帐凭证，红色数字为红字。</li>"
+             "<li>Ctrl+C 复制选中的单元格，Ctrl+Shift+C 连同标题、条件和栏目名复制，Ctrl+A 全选；右键、菜单键或 "
+             "Shift+F10 打开菜单。</li>"
+             "<li>状态栏显示选中的分录，借方和贷方分别计数、合计、平均；期初、合计行和余额、单价、汇率不计入。</li>"
+             "<li>表格上方的警示说明哪些分录未列示、哪些数字另有所指，输出和复制时写在表的上面。</li>"
+             "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。CSV 的“标记”栏写明未记帐凭证。</li>"
+             "<li>表格上方可直接改换条件与金额格式。</li>"
+             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li></ul>")
+      .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report), typing(report),
+           rules(report), commands(report));
+}
+
+}  // namespace
+
+void showHelp(QWidget* window, const ReportDefinition& report) { showHelpPage(window, page(report)); }
+
+void showHelpPage(QWidget* window, const QString& html) {
+  const QString name = QStringLiteral("help");
+  // Not that of a window below it: the navigator is the parent of its reports.
+  auto* help = window->findChild<QDialog*>(name, Qt::FindDirectChildrenOnly);
+  if (help == nullptr) {
+    help = new QDialog(window);
+    help->setObjectName(name);
+    help->setWindowTitle(QStringLiteral("帮助"));
+    auto* browser = new QTextBrowser(help);
+    browser->setAccessibleName(help->windowTitle());
+    browser->setFrameShape(QFrame::NoFrame);
+    browser->setHtml(html);
+    constexpr int margin = 20;
+    browser->document()->setDocumentMargin(margin);
+    auto* layout = new QVBoxLayout(help);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(browser);
+    help->resize(QSize(460, 480).boundedTo(roomFor(*window)));
+  }
+  help->show();
+  help->raise();
+  help->activateWindow();
+}
+
+}  // namespace tz

@@ -1,0 +1,104 @@
+#include "desktop/report/report_heading.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "core/reports/condition_texts.h"
+#include "desktop/report/condition_combos.h"
+#include "desktop/report/painted_static.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+namespace {
+
+constexpr int titleId = 1010;
+constexpr int periodId = 1007;
+constexpr int currencyId = 1008;
+constexpr int unitId = 1011;
+// Of our own; templates have none.
+constexpr int othersId = 1013;
+constexpr int formatId = 2201;
+constexpr int gapBetweenLabels = 36;
+
+PaintedStatic* label(int id, QWidget* parent) { return new PaintedStatic(id, PaintedStatic::Look::label, parent); }
+
+}  // namespace
+
+ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
+    : QWidget(parent),
+      report_(report),
+      period_(label(periodId, this)),
+      currency_(label(currencyId, this)),
+      unit_(label(unitId, this)),
+      others_(label(othersId, this)),
+      format_(new QComboBox(this)),
+      conditions_(new ConditionCombos(*report.dialog, this)) {
+  auto* title = new PaintedStatic(titleId, PaintedStatic::Look::title, this);
+  title->setText(toQt(report.paintedTitle));
+  format_->setObjectName(QString::number(formatId));
+  format_->setAccessibleName(QStringLiteral("金额格式"));
+  format_->setToolTip(QStringLiteral("金额格式"));
+  format_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  format_->setMinimumContentsLength(6);
+  format_->setVisible(report.formats != nullptr);
+  connect(format_, &QComboBox::activated, this, &ReportHeading::OnFormatChosen);
+
+  others_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+
+  auto* top = new QHBoxLayout;
+  top->addWidget(title);
+  top->addStretch(1);
+  top->addWidget(format_);
+  auto* labels = new QHBoxLayout;
+  labels->setSpacing(gapBetweenLabels);
+  labels->addWidget(period_);
+  labels->addWidget(unit_);
+  labels->addWidget(currency_);
+  labels->addWidget(others_, 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(8);
+  layout->addLayout(top);
+  layout->addWidget(conditions_);
+  layout->addLayout(labels);
+}
+
+void ReportHeading::SetFormats(const std::vector<std::string>& formats, const std::string& shown) {
+  format_->clear();
+  for (const auto& format : formats) format_->addItem(toQt(format));
+  rememberedFormat_ = toQt(shown);
+  format_->setCurrentText(rememberedFormat_);
+}
+
+void ReportHeading::SetPeriod(const std::string& text) {
+  period_->setText(toQt(text));
+  period_->setVisible(!text.empty());
+}
+
+void ReportHeading::SetOthers(const tz::Conditions& conditions) {
+  QStringList texts;
+  for (const auto& control : report_.dialog->controls) {
+    const auto text = ConditionCombos::HasCombo(control.kind) ? "" : conditionText(control, conditions);
+    if (!text.empty()) texts.append(toQt(text));
+  }
+  others_->setText(texts.join(QStringLiteral("    ")));
+  others_->setToolTip(others_->text());
+}
+
+void ReportHeading::SetUnits(const AccountAmounts& amounts, const std::string& format) {
+  const QString shown = toQt(format);
+  currency_->setText(QStringLiteral("外币名称: %1").arg(toQt(amounts.currency)));
+  currency_->setVisible(shown.contains(QStringLiteral("外币")));
+  unit_->setText(QStringLiteral("数量单位: %1").arg(toQt(amounts.unit)));
+  unit_->setVisible(shown.contains(QStringLiteral("数量")));
+}
+
+void ReportHeading::OnFormatChosen() {
+  const QString chosen = format_->currentText();
+  if (format_->currentIndex() < 0 || chosen == rememberedFormat_) return;
+  rememberedFormat_ = chosen;
+  emit formatChosen(chosen);
+}
+
+}  // namespace tz

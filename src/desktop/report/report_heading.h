@@ -1,0 +1,49 @@
+// What stands above the grid of a report: painted title and labels, the condition combos, the amount-format combo.
+#pragma once
+
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "core/reports/report_definition.h"
+
+class QComboBox;
+
+namespace tz {
+
+class ConditionCombos;
+class PaintedStatic;
+
+class ReportHeading : public QWidget {
+  Q_OBJECT
+
+ public:
+  ReportHeading(const ReportDefinition& report, QWidget* parent);
+
+  [[nodiscard]] ConditionCombos& Conditions() const { return *conditions_; }
+  // The formats to choose from and the one that is shown.
+  void SetFormats(const std::vector<std::string>& formats, const std::string& shown);
+  void SetPeriod(const std::string& text);
+  // Shows the conditions that have no combo of their own, as one line.
+  void SetOthers(const tz::Conditions& conditions);
+  // Quantity unit and currency, each shown when the format has figures of that kind.
+  void SetUnits(const AccountAmounts& amounts, const std::string& format);
+
+ signals:
+  // Another format than before was chosen by hand.
+  void formatChosen(const QString& format);
+
+ private:
+  void OnFormatChosen();
+
+  const ReportDefinition& report_;
+  PaintedStatic* period_;
+  PaintedStatic* currency_;
+  PaintedStatic* unit_;
+  PaintedStatic* others_;
+  QComboBox* format_;
+  ConditionCombos* conditions_;
+  QString rememberedFormat_;
+};
+
+}  // namespace tz

@@ -1,0 +1,187 @@
+#include "desktop/report/report_status.h"
+
+#include <QDesktopServices>
+#include <QEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QProgressBar>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <array>
+
+#include "core/grid/column_adder.h"
+#include "desktop/frame/announce.h"
+#include "desktop/frame/elided_label.h"
+#include "desktop/theme/qt_text.h"
+#include "desktop/theme/theme.h"
+
+namespace tz {
+namespace {
+
+constexpr int progressWidth = 140;
+constexpr int progressHeight = 6;
+constexpr int narrowestMessage = 110;
+
+QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
+
+}  // namespace
+
+QString selectionText(const LineSums& sums) {
+  struct Kind {
+    Movement movement;
+    const char* caption;
+    Figure figure;
+  };
+  static constexpr std::array kinds = {
+      Kind{Movement::debitAmount, "借方", Figure::amount},
+      Kind{Movement::creditAmount, "贷方", Figure::amount},
+      Kind{Movement::debitQuantity, "借方数量", Figure::quantity},
+      Kind{Movement::creditQuantity, "贷方数量", Figure::quantity},
+      Kind{Movement::debitForeign, "借方外币", Figure::amount},
+      Kind{Movement::creditForeign, "贷方外币", Figure::amount},
+  };
+  if (sums.rows == 0) return {};
+  QStringList parts;
+  for (const auto& [movement, caption, figure] : kinds) {
+    const auto& [sum, count] = sums.of(movement);
+    if (count == 0) continue;
+    parts.append(QStringLiteral("%1 %2 笔，合计 %3，平均 %4")
+                     .arg(QString::fromUtf8(caption), grouped(count), toQt(figureText(sum, figure)),
+                          toQt(figureText(sum / static_cast<double>(count), figure))));
+  }
+  const QString lines = QStringLiteral("已选 %1 条分录").arg(grouped(sums.lines));
+  return parts.isEmpty() ? lines : lines + QStringLiteral("：") + parts.join(QStringLiteral("；"));
+}
+
+ReportStatus::ReportStatus(QWidget* parent)
+    : QWidget(parent),
+      remarks_(new QLabel(this)),
+      message_(new ElidedLabel(this)),
+      openFile_(new QToolButton(this)),
+      openFolder_(new QToolButton(this)),
+      selection_(new ElidedLabel(this)),
+      progress_(new QProgressBar(this)),
+      stop_(new QToolButton(this)) {
+  remarks_->setObjectName(QStringLiteral("remarks"));
+  remarks_->setTextFormat(Qt::PlainText);
+  remarks_->setWordWrap(true);
+  remarks_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  remarks_->hide();
+  message_->setObjectName(QStringLiteral("status"));
+  message_->setMinimumWidth(narrowestMessage);
+  message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  selection_->setObjectName(QStringLiteral("selection"));
+  progress_->setFixedSize(progressWidth, progressHeight);
+  progress_->setTextVisible(false);
+  progress_->setAccessibleName(QStringLiteral("进度"));
+  const auto name = [](QToolButton* button, const char* id, const QString& text) {
+    button->setObjectName(QString::fromLatin1(id));
+    button->setText(text);
+    button->setAutoRaise(true);
+  };
+  name(stop_, "stop", QStringLiteral("停止 (Esc)"));
+  name(openFile_, "openFile", QStringLiteral("打开文件(&O)"));
+  name(openFolder_, "openFolder", QStringLiteral("打开文件夹(&D)"));
+  connect(stop_, &QToolButton::clicked, this, &ReportStatus::stopClicked);
+  connect(openFile_, &QToolButton::clicked, this, [this] { Open(exported_); });
+  connect(openFolder_, &QToolButton::clicked, this, [this] { Open(QFileInfo(exported_).absolutePath()); });
+
+  auto* line = new QHBoxLayout;
+  line->setSpacing(12);
+  line->addWidget(message_, 1);
+  for (QWidget* part : std::initializer_list<QWidget*>{openFile_, openFolder_, progress_, stop_, selection_}) {
+    line->addWidget(part);
+  }
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(4, 0, 4, 0);
+  layout->setSpacing(4);
+  layout->addWidget(remarks_);
+  layout->addLayout(line);
+  SetMessage({}, false);
+  EndWork();
+}
+
+QWidget* ReportStatus::StopButton() const { return stop_; }
+
+void ReportStatus::SetMessage(const QString& text, bool failure) {
+  message_->SetShown(text);
+  failure_ = failure;
+  openFile_->hide();
+  openFolder_->hide();
+  PaintMessage();
+  if (failure) announce(message_);
+}
+
+void ReportStatus::ShowExported(const QString& path) {
+  exported_ = QFileInfo(path).absoluteFilePath();
+  SetMessage(QStringLiteral("已输出到 ") + path, false);
+  openFile_->show();
+  openFolder_->show();
+  announce(message_);
+}
+
+void ReportStatus::Open(const QString& path) {
+  if (QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
+  ShowFailure(QStringLiteral("打不开“%1”：文件已不在，或没有能打开它的程序").arg(path));
+}
+
+void ReportStatus::ShowFailure(const QString& text, const QString& detail) {
+  SetMessage(text, true);
+  if (!detail.isEmpty()) message_->setToolTip(QStringLiteral("%1\n详细：%2").arg(text, detail));
+}
+
+void ReportStatus::PaintMessage() {
+  QPalette palette;
+  palette.setColor(QPalette::WindowText, failure_ ? currentTheme().negative : currentTheme().mutedText);
+  message_->setPalette(palette);
+  QPalette link;
+  link.setColor(QPalette::ButtonText, currentTheme().accent);
+  openFile_->setPalette(link);
+  openFolder_->setPalette(link);
+}
+
+void ReportStatus::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) PaintMessage();
+  QWidget::changeEvent(event);
+}
+
+void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
+  SetMessage(rows == 0 ? QStringLiteral("没有记录") : QStringLiteral("共 %1 行").arg(grouped(rows)), false);
+  QStringList lines;
+  for (const Notice& notice : notices) {
+    if (!notice.warns()) lines.append(QStringLiteral("※ ") + toQt(notice.text));
+  }
+  remarks_->setText(lines.join(QLatin1Char('\n')));
+  remarks_->setVisible(!lines.isEmpty());
+}
+
+void ReportStatus::ShowSelection(const LineSums& sums) const {
+  selection_->SetShown(selectionText(sums));
+  selection_->setToolTip(selection_->text() + QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。"));
+  announce(selection_, QAccessible::NameChanged);
+}
+
+void ReportStatus::BeginWork(const QString& text) {
+  messageBefore_ = message_->text();
+  failureBefore_ = failure_;
+  workText_ = text;
+}
+
+void ReportStatus::ShowProgress(qint64 done, qint64 of) {
+  progress_->setRange(0, of == 0 ? 0 : 100);
+  progress_->update();
+  if (of != 0) progress_->setValue(static_cast<int>(done * 100 / of));
+  progress_->show();
+  stop_->show();
+  SetMessage(done == 0 ? workText_ : QStringLiteral("%1 已处理 %2 行").arg(workText_, grouped(done)), false);
+}
+
+void ReportStatus::EndWork() {
+  if (!progress_->isHidden()) SetMessage(messageBefore_, failureBefore_);
+  progress_->hide();
+  stop_->hide();
+}
+
+}  // namespace tz

@@ -1,0 +1,70 @@
+// The status line of a report: how many rows, what is selected, what failed or was exported; while work runs, how far
+// it is and how to stop it. Above it stand the report's remarks.
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/grid/notice.h"
+#include "desktop/gridview/grid_view_selection.h"
+
+class QLabel;
+class QProgressBar;
+class QToolButton;
+
+namespace tz {
+
+class ElidedLabel;
+
+// "已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00"; a side without figures is not named.
+[[nodiscard]] QString selectionText(const LineSums& sums);
+
+class ReportStatus : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ReportStatus(QWidget* parent);
+
+  void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
+  // Which lines are selected.
+  void ShowSelection(const LineSums& sums) const;
+  // Instead of the number of rows, until the next report.
+  void ShowMessage(const QString& text) { SetMessage(text, false); }
+  // The tip also holds the database's own words.
+  void ShowFailure(const QString& text, const QString& detail = {});
+  // A file that was written, with the buttons that open it and its folder.
+  void ShowExported(const QString& path);
+
+  void BeginWork(const QString& text);
+  void ShowProgress(qint64 done, qint64 of);
+  void EndWork();
+  [[nodiscard]] QWidget* StopButton() const;
+
+ signals:
+  void stopClicked();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void SetMessage(const QString& text, bool failure);
+  void PaintMessage();
+  void Open(const QString& path);
+
+  QLabel* remarks_;
+  ElidedLabel* message_;
+  QToolButton* openFile_;
+  QToolButton* openFolder_;
+  ElidedLabel* selection_;
+  QProgressBar* progress_;
+  QToolButton* stop_;
+  QString exported_;
+  QString workText_;
+  QString messageBefore_;
+  bool failure_ = false;
+  bool failureBefore_ = false;
+};
+
+}  // namespace tz

@@ -1,0 +1,104 @@
+// The window of every report: painted heading with condition combos, toolbar, grid and status line over one definition.
+// It asks for its conditions, computes through the core and shows what came back. A computation that is refused, fails
+// or is stopped leaves what was shown, conditions included.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "desktop/frame/need_bitmap.h"
+#include "desktop/frame/process.h"
+#include "desktop/frame/result_dialog.h"
+#include "desktop/report/export_file.h"
+#include "desktop/report/report_run.h"
+
+class QToolBar;
+
+namespace tz {
+
+class ConditionStore;
+class CTzQueryDialog;
+class GridView;
+class NoticeBar;
+class ReportHeading;
+class ReportStatus;
+
+class ReportWindow : public CTzResultDialog, public CProcess {
+  Q_OBJECT
+
+ public:
+  ReportWindow(const ReportDefinition& definition, QWidget* parent);
+  ~ReportWindow() override;
+
+  // Lets exports begin in the folder of the last one. What it calls must outlive the window.
+  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
+  // Lets the condition dialog keep conditions under names. The store must outlive the window.
+  void OfferSaved(ConditionStore& store) { store_ = &store; }
+
+  bool OnCommandQuery() override;
+  void RefreshDisplay() override;
+
+  // Conditions copied from another report, in place of the dialog.
+  void SetConditions(const Request& request);
+  [[nodiscard]] const Request& GetRequest() const { return request_; }
+  [[nodiscard]] bool ConditionsSet() const { return conditionsSet_; }
+  [[nodiscard]] const ReportDefinition& Definition() const { return definition_; }
+  // What the window shows; null before the first report.
+  [[nodiscard]] const ShownReport* Shown() const { return shown_ ? &*shown_ : nullptr; }
+  [[nodiscard]] GridView& Grid() const { return *view_; }
+  [[nodiscard]] QToolBar& ToolBar() const { return *toolBar_; }
+
+  // Writes what is shown; how that went stands in the status line.
+  void ExportTo(const ExportTarget& target);
+
+  bool OnInitDialog() override;
+  void OnCommand(int id) override;
+  void PostNcDestroy() override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void LayOut();
+  void DrawToolBar();
+  // Computes with the conditions as they are; what was shown stays when that comes to nothing.
+  void Refresh();
+  void Show(ShownReport shown);
+  void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
+  void KeepShown();
+  // Runs a piece of work; its failure stands in the status line, and what was shown stays.
+  void Attempt(const std::function<void()>& work);
+  void TellFailure(const std::exception& error);
+  // What was shown stays; where nothing was, the window says so and what to do.
+  void TellStopped();
+  // Departments change their persons: with none chosen there is nothing to show yet.
+  void OnConditionChosen(ParameterKey key, const MemberChoice& member);
+  void OnFormatChosen(const QString& format);
+  void AwaitPerson(bool personsChange);
+  // What takes the rows waits for them.
+  void EnableCommands();
+  void ExportToFile();
+  void OpenHelp();
+
+  const ReportDefinition& definition_;
+  std::unique_ptr<CNeedBitmap> background_;
+  ConditionStore* store_ = nullptr;
+  ExportFolder exportFolder_;
+  std::unique_ptr<Session> querySession_;
+  QPointer<CTzQueryDialog> queryDialog_;  // ours, but its parent may go first
+  Request request_;
+  bool conditionsSet_ = false;
+  bool firstShow_ = true;
+  bool awaitsPerson_ = false;
+  std::optional<ShownReport> shown_;
+
+  QToolBar* toolBar_ = nullptr;
+  ReportHeading* heading_ = nullptr;
+  NoticeBar* warnings_ = nullptr;
+  GridView* view_ = nullptr;
+  ReportStatus* status_ = nullptr;
+};
+
+}  // namespace tz

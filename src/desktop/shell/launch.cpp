@@ -1,0 +1,116 @@
+#include "desktop/shell/launch.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+#include "core/catalogue/launch_checks.h"
+#include "desktop/frame/globals.h"
+#include "desktop/frame/message_box.h"
+#include "desktop/report/log.h"
+#include "desktop/report/long_work.h"
+#include "desktop/report/report_window.h"
+#include "desktop/shell/command_table.h"
+
+namespace tz {
+namespace {
+
+bool hasSlot(int command) {
+  const Command* found = findCommand(command);
+  return found != nullptr && found->pointer == Pointer::slot;
+}
+
+std::optional<Refusal> refusalOf(const ReportDefinition& report) {
+  std::optional<DbError> failure;
+  std::optional<MessageId> message;
+  try {
+    message = launchRefusal(report.command, *g_pDB);
+  } catch (const DbError& error) {
+    logFailure(report.windowTitle, error.what());
+    failure = error;
+    message = launchRefusalUnread(report.command);
+  }
+  if (!message) return std::nullopt;
+  return Refusal{.id = *message, .failure = failure};
+}
+
+}  // namespace
+
+ReportLauncher::ReportLauncher(Operator who, Find find) : who_(std::move(who)), find_(std::move(find)) {}
+
+ReportLauncher::~ReportLauncher() = default;
+
+std::string ReportLauncher::Obstacle(int command) const {
+  const ReportDefinition* report = find_(command);
+  if (report == nullptr) return "该功能尚未提供";
+  if (who_.may(report->right)) return {};
+  return fmt::format("操作员 {} 没有“{}”的权限（{} 号），请向管理员申请", who_.name, report->rightName, report->right);
+}
+
+bool ReportLauncher::MayLaunch(const ReportDefinition& report) const {
+  const CCheckAuth auth(who_, report.right, 1, report.rightName);
+  if (!auth) return false;
+  const auto refusal = refusalOf(report);
+  if (refusal) AfxMessageBox(g_pDlgWnd, *refusal);
+  return !refusal;
+}
+
+void ReportLauncher::Launch(int command) {
+  const ReportDefinition* report = find_(command);
+  if (report == nullptr || LongWork::Running() || !MayLaunch(*report)) return;
+  if (hasSlot(command)) slots_.erase(command);
+  ReportWindow* window = NewWindow(*report, nullptr);
+  if (hasSlot(command)) slots_[command] = window;
+  if (!window->OnCommandQuery()) {
+    Forget(window);
+    delete window;
+    return;
+  }
+  if (Create(window)) window->RefreshDisplay();
+}
+
+ReportWindow* ReportLauncher::LaunchFromReport(int command, const Request& conditions, QWidget* parent) {
+  const ReportDefinition* report = find_(command);
+  if (report == nullptr || LongWork::Running()) return nullptr;
+  ReportWindow* window = SlotOf(command);
+  if (window == nullptr) {
+    window = NewWindow(*report, parent);
+    slots_[command] = window;
+  }
+  if (!window->IsCreated() && !Create(window)) return nullptr;
+  window->SetConditions(conditions);
+  window->RefreshDisplay();
+  return window;
+}
+
+ReportWindow* ReportLauncher::NewWindow(const ReportDefinition& report, QWidget* parent) const {
+  auto* window = new ReportWindow(report, parent);
+  if (store_ != nullptr) window->OfferSaved(*store_);
+  return window;
+}
+
+bool ReportLauncher::Create(ReportWindow* window) {
+  windows_.push_back(window);
+  connect(window, &ReportWindow::closed, this, [this, window] { Forget(window); });
+  if (!window->CreateTheDialog(g_pDlgWnd)) return false;
+  emit opened(window);
+  emit windowsChanged();
+  return true;
+}
+
+void ReportLauncher::Forget(ReportWindow* window) {
+  // A report that was launched once more has left its slot to the newer window.
+  std::erase_if(slots_, [window](const auto& slot) { return slot.second == window; });
+  if (std::erase(windows_, window) != 0) emit windowsChanged();
+}
+
+ReportWindow* ReportLauncher::SlotOf(int command) const {
+  const auto found = slots_.find(command);
+  return found == slots_.end() ? nullptr : found->second;
+}
+
+void ReportLauncher::CloseAll() {
+  const auto open = windows_;
+  for (ReportWindow* window : open) window->close();
+}
+
+}  // namespace tz

@@ -1,0 +1,29 @@
+#include "desktop/shell/navigator_help.h"
+
+#include <QString>
+
+#include "desktop/report/help_window.h"
+#include "desktop/res/pictures.h"
+#include "desktop/shell/area_layout.h"
+
+namespace tz {
+
+void showNavigatorHelp(QWidget* navigator) {
+  QString areas;
+  for (const AreaPicture& area : areaPictures()) {
+    const Picture* picture = findPicture(area.bitmap);
+    areas += QStringLiteral("<tr><td style='padding-right:16px'>%1</td><td>%2</td></tr>")
+                 .arg(QString::fromUtf8(picture->caption), QString::fromUtf8(area.hint));
+  }
+  showHelpPage(navigator, QStringLiteral("<h2>辅助核算</h2>"
+                                         "<p>左边选择核算的方面，右边打开它的帐表；每张帐表先询问条件，再列示。</p>"
+                                         "<h3>核算的方面</h3><table>%1</table>"
+                                         "<h3>操作</h3><ul>"
+                                         "<li>Tab 和方向键移动，Enter 或空格键打开。</li>"
+                                         "<li>可以同时打开多张帐表，Ctrl+Tab 和 Ctrl+Shift+Tab 在窗口之间切换。</li>"
+                                         "<li>灰色的功能没有权限或尚未提供，选中它就说明原因。</li>"
+                                         "<li>下方的帐套菜单更改登录日期和外观，或打开其他帐套。</li></ul>")
+                              .arg(areas));
+}
+
+}  // namespace tz

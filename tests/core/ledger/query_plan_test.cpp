@@ -1,0 +1,70 @@
+// No ordering of a detail ledger leaves a sort step: the databases read the lines along an index in the order asked
+// for.
+#include <map>
+
+#include "core/catalogue/catalogue.h"
+#include "core/data/create_ledger.h"
+#include "core/ledger/definitions.h"
+#include "core/ledger/member_filter.h"
+#include "core/sample/sample_company.h"
+#include "support/test_ledger.h"
+
+namespace tz::test {
+namespace {
+
+class QueryPlan : public DatabaseTest {
+ protected:
+  // The plan of a statement as the engine runs it: on the server through a cursor.
+  [[nodiscard]] std::string planOf(Connection& connection, const Sql& statement) const {
+    return rowsOf(connection,
+                  Sql(onServer() ? "EXPLAIN DECLARE plan NO SCROLL CURSOR FOR " : "EXPLAIN QUERY PLAN ") + statement);
+  }
+};
+
+// Every dimension of the sample company at once: each member takes its own.
+Conditions conditionsFor(const CQnCwDB& db, Area area) {
+  const std::map<Area, std::string> accounts = {
+      {Area::person, "1221"}, {Area::unit, "1122"}, {Area::project, "6001"}, {Area::department, "6601"}};
+  Conditions conditions;
+  conditions.data = std::make_shared<CGetData>(db);
+  auto& data = *conditions.data;
+  conditions.account = *data.GetCODEINFOByCode(accounts.at(area));
+  conditions.dept = *data.GetDEPTINFOByDeptNameORId("销售部");
+  conditions.person.lId = data.GetPersonId("李明", conditions.dept.lDeptId);
+  conditions.unit.lId = 1;
+  conditions.unitClass.lId = 1;
+  conditions.clerk.name = "李明";
+  conditions.projectClass.sItemId = "01";
+  conditions.project = data.ItemTable("01").front();
+  conditions.from = 1;
+  conditions.to = 12;
+  return conditions;
+}
+
+TEST_P(QueryPlan, LeavesNoSort) {
+  const TestPlace place(GetParam());
+  createLedger(place.address(), [](Connection& connection) { fillSample(connection, {.lines = 30'000}); });
+  if (onServer()) openLedger(place.address(), Access::keeper)->execute("ANALYZE");
+  CQnCwDB db(Access::read);
+  db.Open(place.address());
+  int members = 0;
+  for (const auto* report : catalogue()) {
+    const auto* member = detailMember(report->command);
+    if (member == nullptr) continue;
+    ++members;
+    const auto conditions = conditionsFor(db, report->area);
+    for (const auto book : {Book::posted, Book::unposted}) {
+      const auto plan =
+          planOf(db.Current(), lineStatement(memberLines(*member, conditions, book), "m.dtBill, s.mMoney"));
+      EXPECT_EQ(plan.find("Sort"), std::string::npos) << report->command << "\n" << plan;
+      EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << report->command << "\n" << plan;
+      EXPECT_NE(plan.find(onServer() ? "Index" : "USING INDEX"), std::string::npos) << plan;
+    }
+  }
+  EXPECT_EQ(members, 22);
+}
+
+TZ_ON_BOTH_DATABASES(QueryPlan);
+
+}  // namespace
+}  // namespace tz::test

@@ -1,0 +1,279 @@
+#include "core/ledger/random_ledger.h"
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+
+namespace tz::test::naive {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const Texts names = {"张三", "李四", "O'Brien'; DROP TABLE Plan --", "100%", "\"引号\"\n换行", "王_五", "\\'", "?$1%s"};
+const Texts classNames = {"国内", "国外'"};
+const Texts clerks = {"", "", "张三", "O'Brien'; DROP TABLE Plan --"};
+const Texts deptNames = {"销售部", "采购部", "'财务'部", "销售部"};  // one name twice
+const Texts summaries = {
+    "", "预借差旅费", "它说'不'", "第一行\n第二行\t\"引\\号\"", "100%", "一个很长很长的摘要，比十五个字节长得多"};
+
+int sideOf(Dice& dice) { return dice.once(2) ? 1 : 0; }
+
+// One dimension alone, or any of them together.
+std::string flagsOf(Dice& dice) {
+  const Texts single = {"A", "B", "C", "D"};
+  if (dice.once(3)) return dice.oneOf(single);
+  std::string flags;
+  for (const char* flag : {"D", "A", "C", "B"}) {
+    if (!dice.once(3)) flags += flag;
+  }
+  return flags;
+}
+
+void addAccount(Ledger& ledger, Dice& dice, const std::string& code, bool leaf) {
+  CodeInfo account;
+  account.lId = (static_cast<Id>(ledger.accounts.size()) * 7) % 31 + 2;  // in another order than the codes
+  account.sCode = code;
+  account.sName = dice.oneOf(names) + "款";
+  account.byGrade = static_cast<int>(code.size()) / 2 - 1;
+  account.bEnd = leaf ? 1 : 0;
+  account.bDirect = sideOf(dice);
+  account.sAssBook = flagsOf(dice);
+  if (dice.once(2)) account.sUnit = "台";
+  if (dice.once(2)) account.byExchId = 1 + dice.below(3);  // the third is no currency of the ledger
+  ledger.accounts.push_back(account);
+  for (const auto& itemClass : ledger.classes) {
+    if (!account.keeps('D') || dice.once(3)) continue;
+    const auto id = static_cast<Id>(ledger.classesOfAccounts.size()) + 1;
+    ledger.classesOfAccounts.push_back({id, account.lId, itemClass.sItemId});
+  }
+}
+
+void addProjects(Ledger& ledger, Dice& dice) {
+  if (!dice.once(20)) ledger.classes = {{1, "Z9", "订单"}, {2, "01", "研发'项目"}};
+  for (const char* itemClass : itemClasses) {
+    for (int i = 1; i <= 3; ++i) {
+      ledger.items.push_back({itemClass, i, "X" + std::to_string(5 - i), dice.oneOf(names) + "工程"});
+    }
+  }
+}
+
+void addAccounts(Ledger& ledger, Dice& dice) {
+  for (const char* top : {"1133", "1134", "2241"}) {
+    const int children = dice.below(4);
+    addAccount(ledger, dice, top, children == 0);
+    for (int child = 1; child <= children; ++child) {
+      const auto code = top + std::string("0") + std::to_string(child);
+      const int grandchildren = dice.once(3) ? dice.below(3) : 0;
+      addAccount(ledger, dice, code, grandchildren == 0);
+      for (int i = 1; i <= grandchildren; ++i) addAccount(ledger, dice, code + "0" + std::to_string(i), true);
+    }
+  }
+}
+
+void addArchives(Ledger& ledger, Dice& dice) {
+  addProjects(ledger, dice);
+  addAccounts(ledger, dice);
+  ledger.currencies = {{1, 1, "日元", 0}, {2, 2, "美元", 1}};
+  // The ids that lines carry are other departments' record ids.
+  const Id lineIds[] = {3, 1, 4, 2};
+  for (std::size_t i = 0; i < deptNames.size(); ++i) {
+    ledger.depts.push_back({static_cast<Id>(i) + 1, lineIds[i], "D" + std::to_string(9 - i), deptNames[i]});
+  }
+  for (int i = 1, persons = 2 + dice.below(4); i <= persons; ++i) {
+    ledger.persons.push_back({i, "P" + std::to_string(i), dice.oneOf(names), dice.once(3) ? 1 + dice.below(4) : 3});
+  }
+  for (int i = 1, classes = dice.below(3); i <= classes; ++i) ledger.unitClasses.push_back({i, dice.oneOf(classNames)});
+  for (int i = 1; i <= 4; ++i) {
+    EnterInfo unit;
+    unit.lId = i;
+    unit.sEnterId = "E" + std::to_string(9 - i);
+    unit.sEnterName = dice.oneOf(names) + "公司";
+    unit.lClassId = dice.below(3);
+    ledger.units.push_back(unit);
+  }
+}
+
+double quarters(Dice& dice) {
+  switch (dice.below(12)) {
+    case 0:
+      return 0;
+    case 1:
+      return 1.0 / 131072;  // below the opening row's threshold
+    case 2:
+      return -1.0 / 16384;  // between the two thresholds
+    default:
+      return (dice.below(4000) - 800) * 0.25;
+  }
+}
+
+// What a posted line of a list report holds: sums of such amounts are exact in whatever order they are formed.
+double sixtyFourths(Dice& dice) { return dice.once(10) ? quarters(dice) : (dice.below(200000) - 30000) / 64.0; }
+
+double cents(Dice& dice) {
+  switch (dice.below(16)) {
+    case 0:
+      return 0;
+    case 1:
+      return 0.00005;
+    case 2:
+      return 0.0001;
+    default:
+      return (dice.below(200000) - 30000) / 100.0;
+  }
+}
+
+// Somebody who is in a department, sometimes in one that is not his.
+std::pair<Id, Id> member(const Ledger& ledger, Dice& dice) {
+  const auto& person = dice.oneOf(ledger.persons);
+  return {dice.once(8) ? 1 + dice.below(4) : person.lDeptId, person.lId};
+}
+
+// The dimensions of a balance or line; a project is a class with one of its items.
+template <class Record>
+void setDimensions(Record& record, const Ledger& ledger, Dice& dice) {
+  record.lCodeId = dice.oneOf(ledger.accounts).lId;
+  std::tie(record.lDeptId, record.lPersonId) = member(ledger, dice);
+  if (dice.once(4)) record.lPersonId = 0;
+  if (dice.once(9)) record.lDeptId = 0;
+  if (!dice.once(3)) record.lEnterId = 1 + dice.below(4);
+  if (dice.once(3)) return;
+  record.lItemId = dice.once(12) ? 0 : 1 + dice.below(3);
+  record.sItemId = itemClasses[dice.once(3) ? 1 : 0];
+}
+
+void addBalances(Ledger& ledger, Dice& dice) {
+  std::set<std::tuple<Id, Id, Id, Id, Id, std::string, int>> taken;
+  for (int i = 0, records = 20 + dice.below(180); i < records; ++i) {
+    AssAccInfo balance;
+    balance.lId = 1000 - i;  // read in another order than written
+    setDimensions(balance, ledger, dice);
+    balance.byPeroid = dice.once(3) ? 1 : dice.below(13);
+    balance.bBegin = balance.byPeroid == 0 ? 1 : 0;
+    balance.mBegin = quarters(dice);
+    balance.dBegin = dice.once(3) ? 0 : quarters(dice);
+    balance.mBeginFor = dice.once(3) ? 0 : quarters(dice);
+    balance.mDebit = quarters(dice);
+    const bool isNew = taken
+                           .insert({balance.lCodeId, balance.lDeptId, balance.lPersonId, balance.lEnterId,
+                                    balance.lItemId, balance.sItemId, balance.byPeroid})
+                           .second;
+    if (isNew) ledger.balances.push_back(balance);
+  }
+}
+
+Date dayOf(Dice& dice, int month, int year = 2006) {
+  return {static_cast<std::int16_t>(year), static_cast<std::uint8_t>(month),
+          static_cast<std::uint8_t>(1 + dice.below(28))};
+}
+
+template <class Head, class Line>
+void addVouchers(std::vector<Head>& heads, std::vector<Line>& lines, const Ledger& ledger, Dice& dice,
+                 double (*amount)(Dice&)) {
+  const Texts words = {"记", "银付", "转"};
+  std::vector<Id> lineIds;
+  const bool tidy = dice.once(2);  // every voucher dated and entered inside its period
+  for (int i = 0, vouchers = dice.below(30); i < vouchers; ++i) {
+    Head head;
+    head.lTieId = 100 - i;
+    head.byPeroid = dice.below(tidy ? 5 : 13);
+    const int month = head.byPeroid == 0 ? 1 : head.byPeroid;
+    head.dtBill = tidy || !dice.once(4) ? dayOf(dice, month) : dayOf(dice, 1 + dice.below(12), 2005 + dice.below(3));
+    head.dtDate = tidy ? head.dtBill : dayOf(dice, 1 + dice.below(12));
+    head.sWord = dice.oneOf(words);
+    head.nNumber = dice.once(5) ? 9998 + dice.below(4) : 1 + dice.below(40);
+    heads.push_back(head);
+    for (int k = 0, count = dice.below(14); k < count; ++k) {
+      Line line;
+      line.lId = 5000 + (static_cast<Id>(lines.size()) * 37) % 1009;  // unique, in no order
+      line.lTieId = head.lTieId;
+      setDimensions(line, ledger, dice);
+      line.sName = dice.oneOf(clerks);
+      line.mMoney = amount(dice);
+      line.bDirect = sideOf(dice);
+      if (!dice.once(3)) line.dAmount = amount(dice);
+      if (!dice.once(3)) line.mForeign = amount(dice);
+      if (!dice.once(3)) line.dFrat = 1 + dice.below(100000) / 10000.0;
+      line.sDigest = dice.oneOf(summaries);
+      line.dtDate = head.dtDate;
+      lines.push_back(line);
+    }
+  }
+}
+
+std::string deptOf(const Ledger& ledger, Dice& dice, Id id) {
+  if (dice.once(30)) return dice.once(2) ? "" : "没有的部";
+  for (const auto& dept : ledger.depts) {
+    if (dept.lDeptId == id) return dept.sDeptName;
+  }
+  return {};
+}
+
+bool keepsAll(const CodeInfo& account, std::string_view flags) {
+  return std::all_of(flags.begin(), flags.end(), [&](char flag) { return account.keeps(flag); });
+}
+
+std::string accountFor(const Ledger& ledger, Dice& dice, const Report& report) {
+  std::vector<std::string> fitting;
+  for (const auto& account : ledger.accounts) {
+    if (report.accounts.which == Accounts::parent && account.bEnd != 0) continue;
+    if (report.accounts.which == Accounts::leaf && account.bEnd == 0) continue;
+    const bool alone = report.accounts.which == Accounts::list && *report.accounts.flags == 'B';
+    if (alone ? account.sAssBook == "B" : keepsAll(account, report.accounts.flags)) fitting.push_back(account.sCode);
+  }
+  if (dice.once(25)) return dice.once(2) ? "1199" : dice.oneOf(ledger.accounts).sCode;
+  return fitting.empty() ? "" : dice.oneOf(fitting);
+}
+
+void askForProject(Question& question, const Ledger& ledger, Dice& dice, const Report& report) {
+  const auto& item = dice.oneOf(ledger.items);
+  question.project = item.name;
+  question.projectClass = item.classId;
+  if (dice.once(report.classOfAccount ? 2 : 15)) question.projectClass = dice.once(3) ? "没有" : "";
+  if (dice.once(30)) question.project = dice.once(2) ? "" : "没有的项目";
+  if (report.project || !dice.once(4)) return;
+  if (!dice.once(3)) question.projectFrom = dice.once(20) ? "X9" : dice.oneOf(ledger.items).code;
+  if (!dice.once(3)) question.projectTo = dice.oneOf(ledger.items).code;
+}
+
+}  // namespace
+
+Ledger randomLedger(Dice& dice, Amounts amounts) {
+  Ledger ledger;
+  addArchives(ledger, dice);
+  addBalances(ledger, dice);
+  addVouchers(ledger.postedHeads, ledger.postedLines, ledger, dice, amounts == Amounts::cents ? cents : sixtyFourths);
+  addVouchers(ledger.unpostedHeads, ledger.unpostedLines, ledger, dice, quarters);
+  return ledger;
+}
+
+Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) {
+  const Texts formats = {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
+  Question question;
+  question.report = report.id;
+  if (report.accounts.which != Accounts::list) {
+    question.accounts = {accountFor(ledger, dice, report)};
+  } else {
+    for (int i = dice.below(3); i > 0; --i) question.accounts.push_back(accountFor(ledger, dice, report));
+  }
+  const auto [deptId, personId] = member(ledger, dice);
+  question.dept = deptOf(ledger, dice, deptId);
+  if (report.dept.unknown != nullptr && report.dept.missing == nullptr && dice.once(2))
+    question.dept = dice.once(2) ? "全部" : "";
+  for (const auto& person : ledger.persons) {
+    if (person.lId == personId) question.person = person.sName;
+  }
+  if (dice.once(30)) question.person = dice.once(2) ? "" : "没有的人";
+  question.unit = dice.once(20) ? (dice.once(2) ? "" : "没有的单位") : dice.oneOf(ledger.units).sEnterName;
+  question.unitClass = dice.once(4) ? "其它" : dice.once(4) ? "" : dice.oneOf(classNames);
+  question.clerk = dice.once(4) ? "其它" : dice.oneOf(clerks);
+  askForProject(question, ledger, dice, report);
+  question.from = 1 + dice.below(12);
+  question.to = dice.once(10) ? 1 + dice.below(12) : question.from + dice.below(13 - question.from);
+  if (dice.once(3)) question.from = 1;
+  question.unposted = dice.once(2);
+  question.amountAnalysis = dice.once(2);
+  if (dice.once(3)) question.format = dice.oneOf(formats);
+  return question;
+}
+
+}  // namespace tz::test::naive

@@ -1,0 +1,137 @@
+// The keys that help promises, from every place of every window: the navigator, a report's grid and its fields.
+#include <QComboBox>
+#include <QTextBrowser>
+
+#include "desktop/frame/process.h"
+#include "desktop/gridview/grid_view.h"
+#include "desktop/host/desktop.h"
+#include "desktop/host/host_ledger.h"
+
+namespace tz::test {
+namespace {
+
+class WindowKeys : public HostTest {
+ protected:
+  void SetUp() override {
+    open_.MakeCurrent({2006, 3, 31});
+    desktop_ = std::make_unique<Desktop>(settings_, open_, everybody());
+    desktop_->Show();
+    navigator_ = qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
+    navigator_->OnTzAssistantPerson();
+    for (const char* command : {"10190", "10190"}) {
+      inModal([](QWidget& dialog) {
+        control<QLineEdit>(dialog, "8052").setText("销售部");
+        control<QLineEdit>(dialog, "2111").setText("张三");
+        click(dialog, "1");
+      });
+      click(*navigator_, command);
+    }
+    const auto reports = navigator_->findChildren<ReportWindow*>();
+    ASSERT_EQ(reports.size(), 2);
+    first_ = reports[0];
+    second_ = reports[1];
+  }
+  void TearDown() override {
+    desktop_.reset();
+    deleteClosed();
+  }
+
+  // Itself: to the toolkit a window is active also while one that belongs to it is.
+  static void expectActive(QWidget& window) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }))
+        << fromQt(window.windowTitle());
+  }
+  // A report's places for the focus: the grid, a combo that finds as one types, the combo of formats.
+  static std::vector<QWidget*> placesOf(ReportWindow& report) {
+    return {&report.Grid(), &control<QWidget>(report, "2206"), &control<QWidget>(report, "2201")};
+  }
+  static void focus(QWidget& place) {
+    place.window()->activateWindow();
+    expectActive(*place.window());
+    place.setFocus();
+    ASSERT_EQ(place.window()->focusWidget(), &place);
+  }
+  static void press(QWidget& place, int key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&place, static_cast<Qt::Key>(key), modifiers);
+  }
+
+  HostSettings settings_;
+  OpenLedger open_{address()};
+  std::unique_ptr<Desktop> desktop_;
+  CQnCwAssistantDlg* navigator_ = nullptr;
+  ReportWindow* first_ = nullptr;
+  ReportWindow* second_ = nullptr;
+  RecordedMessages messages_;
+};
+
+TEST_F(WindowKeys, CtrlTabGoesRoundFromEveryPlace) {
+  for (std::size_t place = 0; place < placesOf(*first_).size(); ++place) {
+    SCOPED_TRACE(place);
+    QWidget& inNavigator = control<QWidget>(*navigator_, place == 0 ? "10182" : "10190");
+    focus(inNavigator);
+    press(inNavigator, Qt::Key_Tab, Qt::ControlModifier);
+    expectActive(*first_);
+    focus(*placesOf(*first_)[place]);
+    press(*placesOf(*first_)[place], Qt::Key_Tab, Qt::ControlModifier);
+    expectActive(*second_);
+    focus(*placesOf(*second_)[place]);
+    press(*placesOf(*second_)[place], Qt::Key_Tab, Qt::ControlModifier);
+    expectActive(*navigator_);
+    press(inNavigator, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    expectActive(*second_);
+    press(*placesOf(*second_)[place], Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    expectActive(*first_);
+  }
+}
+
+// Each key of the toolbar that its help lists: it is the window's, whatever a field would do with it.
+TEST_F(WindowKeys, TheToolbarsKeysAreTheWindowsInEveryField) {
+  for (QWidget* place : placesOf(*first_)) {
+    focus(*place);
+    for (const QAction* action : first_->ToolBar().actions()) {
+      const CommandHint* hint = findCommandHint(action->objectName().toInt());
+      if (hint == nullptr || *hint->shortcut == '\0' || action->objectName() == "50010") continue;
+      SCOPED_TRACE(fromQt(place->objectName()) + " " + hint->shortcut);
+      const QKeyCombination keys = QKeySequence(QLatin1String(hint->shortcut))[0];
+      QSignalSpy ran(action, &QAction::triggered);
+      const bool opensModal = action->objectName() == "50020" || action->objectName() == "50031";
+      if (opensModal) inModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+      press(*place, keys.key(), keys.keyboardModifiers());
+      EXPECT_EQ(ran.size(), action->isEnabled() ? 1 : 0);
+      if (action->objectName() == "50009") first_->findChild<QDialog*>("help")->close();
+      focus(*place);
+    }
+  }
+  auto& account = control<QComboBox>(*first_, "2206");
+  EXPECT_EQ(account.lineEdit()->text(), "122101 职工借款");
+  focus(account);
+  const QPointer<ReportWindow> closed = first_;
+  press(account, Qt::Key_W, Qt::ControlModifier);
+  deleteClosed();
+  EXPECT_TRUE(closed.isNull());
+}
+
+// Also while a report's own help is open, and from each area.
+TEST_F(WindowKeys, F1InTheNavigatorIsTheNavigatorsHelp) {
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_F1, Qt::NoModifier);
+  for (const AreaPicture& area : areaPictures()) {
+    SCOPED_TRACE(area.hint);
+    auto& button = control<QWidget>(*navigator_, QString::number(area.command));
+    click(*navigator_, button.objectName());
+    const auto pictures = picturesOf(area.area);
+    for (QWidget* place : {&button, &control<QWidget>(*navigator_, QString::number(pictures.front().command))}) {
+      focus(*place);
+      press(*place, Qt::Key_F1, Qt::NoModifier);
+      auto* help = navigator_->findChild<QDialog*>("help", Qt::FindDirectChildrenOnly);
+      ASSERT_NE(help, nullptr);
+      expectActive(*help);
+      EXPECT_TRUE(help->findChild<QTextBrowser*>()->toPlainText().startsWith("辅助核算"));
+      QTest::keyClick(help, Qt::Key_Escape);
+      EXPECT_FALSE(help->isVisible());
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tz::test

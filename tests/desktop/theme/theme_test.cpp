@@ -1,0 +1,87 @@
+#include "desktop/theme/theme.h"
+
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace tz {
+namespace {
+
+double luminance(QColor colour) {
+  const auto part = [](double value) {
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+double contrast(QColor one, QColor other) {
+  const double light = std::max(luminance(one), luminance(other));
+  const double dark = std::min(luminance(one), luminance(other));
+  return (light + 0.05) / (dark + 0.05);
+}
+
+class ThemeTest : public testing::TestWithParam<ThemeChoice> {
+ protected:
+  void SetUp() override { applyTheme(GetParam()); }
+  void TearDown() override { applyTheme(ThemeChoice::light); }
+};
+
+// 4.5 is what small text needs for people who see poorly.
+TEST_P(ThemeTest, TextStandsOutOnEveryGroundItLiesOn) {
+  const Theme& theme = currentTheme();
+  const QColor cells[] = {theme.surface, theme.header, theme.selection, rowColour(lightGreen)};
+  for (const QColor& ground : cells) EXPECT_GE(contrast(theme.negative, ground), 4.5) << ground.name().toStdString();
+  for (const QColor& ground : {cells[0], cells[1], cells[2], cells[3], theme.ground, theme.hover, theme.pressed}) {
+    EXPECT_GE(contrast(theme.text, ground), 7) << ground.name().toStdString();
+  }
+  for (const QColor& ground : {theme.surface, theme.ground, theme.header}) {
+    EXPECT_GE(contrast(theme.mutedText, ground), 4.5) << ground.name().toStdString();
+    EXPECT_GE(contrast(theme.accent, ground), 4.5) << ground.name().toStdString();
+  }
+  EXPECT_GE(contrast(theme.onAccent, theme.accent), 4.5);
+  EXPECT_GE(contrast(theme.warning, theme.warningGround), 7);
+  EXPECT_GE(contrast(theme.warning, theme.ground), 4.5) << "the frame of a warning";
+  EXPECT_GE(contrast(theme.railText, theme.rail), 7);
+  EXPECT_GE(contrast(theme.onRailSelected, theme.railSelected), 4.5);
+}
+
+TEST_P(ThemeTest, TheDefaultButtonAndTheFocusAreToldApart) {
+  QWidget window;
+  QPushButton plain(QStringLiteral("取消"), &window);
+  QPushButton accepting(QStringLiteral("确定"), &window);
+  accepting.setGeometry(300, 260, 90, 30);
+  plain.setGeometry(300, 200, 90, 30);
+  accepting.setDefault(true);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  accepting.setFocus();
+  const QPoint inside(8, 6);
+  const QPoint edge(1, 15);
+  EXPECT_EQ(plain.grab().toImage().pixelColor(inside), currentTheme().surface);
+  EXPECT_EQ(plain.grab().toImage().pixelColor(edge), currentTheme().surface);
+  plain.setFocus();
+  EXPECT_EQ(plain.grab().toImage().pixelColor(edge), currentTheme().accent);
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, ThemeTest, testing::Values(ThemeChoice::light, ThemeChoice::dark),
+                         [](const auto& test) { return test.param == ThemeChoice::dark ? "dark" : "light"; });
+
+TEST(ThemeStyle, ThePointerFollowsTheSliderOfAScrollBar) {
+  QScrollBar bar(Qt::Vertical);
+  bar.resize(12, 400);
+  bar.setRange(0, 24'000'000);
+  bar.setPageStep(400);
+  bar.show();
+  QTest::mousePress(&bar, Qt::LeftButton, {}, {6, 10});
+  QTest::mouseMove(&bar, {6, 399});
+  QTest::mouseRelease(&bar, Qt::LeftButton, {}, {6, 399});
+  EXPECT_EQ(bar.value(), bar.maximum());
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, {6, 20});
+  EXPECT_EQ(bar.value(), bar.maximum() - 400) << "a click beside the slider turns a page";
+}
+
+}  // namespace
+}  // namespace tz
