@@ -59,14 +59,13 @@ void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
 // The message as the dialog shows it; where that points at a list, the list in the next line.
 Status refuse(const Refusal& refusal) {
   constexpr std::size_t most = 20;
-  std::fprintf(stderr, "%s\n", shownText(refusal.text()).c_str());
+  std::fprintf(stderr, "%s\n", shownText(refusal.text).c_str());
   if (!refusal.offered.empty()) {
     const auto shown = std::span(refusal.offered).first(std::min(most, refusal.offered.size()));
     std::fprintf(stderr, "可用：%s%s\n", shownText(fmt::format("{}", fmt::join(shown, "、"))).c_str(),
                  refusal.offered.size() > most ? "……" : "");
   }
-  const bool notOpen = refusal.id == MessageId::databaseNotOpen || refusal.id == MessageId::databaseNotOpenEnglish;
-  return notOpen ? Status::failed : Status::refused;
+  return refusal.ledgerNotOpen ? Status::failed : Status::refused;
 }
 
 Status run(const ReportOptions& options) {

@@ -109,7 +109,7 @@ std::vector<Question> everyReport(Reader& reader) {
 }
 
 std::string answerText(const ReportOutcome& outcome) {
-  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refusal->text();
+  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refusal->text;
   std::string text;
   writeJson(std::get<ComputedReport>(outcome), [&](std::string_view piece) {
     text += piece;

@@ -3,7 +3,6 @@
 namespace tz::test {
 namespace {
 
-using Id = MessageId;
 using Key = ParameterKey;
 using Values = std::vector<std::pair<Key, std::string_view>>;
 
@@ -12,82 +11,85 @@ constexpr std::string_view noClasses = "DELETE FROM ProjClass";
 
 // The ledgers of one person ask for him in the same words.
 void addPersonCases(std::vector<RefusalCase>& cases, int command, std::string_view account) {
-  const auto add = [&](Id message, std::string_view text, std::string_view dept, std::string_view person) {
+  const auto add = [&](std::string_view text, std::string_view dept, std::string_view person) {
     Values values = {{Key::dept, dept}, {Key::person, person}};
     if (!account.empty()) values.emplace_back(Key::account, account);
-    cases.push_back({command, message, text, values});
+    cases.push_back({.command = command, .text = text, .values = values});
   };
-  add(Id::deptEmpty, "部门不能为空，请重新输入！", "", "张三");
-  add(Id::deptUnknown, "非法的部门", "没有的部", "张三");
-  add(Id::deptWithoutActivity, "没有查到该部门的个人往来记录", "采购部", "李四");
-  add(Id::personEmpty, "姓名不能为空，请重新输入！", "销售部", "");
-  add(Id::personUnknown, "非法的姓名", "销售部", "没有的人");
-  add(Id::personOfOtherDept, "该用户不属于该部门，请重新输入其他名字。", "销售部", "李四");
-  add(Id::personWithoutActivity, "没有查到该部门此人的发生额", "销售部", "王五");
+  add("部门不能为空，请重新输入！", "", "张三");
+  add("非法的部门", "没有的部", "张三");
+  add("没有查到该部门的个人往来记录", "采购部", "李四");
+  add("姓名不能为空，请重新输入！", "销售部", "");
+  add("非法的姓名", "销售部", "没有的人");
+  add("该用户不属于该部门，请重新输入其他名字。", "销售部", "李四");
+  add("没有查到该部门此人的发生额", "销售部", "王五");
 }
 
 const std::vector<RefusalCase> ofPersons = {
-    {10184, Id::noPersonAccountSubject, "没有个人核算科目，不能查询个人科目明细帐。", {}, noAccounts},
-    {10186, Id::noPersonAccountDept, "没有个人核算科目,不能查询个人部门明细帐。", {}, noAccounts},
-    {10186, Id::deptEmpty, "部门不能为空，请重新输入！", {{Key::account, "122101"}}},
-    {10186, Id::deptUnknownLoud, "非法的部门！", {{Key::account, "122101"}, {Key::dept, "没有的部"}}},
+    {.command = 10184, .text = "没有个人核算科目，不能查询个人科目明细帐。", .change = noAccounts},
+    {.command = 10186, .text = "没有个人核算科目,不能查询个人部门明细帐。", .change = noAccounts},
+    {.command = 10186, .text = "部门不能为空，请重新输入！", .values = {{Key::account, "122101"}}},
+    {.command = 10186, .text = "非法的部门！", .values = {{Key::account, "122101"}, {Key::dept, "没有的部"}}},
     // 财务部 has a balance, but none of a person.
-    {10186, Id::deptWithoutActivity, "没有查到该部门的个人往来记录", {{Key::account, "122101"}, {Key::dept, "财务部"}}},
-    {10190, Id::noPersonAccountThreeColumn, "没有个人核算科目,不能查询个人三栏明细帐。", {}, noAccounts},
-    {10191, Id::noPersonAccountMulti, "不能查询个人多栏式明细帐。", {}, "UPDATE Code SET bEnd = 1"},
+    {.command = 10186,
+     .text = "没有查到该部门的个人往来记录",
+     .values = {{Key::account, "122101"}, {Key::dept, "财务部"}}},
+    {.command = 10190, .text = "没有个人核算科目,不能查询个人三栏明细帐。", .change = noAccounts},
+    {.command = 10191, .text = "不能查询个人多栏式明细帐。", .change = "UPDATE Code SET bEnd = 1"},
 };
 
 const std::vector<RefusalCase> ofDepartments = {
-    {10229, Id::noDeptAccount, "没有部门核算科目！", {}, noAccounts},
-    {10230, Id::deptEmptySpaced, "部门不能为空, 请重新输入!", {}},
-    {10230, Id::deptUnknownSpaced, "非法的部门, 请重新输入!", {{Key::dept, "没有的部"}}},
-    {10231, Id::noDeptAccount, "没有部门核算科目！", {}, "UPDATE Code SET bEnd = 0"},
-    {10231, Id::deptEmptyPlain, "部门不能为空，请重新输入。", {{Key::account, "660101"}}},
-    {10231, Id::deptUnknownPlain, "没有该部门，请重新输入。", {{Key::account, "660101"}, {Key::dept, "没有的部"}}},
-    {10232, Id::noDeptParentAccount, "没有符合条件的的部门核算科目！", {}, "UPDATE Code SET bEnd = 1"},
-    {10232, Id::deptEmptySpaced, "部门不能为空, 请重新输入!", {{Key::account, "6601"}}},
-    {10232, Id::deptUnknownSpaced, "非法的部门, 请重新输入!", {{Key::account, "6601"}, {Key::dept, "没有的部"}}},
+    {.command = 10229, .text = "没有部门核算科目！", .change = noAccounts},
+    {.command = 10230, .text = "部门不能为空, 请重新输入!"},
+    {.command = 10230, .text = "非法的部门, 请重新输入!", .values = {{Key::dept, "没有的部"}}},
+    {.command = 10231, .text = "没有部门核算科目！", .change = "UPDATE Code SET bEnd = 0"},
+    {.command = 10231, .text = "部门不能为空，请重新输入。", .values = {{Key::account, "660101"}}},
+    {.command = 10231,
+     .text = "没有该部门，请重新输入。",
+     .values = {{Key::account, "660101"}, {Key::dept, "没有的部"}}},
+    {.command = 10232, .text = "没有符合条件的的部门核算科目！", .change = "UPDATE Code SET bEnd = 1"},
+    {.command = 10232, .text = "部门不能为空, 请重新输入!", .values = {{Key::account, "6601"}}},
+    {.command = 10232, .text = "非法的部门, 请重新输入!", .values = {{Key::account, "6601"}, {Key::dept, "没有的部"}}},
 };
 
 const std::vector<RefusalCase> ofProjects = {
-    {10219, Id::noAccountCode, "没有查到符合要求的科目编号。", {{Key::account, "140502"}}},
-    {10220, Id::noProjectClass, "请先定义项目大类!", {}, noClasses},
-    {10220, Id::noAccountCode, "没有查到符合要求的科目编号。", {}, noAccounts},
-    {10220, Id::projectEmpty, "项目名称不能为空。", {{Key::projectClass, "01"}}},
-    {10220, Id::projectNotInClass, "该项目大类下没有该项目.", {{Key::projectClass, "RD"}, {Key::project, "一号厂房"}}},
-    {10220, Id::deptNameUnknown, "非法的部门名称.", {{Key::project, "一号厂房"}, {Key::dept, "没有的部"}}},
-    {10221, Id::noProjectClassPlain, "请先定义项目大类", {}, noClasses},
-    {10221, Id::noQualifyingProjectAccount, "没有查到符合要求的项目核算科目。", {}, noAccounts},
-    {10221, Id::projectEmpty, "项目名称不能为空。", {{Key::account, "140501"}, {Key::projectClass, "01"}}},
-    {10221,
-     Id::classNotChosen,
-     "请选择项目大累",
-     {{Key::account, "140501"}, {Key::projectClass, "XX"}, {Key::project, "一号厂房"}}},
-    {10221,
-     Id::projectNotInClass,
-     "该项目大类下没有该项目.",
-     {{Key::account, "140501"}, {Key::projectClass, "01"}, {Key::project, "没有的项目"}}},
-    {10221,
-     Id::noProjectAccount,
-     "没有项目核算科目！",
-     {{Key::projectClass, "01"}, {Key::project, "一号厂房"}},
-     {},
-     true},
-    {10222, Id::noQualifyingAccount, "没有查到符合要求的科目。", {}, noAccounts},
-    {10222, Id::deptNameUnknown, "非法的部门名称.", {{Key::account, "500101"}, {Key::dept, "没有的部"}}},
-    {10223, Id::noProjectClass, "请先定义项目大类!", {}, noClasses},
-    {10223, Id::noAccountCode, "没有查到符合要求的科目编号。", {}, "UPDATE Code SET bEnd = 1"},
-    {10223, Id::projectEmpty, "项目名称不能为空。", {{Key::account, "1405"}}},
-    {10223, Id::projectNotInClass, "该项目大类下没有该项目.", {{Key::account, "1405"}, {Key::project, "没有的项目"}}},
-    {10223,
-     Id::deptNameUnknown,
-     "非法的部门名称.",
-     {{Key::account, "1405"}, {Key::project, "一号厂房"}, {Key::dept, "没有的部"}}},
+    {.command = 10219, .text = "没有查到符合要求的科目编号。", .values = {{Key::account, "140502"}}},
+    {.command = 10220, .text = "请先定义项目大类!", .change = noClasses},
+    {.command = 10220, .text = "没有查到符合要求的科目编号。", .change = noAccounts},
+    {.command = 10220, .text = "项目名称不能为空。", .values = {{Key::projectClass, "01"}}},
+    {.command = 10220,
+     .text = "该项目大类下没有该项目.",
+     .values = {{Key::projectClass, "RD"}, {Key::project, "一号厂房"}}},
+    {.command = 10220, .text = "非法的部门名称.", .values = {{Key::project, "一号厂房"}, {Key::dept, "没有的部"}}},
+    {.command = 10221, .text = "请先定义项目大类", .change = noClasses},
+    {.command = 10221, .text = "没有查到符合要求的项目核算科目。", .change = noAccounts},
+    {.command = 10221, .text = "项目名称不能为空。", .values = {{Key::account, "140501"}, {Key::projectClass, "01"}}},
+    {.command = 10221,
+     .text = "请选择项目大累",
+     .values = {{Key::account, "140501"}, {Key::projectClass, "XX"}, {Key::project, "一号厂房"}}},
+    {.command = 10221,
+     .text = "该项目大类下没有该项目.",
+     .values = {{Key::account, "140501"}, {Key::projectClass, "01"}, {Key::project, "没有的项目"}}},
+    {.command = 10221,
+     .text = "没有项目核算科目！",
+     .values = {{Key::projectClass, "01"}, {Key::project, "一号厂房"}},
+     .accountErased = true},
+    {.command = 10222, .text = "没有查到符合要求的科目。", .change = noAccounts},
+    {.command = 10222, .text = "非法的部门名称.", .values = {{Key::account, "500101"}, {Key::dept, "没有的部"}}},
+    {.command = 10223, .text = "请先定义项目大类!", .change = noClasses},
+    {.command = 10223, .text = "没有查到符合要求的科目编号。", .change = "UPDATE Code SET bEnd = 1"},
+    {.command = 10223, .text = "项目名称不能为空。", .values = {{Key::account, "1405"}}},
+    {.command = 10223,
+     .text = "该项目大类下没有该项目.",
+     .values = {{Key::account, "1405"}, {Key::project, "没有的项目"}}},
+    {.command = 10223,
+     .text = "非法的部门名称.",
+     .values = {{Key::account, "1405"}, {Key::project, "一号厂房"}, {Key::dept, "没有的部"}}},
 };
 
 // A list has no entry of that text.
 RefusalCase unlisted(int command, std::string_view text, Values values, std::string_view listed = {}) {
-  return {command, Id::notListed, text, std::move(values), {}, false, listed};
+  return {.command = command, .text = text, .values = std::move(values), .listed = listed, .unlisted = true};
 }
 
 const std::vector<RefusalCase> ofLists = {
@@ -104,19 +106,19 @@ const std::vector<RefusalCase> ofLists = {
 };
 
 const std::vector<RefusalCase> ofUnits = {
-    {10203, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
-    {10204, Id::noUnitAccount, "没有单位核算科目！", {}, noAccounts},
-    {10204, Id::unitEmpty, "单位不能为空", {}},
-    {10204, Id::unitUnknown, "非法的单位", {{Key::unit, "没有的单位"}}},
-    {10205, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
-    {10206, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
-    {10207, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
-    {10208, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
-    {10208, Id::unitWanted, "请输入单位", {{Key::account, "112201"}}},
-    {10208, Id::unitUnknown, "非法的单位", {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
-    {10209, Id::noUnitParentAccount, "没有单位核算上级科目！", {}, "UPDATE Code SET bEnd = 1"},
-    {10209, Id::unitUnknown, "非法的单位", {{Key::account, "1122"}, {Key::unit, "没有的单位"}}},
-    {10210, Id::noAccount, "没有符合条件的科目!", {}, noAccounts},
+    {.command = 10203, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10204, .text = "没有单位核算科目！", .change = noAccounts},
+    {.command = 10204, .text = "单位不能为空"},
+    {.command = 10204, .text = "非法的单位", .values = {{Key::unit, "没有的单位"}}},
+    {.command = 10205, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10206, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10207, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10208, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10208, .text = "请输入单位", .values = {{Key::account, "112201"}}},
+    {.command = 10208, .text = "非法的单位", .values = {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
+    {.command = 10209, .text = "没有单位核算上级科目！", .change = "UPDATE Code SET bEnd = 1"},
+    {.command = 10209, .text = "非法的单位", .values = {{Key::account, "1122"}, {Key::unit, "没有的单位"}}},
+    {.command = 10210, .text = "没有符合条件的科目!", .change = noAccounts},
 };
 
 }  // namespace

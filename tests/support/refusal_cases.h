@@ -14,14 +14,15 @@ namespace tz::test {
 
 struct RefusalCase {
   int command;
-  MessageId message;
   std::string_view text;
-  std::vector<std::pair<ParameterKey, std::string_view>> values;
+  std::vector<std::pair<ParameterKey, std::string_view>> values = {};
   std::string_view change = {};  // of the ledger, as SQL
   // The dialog opens on an account, which is erased.
   bool accountErased = false;
   // What the command line lists below the message.
   std::string_view listed = {};
+  // It tells the text that is on no list.
+  bool unlisted = false;
 
   [[nodiscard]] Request request() const;
 };

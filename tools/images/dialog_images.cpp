@@ -56,20 +56,22 @@ void drawConditions(const PictureBook& book, SampleLedger& ledger) {
 void drawKinds(const PictureBook& book, SampleLedger& ledger) {
   using Kind = ControlSpec::Kind;
   constexpr std::array controls = {
-      ControlSpec{Kind::accountCombo, ParameterKey::account, 2206, 0, "科目"},
-      ControlSpec{Kind::unitReference, ParameterKey::unit, 2115, 2028, "单位"},
-      ControlSpec{Kind::projectReference, ParameterKey::project, 2117, 2015, "项目"},
-      ControlSpec{Kind::amountRange, ParameterKey::minimum, 2113, 2114, "余额"},
-      ControlSpec{Kind::side, ParameterKey::side, 2405, 0, "方向"},
-      ControlSpec{Kind::date, ParameterKey::cutoff, 2101, 2001, "截止日期"},
-      ControlSpec{Kind::checkBox, ParameterKey::unposted, 2601, 0, "包含未记帐凭证"},
+      ControlSpec{.kind = Kind::accountCombo, .key = ParameterKey::account, .id = 2206, .caption = "科目"},
+      ControlSpec{
+          .kind = Kind::unitReference, .key = ParameterKey::unit, .id = 2115, .companion = 2028, .caption = "单位"},
+      ControlSpec{.kind = Kind::projectReference,
+                  .key = ParameterKey::project,
+                  .id = 2117,
+                  .companion = 2015,
+                  .caption = "项目"},
+      ControlSpec{
+          .kind = Kind::amountRange, .key = ParameterKey::minimum, .id = 2113, .companion = 2114, .caption = "余额"},
+      ControlSpec{.kind = Kind::side, .key = ParameterKey::side, .id = 2405, .caption = "方向"},
+      ControlSpec{
+          .kind = Kind::date, .key = ParameterKey::cutoff, .id = 2101, .companion = 2001, .caption = "截止日期"},
+      ControlSpec{.kind = Kind::checkBox, .key = ParameterKey::unposted, .id = 2601, .caption = "包含未记帐凭证"},
   };
-  const DialogSpec spec{.id = 9999,
-                        .title = "条件",
-                        .accountWhere = "bEnd <> 0 ORDER BY sCode",
-                        .noAccount = MessageId::noAccount,
-                        .controls = controls,
-                        .checks = {}};
+  const DialogSpec spec{.id = 9999, .title = "条件", .accountWhere = "bEnd <> 0 ORDER BY sCode", .controls = controls};
   Session session = sessionOver(ledger);
   QTemporaryDir folder;
   FileConditionStore store(folder.filePath(QStringLiteral("conditions.json")).toStdString());

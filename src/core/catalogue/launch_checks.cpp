@@ -24,16 +24,19 @@ bool hasDepartmentPlan(const CQnCwDB& db) {
 
 bool hasProjectPlan(const CQnCwDB& db) { return db.Exists("Plan", "sItemId <> ''"); }
 
+constexpr Message noPlanAccount{"没有查到符合要求的科目!"};
+constexpr Message noPlanProjectClass{"没有查到符合条件的项目大类!"};
+
 struct LaunchCheck {
   int command;
   bool (*passes)(const CQnCwDB&);
-  MessageId message;
+  Message message;
 };
 
 constexpr std::array checks = {
-    LaunchCheck{10224, hasProjectClass, MessageId::noProjectClass},
-    LaunchCheck{10237, hasDepartmentPlan, MessageId::noPlanAccount},
-    LaunchCheck{10238, hasProjectPlan, MessageId::noPlanProjectClass},
+    LaunchCheck{10224, hasProjectClass, messages::defineProjectClassFirst},
+    LaunchCheck{10237, hasDepartmentPlan, noPlanAccount},
+    LaunchCheck{10238, hasProjectPlan, noPlanProjectClass},
 };
 
 const LaunchCheck* checkOf(int command) {
@@ -43,13 +46,13 @@ const LaunchCheck* checkOf(int command) {
 
 }  // namespace
 
-std::optional<MessageId> launchRefusal(int command, const CQnCwDB& db) {
+std::optional<Message> launchRefusal(int command, const CQnCwDB& db) {
   const LaunchCheck* check = checkOf(command);
   if (check == nullptr || check->passes(db)) return std::nullopt;
   return check->message;
 }
 
-std::optional<MessageId> launchRefusalUnread(int command) {
+std::optional<Message> launchRefusalUnread(int command) {
   const LaunchCheck* check = checkOf(command);
   return check == nullptr ? std::nullopt : std::optional(check->message);
 }

@@ -10,8 +10,8 @@
 namespace tz {
 
 // Why the command opens nothing; nothing when it may open.
-[[nodiscard]] std::optional<MessageId> launchRefusal(int command, const CQnCwDB& db);
+[[nodiscard]] std::optional<Message> launchRefusal(int command, const CQnCwDB& db);
 // The same when the ledger cannot be read: these commands then say that they found nothing.
-[[nodiscard]] std::optional<MessageId> launchRefusalUnread(int command);
+[[nodiscard]] std::optional<Message> launchRefusalUnread(int command);
 
 }  // namespace tz

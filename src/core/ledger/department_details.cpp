@@ -18,50 +18,55 @@ constexpr std::array ofAccountAndDept = {controls::account, controls::dept, cont
 constexpr std::array ofParentAndDept = {controls::account, controls::dept, controls::months, controls::analysis,
                                         controls::unposted};
 
+constexpr Message databaseNotOpenInEnglish{"The Database is not Opened!"};
+constexpr Message noDeptAccount{"没有部门核算科目！"};
+constexpr Message noDeptParentAccount{"没有符合条件的的部门核算科目！"};
+constexpr Message deptEmptyPlain{"部门不能为空，请重新输入。"};
+constexpr Message deptUnknownPlain{"没有该部门，请重新输入。"};
+constexpr Message deptEmptySpaced{"部门不能为空, 请重新输入!"};
+constexpr Message deptUnknownSpaced{"非法的部门, 请重新输入!"};
+
 constexpr std::array plainChecks = {
-    Check{checks::deptGiven, MessageId::deptEmptyPlain, ParameterKey::dept},
-    Check{checks::deptKnown, MessageId::deptUnknownPlain, ParameterKey::dept},
+    Check{.passes = checks::deptGiven, .message = deptEmptyPlain, .about = ParameterKey::dept},
+    Check{.passes = checks::deptKnown, .message = deptUnknownPlain, .about = ParameterKey::dept},
 };
 constexpr std::array spacedChecks = {
-    Check{checks::deptGiven, MessageId::deptEmptySpaced, ParameterKey::dept},
-    Check{checks::deptKnown, MessageId::deptUnknownSpaced, ParameterKey::dept},
+    Check{.passes = checks::deptGiven, .message = deptEmptySpaced, .about = ParameterKey::dept},
+    Check{.passes = checks::deptKnown, .message = deptUnknownSpaced, .about = ParameterKey::dept},
 };
 
 constexpr DialogSpec accountDialog = {
     .id = 538,
     .title = "部门管理_科目明细帐",
     .accountWhere = "sAssBook LIKE '%C%' ORDER BY sCode",
-    .noAccount = MessageId::noDeptAccount,
+    .noAccount = noDeptAccount,
     .controls = ofAccount,
-    .checks = {},
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+    .databaseNotOpen = databaseNotOpenInEnglish,
 };
 constexpr DialogSpec deptDialog = {
     .id = 539,
     .title = "部门管理_部门明细帐",
-    .accountWhere = "",
-    .noAccount = MessageId::noDeptAccount,
     .controls = ofDept,
     .checks = spacedChecks,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+    .databaseNotOpen = databaseNotOpenInEnglish,
 };
 constexpr DialogSpec threeColumnDialog = {
     .id = 540,
     .title = "部门管理_三栏式明细帐",
     .accountWhere = "sAssBook LIKE '%C%' AND bEnd != 0 ORDER BY sCode",
-    .noAccount = MessageId::noDeptAccount,
+    .noAccount = noDeptAccount,
     .controls = ofAccountAndDept,
     .checks = plainChecks,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+    .databaseNotOpen = databaseNotOpenInEnglish,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 541,
     .title = "部门管理_多栏式明细帐",
     .accountWhere = "sAssBook LIKE '%C%' AND bEnd = 0 ORDER BY sCode",
-    .noAccount = MessageId::noDeptParentAccount,
+    .noAccount = noDeptParentAccount,
     .controls = ofParentAndDept,
     .checks = spacedChecks,
-    .databaseNotOpen = MessageId::databaseNotOpenEnglish,
+    .databaseNotOpen = databaseNotOpenInEnglish,
 };
 
 Sql oneDept(const Conditions& c) { return Sql("lDeptId = ? AND lDeptId <> 0", c.dept.lDeptId); }

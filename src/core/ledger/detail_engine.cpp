@@ -8,7 +8,6 @@
 #include "core/ledger/member_filter.h"
 #include "core/ledger/opening_balances.h"
 #include "core/reports/cancellation.h"
-#include "core/reports/messages.h"
 
 namespace tz {
 namespace {
@@ -63,11 +62,10 @@ class DetailRun {
   void addNotices() {
     if (left_ > 0) {
       grid_.notices.push_back(
-          {messageText(MessageId::linesOutsideMonths, {std::to_string(left_)}), Notice::Weight::incomplete});
+          {fmt::format("有{}条分录的凭证日期不在查询月份内，未列示", left_), Notice::Weight::incomplete});
     }
     if (yearTotals_ && conditions_.from > 1) {
-      grid_.notices.push_back(
-          {messageText(MessageId::yearTotalsFrom, {std::to_string(conditions_.from)}), Notice::Weight::warning});
+      grid_.notices.push_back({fmt::format("本年累计自{}月起累计。", conditions_.from), Notice::Weight::warning});
     }
   }
 

@@ -22,26 +22,37 @@ constexpr std::array ofAccountAndPerson = {controls::account, controls::dept, co
 constexpr std::array ofParentAndPerson = {controls::account, controls::dept,     controls::person,
                                           controls::months,  controls::analysis, controls::unposted};
 
+constexpr Message deptEmpty{"部门不能为空，请重新输入！"};
+constexpr Message deptUnknown{"非法的部门"};
+constexpr Message deptUnknownLoud{"非法的部门！"};
+constexpr Message deptWithoutActivity{"没有查到该部门的个人往来记录"};
+constexpr Message personEmpty{"姓名不能为空，请重新输入！"};
+constexpr Message personUnknown{"非法的姓名"};
+constexpr Message personOfOtherDept{"该用户不属于该部门，请重新输入其他名字。"};
+constexpr Message personWithoutActivity{"没有查到该部门此人的发生额"};
+constexpr Message noAccountLedger{"没有个人核算科目，不能查询个人科目明细帐。"};
+constexpr Message noDeptLedger{"没有个人核算科目,不能查询个人部门明细帐。"};
+constexpr Message noThreeColumnLedger{"没有个人核算科目,不能查询个人三栏明细帐。"};
+constexpr Message noMultiColumnLedger{"不能查询个人多栏式明细帐。"};
+
 constexpr std::array deptChecks = {
-    Check{checks::deptGiven, MessageId::deptEmpty, ParameterKey::dept},
-    Check{checks::deptKnown, MessageId::deptUnknownLoud, ParameterKey::dept},
-    Check{checks::deptPersonsActive, MessageId::deptWithoutActivity, ParameterKey::dept},
+    Check{.passes = checks::deptGiven, .message = deptEmpty, .about = ParameterKey::dept},
+    Check{.passes = checks::deptKnown, .message = deptUnknownLoud, .about = ParameterKey::dept},
+    Check{.passes = checks::deptPersonsActive, .message = deptWithoutActivity, .about = ParameterKey::dept},
 };
 constexpr std::array personChecks = {
-    Check{checks::deptGiven, MessageId::deptEmpty, ParameterKey::dept},
-    Check{checks::deptKnown, MessageId::deptUnknown, ParameterKey::dept},
-    Check{checks::deptActive, MessageId::deptWithoutActivity, ParameterKey::dept},
-    Check{checks::personGiven, MessageId::personEmpty, ParameterKey::person},
-    Check{checks::personKnown, MessageId::personUnknown, ParameterKey::person},
-    Check{checks::personOfDept, MessageId::personOfOtherDept, ParameterKey::person},
-    Check{checks::personActive, MessageId::personWithoutActivity, ParameterKey::person},
+    Check{.passes = checks::deptGiven, .message = deptEmpty, .about = ParameterKey::dept},
+    Check{.passes = checks::deptKnown, .message = deptUnknown, .about = ParameterKey::dept},
+    Check{.passes = checks::deptActive, .message = deptWithoutActivity, .about = ParameterKey::dept},
+    Check{.passes = checks::personGiven, .message = personEmpty, .about = ParameterKey::person},
+    Check{.passes = checks::personKnown, .message = personUnknown, .about = ParameterKey::person},
+    Check{.passes = checks::personOfDept, .message = personOfOtherDept, .about = ParameterKey::person},
+    Check{.passes = checks::personActive, .message = personWithoutActivity, .about = ParameterKey::person},
 };
 
 constexpr DialogSpec personDialog = {
     .id = 510,
     .title = "个人往来_个人明细帐",
-    .accountWhere = "",
-    .noAccount = MessageId::noAccount,
     .controls = ofPerson,
     .checks = personChecks,
 };
@@ -49,15 +60,14 @@ constexpr DialogSpec accountDialog = {
     .id = 511,
     .title = "个人往来_科目明细帐",
     .accountWhere = personAccounts,
-    .noAccount = MessageId::noPersonAccountSubject,
+    .noAccount = noAccountLedger,
     .controls = ofAccount,
-    .checks = {},
 };
 constexpr DialogSpec deptDialog = {
     .id = 512,
     .title = "个人往来_部门明细帐",
     .accountWhere = personAccounts,
-    .noAccount = MessageId::noPersonAccountDept,
+    .noAccount = noDeptLedger,
     .controls = ofDept,
     .checks = deptChecks,
 };
@@ -65,7 +75,7 @@ constexpr DialogSpec threeColumnDialog = {
     .id = 513,
     .title = "个人往来_三栏式明细帐",
     .accountWhere = personAccounts,
-    .noAccount = MessageId::noPersonAccountThreeColumn,
+    .noAccount = noThreeColumnLedger,
     .controls = ofAccountAndPerson,
     .checks = personChecks,
 };
@@ -73,7 +83,7 @@ constexpr DialogSpec multiColumnDialog = {
     .id = 514,
     .title = "个人往来_多栏式明细帐",
     .accountWhere = "sAssBook LIKE '%A%' AND bEnd = 0 ORDER BY sCode",
-    .noAccount = MessageId::noPersonAccountMulti,
+    .noAccount = noMultiColumnLedger,
     .controls = ofParentAndPerson,
     .checks = personChecks,
 };

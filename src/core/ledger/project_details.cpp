@@ -14,12 +14,25 @@ namespace {
 
 constexpr std::string_view projectAccounts = "sAssBook LIKE '%D%' ORDER BY sCode";
 
-constexpr ControlSpec projectRange{
-    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "项目范围"};
-constexpr ControlSpec shownProjects{
-    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "项目范围", false, "不显示项目", "显示项目"};
-constexpr ControlSpec accountLists{
-    controls::Kind::accountLists, ParameterKey::account, 2301, 2302, "显示科目", false, "不显示科目"};
+constexpr ControlSpec projectRange{.kind = controls::Kind::projectRange,
+                                   .key = ParameterKey::projectFrom,
+                                   .id = 2208,
+                                   .companion = 2209,
+                                   .caption = "项目范围",
+                                   .unfoldedCaption = "项目范围"};
+constexpr ControlSpec shownProjects{.kind = controls::Kind::projectRange,
+                                    .key = ParameterKey::projectFrom,
+                                    .id = 2208,
+                                    .companion = 2209,
+                                    .caption = "项目范围",
+                                    .unfoldedCaption = "不显示项目",
+                                    .foldedCaption = "显示项目"};
+constexpr ControlSpec accountLists{.kind = controls::Kind::accountLists,
+                                   .key = ParameterKey::account,
+                                   .id = 2301,
+                                   .companion = 2302,
+                                   .caption = "显示科目",
+                                   .unfoldedCaption = "不显示科目"};
 
 constexpr std::array ofAccount = {controls::account, controls::classOfAccount, controls::months, projectRange,
                                   controls::unposted};
@@ -31,34 +44,53 @@ constexpr std::array ofParentAndProject = {controls::account, controls::project,
                                            controls::months,  controls::analysis, controls::unposted};
 constexpr std::array ofProject = {controls::account, controls::project, controls::months, controls::unposted};
 
+constexpr Message noAccountCode{"没有查到符合要求的科目编号。"};
+constexpr Message noQualifyingAccount{"没有查到符合要求的科目。"};
+constexpr Message noQualifyingProjectAccount{"没有查到符合要求的项目核算科目。"};
+constexpr Message noProjectAccount{"没有项目核算科目！"};
+constexpr Message defineProjectClassFirstPlain{"请先定义项目大类"};
+constexpr Message classNotChosen{"请选择项目大累"};
+constexpr Message projectEmpty{"项目名称不能为空。"};
+constexpr Message projectNotInClass{"该项目大类下没有该项目."};
+constexpr Message deptNameUnknown{"非法的部门名称."};
+
 constexpr std::array accountChecks = {
-    Check{checks::classOfAccount, MessageId::noAccountCode, ParameterKey::projectClass},
+    Check{.passes = checks::classOfAccount, .message = noAccountCode, .about = ParameterKey::projectClass},
 };
 constexpr std::array projectAndAccountsChecks = {
-    Check{checks::classesDefined, MessageId::noProjectClass, ParameterKey::projectClass, true},
-    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
-    Check{checks::classOrFirst, MessageId::projectNotInClass, ParameterKey::projectClass},
-    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
-    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
-    Check{checks::accountsPicked, MessageId::noAccountCode, ParameterKey::account},
+    Check{.passes = checks::classesDefined,
+          .message = messages::defineProjectClassFirst,
+          .about = ParameterKey::projectClass,
+          .atOpening = true},
+    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+    Check{.passes = checks::classOrFirst, .message = projectNotInClass, .about = ParameterKey::projectClass},
+    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
+    Check{.passes = checks::accountsPicked, .message = noAccountCode, .about = ParameterKey::account},
 };
 constexpr std::array deptChecks = {
-    Check{checks::classOfAccount, MessageId::noQualifyingAccount, ParameterKey::projectClass},
-    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
+    Check{.passes = checks::classOfAccount, .message = noQualifyingAccount, .about = ParameterKey::projectClass},
+    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
 };
 constexpr std::array multiColumnChecks = {
-    Check{checks::classesDefined, MessageId::noProjectClass, ParameterKey::projectClass, true},
-    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
-    Check{checks::classOrFirst, MessageId::projectNotInClass, ParameterKey::projectClass},
-    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
-    Check{checks::deptKnownOrAll, MessageId::deptNameUnknown, ParameterKey::dept},
+    Check{.passes = checks::classesDefined,
+          .message = messages::defineProjectClassFirst,
+          .about = ParameterKey::projectClass,
+          .atOpening = true},
+    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+    Check{.passes = checks::classOrFirst, .message = projectNotInClass, .about = ParameterKey::projectClass},
+    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
 };
 constexpr std::array threeColumnChecks = {
-    Check{checks::classesDefined, MessageId::noProjectClassPlain, ParameterKey::projectClass, true},
-    Check{checks::projectGiven, MessageId::projectEmpty, ParameterKey::project},
-    Check{checks::classChosen, MessageId::classNotChosen, ParameterKey::projectClass},
-    Check{checks::projectKnown, MessageId::projectNotInClass, ParameterKey::project},
-    Check{checks::accountGiven, MessageId::noProjectAccount, ParameterKey::account},
+    Check{.passes = checks::classesDefined,
+          .message = defineProjectClassFirstPlain,
+          .about = ParameterKey::projectClass,
+          .atOpening = true},
+    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+    Check{.passes = checks::classChosen, .message = classNotChosen, .about = ParameterKey::projectClass},
+    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+    Check{.passes = checks::accountGiven, .message = noProjectAccount, .about = ParameterKey::account},
 };
 
 constexpr std::array<ListChoice, 2> classAndRange = {choices::classOfAccount, choices::projectRange};
@@ -67,7 +99,7 @@ constexpr DialogSpec accountDialog = {
     .id = 558,
     .title = "项目管理_科目明细帐",
     .accountWhere = projectAccounts,
-    .noAccount = MessageId::noAccountCode,
+    .noAccount = noAccountCode,
     .controls = ofAccount,
     .checks = accountChecks,
     .choices = classAndRange,
@@ -76,7 +108,7 @@ constexpr DialogSpec projectDialog = {
     .id = 559,
     .title = "项目明细帐",
     .accountWhere = projectAccounts,
-    .noAccount = MessageId::noAccountCode,
+    .noAccount = noAccountCode,
     .controls = ofProjectAndAccounts,
     .checks = projectAndAccountsChecks,
 };
@@ -84,7 +116,7 @@ constexpr DialogSpec deptDialog = {
     .id = 560,
     .title = "部门项目明细帐",
     .accountWhere = "sAssBook LIKE '%C%' AND sAssBook LIKE '%D%' ORDER BY sCode",
-    .noAccount = MessageId::noQualifyingAccount,
+    .noAccount = noQualifyingAccount,
     .controls = ofDept,
     .checks = deptChecks,
     .choices = classAndRange,
@@ -93,7 +125,7 @@ constexpr DialogSpec multiColumnDialog = {
     .id = 561,
     .title = "项目多栏明细帐",
     .accountWhere = "sAssBook LIKE '%D%' AND bEnd = 0 ORDER BY sCode",
-    .noAccount = MessageId::noAccountCode,
+    .noAccount = noAccountCode,
     .controls = ofParentAndProject,
     .checks = multiColumnChecks,
     .messageCaption = "岚川财务软件",
@@ -102,7 +134,7 @@ constexpr DialogSpec threeColumnDialog = {
     .id = 562,
     .title = "项目三栏式明细帐",
     .accountWhere = projectAccounts,
-    .noAccount = MessageId::noQualifyingProjectAccount,
+    .noAccount = noQualifyingProjectAccount,
     .controls = ofProject,
     .checks = threeColumnChecks,
 };

@@ -14,9 +14,17 @@ namespace {
 
 constexpr std::string_view unitAccounts = "sAssBook LIKE '%B%' AND lId>0 ORDER BY sCode";
 
-constexpr ControlSpec accountLists{controls::Kind::accountLists, ParameterKey::account, 2301, 2302, "科目范围"};
-constexpr ControlSpec projects{
-    controls::Kind::projectRange, ParameterKey::projectFrom, 2208, 2209, "统计条件", false, "统计条件"};
+constexpr ControlSpec accountLists{.kind = controls::Kind::accountLists,
+                                   .key = ParameterKey::account,
+                                   .id = 2301,
+                                   .companion = 2302,
+                                   .caption = "科目范围"};
+constexpr ControlSpec projects{.kind = controls::Kind::projectRange,
+                               .key = ParameterKey::projectFrom,
+                               .id = 2208,
+                               .companion = 2209,
+                               .caption = "统计条件",
+                               .unfoldedCaption = "统计条件"};
 
 constexpr std::array ofAccount = {controls::account, controls::months, controls::unposted};
 constexpr std::array ofUnitAndAccounts = {controls::unit, controls::months, accountLists, controls::unposted};
@@ -28,17 +36,24 @@ constexpr std::array ofParentAndUnit = {controls::account, controls::unit, contr
                                         controls::unposted};
 constexpr std::array ofDept = {controls::account, controls::deptList, controls::months, controls::unposted};
 
+constexpr Message noUnitAccount{"没有单位核算科目！"};
+constexpr Message noUnitParentAccount{"没有单位核算上级科目！"};
+constexpr Message noAccountUnderSuite{.text = messages::noMatchingAccount.text, .caption = "岚川财务软件"};
+constexpr Message unitEmpty{"单位不能为空"};
+constexpr Message unitWanted{"请输入单位"};
+constexpr Message unitUnknown{"非法的单位"};
+
 constexpr std::array unitAndAccountsChecks = {
-    Check{checks::unitGiven, MessageId::unitEmpty, ParameterKey::unit},
-    Check{checks::unitKnown, MessageId::unitUnknown, ParameterKey::unit},
-    Check{checks::accountsPicked, MessageId::noUnitAccount, ParameterKey::account},
+    Check{.passes = checks::unitGiven, .message = unitEmpty, .about = ParameterKey::unit},
+    Check{.passes = checks::unitKnown, .message = unitUnknown, .about = ParameterKey::unit},
+    Check{.passes = checks::accountsPicked, .message = noUnitAccount, .about = ParameterKey::account},
 };
 constexpr std::array unitChecks = {
-    Check{checks::unitGiven, MessageId::unitWanted, ParameterKey::unit},
-    Check{checks::unitKnown, MessageId::unitUnknown, ParameterKey::unit},
+    Check{.passes = checks::unitGiven, .message = unitWanted, .about = ParameterKey::unit},
+    Check{.passes = checks::unitKnown, .message = unitUnknown, .about = ParameterKey::unit},
 };
 constexpr std::array parentChecks = {
-    Check{checks::unitKnown, MessageId::unitUnknown, ParameterKey::unit},
+    Check{.passes = checks::unitKnown, .message = unitUnknown, .about = ParameterKey::unit},
 };
 constexpr std::array<ListChoice, 1> classChoice = {choices::unitClass};
 constexpr std::array<ListChoice, 1> clerkChoice = {choices::clerk};
@@ -49,16 +64,15 @@ constexpr DialogSpec accountDialog = {
     .id = 617,
     .title = "单位往来_科目明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofAccount,
-    .checks = {},
     .messageCaption = "岚川财务软件",
 };
 constexpr DialogSpec unitDialog = {
     .id = 618,
     .title = "单位往来_单位明细帐",
     .accountWhere = "sAssBook = 'B' ORDER BY sCode",
-    .noAccount = MessageId::noUnitAccount,
+    .noAccount = noUnitAccount,
     .controls = ofUnitAndAccounts,
     .checks = unitAndAccountsChecks,
     .messageCaption = "岚川财务软件",
@@ -67,7 +81,7 @@ constexpr DialogSpec threeColumnDialog = {
     .id = 619,
     .title = "单位往来_三栏明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofUnit,
     .checks = unitChecks,
 };
@@ -75,34 +89,31 @@ constexpr DialogSpec unitClassDialog = {
     .id = 620,
     .title = "单位往来_分类明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofClass,
-    .checks = {},
     .choices = classChoice,
 };
 constexpr DialogSpec clerkDialog = {
     .id = 621,
     .title = "单位往来_业务员明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofClerk,
-    .checks = {},
     .choices = clerkChoice,
 };
 constexpr DialogSpec projectDialog = {
     .id = 623,
     .title = "单位往来_项目明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofProjects,
-    .checks = {},
     .choices = projectChoice,
 };
 constexpr DialogSpec multiColumnDialog = {
     .id = 624,
     .title = "单位往来_多栏式明细帐",
     .accountWhere = "sAssBook LIKE '%B%' AND bEnd = 0 ORDER BY sCode",
-    .noAccount = MessageId::noUnitParentAccount,
+    .noAccount = noUnitParentAccount,
     .controls = ofParentAndUnit,
     .checks = parentChecks,
 };
@@ -110,9 +121,8 @@ constexpr DialogSpec deptDialog = {
     .id = 625,
     .title = "单位往来_部门明细帐",
     .accountWhere = unitAccounts,
-    .noAccount = MessageId::noAccount,
+    .noAccount = messages::noMatchingAccount,
     .controls = ofDept,
-    .checks = {},
     .choices = deptChoice,
 };
 
@@ -129,8 +139,6 @@ Sql projectsOf(const ProjectRange& range) {
   return any + ") AND lItemId <> 0";
 }
 
-// Opening "%s AND lEnterId <> 0 AND byPeroid = %d ORDER BY lEnterId"; posted lines "%s AND lEnterId <> 0 AND lTieId IN
-// ( … ) ORDER BY lEnterId, dtDate, lTieId"; unposted the same.
 constexpr DetailMember accountMember = {
     .accounts = chosenAccount,
     .dimension = [](const Conditions&) { return Sql("lEnterId <> 0"); },
@@ -140,9 +148,6 @@ constexpr DetailMember accountMember = {
     .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
-// Accounts "Select Distinct lCodeId From RegSub Where lCodeId > 0 AND lEnterId = %d AND lTieId IN ( … byPeroid <= %d)";
-// opening "lCodeId = %d AND mBegin <> 0 AND lEnterId = %d AND byPeroid=%d "; posted lines "lCodeId > 0 AND lEnterId =
-// %d AND lTieId IN ( … ) ORDER BY lCodeId, lTieId"; unposted the same.
 constexpr DetailMember unitMember = {
     .accounts = pickedAccounts,
     .dimension = oneUnit,
@@ -154,8 +159,6 @@ constexpr DetailMember unitMember = {
     .unpostedOrder = "s.lCodeId, s.lTieId",
 };
 
-// Opening "%s AND mBegin IS NOT NULL AND lEnterId = %d AND byPeroid=%d "; lines "%s AND lEnterId = %d AND lTieId IN ( …
-// ) ORDER BY dtDate, lTieId", unposted lines "ORDER BY dtDate".
 constexpr DetailMember threeColumnMember = {
     .accounts = chosenAccount,
     .dimension = oneUnit,
@@ -193,8 +196,6 @@ constexpr DetailMember clerkMember = {
     .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
-// Opening "%s AND lEnterId <> 0 AND lItemId <> 0 AND byPeroid = %d"; lines "%s AND lEnterId <> 0 AND lItemId <> 0 AND
-// lTieId IN ( … )" by project, unit, entry date and voucher.
 constexpr DetailMember projectMember = {
     .accounts = chosenAccount,
     .dimension = [](const Conditions& c) { return "lEnterId <> 0 AND " + projectsOf(c.projects); },
@@ -204,8 +205,6 @@ constexpr DetailMember projectMember = {
     .unpostedOrder = "s.sItemId, s.lItemId, s.lEnterId, s.dtDate, s.lTieId",
 };
 
-// Opening "%s AND lEnterId = %ld AND byPeroid = %d"; posted lines "%s AND lEnterId = %ld AND lTieId IN ( … ) ORDER BY
-// dtDate, lTieId", unposted lines "ORDER BY dtDate".
 constexpr DetailMember multiColumnMember = {
     .accounts = chosenAccount,
     .dimension = oneUnit,
@@ -215,7 +214,6 @@ constexpr DetailMember multiColumnMember = {
     .columnFlag = 'B',
 };
 
-// Opening "%s AND mBegin <> 0 AND lEnterId = %d AND byPeroid=%d and lDeptId=%d"; per unit of the department.
 constexpr DetailMember deptMember = {
     .accounts = chosenAccount,
     .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lEnterId <> 0", c.dept.lDeptId); },
@@ -241,7 +239,7 @@ constexpr ReportDefinition accountLedger = {
     .rules = detailRules,
     .dialog = &accountDialog,
     .toolbar = detailToolbar,
-    .noAccountCaption = "岚川财务软件",
+    .noAccountInWindow = noAccountUnderSuite,
     .subtitle = [](const Conditions& c) { return fmt::format("\n科  目: {}", c.accountText()); },
     .formats = detailFormats,
     .compute = computeDetail<accountMember>,

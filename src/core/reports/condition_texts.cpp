@@ -6,6 +6,10 @@
 namespace tz {
 namespace {
 
+constexpr std::string_view monthsReversed = "起始月份在终止月份之后。";
+constexpr std::string_view projectsReversed = "起始项目在终止项目之后。";
+constexpr std::string_view shiftedForeignFormat = "外币式沿用七栏表头：借方外币在“贷方”栏，贷方外币在“余额”栏。";
+
 std::string pickedAccounts(const Conditions& conditions) {
   const auto picked = conditions.request.list(ParameterKey::account);
   if (picked.empty()) return std::string(allMembers);
@@ -143,20 +147,18 @@ std::vector<std::string> conditionTexts(const ReportDefinition& report, const Co
 std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
                                      const Session& session) {
   std::vector<Notice> notices;
-  const auto warn = [&](MessageId id, const std::vector<std::string>& arguments = {}) {
-    notices.push_back({messageText(id, arguments), Notice::Weight::warning});
-  };
+  const auto warn = [&](std::string_view text) { notices.push_back({std::string(text), Notice::Weight::warning}); };
   for (const auto& control : report.dialog->controls) {
     const auto end = [&](ParameterKey key) { return CGetData::GetCode_Separator(conditions.request.text(key)); };
     const auto last = end(ParameterKey::projectTo);
-    if (control.kind == ControlSpec::Kind::months && conditions.from > conditions.to) warn(MessageId::monthsReversed);
+    if (control.kind == ControlSpec::Kind::months && conditions.from > conditions.to) warn(monthsReversed);
     if (control.kind == ControlSpec::Kind::projectRange && !last.empty() && end(ParameterKey::projectFrom) > last) {
-      warn(MessageId::projectsReversed);
+      warn(projectsReversed);
     }
   }
-  if (conditions.format == "外币式") warn(MessageId::foreignFormat);
+  if (conditions.format == "外币式") warn(shiftedForeignFormat);
   if (const auto year = accountYear(session.db); year && *year != session.logon.year) {
-    warn(MessageId::logonOutsideYear, {isoText(session.logon), std::to_string(*year)});
+    warn(fmt::format("登录日期 {} 不在会计年度 {} 内，表中月份的年份与帐套不符。", isoText(session.logon), *year));
   }
   return notices;
 }

@@ -57,7 +57,7 @@ struct CheckContext {
 
 struct Check {
   bool (*passes)(CheckContext&);
-  MessageId message;
+  Message message;
   ParameterKey about;      // the condition that the person should look at
   bool atOpening = false;  // before anything is asked: the dialog does not even open
 };
@@ -73,14 +73,15 @@ using ListChoice = std::optional<Unlisted> (*)(CheckContext&);
 struct DialogSpec {
   int id;
   std::string_view title;
-  std::string_view accountWhere;  // which accounts the combo offers; empty = no account condition
-  MessageId noAccount;            // when there are none, or the one asked for is not among them
+  std::string_view accountWhere = {};  // which accounts the combo offers; empty = no account condition
+  // When there are none, or the one asked for is not among them.
+  Message noAccount = messages::noMatchingAccount;
   std::span<const ControlSpec> controls;
-  std::span<const Check> checks;             // behind the account's; those at opening come before it
+  std::span<const Check> checks = {};        // behind the account's; those at opening come before it
   std::span<const ListChoice> choices = {};  // behind the checks
   std::string_view messageCaption = {};      // of its message boxes; empty = the program's own
   // What the dialog, and the report that it asks for, say of a ledger that is not open.
-  MessageId databaseNotOpen = MessageId::databaseNotOpen;
+  Message databaseNotOpen = messages::databaseNotOpen;
 };
 
 // A read that failed on the way to an answer: the refusal is what an empty result would have been answered with.
@@ -113,7 +114,10 @@ void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db
 [[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
 [[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);    // "code name" by code
 
-// The same where nothing can be read: the first thing that the dialog would miss; nothing for one that misses nothing.
+// What the dialog's report answers when the ledger is not open.
+[[nodiscard]] Refusal notOpen(const DialogSpec& dialog);
+// The same as openingRefusal() where nothing can be read: the first thing that the dialog would miss; nothing for one
+// that misses nothing.
 [[nodiscard]] std::optional<Refusal> unreadOpening(const DialogSpec& dialog);
 
 // The conditions, or the first refusal in the dialog's order. Throws DbError when the ledger cannot be read,

@@ -1,5 +1,6 @@
-// Every message of the module, in one table. Their texts are fixed; where two windows word the same thing differently,
-// both wordings are kept.
+// Messages: what dialogs and windows say, one constant each. Their texts are fixed; where two windows word the same
+// thing differently, both wordings are kept. Here stand those of several families; those of one family stand beside its
+// dialogs. A message that tells a name or a number is a function of it.
 #pragma once
 
 #include <optional>
@@ -12,73 +13,40 @@
 
 namespace tz {
 
-enum class MessageId {
-  databaseNotOpen,             // "数据库没有打开!"
-  noAccount,                   // "没有符合条件的科目!"
-  noPersonAccountThreeColumn,  // dialog 513
-  deptEmpty,
-  deptUnknown,
-  deptWithoutActivity,
-  personEmpty,
-  personUnknown,
-  personOfOtherDept,
-  personWithoutActivity,
-  noPersonAccountSubject,      // dialog 511
-  noPersonAccountDept,         // dialog 512
-  deptUnknownLoud,             // dialog 512
-  noPersonAccountMulti,        // dialog 514
-  noDeptAccount,               // dialogs 538 and 540
-  noDeptParentAccount,         // dialog 541
-  deptEmptyPlain,              // dialog 540
-  deptUnknownPlain,            // dialog 540
-  deptEmptySpaced,             // dialogs 539 and 541
-  deptUnknownSpaced,           // dialogs 539 and 541
-  noAccountCode,               // dialogs 558, 559 and 561
-  noQualifyingAccount,         // dialog 560
-  noProjectClassPlain,         // dialog 562
-  noQualifyingProjectAccount,  // dialog 562
-  noProjectAccount,            // dialog 562
-  classNotChosen,              // dialog 562
-  projectEmpty,
-  projectNotInClass,
-  deptNameUnknown,      // project dialogs
-  noUnitAccount,        // dialog 618
-  noUnitParentAccount,  // dialog 624
-  unitEmpty,            // dialog 618
-  unitWanted,           // dialog 619
-  unitUnknown,
-  rangeInvalid,
-  databaseNotOpenEnglish,  // department reports
-  noProjectClass,          // command 10224, dialogs 559 and 561
-  noPlanAccount,           // command 10237
-  noPlanProjectClass,      // command 10238
-  notListed,               // text that a list does not offer, where the dialog has no words for it
-  choiceWanted,            // an emptied list in which something has to be chosen
-  linesOutsideMonths,      // notice of a detail ledger; one number
-  yearTotalsFrom,          // notice of a detail ledger; the first month
-  monthsReversed,          // notice
-  projectsReversed,        // notice
-  foreignFormat,           // notice of "外币式"
-  logonOutsideYear,        // notice; the logon date and the account year
+enum class MessageIcon { information, warning };
+
+struct Message {
+  std::string_view text;
+  std::string_view caption = {};  // of the message box; empty = that of its dialog, or else the program's own
+  MessageIcon icon = MessageIcon::information;
 };
 
-// The text with its arguments in the places of %d and %s.
-[[nodiscard]] std::string messageText(MessageId id, const std::vector<std::string>& arguments = {});
+namespace messages {
 
-enum class MessageIcon { information, warning };
+inline constexpr Message databaseNotOpen{"数据库没有打开!"};
+inline constexpr Message noMatchingAccount{"没有符合条件的科目!"};
+inline constexpr Message defineProjectClassFirst{"请先定义项目大类!"};
+inline constexpr Message amountRangeInvalid{"金额范围不合法!"};
+
+// A text that a list does not offer, where the dialog has no words for it.
+[[nodiscard]] std::string notListed(std::string_view asked);
+// An emptied list in which something has to be chosen.
+[[nodiscard]] std::string choiceWanted(ParameterKey key);
+
+}  // namespace messages
 
 // "No" as an answer: what a dialog shows in a message box and the command line prints before it ends with status 1.
 struct Refusal {
-  MessageId id;
-  std::vector<std::string> arguments;
-  std::string_view caption;  // of the message box; empty = the program's own
+  std::string text;
+  std::string_view caption = {};  // of the message box; empty = the program's own
   MessageIcon icon = MessageIcon::information;
-  std::optional<ParameterKey> about;  // the condition that is at fault, where it is one
+  std::optional<ParameterKey> about = {};  // the condition that is at fault, where it is one
   // Why the ledger could not be read, where that is behind it: said below the text.
   std::optional<DbError> failure = {};
   std::vector<std::string> offered = {};  // what could be chosen instead, for whoever sees no list
-
-  [[nodiscard]] std::string text() const { return messageText(id, arguments); }
+  bool ledgerNotOpen = false;             // nothing could be asked of the ledger
 };
+
+[[nodiscard]] Refusal refusalWith(const Message& message);
 
 }  // namespace tz

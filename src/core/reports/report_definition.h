@@ -44,8 +44,8 @@ struct ReportDefinition {
   std::span<const std::string_view> rules;
   const DialogSpec* dialog = nullptr;
   std::span<const WindowCommand> toolbar;
-  // Of its window's message that no account qualifies; empty = the program's own.
-  std::string_view noAccountCaption = {};
+  // What its window says when no account qualifies.
+  Message noAccountInWindow = messages::noMatchingAccount;
 
   // The printed subtitle of these conditions.
   std::string (*subtitle)(const Conditions&) = nullptr;

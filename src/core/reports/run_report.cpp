@@ -73,7 +73,7 @@ bool takesSeveral(const ReportDefinition& report, ParameterKey key) {
 }
 
 ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
-  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.dialog->databaseNotOpen};
+  if (session.db.DBSelect(session.ledger) != 0) return notOpen(*report.dialog);
   const CancelWatch watch(session);
   Transaction reading(session.db.Current(), Transaction::Purpose::reading);
   try {

@@ -35,15 +35,17 @@ bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
   return true;
 }
 
-Refusal refusal(const DialogSpec& dialog, MessageId message, ParameterKey about) {
-  return {.id = message, .arguments = {}, .caption = dialog.messageCaption, .about = about};
+Refusal refusal(const DialogSpec& dialog, const Message& message, ParameterKey about) {
+  auto refused = refusalWith(message);
+  if (refused.caption.empty()) refused.caption = dialog.messageCaption;
+  refused.about = about;
+  return refused;
 }
 
 Refusal noAccountRefusal(const DialogSpec& dialog) { return refusal(dialog, dialog.noAccount, ParameterKey::account); }
 
 Refusal notListed(const DialogSpec& dialog, const Request& request, Unlisted missing) {
-  return {.id = MessageId::notListed,
-          .arguments = {request.text(missing.about)},
+  return {.text = messages::notListed(request.text(missing.about)),
           .caption = dialog.messageCaption,
           .about = missing.about,
           .offered = std::move(missing.offered)};
@@ -71,6 +73,12 @@ bool hasAccounts(const DialogSpec& dialog, const std::function<bool()>& read) {
 }
 
 }  // namespace
+
+Refusal notOpen(const DialogSpec& dialog) {
+  auto refused = refusalWith(dialog.databaseNotOpen);
+  refused.ledgerNotOpen = true;
+  return refused;
+}
 
 std::vector<ParameterKey> keysOf(const ControlSpec& control) {
   switch (control.kind) {

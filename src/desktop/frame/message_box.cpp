@@ -22,7 +22,7 @@ MessageHandler& handler() {
 }
 
 // A disc with its sign, in the theme's colours.
-QPixmap iconOf(const Message& message, double scale) {
+QPixmap iconOf(const ShownMessage& message, double scale) {
   constexpr int size = 36;
   const bool asks = message.buttons == MessageButtons::yesNo;
   const bool warns = !asks && message.icon == MessageIcon::warning;
@@ -53,7 +53,7 @@ void setTextWidth(QMessageBox& box) {
       std::clamp(label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1, narrowest, widest));
 }
 
-bool showBox(QWidget* parent, const Message& message) {
+bool showBox(QWidget* parent, const ShownMessage& message) {
   QMessageBox box(QMessageBox::NoIcon, toQt(message.caption), toQt(message.text), QMessageBox::NoButton, parent);
   box.setIconPixmap(iconOf(message, box.devicePixelRatioF()));
   // Names from a ledger may look like markup.
@@ -72,7 +72,7 @@ bool showBox(QWidget* parent, const Message& message) {
 
 std::string captionOr(std::string_view caption) { return std::string(caption.empty() ? programCaption : caption); }
 
-bool answered(QWidget* parent, const Message& message) {
+bool answered(QWidget* parent, const ShownMessage& message) {
   return handler() ? handler()(message) : showBox(parent, message);
 }
 
@@ -84,7 +84,7 @@ bool AfxMessageBox(QWidget* parent, std::string_view text, std::string_view capt
 }
 
 void AfxMessageBox(QWidget* parent, const Refusal& refusal) {
-  Message message{refusal.text(), captionOr(refusal.caption), refusal.icon};
+  ShownMessage message{refusal.text, captionOr(refusal.caption), refusal.icon};
   if (refusal.failure) {
     message.text += "\n\n" + explainInWindow(*refusal.failure);
     message.detail = refusal.failure->what();

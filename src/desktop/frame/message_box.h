@@ -13,7 +13,7 @@ namespace tz {
 
 enum class MessageButtons { ok, yesNo };
 
-struct Message {
+struct ShownMessage {
   std::string text;
   std::string caption;  // as shown, never empty
   MessageIcon icon = MessageIcon::information;
@@ -32,7 +32,7 @@ void AfxMessageBox(QWidget* parent, const Refusal& refusal);
 void AfxMessageBox(QWidget* parent, const DbError& error);
 
 // Answers messages instead of a box on the screen; an empty one brings the boxes back. Returns what answered before.
-using MessageHandler = std::function<bool(const Message&)>;
+using MessageHandler = std::function<bool(const ShownMessage&)>;
 MessageHandler setMessageHandler(MessageHandler replacement);
 
 }  // namespace tz

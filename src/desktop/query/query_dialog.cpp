@@ -166,8 +166,8 @@ bool CTzQueryDialog::Attempt(const std::function<void()>& work) {
 
 // What it needs cannot be read either: the message for want of that stands, and below it why.
 void CTzQueryDialog::TellNotOpen() {
-  std::string text = messageText(dialog_.databaseNotOpen);
-  if (const auto refusal = unreadOpening(dialog_)) text = refusal->text() + "\n\n" + text;
+  std::string text(dialog_.databaseNotOpen.text);
+  if (const auto refusal = unreadOpening(dialog_)) text = refusal->text + "\n\n" + text;
   AfxMessageBox(parentWidget(), text, dialog_.messageCaption);
 }
 

@@ -83,7 +83,7 @@ std::string ListValue::Value() const {
 
 void demandChoice(const CUsefulCombox& combo, ParameterKey about) {
   if (combo.count() == 0 || combo.currentIndex() >= 0 || !combo.UnknownText().empty()) return;
-  throw WrongUse(about, messageText(MessageId::choiceWanted, {std::string(parameter(about).label)}));
+  throw WrongUse(about, messages::choiceWanted(about));
 }
 
 ComboList offeredDepts(const CQnCwDB& db, bool all) {

@@ -159,7 +159,7 @@ class MonthsField : public QueryField {
  private:
   static void TakeMonth(Request& request, ParameterKey key, const CUsefulCombox& month) {
     const auto unknown = month.UnknownText();
-    if (!unknown.empty()) throw WrongUse(key, messageText(MessageId::notListed, {unknown}));
+    if (!unknown.empty()) throw WrongUse(key, messages::notListed(unknown));
     setText(request, key, month.currentIndex() < 0 ? "" : std::to_string(month.CurrentDatum()));
   }
   [[nodiscard]] int MonthOr(const Request& request, ParameterKey key) const {

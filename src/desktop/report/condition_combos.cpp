@@ -70,7 +70,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, ChosenIn(key, *combo)); });
   connect(combo, &CUsefulCombox::notFound, this,
-          [this](const QString& text) { emit told(toQt(messageText(MessageId::notListed, {fromQt(text)}))); });
+          [this](const QString& text) { emit told(toQt(messages::notListed(fromQt(text)))); });
   connect(combo, &CUsefulCombox::givenUp, this,
           [this](const QString& text) { emit told(QStringLiteral("没有选定“%1”，条件不变。").arg(text)); });
 }

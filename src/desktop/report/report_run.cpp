@@ -24,7 +24,7 @@ std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefin
                                                                Session& session) {
   std::optional<CancelWatch> watch;
   if (session.db.HasCurrent()) watch.emplace(session);
-  if (session.db.DBSelect(session.ledger) != 0) return Refusal{.id = report.dialog->databaseNotOpen};
+  if (session.db.DBSelect(session.ledger) != 0) return notOpen(*report.dialog);
   auto validated = validate(*report.dialog, request, session);
   if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
   ShownReport shown;

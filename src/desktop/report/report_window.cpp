@@ -110,7 +110,7 @@ bool ReportWindow::OnInitDialog() {
   LayOut();
   DrawToolBar();
   putWindowKeysFirst(*this);
-  Refusal refusal{.id = MessageId::noAccount, .caption = definition_.noAccountCaption};
+  Refusal refusal = refusalWith(definition_.noAccountInWindow);
   try {
     if (heading_->Conditions().Fill(*g_pDB)) return true;
   } catch (const DbError& error) {

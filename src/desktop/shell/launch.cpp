@@ -21,7 +21,7 @@ bool hasSlot(int command) {
 
 std::optional<Refusal> refusalOf(const ReportDefinition& report) {
   std::optional<DbError> failure;
-  std::optional<MessageId> message;
+  std::optional<Message> message;
   try {
     message = launchRefusal(report.command, *g_pDB);
   } catch (const DbError& error) {
@@ -30,7 +30,9 @@ std::optional<Refusal> refusalOf(const ReportDefinition& report) {
     message = launchRefusalUnread(report.command);
   }
   if (!message) return std::nullopt;
-  return Refusal{.id = *message, .failure = failure};
+  auto refusal = refusalWith(*message);
+  refusal.failure = failure;
+  return refusal;
 }
 
 }  // namespace

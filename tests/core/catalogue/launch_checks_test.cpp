@@ -7,10 +7,12 @@ namespace {
 
 class LaunchChecks : public DatabaseTest {
  protected:
-  std::optional<MessageId> refusal(int command) {
+  // Empty when it may open.
+  std::string refusal(int command) {
     CQnCwDB db(Access::read);
     db.Open(ledger_.address());
-    return launchRefusal(command, db);
+    const auto message = launchRefusal(command, db);
+    return message ? std::string(message->text) : std::string();
   }
 
   TestLedger ledger_{GetParam()};
@@ -18,21 +20,21 @@ class LaunchChecks : public DatabaseTest {
 TZ_ON_BOTH_DATABASES(LaunchChecks);
 
 TEST_P(LaunchChecks, AnEmptyLedgerRefusesEachWithItsOwnMessage) {
-  EXPECT_EQ(refusal(10224), MessageId::noProjectClass);
-  EXPECT_EQ(refusal(10237), MessageId::noPlanAccount);
-  EXPECT_EQ(refusal(10238), MessageId::noPlanProjectClass);
-  EXPECT_EQ(refusal(10190), std::nullopt);
+  EXPECT_EQ(refusal(10224), "请先定义项目大类!");
+  EXPECT_EQ(refusal(10237), "没有查到符合要求的科目!");
+  EXPECT_EQ(refusal(10238), "没有查到符合条件的项目大类!");
+  EXPECT_EQ(refusal(10190), "");
 }
 
 TEST_P(LaunchChecks, AProjectClassNeedsAnId) {
   ledger_.fill("ProjClass", R"(
       lId | sItemId | sName
       1   |         | 无编号 )");
-  EXPECT_EQ(refusal(10224), MessageId::noProjectClass);
+  EXPECT_EQ(refusal(10224), "请先定义项目大类!");
   ledger_.fill("ProjClass", R"(
       lId | sItemId | sName
       2   | A1      | 工程 )");
-  EXPECT_EQ(refusal(10224), std::nullopt);
+  EXPECT_EQ(refusal(10224), "");
 }
 
 TEST_P(LaunchChecks, DepartmentPlansCountForAccountsKeptByDepartmentsOnly) {
@@ -47,22 +49,22 @@ TEST_P(LaunchChecks, DepartmentPlansCountForAccountsKeptByDepartmentsOnly) {
       1   | 1       | 5       | 1        | 100
       2   | 99      | 5       | 1        | 100
       3   | 2       | 0       | 1        | 100 )");
-  EXPECT_EQ(refusal(10237), MessageId::noPlanAccount);
+  EXPECT_EQ(refusal(10237), "没有查到符合要求的科目!");
   ledger_.fill("Plan", R"(
       lId | lCodeId | lDeptId | byPeroid | mPPlan
       4   | 3       | 5       | 2        | 100 )");
-  EXPECT_EQ(refusal(10237), std::nullopt);
+  EXPECT_EQ(refusal(10237), "");
 }
 
 TEST_P(LaunchChecks, ProjectPlansNeedAClass) {
   ledger_.fill("Plan", R"(
       lId | lCodeId | lItemId | sItemId | byPeroid
       1   | 1       | 3       |         | 1 )");
-  EXPECT_EQ(refusal(10238), MessageId::noPlanProjectClass);
+  EXPECT_EQ(refusal(10238), "没有查到符合条件的项目大类!");
   ledger_.fill("Plan", R"(
       lId | lCodeId | lItemId | sItemId | byPeroid
       2   | 1       | 3       | A1      | 1 )");
-  EXPECT_EQ(refusal(10238), std::nullopt);
+  EXPECT_EQ(refusal(10238), "");
 }
 
 }  // namespace

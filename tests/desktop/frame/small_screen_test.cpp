@@ -192,7 +192,7 @@ TEST_F(SmallScreen, HoldsReportsReferencesAndMessages) {
     QTest::keyClick(&box, Qt::Key_Escape);
   });
   const DbError broken(DbError::Kind::incomplete, std::string(300, 'x'));
-  AfxMessageBox(window, Refusal{.id = MessageId::noAccount, .failure = broken});
+  AfxMessageBox(window, Refusal{.text = "没有符合条件的科目!", .failure = broken});
   inModal([](QWidget& files) {
     expectOnScreen(files);
     QTest::keyClick(&files, Qt::Key_Escape);

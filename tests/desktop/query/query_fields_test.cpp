@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <array>
 
+#include "core/ledger/detail_controls.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_dialog.h"
 #include "desktop/support/member_ledger.h"
@@ -18,22 +19,36 @@ namespace {
 using Kind = ControlSpec::Kind;
 using Key = ParameterKey;
 
-constexpr ControlSpec account{Kind::accountCombo, Key::account, 2206, 0, "科目"};
-constexpr ControlSpec dept{Kind::deptCombo, Key::dept, 2207, 0, "部门", true};
-constexpr ControlSpec unit{Kind::unitReference, Key::unit, 2115, 2028, "单位"};
-constexpr ControlSpec unitClass{Kind::unitClassCombo, Key::unitClass, 2210, 0, "分类"};
-constexpr ControlSpec clerk{Kind::clerkCombo, Key::clerk, 2213, 0, "业务员"};
-constexpr ControlSpec projectClass{Kind::classCombo, Key::projectClass, 2211, 0, "项目大类"};
-constexpr ControlSpec project{Kind::projectReference, Key::project, 2117, 2015, "项目"};
-constexpr ControlSpec range{Kind::projectRange, Key::projectFrom, 2214, 2215, "显示项目", false, "不显示项目"};
-constexpr ControlSpec lists{Kind::accountLists, Key::account, 2301, 2302, "科目"};
-constexpr ControlSpec foldedLists{Kind::accountLists, Key::account, 2301, 2302, "显示科目", false, "不显示科目"};
-constexpr ControlSpec amounts{Kind::amountRange, Key::minimum, 2113, 2114, "余额"};
-constexpr ControlSpec side{Kind::side, Key::side, 2405, 0, "方向"};
-constexpr ControlSpec analysis{Kind::analysis, Key::analysis, 2464, 2409, "分析方式"};
-constexpr ControlSpec cutoff{Kind::date, Key::cutoff, 2101, 2001, "截止日期"};
-constexpr ControlSpec unposted{Kind::checkBox, Key::unposted, 2601, 0, "包含未记帐凭证"};
+using controls::account;
+using controls::analysis;
+using controls::clerk;
+using controls::project;
+using controls::unit;
+using controls::unitClass;
+using controls::unposted;
+constexpr ControlSpec dept = controls::deptOrAll;
+constexpr ControlSpec projectClass = controls::classOfAccount;
+constexpr ControlSpec range{.kind = Kind::projectRange,
+                            .key = Key::projectFrom,
+                            .id = 2214,
+                            .companion = 2215,
+                            .caption = "显示项目",
+                            .unfoldedCaption = "不显示项目"};
+constexpr ControlSpec lists{
+    .kind = Kind::accountLists, .key = Key::account, .id = 2301, .companion = 2302, .caption = "科目"};
+constexpr ControlSpec foldedLists{.kind = Kind::accountLists,
+                                  .key = Key::account,
+                                  .id = 2301,
+                                  .companion = 2302,
+                                  .caption = "显示科目",
+                                  .unfoldedCaption = "不显示科目"};
+constexpr ControlSpec amounts{
+    .kind = Kind::amountRange, .key = Key::minimum, .id = 2113, .companion = 2114, .caption = "余额"};
+constexpr ControlSpec side{.kind = Kind::side, .key = Key::side, .id = 2405, .caption = "方向"};
+constexpr ControlSpec cutoff{
+    .kind = Kind::date, .key = Key::cutoff, .id = 2101, .companion = 2001, .caption = "截止日期"};
 
+constexpr Message noClass{"没有项目大类"};
 constexpr std::string_view unitAccounts = "sAssBook = 'B' AND bEnd <> 0 ORDER BY sCode";
 constexpr std::string_view projectAccounts = "sAssBook = 'D' ORDER BY sCode";
 
@@ -46,7 +61,6 @@ class QueryFields : public ::testing::Test {
     spec_ = {.id = 9999,
              .title = "条件",
              .accountWhere = accounts,
-             .noAccount = MessageId::noUnitAccount,
              .controls = controls_,
              .checks = checks,
              .choices = choices,
@@ -187,7 +201,7 @@ TEST_F(QueryFields, ClassesAreThoseOfTheAccount) {
 // An end that the next account does not have would else leave the range open without a word.
 TEST_F(QueryFields, AnEndThatIsNoLongerOfferedIsRefusedByItsName) {
   choices = {&tz::choices::projectRange};
-  checks = {{&tz::checks::classOfAccount, MessageId::noAccountCode, Key::projectClass}};
+  checks = {{.passes = &tz::checks::classOfAccount, .message = noClass, .about = Key::projectClass}};
   EXPECT_FALSE(run({account, range}, projectAccounts, [this](QWidget& window) {
     click(window, "unfold");
     press(window, "2214", Qt::Key_Down);
@@ -285,7 +299,7 @@ TEST_F(QueryFields, SeveralSelectedAccountsMoveAtOnceAndFoldAway) {
 }
 
 TEST_F(QueryFields, AmountsAreNumbersInOrder) {
-  checks = {{&tz::checks::rangeInOrder, MessageId::rangeInvalid, Key::maximum}};
+  checks = {{.passes = &tz::checks::rangeInOrder, .message = messages::amountRangeInvalid, .about = Key::maximum}};
   EXPECT_TRUE(run({amounts, side}, "", [this](QWidget& window) {
     auto& lower = control<QLineEdit>(window, "2113");
     QTest::keyClicks(&lower, "1x0,0.5e");
@@ -352,7 +366,7 @@ TEST_F(QueryFields, AnErasedListIsLeftOutOrAskedFor) {
   };
   const std::vector<Case> cases = {{dept, "", nullptr},
                                    {range, projectAccounts, nullptr},
-                                   {{Kind::deptCombo, Key::dept, 2207, 0, "部门"}, "", "请从列表中选择部门。"},
+                                   {controls::deptList, "", "请从列表中选择部门。"},
                                    {unitClass, "", "请从列表中选择分类。"},
                                    {clerk, unitAccounts, "请从列表中选择业务员。"},
                                    {projectClass, projectAccounts, "请从列表中选择项目大类。"},

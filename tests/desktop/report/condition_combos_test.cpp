@@ -13,24 +13,20 @@ namespace {
 using Kind = ControlSpec::Kind;
 
 constexpr std::array clerkControls = {
-    ControlSpec{Kind::accountCombo, ParameterKey::account, 2206, 0, "科目"},
-    ControlSpec{Kind::clerkCombo, ParameterKey::clerk, 2213, 0, "业务员"},
+    ControlSpec{.kind = Kind::accountCombo, .key = ParameterKey::account, .id = 2206, .caption = "科目"},
+    ControlSpec{.kind = Kind::clerkCombo, .key = ParameterKey::clerk, .id = 2213, .caption = "业务员"},
 };
 constexpr std::array memberControls = {
-    ControlSpec{Kind::deptCombo, ParameterKey::dept, 2207, 0, "部门", true},
-    ControlSpec{Kind::unitReference, ParameterKey::unit, 2115, 2028, "单位"},
+    ControlSpec{.kind = Kind::deptCombo, .key = ParameterKey::dept, .id = 2207, .caption = "部门", .all = true},
+    ControlSpec{
+        .kind = Kind::unitReference, .key = ParameterKey::unit, .id = 2115, .companion = 2028, .caption = "单位"},
 };
 constexpr std::array classControls = {
-    ControlSpec{Kind::unitClassCombo, ParameterKey::unitClass, 2210, 0, "分类"},
+    ControlSpec{.kind = Kind::unitClassCombo, .key = ParameterKey::unitClass, .id = 2210, .caption = "分类"},
 };
 
 DialogSpec dialogOf(std::span<const ControlSpec> controls, std::string_view accounts) {
-  return {.id = 9999,
-          .title = "条件",
-          .accountWhere = accounts,
-          .noAccount = MessageId::noAccount,
-          .controls = controls,
-          .checks = {}};
+  return {.id = 9999, .title = "条件", .accountWhere = accounts, .controls = controls};
 }
 
 std::vector<std::string> entries(const QWidget& combos, const QString& id) {

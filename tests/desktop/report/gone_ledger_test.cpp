@@ -27,8 +27,8 @@ std::string captionOfDialog(int command) {
 // What the dialog misses first; empty for one that needs nothing to open.
 std::string firstMissed(const DialogSpec& dialog) {
   const auto check = std::ranges::find(dialog.checks, true, &Check::atOpening);
-  if (check != dialog.checks.end()) return messageText(check->message);
-  return dialog.accountWhere.empty() ? std::string() : messageText(dialog.noAccount);
+  if (check != dialog.checks.end()) return std::string(check->message.text);
+  return dialog.accountWhere.empty() ? std::string() : std::string(dialog.noAccount.text);
 }
 
 class GoneLedger : public ::testing::Test {
@@ -53,8 +53,8 @@ class GoneLedger : public ::testing::Test {
   // Reads of accounts fail.
   void loseAccounts() const { ledger_->keeper().execute("ALTER TABLE Code RENAME TO Elsewhere"); }
 
-  Message onlyMessage() {
-    Message message;
+  ShownMessage onlyMessage() {
+    ShownMessage message;
     EXPECT_EQ(messages_.all.size(), 1U);
     if (!messages_.all.empty()) message = messages_.all.front();
     messages_.all.clear();
@@ -75,7 +75,7 @@ TEST_F(GoneLedger, IsSaidWhenADialogOpens) {
       SCOPED_TRACE(report->command);
       CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
       EXPECT_FALSE(dialog.DoModal());
-      const Message message = onlyMessage();
+      const ShownMessage message = onlyMessage();
       const std::string below = notOpenWords(*report);
       const std::string missed = firstMissed(*report->dialog);
       EXPECT_EQ(message.text, missed.empty() ? below : missed + "\n\n" + below);
@@ -91,8 +91,9 @@ TEST_F(GoneLedger, AFailedReadOfAccountsStandsBelowTheMessageForNone) {
     SCOPED_TRACE(report->command);
     CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
     EXPECT_FALSE(dialog.DoModal());
-    Message message = onlyMessage();
-    EXPECT_TRUE(message.text.starts_with(messageText(report->dialog->noAccount) + "\n\n帐套不完整。")) << message.text;
+    ShownMessage message = onlyMessage();
+    EXPECT_TRUE(message.text.starts_with(std::string(report->dialog->noAccount.text) + "\n\n帐套不完整。"))
+        << message.text;
     EXPECT_FALSE(message.detail.empty());
     EXPECT_EQ(message.text.find(message.detail), std::string::npos);
     EXPECT_EQ(message.caption, captionOfDialog(report->command));
@@ -112,7 +113,7 @@ TEST_F(GoneLedger, IsSaidAtOk) {
     SCOPED_TRACE(report->command);
     open();
     CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
-    Message message;
+    ShownMessage message;
     inModal([&](QWidget& window) {
       disconnect();
       click(window, "1");
@@ -146,7 +147,7 @@ TEST_F(GoneLedger, IsSaidAtARefresh) {
       const bool shown = window->Shown() != nullptr;
       removeFile();
       window->RefreshDisplay();
-      const Message message = onlyMessage();
+      const ShownMessage message = onlyMessage();
       EXPECT_EQ(message.text, notOpenWords(*report));
       EXPECT_EQ(message.caption, "辅助核算");
       EXPECT_EQ(window->Shown() != nullptr, shown);

@@ -25,7 +25,7 @@ namespace tz::test {
 class RecordedMessages {
  public:
   RecordedMessages()
-      : before_(setMessageHandler([this](const Message& message) {
+      : before_(setMessageHandler([this](const ShownMessage& message) {
           all.push_back(message);
           return answer;
         })) {}
@@ -41,7 +41,7 @@ class RecordedMessages {
     return text;
   }
 
-  std::vector<Message> all;
+  std::vector<ShownMessage> all;
   bool answer = true;
 
  private:
