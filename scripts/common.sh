@@ -102,31 +102,39 @@ install_packages() {
     fail "The packages could not be installed; all that was said is in build/packages.log. $(apt_errors)"
 }
 
-# build PRESET TARGET...: configures once, then builds what is out of date. Says how long a build took, nothing when
-# everything was up to date, and the compiler's words when it failed.
+# configure PRESET [NAME=VALUE...]: once, and again when one of these settings is another than it was.
+configure() {
+  local preset=$1 folder=build/$1 log=build/$1.log setting
+  local settings=()
+  shift
+  for setting; do
+    grep -qE "^${setting%%=*}:[A-Z]+=${setting#*=}\$" "$folder/CMakeCache.txt" 2>/dev/null || settings+=("-D$setting")
+  done
+  [ ! -f "$folder/build.ninja" ] || [ "${#settings[@]}" -gt 0 ] || return 0
+  cmake --preset "$preset" "${settings[@]}" 2>&1 | show_progress >"$log" ||
+    { cat "$log" >&2; fail "Configuring $folder failed."; }
+}
+
+# build PRESET [NAME=VALUE...] TARGET...: builds what is out of date, configured with these settings. Says how long a
+# build took, nothing when everything was up to date, and the compiler's words when it failed.
 build() {
   local preset=$1 folder=build/$1 log=build/$1.log start=$SECONDS
+  local settings=()
   shift
+  while [[ $1 == *=* ]]; do
+    settings+=("$1")
+    shift
+  done
   mkdir -p build
   # Two builds at once in one folder would break each other: the second one waits.
   exec 9>"build/.lock-$preset"
   flock 9
-  if [ ! -f "$folder/build.ninja" ]; then
-    say "Building $folder, which takes a few minutes the first time ..."
-    cmake --preset "$preset" 2>&1 | show_progress >"$log" || { cat "$log" >&2; fail "Configuring $folder failed."; }
-  fi
+  [ -f "$folder/build.ninja" ] || say "Building $folder, which takes a few minutes the first time ..."
+  configure "$preset" "${settings[@]}"
   if ! ninja -C "$folder" "$@" 2>&1 | show_progress >"$log"; then
     grep -v -e '^\[[0-9]*/' -e '^-- ' "$log" >&2 || true
     fail "Building $folder failed; all its words are in $log."
   fi
   grep -q 'no work to do' "$log" || say "Built $folder in $((SECONDS - start)) s."
   exec 9>&-
-}
-
-# add_desktop PRESET: lets a folder that was configured without the windows build them too.
-add_desktop() {
-  local folder=build/$1 log=build/$1.log
-  grep -q '^TZ_DESKTOP:BOOL=ON' "$folder/CMakeCache.txt" && return
-  cmake -S . -B "$folder" -DTZ_DESKTOP=ON 2>&1 | show_progress >"$log" ||
-    { cat "$log" >&2; fail "Configuring the windows failed."; }
 }

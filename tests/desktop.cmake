@@ -5,16 +5,15 @@ file(GLOB_RECURSE TZ_DESKTOP_TESTS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/d
 add_executable(desktop_tests ${TZ_DESKTOP_TESTS} support/test_ledger.cpp support/refusal_cases.cpp
                              support/every_report.cpp)
 set_target_properties(desktop_tests PROPERTIES AUTOMOC ON)
-target_link_libraries(desktop_tests PRIVATE tzhost tz_options Qt6::Test GTest::gtest PkgConfig::SODIUM PkgConfig::XCB)
+target_link_libraries(desktop_tests PRIVATE tzhost tz_once Qt6::Test GTest::gtest PkgConfig::SODIUM PkgConfig::XCB)
 target_compile_definitions(desktop_tests PRIVATE TZ_DESKTOP_PROGRAM="$<TARGET_FILE:tzassistant-desktop>")
 add_dependencies(desktop_tests tzassistant-desktop)
 target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})
 target_precompile_headers(desktop_tests PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets> <string> <vector>)
 add_test(NAME desktop COMMAND desktop_tests)
-set_tests_properties(desktop PROPERTIES LABELS desktop ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+set_tests_properties(desktop PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 # The same windows on the screen that 200 % leave of 1920 x 1080.
 add_test(NAME desktop-small-screen COMMAND desktop_tests --gtest_filter=SmallScreen.*)
 set_tests_properties(
   desktop-small-screen
-  PROPERTIES LABELS desktop
-             ENVIRONMENT QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/support/small_screen.json)
+  PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/support/small_screen.json)
