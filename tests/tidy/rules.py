@@ -176,5 +176,21 @@ def no_clock_in_tests(project):
                               f"reads the clock: {match.group()}", "a test gives the same result on every day")
 
 
+def named_paths(project):
+    """What the documents name in backticks or link to is there; "…" and "*" stand for something."""
+    why = "a document that names a file that is gone sends its reader astray"
+    paths = {file.path for file in project.files}
+    folders = {"/".join(path.split("/")[:end]) for path in paths for end in range(1, path.count("/") + 1)}
+    for file in project.files:
+        if not file.path.endswith(".md"):
+            continue
+        for match in NAMED_PATH.finditer(file.text):
+            name = match[1].rstrip("/")
+            if not {name, f"src/{name}"} & (paths | folders):
+                yield Finding(file.path, file.text.count("\n", 0, match.start()) + 1, f"there is no {name}", why)
+
+
+NAMED_PATH = re.compile(r"`((?:src|tests|docs|scripts|tools|bench|cmake|core|cli|desktop)/[\w./-]+)`")
+
 RULES = (layering, no_windows_below, full_include_paths, line_length, file_length, function_length, header_comment,
-         orphans, forbidden_words, no_clock_in_tests)
+         orphans, forbidden_words, no_clock_in_tests, named_paths)

@@ -78,6 +78,11 @@ class RulesTest(unittest.TestCase):
         self.assertEqual(found(rules.no_clock_in_tests, tests__core__data__a_cpp=text, src__core__data__b_cpp=text),
                          [("tests/core/data/a.cpp", 2)])
 
+    def test_named_paths(self):
+        text = "`core/data/a.h` `src/core/data` `docs/x-*.md` `tests/gone`\n\n`core/data/b.h`\n"
+        self.assertEqual(found(rules.named_paths, docs__a_md=text, src__core__data__a_h=HEADER),
+                         [("docs/a.md", 1), ("docs/a.md", 3)])
+
 
 class FunctionsTest(unittest.TestCase):
     def test_finds_bodies_and_nothing_else(self):
