@@ -38,9 +38,12 @@ class Dialect {
   [[nodiscard]] virtual Sql dateAdd(std::string_view column, int days) const = 0;
   // The query that the view systable stands for; it spells item tables as ProjClass does.
   [[nodiscard]] virtual std::string catalogueView() const = 0;
-  // The columns of the tables and views that the list ("'code', 'dept'", in lower case) or the prefix of item tables
-  // names: schema, table, column, type, whether texts are compared byte by byte, whether a cell may be NULL, whether
-  // the table can have indexes, whether the name alone stands for this one.
+  // A query of the names, in lower case, and the definitions of all tables and views, as they were made; empty where the
+  // database does not keep these texts.
+  [[nodiscard]] virtual std::string_view definitionsQuery() const = 0;
+  // The columns of the tables and views that the list ("'code', 'dept'", in lower case) names, and of all item tables
+  // where there are no definitions: schema, table, column, type, whether texts are compared byte by byte, whether a cell
+  // may be NULL, whether the table can have indexes, whether the name alone stands for this one.
   [[nodiscard]] virtual std::string columnsQuery(std::string_view list) const = 0;
   // The query that makes a schema the only one that the connection looks into; empty where there are none.
   [[nodiscard]] virtual Sql useSchema(const std::string& schema) const = 0;

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <set>
 
+#include "core/data/made_tables.h"
 #include "core/data/schema.h"
 
 namespace tz {
@@ -11,40 +14,69 @@ namespace {
 constexpr std::string_view catalogue = "systable";
 constexpr std::string_view itemPrefix = "projitems";
 
-std::string quotedNames() {
-  std::string list = "'" + std::string(catalogue) + "'";
-  for (const auto& table : ledgerTables()) list += ", '" + lowerCase(table.name) + "'";
-  return list;
-}
-
 struct Found {
   std::string schema;
   std::vector<StoredColumn> columns;
   bool indexable = false;
   bool visible = false;  // what the name alone stands for
+  bool asMade = false;
 };
+using FoundTables = std::multimap<std::string, Found>;
 
-std::multimap<std::string, Found> readColumns(Connection& connection) {
-  std::multimap<std::string, Found> tables;
-  const auto rows = connection.query(Sql(connection.dialect().columnsQuery(quotedNames())));
+// In lower case.
+const std::set<std::string, std::less<>>& contractNames() {
+  static const auto names = [] {
+    std::set<std::string, std::less<>> all = {std::string(catalogue)};
+    for (const auto& table : ledgerTables()) all.insert(lowerCase(table.name));
+    return all;
+  }();
+  return names;
+}
+
+bool isItemTable(std::string_view name) {
+  return name.starts_with(itemPrefix) && isClassId(name.substr(itemPrefix.size()));
+}
+
+void readColumns(Connection& connection, const std::set<std::string, std::less<>>& names, FoundTables& tables) {
+  const auto list = fmt::format("'{}'", fmt::join(names, "', '"));
+  const auto rows = connection.query(Sql(connection.dialect().columnsQuery(list)));
   while (rows->next()) {
     const std::string schema(rows->text(0));
     const std::string name(rows->text(1));
-    if (name.starts_with(itemPrefix) && name.size() > itemPrefix.size() && !isClassId(name.substr(itemPrefix.size()))) {
-      continue;
-    }
+    if (!contractNames().contains(name) && !isItemTable(name)) continue;
     auto [place, end] = tables.equal_range(name);
     while (place != end && place->second.schema != schema) ++place;
     if (place == end) place = tables.emplace(name, Found{schema, {}, rows->integer(6) != 0, rows->integer(7) != 0});
     place->second.columns.push_back(
         {std::string(rows->text(2)), std::string(rows->text(3)), rows->integer(4) != 0, rows->integer(5) != 0});
   }
+}
+
+// A database that keeps definitions has one schema, in which every name is visible.
+FoundTables readTables(Connection& connection) {
+  const auto& dialect = connection.dialect();
+  FoundTables tables;
+  auto names = contractNames();
+  if (const auto definitions = dialect.definitionsQuery(); !definitions.empty()) {
+    names.clear();
+    const auto rows = connection.query(Sql(definitions));
+    while (rows->next()) {
+      std::string name(rows->text(0));
+      if (!contractNames().contains(name) && !isItemTable(name)) continue;
+      if (auto columns = columnsAsMade(rows->text(1), dialect)) {
+        tables.emplace(std::move(name), Found{"main", std::move(*columns), true, true, true});
+      } else {
+        names.insert(std::move(name));
+      }
+    }
+  }
+  if (!names.empty()) readColumns(connection, names, tables);
   return tables;
 }
 
 // How many of the contract's tables each schema holds; the one with the most is the ledger, of several the one in
 // front.
-std::string ledgerSchema(const std::multimap<std::string, Found>& tables, std::map<std::string, int>& counts) {
+std::string ledgerSchema(const FoundTables& tables, std::map<std::string, int>& counts) {
   std::map<std::string, int> visible;
   for (const auto& table : ledgerTables()) {
     const auto [first, last] = tables.equal_range(lowerCase(table.name));
@@ -145,18 +177,20 @@ bool hasOwnTypes(const Dialect& dialect, const std::string& name, const Found& t
 
 LedgerTables settleLedgerTables(Connection& connection) {
   const auto& dialect = connection.dialect();
-  const auto found = readColumns(connection);
+  auto found = readTables(connection);
   std::map<std::string, int> counts;
   LedgerTables ledger;
   ledger.schema = ledgerSchema(found, counts);
-  for (const auto& [name, table] : found) {
+  for (auto& [name, table] : found) {
     if (table.schema != ledger.schema) continue;
     if (!table.visible) {
       throw DbError(DbError::Kind::shadowed, "帐套在模式 " + ledger.schema + " 中，而搜索路径上在它之前另有表 " + name);
     }
-    ledger.tables.emplace(name, table.columns);
-    ledger.indexable =
-        ledger.indexable && (name == catalogue || (table.indexable && hasOwnTypes(dialect, name, table)));
+    if (!table.asMade && name != catalogue) {
+      ledger.others.push_back(name);
+      ledger.indexable = ledger.indexable && table.indexable && hasOwnTypes(dialect, name, table);
+    }
+    ledger.tables.emplace(name, std::move(table.columns));
   }
   for (const auto& [schema, count] : counts) {
     const bool whole = count + 1 >= static_cast<int>(ledgerTables().size());  // a ledger made elsewhere has no mark log
@@ -174,9 +208,8 @@ LedgerTables settleLedgerTables(Connection& connection) {
 void bringIntoForm(Connection& connection, const LedgerTables& ledger, Access access) {
   const auto& dialect = connection.dialect();
   std::vector<std::string> views;
-  for (const auto& [table, columns] : ledger.tables) {
-    if (table == catalogue) continue;
-    if (const auto list = columnsInForm(connection, table, columns); !list.empty()) {
+  for (const auto& table : ledger.others) {
+    if (const auto list = columnsInForm(connection, table, ledger.tables.at(table)); !list.empty()) {
       views.push_back(dialect.viewInFront(table, list));
     }
   }

@@ -14,6 +14,7 @@ namespace tz {
 struct LedgerTables {
   std::string schema;                                       // all of them stand in it
   std::map<std::string, std::vector<StoredColumn>> tables;  // by name, in lower case; item tables of classes as well
+  std::vector<std::string> others;                          // those that do not stand as the program makes them
   bool indexable = true;                                    // all are tables, with columns of the ledger's own types
 
   [[nodiscard]] bool has(std::string_view table) const { return tables.contains(lowerCase(table)); }

@@ -136,9 +136,15 @@ TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItem
 }
 
 std::string createTableText(const TableSchema& table, const Dialect& dialect) {
-  auto uniques = table.uniques;
-  if ((table.name == "RegSub" || table.name == "UnregSub") && dialect.linesKeyedByVoucher()) uniques = {"lTieId, lId"};
-  std::string text = "CREATE TABLE " + table.name + " (";
+  static const std::vector<std::string> voucherAndLine = {"lTieId, lId"};
+  const bool line = table.name == "RegSub" || table.name == "UnregSub";
+  const auto& uniques = line && dialect.linesKeyedByVoucher() ? voucherAndLine : table.uniques;
+  constexpr std::size_t usualLength = 1024;
+  std::string text;
+  text.reserve(usualLength);
+  text += "CREATE TABLE ";
+  text += table.name;
+  text += " (";
   for (const auto& column : table.columns) {
     text += column.name;
     text += ' ';
@@ -167,9 +173,9 @@ void createTables(Connection& connection) {
   connection.execute(Sql(dialect.versionStatement(ledgerVersion)));
 }
 
-void createCatalogueView(Connection& connection) {
-  connection.execute(Sql("CREATE VIEW systable AS " + connection.dialect().catalogueView()));
-}
+std::string catalogueViewText(const Dialect& dialect) { return "CREATE VIEW systable AS " + dialect.catalogueView(); }
+
+void createCatalogueView(Connection& connection) { connection.execute(Sql(catalogueViewText(connection.dialect()))); }
 
 void createTable(Connection& connection, std::string_view name) {
   connection.execute(Sql(createTableText(tableOf(name), connection.dialect())));

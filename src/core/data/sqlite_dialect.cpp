@@ -44,8 +44,8 @@ std::string SqliteDialect::columnsQuery(std::string_view list) const {
   return "SELECT 'main', lower(t.name), lower(c.name), lower(c.type), lower(coalesce(t.sql, '')) NOT LIKE '%collate%', "
          "c.\"notnull\" = 0, t.type = 'table', 1 FROM sqlite_master t, pragma_table_xinfo(t.name) c WHERE t.type IN "
          "('table', 'view') "
-         "AND (lower(t.name) IN (" +
-         std::string(list) + ") OR lower(t.name) LIKE 'projitems_%')";
+         "AND lower(t.name) IN (" +
+         std::string(list) + ")";
 }
 
 Dialect::Fit SqliteDialect::fit(Type wanted, const StoredColumn& column) const {

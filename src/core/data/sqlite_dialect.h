@@ -10,6 +10,9 @@ class SqliteDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
+  [[nodiscard]] std::string_view definitionsQuery() const override {
+    return "SELECT lower(name), sql FROM sqlite_master WHERE type IN ('table', 'view')";
+  }
   [[nodiscard]] std::string columnsQuery(std::string_view list) const override;
   [[nodiscard]] Sql useSchema(const std::string& /*schema*/) const override { return {}; }
   [[nodiscard]] Fit fit(Type wanted, const StoredColumn& column) const override;

@@ -8,7 +8,7 @@
 namespace tz {
 namespace {
 
-constexpr std::array signs =
+constexpr std::array formulaSigns =
     std::to_array<char32_t>({'=', '+', '-', '@', U'＝', U'＋', U'－', U'＠', 0xFE62, 0xFE63, 0xFE66, 0xFE6B, 0x2212});
 
 bool isBlank(char32_t character) {
@@ -34,7 +34,7 @@ bool looksLikeFormula(std::string_view text) {
   for (std::size_t place = 0; place < text.size();) {
     const char32_t character = nextCharacter(text, place);
     if (isBlank(character) || isMark(character)) continue;
-    return place < text.size() && std::ranges::find(signs, character) != signs.end();
+    return place < text.size() && std::ranges::find(formulaSigns, character) != formulaSigns.end();
   }
   return false;
 }

@@ -16,7 +16,7 @@ struct Sign {
 };
 
 // In the order of the private code points.
-constexpr std::array signs = std::to_array<Sign>({
+constexpr std::array movedSigns = std::to_array<Sign>({
     {0xE78D, "\xA6\xD9", 0xFE10},  {0xE78E, "\xA6\xDA", 0xFE12},  {0xE78F, "\xA6\xDB", 0xFE11},
     {0xE790, "\xA6\xDC", 0xFE13},  {0xE791, "\xA6\xDD", 0xFE14},  {0xE792, "\xA6\xDE", 0xFE15},
     {0xE793, "\xA6\xDF", 0xFE16},  {0xE794, "\xA6\xEC", 0xFE17},  {0xE795, "\xA6\xED", 0xFE18},
@@ -40,11 +40,11 @@ std::string fourBytes(char32_t character) {
 
 const Sign* signOf(char32_t character) {
   const auto* const found = std::ranges::find_if(
-      signs, [&](const Sign& sign) { return sign.privatePoint == character || sign.publicPoint == character; });
-  return found == signs.end() ? nullptr : found;
+      movedSigns, [&](const Sign& sign) { return sign.privatePoint == character || sign.publicPoint == character; });
+  return found == movedSigns.end() ? nullptr : found;
 }
 
-// The first bytes of the signs' characters in UTF-8, so that the others are passed over quickly.
+// The first bytes of these characters in UTF-8, so that the others are passed over quickly.
 bool mayBeSign(char lead) {
   const auto byte = static_cast<unsigned char>(lead);
   return byte == 0xE9 || byte == 0xEE || byte == 0xEF || byte == 0xF0;
