@@ -109,6 +109,11 @@ class Connection {
   [[nodiscard]] virtual std::unique_ptr<RowWriter> insertInto(std::string_view table,
                                                               std::span<const std::string> columns) = 0;
 
+  // The first of `count` ids in a row for new records of a table, to be asked for inside the writing transaction that
+  // uses them; no two operators get the same. Ids stay below 2^53, which spreadsheets and JSON hold exactly. See
+  // new_ids.h for the one case in which the transaction has to begin anew.
+  [[nodiscard]] virtual std::int64_t newIds(std::string_view table, std::int64_t count) = 0;
+
   [[nodiscard]] virtual const Dialect& dialect() const = 0;
   [[nodiscard]] virtual bool alive() = 0;
   // Called now and then during a long statement; answering true stops it with DbError.

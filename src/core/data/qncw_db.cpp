@@ -4,22 +4,20 @@
 #include <cmath>
 #include <set>
 
+#include "core/data/new_ids.h"
+
 namespace tz {
 namespace {
 
-Id nextId(Connection& connection, const char* table) {
-  const auto cursor = connection.query(Sql(std::string("SELECT coalesce(max(lId), 0) + 1 FROM ") + table));
-  cursor->next();
-  return cursor->integer(0);
-}
-
 template <class Record>
 Id addNew(Connection& connection, Record record) {
-  Transaction transaction(connection, Transaction::Purpose::writing);
-  record.lId = nextId(connection, Record::table);
-  insertRecords(connection, std::vector<Record>{record});
-  transaction.commit();
-  return record.lId;
+  return withNewIds([&] {
+    Transaction transaction(connection, Transaction::Purpose::writing);
+    record.lId = connection.newIds(Record::table, 1);
+    insertRecords(connection, std::vector<Record>{record});
+    transaction.commit();
+    return record.lId;
+  });
 }
 
 void roundAmounts(PlanInfo& record) {

@@ -75,7 +75,7 @@ class CQnCwDB {
   [[nodiscard]] TextTable QRYGetData(const Sql& sql) const;
   std::int64_t QRYExecuteSQL(const Sql& sql) const;
 
-  // New records get the next free id, which is returned. Plan amounts are rounded to four decimals when written.
+  // New records get a new id, which is returned. Plan amounts are rounded to four decimals when written.
   Id Plan_AddNew(PlanInfo record) const;
   bool Plan_Edit(PlanInfo record) const;
   bool Plan_Delete(Id id) const;

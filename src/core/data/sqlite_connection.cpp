@@ -175,6 +175,14 @@ std::unique_ptr<RowWriter> SqliteConnection::insertInto(std::string_view table, 
   return std::make_unique<SqliteWriter>(db_, prepare(db_, text + ") VALUES (" + marks + ")"));
 }
 
+// A writing transaction has the file for itself from its beginning.
+std::int64_t SqliteConnection::newIds(std::string_view table, std::int64_t /*count*/) {
+  assert(inTransaction());
+  const auto last = query(Sql("SELECT coalesce(max(lId), 0) FROM " + std::string(table)));
+  last->next();
+  return last->integer(0) + 1;
+}
+
 const Dialect& SqliteConnection::dialect() const {
   static const SqliteDialect dialect;
   return dialect;

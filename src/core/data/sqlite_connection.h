@@ -23,6 +23,7 @@ class SqliteConnection final : public Connection {
   std::unique_ptr<Cursor> query(const Sql& sql) override;
   std::int64_t execute(const Sql& sql) override;
   std::unique_ptr<RowWriter> insertInto(std::string_view table, std::span<const std::string> columns) override;
+  std::int64_t newIds(std::string_view table, std::int64_t count) override;
   const Dialect& dialect() const override;
   bool alive() override;
   void setCancelCheck(bool (*cancelled)(void*), void* context) override;

@@ -8,6 +8,7 @@ namespace {
 
 const std::vector<const char*> reportWritings = {
     "UPDATE RegSub SET byFlag = 1 WHERE lId = 1 AND lTieId = 1 AND byFlag = 0",
+    "UPDATE RegSub SET byFlag = 1 FROM (VALUES (1)) AS v WHERE lId = v.column1",
     "INSERT INTO Plan (lId, lCodeId, mPPlan) VALUES (2, 7, 10.5)",
     "UPDATE Plan SET mPPlan = 11, mPLast = 3 WHERE lId = 2",
     "DELETE FROM Plan WHERE lId = 2",
@@ -21,6 +22,7 @@ const std::vector<const char*> otherWritings = {
     "INSERT INTO RegSub (lId, lTieId, dtDate) VALUES (2, 1, '2006-01-05')",
     "UPDATE RegSub SET mMoney = 0",
     "UPDATE RegSub SET byFlag = 2, mMoney = 0",
+    "UPDATE RegSub SET byFlag = 2, mMoney = v.column2 FROM (VALUES (1, 0)) AS v WHERE lId = v.column1",
     "DELETE FROM RegSub",
     "UPDATE UnregSub SET byFlag = 1",
     "UPDATE RegMain SET byPeroid = 2",

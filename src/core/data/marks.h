@@ -1,0 +1,51 @@
+// Writes two-clearing marks of posted lines, many at once and all or none, with their rows in the mark log.
+//
+// A mark changes only where it still holds what was read. When it does not on any of the lines, because another operator
+// was there in between, nothing is written, and the marks of now are what comes back.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/data/connection.h"
+#include "core/data/records.h"
+
+namespace tz {
+
+struct MarkChange {
+  Id lId = 0, lTieId = 0;
+  int read = 0;
+  int wanted = 0;
+};
+
+// What the mark log says of the change beside lines and marks.
+struct MarkOrigin {
+  std::string who;
+  std::string when;                        // UTC, "2006-01-31T08:05:09Z"
+  std::optional<std::string> batch = {};  // the batch that the rows belong to; none: a new one of their own
+};
+
+struct LineMark {
+  Id lId = 0, lTieId = 0;
+  int mark = 0;
+
+  auto operator<=>(const LineMark&) const = default;
+};
+
+struct MarksWritten {
+  std::string batch;
+};
+// By voucher and line; a line that is gone is left out.
+struct MarksOvertaken {
+  std::vector<LineMark> now;
+};
+using MarkOutcome = std::variant<MarksWritten, MarksOvertaken>;
+
+// One transaction of its own; each line may be named once. Throws DbError, after which nothing is written.
+[[nodiscard]] MarkOutcome writeMarks(Connection& connection, std::span<const MarkChange> changes,
+                                     const MarkOrigin& origin);
+
+}  // namespace tz
