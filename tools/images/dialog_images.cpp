@@ -112,20 +112,20 @@ void drawMessages(const PictureBook& book) {
     const char* name;
     const char* text;
     MessageIcon icon;
-    MessageButtons buttons;
   };
   constexpr std::array boxes = {
-      Box{"short", "非法的部门", MessageIcon::information, MessageButtons::ok},
+      Box{"short", "非法的部门", MessageIcon::information},
       Box{"long",
           "帐套文件已损坏或不是帐套：/home/zhang/帐套/华源机械制造有限公司2025年度.db。请从备份恢复，或在命令行用 "
           "tzassistant ledger check 查看细节。",
-          MessageIcon::warning, MessageButtons::ok},
-      Box{"question", "“每月往来”已经保存过，换成现在的条件吗？", MessageIcon::information, MessageButtons::yesNo},
+          MessageIcon::warning},
   };
   for (const Box& box : boxes) {
     book.TakeModal(QStringLiteral("message-") + QLatin1String(box.name),
-                   [&] { AfxMessageBox(nullptr, box.text, {}, box.icon, box.buttons); });
+                   [&] { AfxMessageBox(nullptr, box.text, {}, box.icon); });
   }
+  book.TakeModal(QStringLiteral("message-question"),
+                 [] { AfxMessageBox(nullptr, Question{"“每月往来”已经保存过，换成现在的条件吗？"}); });
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 
 namespace tz {
 
-enum class MessageIcon { information, warning };
+enum class MessageIcon { information, warning, question };
 
 struct Message {
   std::string_view text;

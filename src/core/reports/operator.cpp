@@ -20,6 +20,7 @@ LogonQuestion logonQuestion(const CQnCwDB& db, std::string_view name) {
     question.who.rights.insert(right.nRight);
   }
   if (!known) return question;
+  question.who.id = found->lId;
   question.who.name = found->sName;
   question.who.everyRight = found->bAll != 0;
   if (found->sPassHash.empty()) return question;

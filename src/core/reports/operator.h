@@ -12,6 +12,7 @@
 namespace tz {
 
 struct Operator {
+  Id id = 0;  // in zOperator; 0 for whoever need not log on
   std::string name;
   bool everyRight = false;
   std::set<int> rights;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/data/qncw_db.h"
+#include "core/reports/operator.h"
 
 class QWidget;
 
@@ -17,6 +18,8 @@ extern std::string g_lpszQnZwDBName;
 extern Id g_lAccountId;
 // The logon date: its year is the account year of all period texts, its month the month that conditions start with.
 extern Date g_tmLogonTime;
+// Who has logged on.
+extern Operator g_operator;
 // The navigator while it lives, else null.
 extern QWidget* g_pDlgWnd;
 // The host's start-up argument.

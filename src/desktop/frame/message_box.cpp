@@ -21,25 +21,38 @@ MessageHandler& handler() {
   return current;
 }
 
+QString signOfIcon(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::warning:
+      return QStringLiteral("!");
+    case MessageIcon::question:
+      return QStringLiteral("?");
+    default:
+      return QStringLiteral("i");
+  }
+}
+
+// The usual answers can be given by a key.
+QString answerText(const std::string& answer) {
+  if (answer == "是") return QStringLiteral("是(&Y)");
+  if (answer == "否") return QStringLiteral("否(&N)");
+  return toQt(answer);
+}
+
 // A disc with its sign, in the theme's colours.
 QPixmap iconOf(const ShownMessage& message, double scale) {
   constexpr int size = 36;
-  const bool asks = message.buttons == MessageButtons::yesNo;
-  const bool warns = !asks && message.icon == MessageIcon::warning;
   QPixmap picture(QSize(size, size) * scale);
   picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(warns ? currentTheme().negative : currentTheme().accent);
+  painter.setBrush(message.icon == MessageIcon::warning ? currentTheme().negative : currentTheme().accent);
   painter.drawEllipse(QRectF(0, 0, size, size));
   painter.setPen(currentTheme().onAccent);
   painter.setFont(uiFont(size * 2 / 3, QFont::Bold));
-  painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter,
-                   asks    ? QStringLiteral("?")
-                   : warns ? QStringLiteral("!")
-                           : QStringLiteral("i"));
+  painter.drawText(QRectF(0, 0, size, size), Qt::AlignCenter, signOfIcon(message.icon));
   return picture;
 }
 
@@ -59,11 +72,10 @@ bool showBox(QWidget* parent, const ShownMessage& message) {
   // Names from a ledger may look like markup.
   box.setTextFormat(Qt::PlainText);
   setTextWidth(box);
-  const bool asks = message.buttons == MessageButtons::yesNo;
-  QPushButton* yes = box.addButton(asks ? QStringLiteral("是(&Y)") : QStringLiteral("确定"), QMessageBox::AcceptRole);
+  QPushButton* yes = box.addButton(answerText(message.yes), QMessageBox::AcceptRole);
   box.setDefaultButton(yes);
   if (!message.detail.empty()) box.setDetailedText(toQt(message.detail));
-  if (asks) box.setEscapeButton(box.addButton(QStringLiteral("否(&N)"), QMessageBox::RejectRole));
+  if (message.asks()) box.setEscapeButton(box.addButton(answerText(message.no), QMessageBox::RejectRole));
   constexpr int margin = 20;
   box.layout()->setContentsMargins(margin, margin, margin, margin);
   box.exec();
@@ -78,9 +90,16 @@ bool answered(QWidget* parent, const ShownMessage& message) {
 
 }  // namespace
 
-bool AfxMessageBox(QWidget* parent, std::string_view text, std::string_view caption, MessageIcon icon,
-                   MessageButtons buttons) {
-  return answered(parent, {std::string(text), captionOr(caption), icon, buttons});
+void AfxMessageBox(QWidget* parent, std::string_view text, std::string_view caption, MessageIcon icon) {
+  answered(parent, {std::string(text), captionOr(caption), icon});
+}
+
+bool AfxMessageBox(QWidget* parent, const Question& question) {
+  return answered(parent, {.text = question.text,
+                           .caption = captionOr(question.caption),
+                           .icon = question.icon,
+                           .yes = std::string(question.yes),
+                           .no = std::string(question.no)});
 }
 
 void AfxMessageBox(QWidget* parent, const Refusal& refusal) {

@@ -33,8 +33,9 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
       conditions_(settings.ConditionFile()),
       operatorName_(toQt(who.name)),
       navigator_(nullptr),
-      launcher_(std::move(who), findReport),
+      launcher_(who, findReport),
       openLedger_(ledger) {
+  g_operator = std::move(who);
   launcher_.OfferSaved(conditions_);
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },

@@ -70,9 +70,7 @@ void SavedConditionsBar::Save() {
     return;
   }
   const auto question = QStringLiteral("“%1”已经保存过，换成现在的条件吗？").arg(name);
-  if (IsKept(name) && !AfxMessageBox(window(), fromQt(question), {}, MessageIcon::information, MessageButtons::yesNo)) {
-    return;
-  }
+  if (IsKept(name) && !AfxMessageBox(window(), Question{fromQt(question)})) return;
   const auto request = current_();
   if (!request || !Attempt([&] { store_.Save(report_, fromQt(name), *request); })) return;
   Refresh();
@@ -86,7 +84,7 @@ void SavedConditionsBar::Remove() {
     return;
   }
   const auto question = QStringLiteral("删除保存的条件“%1”吗？").arg(name);
-  if (!AfxMessageBox(window(), fromQt(question), {}, MessageIcon::information, MessageButtons::yesNo)) return;
+  if (!AfxMessageBox(window(), Question{fromQt(question)})) return;
   if (Attempt([&] { store_.Remove(report_, fromQt(name)); })) Refresh();
 }
 

@@ -58,8 +58,7 @@ const FileChoice& chosen(const QStringList& filters, const QString& filter) {
 // The dialog has asked about the name as it was typed, not about one that got its ending here.
 bool mayReplace(QWidget* parent, const QString& path) {
   if (!QFileInfo::exists(path)) return true;
-  return AfxMessageBox(parent, fromQt(QStringLiteral("“%1”已经存在，要替换它吗？").arg(path)), {}, MessageIcon::warning,
-                       MessageButtons::yesNo);
+  return AfxMessageBox(parent, Question{fromQt(QStringLiteral("“%1”已经存在，要替换它吗？").arg(path))});
 }
 
 }  // namespace

@@ -51,10 +51,8 @@ Session sessionOf(LongWork& work, QWidget* window) {
       .db = *g_pDB,
       .ledger = g_lpszQnZwDBName,
       .logon = g_tmLogonTime,
-      .ask =
-          [window](const std::string& question) {
-            return AfxMessageBox(window, question, {}, MessageIcon::information, MessageButtons::yesNo);
-          },
+      .who = g_operator,
+      .ask = [window](const Question& question) { return AfxMessageBox(window, question); },
       .progress = [&work](std::int64_t done, std::int64_t of) { work.Pump(done, of); },
       .cancelled =
           [&work] {

@@ -357,7 +357,7 @@ TEST_F(SavedConditions, AreReplacedOnlyWhenAsked) {
     control<QLineEdit>(window, "8052").setText("采购部");
     messages.answer = false;
     click(window, "saveConditions");
-    EXPECT_EQ(messages.all.back().buttons, MessageButtons::yesNo);
+    EXPECT_TRUE(messages.all.back().asks());
     EXPECT_EQ(store.Load(10190, "甲").text(ParameterKey::dept), "销售部");
     messages.answer = true;
     click(window, "saveConditions");
