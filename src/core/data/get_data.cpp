@@ -22,6 +22,13 @@ const CachedTable<Record>& cached(std::optional<CachedTable<Record>>& table,
   return *table;
 }
 
+// By the bytes of their codes, on which searches rely, whatever order the database has.
+std::vector<CodeInfo> readCodes(const CQnCwDB& db, const Sql& where) {
+  auto codes = db.Code_GetInfo(where);
+  std::ranges::sort(codes, {}, [](const CodeInfo& code) { return std::tie(code.sCode, code.lId); });
+  return codes;
+}
+
 template <class Info>
 std::optional<BillDate> billDate(const std::vector<Info>& heads) {
   if (heads.empty()) return std::nullopt;
@@ -32,23 +39,37 @@ std::optional<BillDate> billDate(const std::vector<Info>& heads) {
 
 const CGetData::Codes& CGetData::codes() {
   if (codes_) return *codes_;
-  codes_ = db_.Code_GetInfo("lId IS NOT NULL");
-  // The searches below rely on the order of bytes, whatever order the database has.
-  std::ranges::sort(*codes_, {}, [](const CodeInfo& code) { return std::tie(code.sCode, code.lId); });
+  codes_ = readCodes(db_, "lId IS NOT NULL");
   for (std::size_t i = 0; i < codes_->size(); ++i) codeById_.try_emplace((*codes_)[i].lId, i);
   return *codes_;
 }
 
+std::span<const CodeInfo> CGetData::accountsFrom(std::string_view code) {
+  if (!codes_ && !family_ && !code.empty()) {
+    const std::string last = std::string(code) + "\xF4\x8F\xBF\xBF";  // behind every character that may follow
+    family_ = readCodes(db_, Sql("lId IS NOT NULL AND sCode >= ? AND sCode < ?", code, last));
+    familyCode_ = code;
+  }
+  const bool ofFamily = !codes_ && family_ && code.starts_with(familyCode_);
+  const auto& known = ofFamily ? *family_ : codes();
+  const auto first = std::ranges::lower_bound(known, code, {}, &CodeInfo::sCode);
+  const auto last = std::find_if_not(first, known.end(), [&](const auto& one) { return one.sCode.starts_with(code); });
+  return {first, last};
+}
+
 const CodeInfo* CGetData::GetCODEINFOByID(Id id) {
+  if (!codes_ && family_) {
+    const auto found = std::ranges::find(*family_, id, &CodeInfo::lId);
+    if (found != family_->end()) return &*found;
+  }
   const auto& all = codes();
   const auto found = codeById_.find(id);
   return found == codeById_.end() ? nullptr : &all[found->second];
 }
 
 const CodeInfo* CGetData::GetCODEINFOByCode(std::string_view code) {
-  const auto& all = codes();
-  const auto found = std::ranges::lower_bound(all, code, {}, &CodeInfo::sCode);
-  return found != all.end() && found->sCode == code ? &*found : nullptr;
+  const auto found = accountsFrom(code);
+  return !found.empty() && found.front().sCode == code ? &found.front() : nullptr;
 }
 
 Id CGetData::GetCodeId(std::string_view code) {
@@ -71,9 +92,7 @@ std::string CGetData::GetCodeName(Id id) {
 std::vector<Id> CGetData::GetCode_Include(std::string_view code) {
   std::vector<Id> ids;
   if (code.empty()) return ids;
-  const auto& all = codes();
-  auto found = std::ranges::lower_bound(all, code, {}, &CodeInfo::sCode);
-  for (; found != all.end() && found->sCode.starts_with(code); ++found) ids.push_back(found->lId);
+  for (const auto& account : accountsFrom(code)) ids.push_back(account.lId);
   return ids;
 }
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -105,6 +106,8 @@ class CGetData {
  private:
   using Codes = std::vector<CodeInfo>;
   [[nodiscard]] const Codes& codes();  // in code order
+  // The first of the accounts whose code begins so, in code order; all that most reports ask for.
+  [[nodiscard]] std::span<const CodeInfo> accountsFrom(std::string_view code);
   [[nodiscard]] const CachedTable<DeptInfo>& depts();
   [[nodiscard]] const CachedTable<PersonInfo>& persons();
   [[nodiscard]] const CachedTable<EnterInfo>& units();
@@ -114,6 +117,8 @@ class CGetData {
 
   const CQnCwDB& db_;
   std::optional<Codes> codes_;
+  std::optional<Codes> family_;  // the account that was asked for first and those below it, until all are read
+  std::string familyCode_;
   std::unordered_map<Id, std::size_t> codeById_;
   std::optional<CachedTable<DeptInfo>> depts_;
   std::optional<CachedTable<PersonInfo>> persons_;

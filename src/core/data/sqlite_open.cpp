@@ -101,6 +101,9 @@ std::unique_ptr<SqliteConnection> openThere(const std::string& path, Access acce
 }  // namespace
 
 std::unique_ptr<SqliteConnection> openSqliteFile(const std::string& path, std::string_view options, int flags) {
+  // Nobody asks SQLite how much memory it uses; counting it takes a tenth of the opening.
+  static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  (void)uncounted;
   sqlite3* raw = nullptr;
   const int result = sqlite3_open_v2(uriOf(path, options).c_str(), &raw,
                                      flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);

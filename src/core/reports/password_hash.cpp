@@ -7,8 +7,30 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "core/platform/libraries.h"
+
 namespace tz {
 namespace {
+
+struct PasswordLibrary {
+  decltype(&::sodium_init) init = nullptr;
+  decltype(&::crypto_pwhash_str_verify) verify = nullptr;
+};
+
+// Loaded when somebody logs on: starting every program with it would cost more than reading a small report.
+const PasswordLibrary& passwordLibrary() {
+  static const PasswordLibrary functions = [] {
+    void* library = platform::loadLibrary("libsodium.so.23");
+    if (library == nullptr) throw std::runtime_error("核对口令需要 libsodium，本机没有安装");
+    PasswordLibrary found;
+    found.init = reinterpret_cast<decltype(found.init)>(platform::functionOf(library, "sodium_init"));
+    found.verify = reinterpret_cast<decltype(found.verify)>(platform::functionOf(library, "crypto_pwhash_str_verify"));
+    if (found.init == nullptr || found.verify == nullptr) throw std::runtime_error("libsodium 太旧");
+    if (found.init() < 0) throw std::runtime_error("the password library does not start");
+    return found;
+  }();
+  return functions;
+}
 
 // Takes "m=65536" and the like off the front.
 std::optional<std::uint32_t> takeNumber(std::string_view& text, std::string_view name) {
@@ -46,8 +68,7 @@ const std::string& nobodysHash() {
 }
 
 bool passwordFits(const std::string& hash, const std::string& password) {
-  if (sodium_init() < 0) throw std::runtime_error("the password library does not start");
-  return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
+  return passwordLibrary().verify(hash.c_str(), password.data(), password.size()) == 0;
 }
 
 }  // namespace tz
