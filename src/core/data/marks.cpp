@@ -16,7 +16,8 @@ using Changes = std::vector<MarkChange>;
 // As many as a database looks up one by one rather than read the whole table for.
 constexpr std::size_t linesPerStatement = 1000;
 
-// Voucher by voucher: whoever changes the same lines meets them in the same order, so that nobody waits for one another.
+// Voucher by voucher: whoever changes the same lines meets them in the same order, so that nobody waits for one
+// another.
 Changes inOrder(std::span<const MarkChange> changes) {
   Changes sorted(changes.begin(), changes.end());
   const auto key = [](const MarkChange& one) { return std::pair(one.lTieId, one.lId); };
@@ -74,10 +75,10 @@ std::vector<LineMark> marksNow(Connection& connection, const Changes& changes) {
   std::vector<LineMark> marks;
   Transaction reading(connection, Transaction::Purpose::reading);
   forEachList(changes, [&](const std::string& list) {
-    const auto rows = connection.query(
-        Sql(fmt::format("SELECT s.lId, s.lTieId, s.byFlag FROM (VALUES {}) AS v CROSS JOIN RegSub s "
-                        "WHERE s.lId = v.column1 AND s.lTieId = v.column2",
-                        list)));
+    const auto rows =
+        connection.query(Sql(fmt::format("SELECT s.lId, s.lTieId, s.byFlag FROM (VALUES {}) AS v CROSS JOIN RegSub s "
+                                         "WHERE s.lId = v.column1 AND s.lTieId = v.column2",
+                                         list)));
     while (rows->next()) marks.push_back({rows->integer(0), rows->integer(1), static_cast<int>(rows->integer(2))});
   });
   reading.commit();

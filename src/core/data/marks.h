@@ -1,7 +1,7 @@
 // Writes two-clearing marks of posted lines, many at once and all or none, with their rows in the mark log.
 //
-// A mark changes only where it still holds what was read. When it does not on any of the lines, because another operator
-// was there in between, nothing is written, and the marks of now are what comes back.
+// A mark changes only where it still holds what was read. When it does not on any of the lines, because another
+// operator was there in between, nothing is written, and the marks of now are what comes back.
 #pragma once
 
 #include <optional>
@@ -24,7 +24,7 @@ struct MarkChange {
 // What the mark log says of the change beside lines and marks.
 struct MarkOrigin {
   std::string who;
-  std::string when;                        // UTC, "2006-01-31T08:05:09Z"
+  std::string when;                       // UTC, "2006-01-31T08:05:09Z"
   std::optional<std::string> batch = {};  // the batch that the rows belong to; none: a new one of their own
 };
 

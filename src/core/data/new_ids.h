@@ -5,8 +5,8 @@
 
 namespace tz {
 
-// Runs `work`, which is one transaction. Where ids are made without a lock, another operator may have made the same: the
-// table's key refuses them, and the work is done once more, with others.
+// Runs `work`, which is one transaction. Where ids are made without a lock, another operator may have made the same:
+// the table's key refuses them, and the work is done once more, with others.
 template <class Work>
 auto withNewIds(const Work& work) {
   constexpr int mostAttempts = 4;

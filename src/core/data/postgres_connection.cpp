@@ -15,10 +15,9 @@
 namespace tz {
 namespace {
 
-// Without a look at the table and without a lock, which a ledger that is spread over several servers would have on one of
-// them only: the seconds since 2020 and 22 bits of chance. Two operators would have to begin in one second and side by
-// side among four million places; the table's key then refuses one of them.
-// Those of one process grow.
+// Without a look at the table and without a lock, which a ledger that is spread over several servers would have on one
+// of them only: the seconds since 2020 and 22 bits of chance. Two operators would have to begin in one second and side
+// by side among four million places; the table's key then refuses one of them. Those of one process grow.
 std::int64_t idsOfTheMoment(std::int64_t count) {
   static std::mutex lock;
   static std::int64_t next = 0;

@@ -126,8 +126,7 @@ TEST_P(Marks, OfTwoOperatorsAtOnceLoseNothingAndMakeNoIdTwice) {
     const std::jthread other(markInTurns, ledger.address(), turns, lines);
     markInTurns(ledger.address(), turns, lines);
   }
-  EXPECT_EQ(ledger.rows("SELECT count(*), count(DISTINCT lId), count(DISTINCT sBatch) FROM MarkLog"),
-            "200|200|50\n");
+  EXPECT_EQ(ledger.rows("SELECT count(*), count(DISTINCT lId), count(DISTINCT sBatch) FROM MarkLog"), "200|200|50\n");
   EXPECT_EQ(ledger.rows("SELECT count(*), count(DISTINCT lId) FROM Ages"), "50|50\n");
   EXPECT_EQ(ledger.rows("SELECT DISTINCT byFlag FROM RegSub"), std::to_string(2 * turns % 3) + "\n");
   expectLogAndMarksAgree(ledger.keeper());
