@@ -26,7 +26,7 @@ STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/gridview", "d
 MAY_INCLUDE = {
     "core/platform": set(),
     "core/data": {"core/platform"},
-    "core/grid": set(),
+    "core/grid": {"core/data"},
     "core/output": {"core/platform", "core/grid"},
     "core/sample": {"core/data"},
     "core/check": {"core/data"},

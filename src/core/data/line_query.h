@@ -3,20 +3,22 @@
 // order, which follows the member's index and leaves no sort.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "core/data/value.h"
 
 namespace tz {
 
-enum class Book { posted, unposted };
+enum class Book : std::uint8_t { posted, unposted };
 
 struct LineQuery {
   Book book = Book::posted;
   Sql filter;  // on the columns of the lines: account condition and dimension keys
   int firstPeriod = 0;
   int lastPeriod = 0;
-  std::string_view order;  // columns of the lines ("s.") as the member asks for them; continued by line and voucher id
+  std::string order;  // columns of the lines ("s.") as the member asks for them; continued by line and voucher id
 };
 
 // The values that a column of these lines takes; the order of the query does not matter.

@@ -25,8 +25,9 @@ struct DetailReport {
 
 // The computation of a member, for its definition.
 template <const DetailMember& member>
-void computeDetail(Session& session, const Conditions& conditions, CTzGrid& grid) {
-  runDetailLedger(member, session, conditions, grid);
+void computeDetail(const ReportDefinition& report, Session& session, const Conditions& conditions,
+                   ComputedReport& computed) {
+  runDetailLedger(member, session, conditions, wholeSubject(report, conditions), computed);
 }
 
 }  // namespace tz

@@ -79,46 +79,58 @@ Sql deptAccounts(const Conditions& /*conditions*/) {
 // Opening "%s AND lDeptId <> 0 AND byPeroid = %d ORDER BY lDeptId"; posted lines "%s AND lDeptId <> 0 AND lTieId IN ( …
 // ) ORDER BY lDeptId, lTieId", unposted lines "ORDER BY lDeptId, dtDate, lTieId".
 constexpr DetailMember accountMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions&) { return Sql("lDeptId <> 0"); },
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions&) { return Sql("lDeptId <> 0"); },
+            .groups = {{Entity::dept, "小计"}},
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate, s.lTieId",
+        },
     .openingCaption = "部门期初",
-    .groups = {GroupLevel{Entity::dept, "小计"}},
-    .postedOrder = "s.lDeptId, s.lTieId",
-    .unpostedOrder = "s.lDeptId, s.dtDate, s.lTieId",
 };
 
 // Opening ") AND lDeptId = %d AND mBegin IS NOT NULL AND byPeroid = %d ORDER BY lCodeId"; posted lines ") AND lDeptId =
 // %d AND lTieId IN ( … ) ORDER BY lCodeId, lTieId", unposted lines "ORDER BY lCodeId, dtDate, lTieId".
 constexpr DetailMember deptMember = {
-    .accounts = deptAccounts,
-    .dimension = oneDept,
-    .openingFilter = "mBegin IS NOT NULL",
+    .selects =
+        {
+            .accounts = deptAccounts,
+            .dimension = oneDept,
+            .balancesOnly = "mBegin IS NOT NULL",
+            .groups = {{Entity::account, "小计"}},
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate, s.lTieId",
+        },
     .openingCaption = "科目期初",
-    .groups = {GroupLevel{Entity::account, "小计"}},
-    .postedOrder = "s.lCodeId, s.lTieId",
-    .unpostedOrder = "s.lCodeId, s.dtDate, s.lTieId",
 };
 
 // Opening "%s AND lDeptId = %ld AND byPeroid = %d and mBegin <> 0 "; posted lines "%s AND lDeptId = %ld AND lTieId IN
 // ( … ) ORDER BY lTieId", unposted lines "ORDER BY dtDate".
 constexpr DetailMember threeColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneDept,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneDept,
+            .balancesOnly = "mBegin <> 0",
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "部门期初",
-    .postedOrder = "s.lTieId",
-    .unpostedOrder = "s.dtDate",
 };
 
 // The opening of period 1 and the posted lines "%s AND lDeptId = %ld AND lTieId IN ( … byPeroid < %d AND byPeroid <> 0
 // )"; posted lines "… ORDER BY dtDate, lTieId", unposted lines "ORDER BY dtDate".
 constexpr DetailMember multiColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneDept,
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneDept,
+            .order = "s.dtDate, s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingSource = OpeningSource::yearStart,
     .openingCaption = "部门期初",
-    .postedOrder = "s.dtDate, s.lTieId",
-    .unpostedOrder = "s.dtDate",
     .columnFlag = 'C',
 };
 

@@ -4,9 +4,6 @@
 
 #include "core/ledger/detail_rows.h"
 #include "core/ledger/line_reader.h"
-#include "core/ledger/listed_entities.h"
-#include "core/ledger/member_filter.h"
-#include "core/ledger/opening_balances.h"
 #include "core/reports/cancellation.h"
 
 namespace tz {
@@ -34,26 +31,31 @@ std::optional<SubAccountColumns> subAccountColumns(const DetailMember& member, S
 
 class DetailRun {
  public:
-  DetailRun(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid)
+  DetailRun(const DetailMember& member, Session& session, const Conditions& conditions, const Subject& whole,
+            ComputedReport& computed)
       : member_(member),
+        levels_(member.selects.groups),
+        accountLevel_(levelOf(levels_, Entity::account)),
         session_(session),
         conditions_(conditions),
-        grid_(grid),
+        whole_(whole),
+        grid_(computed.grid),
         layout_(amountLayout(conditions.format)),
         columns_(subAccountColumns(member, session, conditions)),
-        rows_(grid, layout_, columns_ ? &*columns_ : nullptr),
+        rows_(computed, layout_, columns_ ? &*columns_ : nullptr),
         steps_(session),
         amounts_(conditions.amounts) {}
 
   void run() {
-    openings_ = readOpenings(member_, session_, conditions_);
-    const ListedEntities listed(member_, session_, conditions_);
+    openings_ = readOpenings(member_.selects, member_.openingSource, session_, conditions_);
+    const ListedEntities listed(member_.listed, member_.selects, session_, conditions_);
     posted_ = lines(Book::posted);
     if (conditions_.unposted) unposted_ = lines(Book::unposted);
-    if (member_.isList()) {
-      walkBlocks(listed);
-    } else {
+    if (levels_.empty()) {
+      rows_.about(whole_, RowSubjects::wholeReport);
       runBlock({});
+    } else {
+      walkBlocks(listed);
     }
     addNotices();
   }
@@ -70,51 +72,59 @@ class DetailRun {
   }
 
   [[nodiscard]] LineReader lines(Book book) const {
-    LineReader reader(session_.db.Current(), memberLines(member_, conditions_, book), member_, layout_);
+    LineReader reader(session_.db.Current(), selectedLines(member_.selects, conditions_, book), levels_, layout_);
     reader.countIn(conditions_.amounts);
     return reader;
   }
 
   void walkBlocks(const ListedEntities& listed) {
-    std::optional<GroupKey> group;  // the outer one that is open
-    Sums groupSums, all;
-    const auto closeGroup = [&] {
-      if (!group || !nested()) return;
-      writeSums(groupSums, member_.groups.front().subtotal, RowKind::subtotal);
-      groupSums = {};
-    };
     while (const auto key = nextKey()) {
       posted_.openBlock(*key);
       unposted_.openBlock(*key);
       const bool shown = listed.contains(*key);
-      const auto sums = shown ? runEntity(*key, group, closeGroup) : std::nullopt;
+      if (shown) runEntity(*key);
       passLines(shown);
       openings_.erase(*key);
-      if (!sums) continue;
-      group = key;
-      groupSums.add(*sums);
-      all.add(*sums);
     }
-    closeGroup();
-    if (group) writeSums(all, "合计", RowKind::total);
+    if (!group_) return;
+    closeGroups(0);
+    rows_.about(whole_, RowSubjects::wholeReport);
+    writeSums(all_, "合计", RowKind::total, !accountLevel_);
   }
 
-  // The block of an entity; nothing when it has neither an opening row nor lines.
-  template <class CloseGroup>
-  std::optional<Sums> runEntity(const GroupKey& key, const std::optional<GroupKey>& group, CloseGroup closeGroup) {
+  // The block of an entity, unless it has neither an opening row nor lines.
+  void runEntity(const GroupKey& key) {
     const bool hasLines = !posted_.done() || !unposted_.done();
-    if (!hasLines && !DetailRows::hasOpeningRow(openings_[key])) return std::nullopt;
-    if (group && !group->sameOuter(key)) closeGroup();
+    if (!hasLines && !DetailRows::hasOpeningRow(openings_[key])) return;
+    if (group_) closeGroups(group_->partsFrom(key));
+    group_ = key;
+    const auto innermost = levels_.size() - 1;
+    rows_.about(subjectOf(key, innermost), static_cast<int>(innermost));
     rows_.writeHeading(heading(key));
     auto sums = runBlock(key);
-    sums.movements.summary = innermost().subtotal;
+    sums.movements.summary = levels_.back().subtotal;
     rows_.writeTotal(sums.movements, sums.closing, RowKind::subtotal);
-    return sums;
+    for (std::size_t level = 0; level < innermost; ++level) outerSums_.at(level).add(sums);
+    all_.add(sums);
   }
 
-  [[nodiscard]] bool nested() const { return member_.groups.back().entity != Entity::none; }
-  [[nodiscard]] const GroupLevel& innermost() const {
-    return nested() ? member_.groups.back() : member_.groups.front();
+  // Closes the open groups of the levels outside the innermost one from `outermost` on, inner ones first.
+  void closeGroups(std::size_t outermost) {
+    for (auto level = levels_.size() - 1; level-- > outermost;) {
+      rows_.about(subjectOf(*group_, level), static_cast<int>(level));
+      const bool oneAccount = !accountLevel_ || *accountLevel_ <= level;
+      writeSums(outerSums_.at(level), levels_[level].subtotal, RowKind::subtotal, oneAccount);
+      outerSums_.at(level) = {};
+    }
+  }
+
+  // What the group of a key on a level is about.
+  [[nodiscard]] Subject subjectOf(const GroupKey& key, std::size_t level) const {
+    Subject subject = whole_;
+    for (std::size_t outer = 0; outer <= level; ++outer) {
+      addGroup(subject, levels_[outer].entity, key.parts.at(outer), conditions_);
+    }
+    return subject;
   }
 
   [[nodiscard]] std::optional<GroupKey> nextKey() const {
@@ -129,27 +139,30 @@ class DetailRun {
   }
 
   [[nodiscard]] std::string heading(const GroupKey& key) const {
-    auto name = entityName(member_.groups.front().entity, key, 0, conditions_);
-    return nested() ? name + " " + entityName(member_.groups.back().entity, key, 1, conditions_) : name;
+    std::string names;
+    for (std::size_t level = 0; level < levels_.size(); ++level) {
+      if (level > 0) names += ' ';
+      names += entityName(levels_[level].entity, key.parts.at(level), conditions_);
+    }
+    return names;
   }
 
   Sums runBlock(const GroupKey& key) {
     balance_ = openings_[key];
     block_ = {};
     yearTotal_ = {};
-    if (member_.listsAccounts()) countInAccountOf(key);
+    if (accountLevel_) countIn(key.parts.at(*accountLevel_).id);
     recomputePriceAndRate(balance_);
     rows_.writeOpening(member_.openingCaption, balance_);
     while (!posted_.done() || !unposted_.done()) {
       if (!walkMonths()) break;
     }
-    if (!member_.isList()) passLines(true);
+    if (levels_.empty()) passLines(true);
     return {block_, balance_};
   }
 
-  void countInAccountOf(const GroupKey& key) {
+  void countIn(Id account) {
     auto& data = *conditions_.data;
-    const auto account = member_.groups.front().entity == Entity::account ? key.ids.front() : key.ids.back();
     amounts_ = CInitComboFun::InitAmountCombox(data, data.GetCodeCode(account));
     posted_.countIn(amounts_);
     unposted_.countIn(amounts_);
@@ -168,15 +181,15 @@ class DetailRun {
   bool walkMonths() {
     bool any = false;
     for (int month = conditions_.from; month <= conditions_.to; ++month) {
-      bool inMonth = takeMonth(posted_, month, false);
-      inMonth = takeMonth(unposted_, month, true) || inMonth;
+      bool inMonth = takeMonth(posted_, month, Book::posted);
+      inMonth = takeMonth(unposted_, month, Book::unposted) || inMonth;
       if (inMonth) writeMonthTotals();
       any = any || inMonth;
     }
     return any;
   }
 
-  bool takeMonth(LineReader& reader, int month, bool unposted) {
+  bool takeMonth(LineReader& reader, int month, Book book) {
     bool any = false;
     for (; !reader.done() && reader.line().month == month; reader.advance()) {
       const auto& line = reader.line();
@@ -187,7 +200,7 @@ class DetailRun {
       balance_.amount += line.debit.amount - line.credit.amount;
       recomputePriceAndRate(balance_);
       if (columns_) columns_->add(line);
-      rows_.writeLine(line, balance_, unposted);
+      rows_.writeLine(line, balance_, book);
       steps_.step();
       any = true;
     }
@@ -209,9 +222,9 @@ class DetailRun {
     monthTotal_ = {};
   }
 
-  void writeSums(Sums& sums, std::string_view caption, RowKind kind) {
-    // Accounts with units and currencies of their own have no price in common.
-    if (!member_.listsAccounts()) recomputePriceAndRate(sums.closing);
+  // Several accounts, each with its own unit and currency, have no price in common.
+  void writeSums(Sums& sums, std::string_view caption, RowKind kind, bool oneAccount) {
+    if (oneAccount) recomputePriceAndRate(sums.closing);
     sums.movements.summary = caption;
     rows_.writeTotal(sums.movements, sums.closing, kind);
   }
@@ -224,8 +237,11 @@ class DetailRun {
   }
 
   const DetailMember& member_;
+  const GroupLevels& levels_;
+  std::optional<std::size_t> accountLevel_;
   Session& session_;
   const Conditions& conditions_;
+  const Subject& whole_;
   CTzGrid& grid_;
   const AmountLayout& layout_;
   std::optional<SubAccountColumns> columns_;
@@ -235,6 +251,9 @@ class DetailRun {
   OpeningBalances openings_;
   LineReader posted_;
   LineReader unposted_;
+  std::optional<GroupKey> group_;  // of the last block
+  std::array<Sums, mostLevels> outerSums_;
+  Sums all_;
   LedgerBalance balance_;
   LedgerLine monthTotal_;
   LedgerLine yearTotal_;
@@ -245,8 +264,9 @@ class DetailRun {
 
 }  // namespace
 
-void runDetailLedger(const DetailMember& member, Session& session, const Conditions& conditions, CTzGrid& grid) {
-  DetailRun(member, session, conditions, grid).run();
+void runDetailLedger(const DetailMember& member, Session& session, const Conditions& conditions, const Subject& whole,
+                     ComputedReport& computed) {
+  DetailRun(member, session, conditions, whole, computed).run();
 }
 
 }  // namespace tz

@@ -25,14 +25,21 @@ std::string_view multiColumnDirection(double amount) {
 
 }  // namespace
 
-DetailRows::DetailRows(CTzGrid& grid, const AmountLayout& layout, SubAccountColumns* columns)
-    : grid_(grid), layout_(layout), columns_(columns) {
+DetailRows::DetailRows(ComputedReport& computed, const AmountLayout& layout, SubAccountColumns* columns)
+    : grid_(computed.grid), subjects_(computed.subjects), layout_(layout), columns_(columns) {
   if (columns_ == nullptr) {
     addLedgerColumns(grid_, layout_, threeColumnCaptions);
   } else {
     addLedgerColumns(grid_, layout_, multiColumnCaptions);
     columns_->addTo(grid_);
   }
+}
+
+void DetailRows::about(const Subject& subject, int level) {
+  subject_ = subjects_.keep(subject);
+  level_ = level;
+  ofAccount_.clear();
+  ofAccount_.emplace(subject.account, subject_);
 }
 
 bool DetailRows::hasOpeningRow(const LedgerBalance& balance) { return std::abs(balance.amount) >= openingThreshold; }
@@ -44,10 +51,11 @@ void DetailRows::writeOpening(std::string_view caption, const LedgerBalance& bal
   writeBalance(grid_, row, layout_.opening, balance.amount >= 0 ? "借" : "贷", balance);
 }
 
-void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, bool unposted) {
+void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, Book book) {
   const auto row = writeRow(line, balance, RowKind::line);
+  subjects_.set(row, subjectOf(line.account), level_, {book, line.line, line.voucher});
   if (columns_ != nullptr) columns_->writeLine(grid_, row, line);
-  if (!unposted) return;
+  if (book == Book::posted) return;
   grid_.SetBackground(row, lightGreen);
   grid_.SetRowData(row, 1);
 }
@@ -78,7 +86,18 @@ std::int64_t DetailRows::appendRow(RowKind kind) {
   const auto row = grid_.GetRows();
   grid_.SetRows(row + 1);
   grid_.SetRowKind(row, kind);
+  subjects_.set(row, subject_, level_);
   return row;
+}
+
+RowSubjects::Place DetailRows::subjectOf(Id account) {
+  const auto [known, isNew] = ofAccount_.try_emplace(account);
+  if (isNew) {
+    Subject subject = subjects_.at(subject_);
+    subject.account = account;
+    known->second = subjects_.keep(std::move(subject));
+  }
+  return known->second;
 }
 
 }  // namespace tz

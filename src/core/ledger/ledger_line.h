@@ -34,7 +34,9 @@ struct LedgerLine {
   std::string dateText;       // "2006.01.05", the voucher date
   std::string voucherNumber;  // "记-0001"
   std::string summary;
-  std::int64_t account = 0;  // its lId, in multi-column ledgers only
+  std::int64_t account = 0;  // its lId
+  std::int64_t line = 0;     // its own lId
+  std::int64_t voucher = 0;  // its lTieId
   int month = 0;             // calendar month of the voucher date
   double unitPrice = 0;
   double exchangeRate = 0;

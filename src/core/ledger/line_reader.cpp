@@ -5,8 +5,9 @@
 namespace tz {
 namespace {
 
-constexpr const char* columns = "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney";
-enum Column { bill, word, number, digest, direct, money, furtherColumns };
+constexpr const char* columns =
+    "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney, s.lCodeId, s.lId, s.lTieId";
+enum Column { bill, word, number, digest, direct, money, accountId, lineId, voucherId, furtherColumns };
 
 void putNumber(std::string& text, int value, int digits) {
   char buffer[12];
@@ -33,7 +34,7 @@ void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumb
 
 }  // namespace
 
-LineReader::LineReader(Connection& connection, const LineQuery& query, const DetailMember& member,
+LineReader::LineReader(Connection& connection, const LineQuery& query, const GroupLevels& levels,
                        const AmountLayout& layout) {
   std::string wanted = columns;
   int next = furtherColumns;
@@ -44,9 +45,7 @@ LineReader::LineReader(Connection& connection, const LineQuery& query, const Det
   if (layout.showsQuantities()) quantityColumn_ = add(", s.dAmount");
   if (layout.showsForeign()) foreignColumn_ = add(", s.mForeign");
   if (layout.showsForeign()) rateColumn_ = add(", s.dFrat");
-  if (member.columnFlag != 0) accountColumn_ = add(", s.lCodeId");
-  if (member.isList()) groups_.emplace(member, next);
-  if (groups_) wanted += groups_->names("s.");
+  if (!levels.empty()) wanted += groups_.emplace(levels, next).ofLines();
   cursor_ = connection.query(lineStatement(query, wanted));
   advance();
   done_ = ended();
@@ -76,7 +75,9 @@ void LineReader::readRow() {
   const bool debit = row.integer(direct) != 0;
   line_.debit = debit ? figures : SideFigures{};
   line_.credit = debit ? SideFigures{} : figures;
-  if (accountColumn_ >= 0) line_.account = row.integer(accountColumn_);
+  line_.account = row.integer(accountId);
+  line_.line = row.integer(lineId);
+  line_.voucher = row.integer(voucherId);
   setPriceAndRate();
 }
 

@@ -1,5 +1,5 @@
-// The voucher lines of a member, one after the other: the posted or the unposted ones of a period range in the member's
-// order, block by block. The reader stands on one line or past the last one of its block; it keeps no line behind it.
+// The voucher lines of a selection, one after the other: the posted or the unposted ones of a period range, group by
+// group. The reader stands on one line or past the last one of its block; it keeps no line behind it.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 #include "core/data/connection.h"
 #include "core/data/line_query.h"
 #include "core/ledger/amount_layout.h"
-#include "core/ledger/group_key.h"
+#include "core/ledger/group_levels.h"
 #include "core/ledger/ledger_line.h"
 
 namespace tz {
@@ -18,7 +18,7 @@ class LineReader {
   // A reader that is past its last line from the start.
   LineReader() = default;
   // Quantities and foreign amounts are read only where the layout shows them; the first block is open at once.
-  LineReader(Connection& connection, const LineQuery& query, const DetailMember& member, const AmountLayout& layout);
+  LineReader(Connection& connection, const LineQuery& query, const GroupLevels& levels, const AmountLayout& layout);
 
   // Whether the lines of the open block are used up.
   [[nodiscard]] bool done() const { return done_; }
@@ -45,7 +45,6 @@ class LineReader {
   std::unique_ptr<Cursor> cursor_;
   std::optional<GroupColumns> groups_;
   GroupKey key_;
-  int accountColumn_ = -1;
   int quantityColumn_ = -1;
   int foreignColumn_ = -1;
   int rateColumn_ = -1;

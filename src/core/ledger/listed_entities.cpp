@@ -1,7 +1,6 @@
 #include "core/ledger/listed_entities.h"
 
 #include "core/data/line_query.h"
-#include "core/ledger/member_filter.h"
 
 namespace tz {
 namespace {
@@ -19,16 +18,19 @@ void collect(std::set<Id>& ids, std::string_view column, const Sql& filter, Sess
 
 }  // namespace
 
-ListedEntities::ListedEntities(const DetailMember& member, Session& session, const Conditions& conditions)
-    : rule_(member.listed) {
-  if (rule_ == Listed::postedAccounts) {
-    collect(ids_, "s.lCodeId", memberFilter(member, conditions), session, conditions);
+ListedEntities::ListedEntities(Listed rule, const Selection& selection, Session& session,
+                               const Conditions& conditions) {
+  if (rule == Listed::all) return;
+  if (rule == Listed::postedAccounts) {
+    level_ = levelOf(selection.groups, Entity::account);
+    collect(ids_, "s.lCodeId", commonFilter(selection, conditions), session, conditions);
+    return;
   }
-  if (rule_ != Listed::clerksUnits) return;
-  collect(ids_, "s.lEnterId", memberLineFilter(member, conditions), session, conditions);
+  level_ = levelOf(selection.groups, Entity::unit);
+  collect(ids_, "s.lEnterId", lineFilter(selection, conditions), session, conditions);
   listsOthers_ = conditions.clerk.name.empty();
   if (!listsOthers_) return;
-  collect(others_, "s.lEnterId", memberFilter(member, conditions) + " AND s.sName <> ''", session, conditions);
+  collect(others_, "s.lEnterId", commonFilter(selection, conditions) + " AND s.sName <> ''", session, conditions);
 }
 
 }  // namespace tz

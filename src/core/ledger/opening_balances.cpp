@@ -1,7 +1,5 @@
 #include "core/ledger/opening_balances.h"
 
-#include "core/ledger/member_filter.h"
-
 namespace tz {
 namespace {
 
@@ -9,11 +7,11 @@ constexpr int firstPeriodOfYear = 1;
 
 class OpeningReader {
  public:
-  OpeningReader(const DetailMember& member, Session& session, const Conditions& conditions)
-      : member_(member), connection_(session.db.Current()), conditions_(conditions) {}
+  OpeningReader(const Selection& selection, Session& session, const Conditions& conditions)
+      : selection_(selection), connection_(session.db.Current()), conditions_(conditions) {}
 
-  OpeningBalances read() {
-    const bool yearStart = member_.openingSource == OpeningSource::yearStart;
+  OpeningBalances read(OpeningSource source) {
+    const bool yearStart = source == OpeningSource::yearStart;
     addRecords(yearStart ? firstPeriodOfYear : conditions_.from);
     if (yearStart) addEarlierPosted();
     if (conditions_.unposted) addEarlierUnposted();
@@ -22,11 +20,10 @@ class OpeningReader {
 
  private:
   void addRecords(int period) {
-    const GroupColumns groups(member_, 4);
-    auto statement = Sql("SELECT lCodeId, dBegin, mBeginFor, mBegin" + groups.names("") + " FROM AssAcc WHERE ") +
-                     memberFilter(member_, conditions_) + Sql(" AND byPeroid = ?", period);
-    if (!member_.openingFilter.empty()) statement += Sql(" AND " + std::string(member_.openingFilter));
-    const auto rows = connection_.query(statement + " ORDER BY lId");
+    const GroupColumns groups(selection_.groups, 4);
+    const auto rows = connection_.query(
+        Sql("SELECT lCodeId, dBegin, mBeginFor, mBegin" + groups.ofBalances() + " FROM AssAcc s WHERE ") +
+        balanceFilter(selection_, conditions_) + Sql(" AND byPeroid = ? ORDER BY lId", period));
     while (rows->next()) {
       const auto* account = conditions_.data->GetCODEINFOByID(rows->integer(0));
       const double sign = account == nullptr || account->bDirect != 0 ? 1 : -1;
@@ -38,11 +35,11 @@ class OpeningReader {
   }
 
   void addEarlierPosted() {
-    const GroupColumns groups(member_, 4);
-    const LineQuery earlier{Book::posted, memberFilter(member_, conditions_), firstPeriodOfYear, conditions_.from - 1,
-                            member_.postedOrder};
+    const GroupColumns groups(selection_.groups, 4);
+    const LineQuery earlier{Book::posted, commonFilter(selection_, conditions_), firstPeriodOfYear,
+                            conditions_.from - 1, lineOrder(selection_, Book::posted)};
     const auto rows =
-        connection_.query(lineStatement(earlier, "s.bDirect, s.dAmount, s.mForeign, s.mMoney" + groups.names("s.")));
+        connection_.query(lineStatement(earlier, "s.bDirect, s.dAmount, s.mForeign, s.mMoney" + groups.ofBalances()));
     while (rows->next()) {
       const double sign = rows->integer(0) != 0 ? 1 : -1;
       auto& balance = balanceOf(groups, *rows);
@@ -55,10 +52,10 @@ class OpeningReader {
   // Amounts only: quantities and foreign amounts of earlier unposted lines stay out of the opening. A balance knows no
   // clerk, so the lines of every clerk move it.
   void addEarlierUnposted() {
-    const GroupColumns groups(member_, 2);
-    const LineQuery earlier{Book::unposted, memberFilter(member_, conditions_), 0, conditions_.from - 1,
-                            member_.unpostedOrder};
-    const auto rows = connection_.query(lineStatement(earlier, "s.bDirect, s.mMoney" + groups.names("s.")));
+    const GroupColumns groups(selection_.groups, 2);
+    const LineQuery earlier{Book::unposted, commonFilter(selection_, conditions_), 0, conditions_.from - 1,
+                            lineOrder(selection_, Book::unposted)};
+    const auto rows = connection_.query(lineStatement(earlier, "s.bDirect, s.mMoney" + groups.ofBalances()));
     while (rows->next()) {
       balanceOf(groups, *rows).amount += rows->integer(0) != 0 ? rows->real(1) : -rows->real(1);
     }
@@ -69,7 +66,7 @@ class OpeningReader {
     return balances_[key_];
   }
 
-  const DetailMember& member_;
+  const Selection& selection_;
   Connection& connection_;
   const Conditions& conditions_;
   GroupKey key_;
@@ -78,8 +75,9 @@ class OpeningReader {
 
 }  // namespace
 
-OpeningBalances readOpenings(const DetailMember& member, Session& session, const Conditions& conditions) {
-  return OpeningReader(member, session, conditions).read();
+OpeningBalances readOpenings(const Selection& selection, OpeningSource source, Session& session,
+                             const Conditions& conditions) {
+  return OpeningReader(selection, session, conditions).read(source);
 }
 
 }  // namespace tz

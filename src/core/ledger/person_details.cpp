@@ -95,54 +95,64 @@ Sql onePerson(const Conditions& c) {
 // Opening "%s AND lDeptId <> 0 AND lPersonId <>0 AND byPeroid = %d ORDER BY lDeptId, lPersonId, byPeroid"; posted lines
 // "%s AND lDeptId <> 0 AND lPersonId <> 0 AND lTieId IN ( … ) ORDER BY lDeptId, lPersonId, dtDate"; unposted the same.
 constexpr DetailMember accountMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions&) { return Sql("lDeptId <> 0 AND lPersonId <> 0"); },
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions&) { return Sql("lDeptId <> 0 AND lPersonId <> 0"); },
+            .groups = {{Entity::dept, "部门小计"}, {Entity::person, "个人小计"}},
+            .order = "s.dtDate",
+        },
     .openingCaption = "个人期初",
-    .groups = {GroupLevel{Entity::dept, "部门小计"}, GroupLevel{Entity::person, "个人小计"}},
-    .postedOrder = "s.lDeptId, s.lPersonId, s.dtDate",
-    .unpostedOrder = "s.lDeptId, s.lPersonId, s.dtDate",
 };
 
 // Opening "%s AND lDeptId = %ld AND lPersonId <> 0 AND byPeroid = %d ORDER BY lPersonId, byPeroid"; posted lines "%s
 // AND lDeptId = %ld AND lPersonId <> 0 AND lTieId IN ( … ) ORDER BY lPersonId, dtDate"; unposted the same.
 constexpr DetailMember deptMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId <> 0", c.dept.lDeptId); },
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId <> 0", c.dept.lDeptId); },
+            .groups = {{Entity::person, "个人小计"}},
+            .order = "s.dtDate",
+        },
     .openingCaption = "个人期初",
-    .groups = {GroupLevel{Entity::person, "个人小计"}},
-    .postedOrder = "s.lPersonId, s.dtDate",
-    .unpostedOrder = "s.lPersonId, s.dtDate",
 };
 
 // Opening "lDeptId = %ld AND lPersonId = %ld AND byPeroid = %d ORDER BY lCodeId, byPeroid"; posted lines "lDeptId = %ld
 // AND lPersonId = %ld AND lTieId IN ( … ) ORDER BY lCodeId, dtDate"; unposted the same.
 constexpr DetailMember personMember = {
-    .dimension = onePerson,
+    .selects =
+        {
+            .dimension = onePerson,
+            .groups = {{Entity::account, "科目小计"}},
+            .order = "s.dtDate",
+        },
     .openingCaption = "科目期初",
-    .groups = {GroupLevel{Entity::account, "科目小计"}},
-    .postedOrder = "s.lCodeId, s.dtDate",
-    .unpostedOrder = "s.lCodeId, s.dtDate",
 };
 
 // Opening "%s AND lDeptId = %ld AND lPersonId = %ld AND byPeroid = %d "; posted lines "%s AND lDeptId = %ld AND
 // lPersonId = %ld AND lTieId IN ( SELECT lTieId FROM RegMain WHERE byPeroid BETWEEN %d AND %d ) ORDER BY dtDate";
 // unposted lines the same over UnregMain.
 constexpr DetailMember threeColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = onePerson,
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = onePerson,
+            .order = "s.dtDate",
+        },
     .openingCaption = "个人期初",
-    .postedOrder = "s.dtDate",
-    .unpostedOrder = "s.dtDate",
 };
 
 // As the three-column ledger, with "mBegin <> 0" on the opening, whose caption is a department's.
 constexpr DetailMember multiColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = onePerson,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = onePerson,
+            .balancesOnly = "mBegin <> 0",
+            .order = "s.dtDate",
+        },
     .openingCaption = "部门期初",
-    .postedOrder = "s.dtDate",
-    .unpostedOrder = "s.dtDate",
     .columnFlag = 'A',
 };
 

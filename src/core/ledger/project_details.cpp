@@ -160,59 +160,74 @@ Sql itemsOfClass(const Conditions& c) {
 // Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d " per item; posted lines by voucher,
 // unposted lines by entry date, as in the other project ledgers.
 constexpr DetailMember accountMember = {
-    .accounts = chosenAccount,
-    .dimension = itemsOfClass,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = itemsOfClass,
+            .balancesOnly = "mBegin <> 0",
+            .groups = {{Entity::item, "项目小计"}},
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "项目期初",
-    .groups = {GroupLevel{Entity::item, "项目小计"}},
-    .postedOrder = "s.lItemId, s.lTieId",
-    .unpostedOrder = "s.lItemId, s.dtDate",
 };
 
 // Posted lines "%s AND lItemId=%d AND sItemId='%s' AND lTieId IN ( … ) ORDER BY lTieId", unposted lines "ORDER BY
 // dtDate"; over the accounts picked, of one department or of all.
 constexpr DetailMember projectMember = {
-    .accounts = pickedAccounts,
-    .dimension = oneItemOfDept,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = pickedAccounts,
+            .dimension = oneItemOfDept,
+            .balancesOnly = "mBegin <> 0",
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "项目期初",
-    .postedOrder = "s.lTieId",
-    .unpostedOrder = "s.dtDate",
 };
 
 // Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d "; lines as above.
 constexpr DetailMember threeColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneItem,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneItem,
+            .balancesOnly = "mBegin <> 0",
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "项目期初",
-    .postedOrder = "s.lTieId",
-    .unpostedOrder = "s.dtDate",
 };
 
 // Lines by department and project, of one department or of all.
 constexpr DetailMember deptMember = {
-    .accounts = chosenAccount,
-    .dimension =
-        [](const Conditions& c) {
-          const auto items = itemsOfClass(c);
-          return items + (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension =
+                [](const Conditions& c) {
+                  const auto items = itemsOfClass(c);
+                  return items + (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
+                },
+            .balancesOnly = "mBegin <> 0",
+            .groups = {{Entity::dept, "部门小结"}, {Entity::item, "项目小结"}},
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
         },
-    .openingFilter = "mBegin <> 0",
     .openingCaption = "期初",
-    .groups = {GroupLevel{Entity::dept, "部门小结"}, GroupLevel{Entity::item, "项目小结"}},
-    .postedOrder = "s.lDeptId, s.lItemId, s.lTieId",
-    .unpostedOrder = "s.lDeptId, s.lItemId, s.dtDate",
 };
 
 // As the three-column ledger, with " AND lDeptId=%d" where a department is chosen.
 constexpr DetailMember multiColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneItemOfDept,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneItemOfDept,
+            .balancesOnly = "mBegin <> 0",
+            .order = "s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "项目期初",
-    .postedOrder = "s.lTieId",
-    .unpostedOrder = "s.dtDate",
     .columnFlag = 'D',
 };
 

@@ -8,19 +8,12 @@
 namespace tz {
 namespace {
 
-// "sCode Like '%s%%' AND byGrade = %d AND sAssBook Like '%%A%%'", in code order.
+// The accounts one grade below that carry the flag, in code order.
 std::vector<CodeInfo> subAccounts(const CQnCwDB& db, const CodeInfo& parent, char flag) {
   auto found = db.Code_GetInfo(Sql("byGrade = ? ORDER BY sCode", parent.byGrade + 1));
   std::erase_if(
       found, [&](const CodeInfo& account) { return !account.sCode.starts_with(parent.sCode) || !account.keeps(flag); });
   return found;
-}
-
-SideFigures net(const LedgerLine& line, bool absolute) {
-  SideFigures figures{line.debit.quantity - line.credit.quantity, line.debit.foreign - line.credit.foreign,
-                      line.debit.amount - line.credit.amount};
-  if (absolute) figures = {std::abs(figures.quantity), std::abs(figures.foreign), std::abs(figures.amount)};
-  return figures;
 }
 
 }  // namespace
@@ -29,7 +22,7 @@ SubAccountColumns::SubAccountColumns(const CQnCwDB& db, const Conditions& condit
     : conditions_(conditions) {
   for (auto& account : subAccounts(db, conditions.account, flag)) {
     ownColumn_.emplace(account.lId, columns_.size());
-    columns_.push_back({account.lId, 0, std::move(account.sCode), std::move(account.sName), {}, {}});
+    columns_.push_back({account.lId, 0, std::move(account.sCode), std::move(account.sName)});
   }
   columns_.emplace_back();
 }
@@ -54,27 +47,21 @@ void SubAccountColumns::writeLine(CTzGrid& grid, std::int64_t row, const LedgerL
 
 void SubAccountColumns::add(const LedgerLine& line) {
   auto& column = columns_[summedIn(line.account)];
-  const auto figures = net(line, conditions_.absoluteSums);
-  column.month.figures += figures;
-  column.year.figures += figures;
+  const double net = line.debit.amount - line.credit.amount;
+  const double amount = conditions_.absoluteSums ? std::abs(net) : net;
+  column.month += amount;
+  column.year += amount;
 }
 
 void SubAccountColumns::writeMonth(CTzGrid& grid, std::int64_t row) {
   for (auto& column : columns_) {
-    if (column.account == 0) continue;
-    formPrices(column.month);
-    writeSum(grid, row, column, column.month.figures.amount);
-    column.month = {};
+    writeSum(grid, row, column, column.month);
+    column.month = 0;
   }
-  columns_.back().month = {};
 }
 
-void SubAccountColumns::writeYear(CTzGrid& grid, std::int64_t row) {
-  for (auto& column : columns_) {
-    if (column.account == 0) continue;
-    formPrices(column.year);
-    writeSum(grid, row, column, column.year.figures.amount);
-  }
+void SubAccountColumns::writeYear(CTzGrid& grid, std::int64_t row) const {
+  for (const auto& column : columns_) writeSum(grid, row, column, column.year);
 }
 
 std::size_t SubAccountColumns::shownIn(Id account) {
@@ -102,17 +89,9 @@ bool SubAccountColumns::matches(const LedgerColumn& column, Id account) const {
   return other->sCode.starts_with(one->sCode);
 }
 
-// No test for 0: an infinite or undefined price or rate is kept as it is.
-void SubAccountColumns::formPrices(ColumnSum& sum) const {
-  const auto& [quantity, foreign, amount] = sum.figures;
-  if (!conditions_.amounts.unit.empty()) sum.unitPrice = amount / quantity;
-  if (conditions_.amounts.currency.empty()) return;
-  sum.exchangeRate = std::abs(conditions_.amounts.rateMethod == 1 ? amount / foreign : foreign / amount);
-}
-
 // Credit-direction parents show their sums with the other sign.
 void SubAccountColumns::writeSum(CTzGrid& grid, std::int64_t row, const LedgerColumn& column, double sum) const {
-  if (sum == 0) return;
+  if (column.account == 0 || sum == 0) return;
   grid.SetNumber(row, column.column, conditions_.account.bDirect != 0 ? sum : -sum);
 }
 

@@ -13,19 +13,13 @@
 
 namespace tz {
 
-// The net movements of a column, debit minus credit, or their absolute values.
-struct ColumnSum {
-  SideFigures figures;
-  double unitPrice = 0;  // amount ÷ quantity; as the division gives it where the quantity is 0
-  double exchangeRate = 0;
-};
-
 struct LedgerColumn {
   Id account = 0;
   int column = 0;  // in the grid
   std::string code, name;
-  ColumnSum month;
-  ColumnSum year;  // since the start period
+  // Net movements, debit minus credit, or their absolute values.
+  double month = 0;
+  double year = 0;  // since the start period
 };
 
 class SubAccountColumns {
@@ -38,20 +32,16 @@ class SubAccountColumns {
   void add(const LedgerLine& line);
   // The sums of the month, which start anew; then those of the year, which go on.
   void writeMonth(CTzGrid& grid, std::int64_t row);
-  void writeYear(CTzGrid& grid, std::int64_t row);
-
-  // The last one is the sentinel: it stands at column 0 and takes what has no column.
-  [[nodiscard]] const std::vector<LedgerColumn>& columns() const { return columns_; }
+  void writeYear(CTzGrid& grid, std::int64_t row) const;
 
  private:
   [[nodiscard]] std::size_t shownIn(Id account);
   [[nodiscard]] std::size_t summedIn(Id account) const;
   [[nodiscard]] bool matches(const LedgerColumn& column, Id account) const;
-  void formPrices(ColumnSum& sum) const;
   void writeSum(CTzGrid& grid, std::int64_t row, const LedgerColumn& column, double sum) const;
 
   const Conditions& conditions_;
-  std::vector<LedgerColumn> columns_;
+  std::vector<LedgerColumn> columns_;            // the last one, at column 0, takes what has no column
   std::unordered_map<Id, std::size_t> shownIn_;  // found before
   std::unordered_map<Id, std::size_t> ownColumn_;
 };

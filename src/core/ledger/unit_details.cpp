@@ -140,88 +140,105 @@ Sql projectsOf(const ProjectRange& range) {
 }
 
 constexpr DetailMember accountMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions&) { return Sql("lEnterId <> 0"); },
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions&) { return Sql("lEnterId <> 0"); },
+            .groups = {{Entity::unit, "小计"}},
+            .order = "s.dtDate, s.lTieId",
+        },
     .openingCaption = "单位期初",
-    .groups = {GroupLevel{Entity::unit, "小计"}},
-    .postedOrder = "s.lEnterId, s.dtDate, s.lTieId",
-    .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
 constexpr DetailMember unitMember = {
-    .accounts = pickedAccounts,
-    .dimension = oneUnit,
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = pickedAccounts,
+            .dimension = oneUnit,
+            .balancesOnly = "mBegin <> 0",
+            .groups = {{Entity::account, "科目小计"}},
+            .order = "s.lTieId",
+        },
     .openingCaption = "科目期初",
-    .groups = {GroupLevel{Entity::account, "科目小计"}},
     .listed = Listed::postedAccounts,
-    .postedOrder = "s.lCodeId, s.lTieId",
-    .unpostedOrder = "s.lCodeId, s.lTieId",
 };
 
 constexpr DetailMember threeColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneUnit,
-    .openingFilter = "mBegin IS NOT NULL",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneUnit,
+            .balancesOnly = "mBegin IS NOT NULL",
+            .order = "s.dtDate, s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "单位期初",
-    .postedOrder = "s.dtDate, s.lTieId",
-    .unpostedOrder = "s.dtDate",
 };
 
 // Per unit of the class as the account ledger.
 constexpr DetailMember classMember = {
-    .accounts = chosenAccount,
-    .dimension =
-        [](const Conditions& c) {
-          return Sql("lEnterId <> 0 AND +lEnterId IN (SELECT Enter.lId FROM Enter WHERE lClassId = ?)",
-                     c.unitClass.lId);
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension =
+                [](const Conditions& c) {
+                  return Sql("lEnterId <> 0 AND +lEnterId IN (SELECT Enter.lId FROM Enter WHERE lClassId = ?)",
+                             c.unitClass.lId);
+                },
+            .balancesOnly = "mBegin IS NOT NULL",
+            .groups = {{Entity::unit, "单位小计"}},
+            .order = "s.dtDate, s.lTieId",
         },
-    .openingFilter = "mBegin IS NOT NULL",
     .openingCaption = "单位期初",
-    .groups = {GroupLevel{Entity::unit, "单位小计"}},
-    .postedOrder = "s.lEnterId, s.dtDate, s.lTieId",
-    .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
 // Per unit that the clerk has lines with; balances know no clerk, so the opening is the unit's.
 constexpr DetailMember clerkMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions&) { return Sql("lEnterId <> 0"); },
-    .linesOnly = [](const Conditions& c) { return Sql("sName = ?", c.clerk.name); },
-    .openingFilter = "mBegin IS NOT NULL",
+    .selects = {
+        .accounts = chosenAccount,
+        .dimension = [](const Conditions&) { return Sql("lEnterId <> 0"); },
+        .linesOnly = [](const Conditions& c) { return Sql("sName = ?", c.clerk.name); },
+        .balancesOnly = "mBegin IS NOT NULL",
+        .groups = {{Entity::unit, "单位小记"}},
+        .order = "s.dtDate, s.lTieId",
+    },
     .openingCaption = "单位期初",
-    .groups = {GroupLevel{Entity::unit, "单位小记"}},
     .listed = Listed::clerksUnits,
-    .postedOrder = "s.lEnterId, s.dtDate, s.lTieId",
-    .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
 constexpr DetailMember projectMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions& c) { return "lEnterId <> 0 AND " + projectsOf(c.projects); },
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions& c) { return "lEnterId <> 0 AND " + projectsOf(c.projects); },
+            .groups = {{Entity::project, "项目小计"}, {Entity::unit, "单位小计"}},
+            .order = "s.dtDate, s.lTieId",
+        },
     .openingCaption = "单位期初",
-    .groups = {GroupLevel{Entity::project, "项目小计"}, GroupLevel{Entity::unit, "单位小计"}},
-    .postedOrder = "s.sItemId, s.lItemId, s.lEnterId, s.dtDate, s.lTieId",
-    .unpostedOrder = "s.sItemId, s.lItemId, s.lEnterId, s.dtDate, s.lTieId",
 };
 
 constexpr DetailMember multiColumnMember = {
-    .accounts = chosenAccount,
-    .dimension = oneUnit,
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = oneUnit,
+            .order = "s.dtDate, s.lTieId",
+            .unpostedOrder = "s.dtDate",
+        },
     .openingCaption = "单位期初",
-    .postedOrder = "s.dtDate, s.lTieId",
-    .unpostedOrder = "s.dtDate",
     .columnFlag = 'B',
 };
 
 constexpr DetailMember deptMember = {
-    .accounts = chosenAccount,
-    .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lEnterId <> 0", c.dept.lDeptId); },
-    .openingFilter = "mBegin <> 0",
+    .selects =
+        {
+            .accounts = chosenAccount,
+            .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lEnterId <> 0", c.dept.lDeptId); },
+            .balancesOnly = "mBegin <> 0",
+            .groups = {{Entity::unit, "单位小计"}},
+            .order = "s.dtDate, s.lTieId",
+        },
     .openingCaption = "单位期初",
-    .groups = {GroupLevel{Entity::unit, "单位小计"}},
-    .postedOrder = "s.lEnterId, s.dtDate, s.lTieId",
-    .unpostedOrder = "s.lEnterId, s.dtDate, s.lTieId",
 };
 
 constexpr ReportDefinition accountLedger = {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/grid/row_subjects.h"
 #include "core/grid/tz_grid.h"
 #include "core/platform/sink.h"
 
@@ -23,6 +24,7 @@ struct ComputedReport {
   // Proposed for its files, without an ending: title, subject, months.
   std::string fileName;
   CTzGrid grid;
+  RowSubjects subjects;  // of the grid's rows
   // What a coloured row means, for outputs without colours; empty when no row can be coloured.
   std::string highlightMeaning;
 };

@@ -51,14 +51,17 @@ struct ReportDefinition {
   std::string (*subtitle)(const Conditions&) = nullptr;
   // The amount formats that may be chosen for these conditions.
   std::vector<std::string> (*formats)(const Conditions&) = nullptr;
-  // Fills the grid, whose columns are not yet there, and its notices.
-  void (*compute)(Session&, const Conditions&, CTzGrid&) = nullptr;
+  // Fills the grid, whose columns are not yet there, its notices and the subjects of its rows.
+  void (*compute)(const ReportDefinition&, Session&, const Conditions&, ComputedReport&) = nullptr;
 };
 
 // The conditions that a report takes: those of its dialog, and the amount format where it has formats.
 [[nodiscard]] std::vector<ParameterKey> parametersOf(const ReportDefinition& report);
 // Where the dialog has a list of accounts, several can be named: the option may be given once for each.
 [[nodiscard]] bool takesSeveral(const ReportDefinition& report, ParameterKey key);
+
+// What the conditions of a report name: what all its rows are about.
+[[nodiscard]] Subject wholeSubject(const ReportDefinition& report, const Conditions& conditions);
 
 // A computation that the person stopped; what was shown before stays.
 struct Cancelled {};

@@ -32,7 +32,7 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.conditions = conditionTexts(report, conditions);
   computed.fileName = proposedFileName(report, conditions, session.logon.year);
   if (conditions.unposted) computed.highlightMeaning = "未记帐凭证";
-  report.compute(session, conditions, computed.grid);
+  report.compute(report, session, conditions, computed);
   auto& notices = computed.grid.notices;
   std::ranges::move(conditionNotices(report, conditions, session), std::back_inserter(notices));
   std::ranges::stable_sort(notices, {}, &Notice::weight);
@@ -70,6 +70,23 @@ bool takesSeveral(const ReportDefinition& report, ParameterKey key) {
   return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
     return control.kind == ControlSpec::Kind::accountLists && control.key == key;
   });
+}
+
+Subject wholeSubject(const ReportDefinition& report, const Conditions& conditions) {
+  Subject subject{.account = conditions.account.lId,
+                  .dept = conditions.dept.lDeptId,
+                  .person = conditions.person.lId,
+                  .unit = conditions.unit.lId,
+                  .item = conditions.project.lId,
+                  .itemClass = conditions.projectClass.sItemId,
+                  .unitClass = {},
+                  .clerk = {}};
+  // Those that are of no class or have no clerk are asked for by their own.
+  const auto keys = parametersOf(report);
+  const auto asks = [&](ParameterKey key) { return std::ranges::find(keys, key) != keys.end(); };
+  if (asks(ParameterKey::unitClass)) subject.unitClass = conditions.unitClass.lId;
+  if (asks(ParameterKey::clerk)) subject.clerk = conditions.clerk.name;
+  return subject;
 }
 
 ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {

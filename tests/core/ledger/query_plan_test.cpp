@@ -5,7 +5,6 @@
 #include "core/catalogue/catalogue.h"
 #include "core/data/create_ledger.h"
 #include "core/ledger/definitions.h"
-#include "core/ledger/member_filter.h"
 #include "core/sample/sample_company.h"
 #include "support/test_ledger.h"
 
@@ -55,7 +54,7 @@ TEST_P(QueryPlan, LeavesNoSort) {
     const auto conditions = conditionsFor(db, report->area);
     for (const auto book : {Book::posted, Book::unposted}) {
       const auto plan =
-          planOf(db.Current(), lineStatement(memberLines(*member, conditions, book), "m.dtBill, s.mMoney"));
+          planOf(db.Current(), lineStatement(selectedLines(member->selects, conditions, book), "m.dtBill, s.mMoney"));
       EXPECT_EQ(plan.find("Sort"), std::string::npos) << report->command << "\n" << plan;
       EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << report->command << "\n" << plan;
       EXPECT_NE(plan.find(onServer() ? "Index" : "USING INDEX"), std::string::npos) << plan;

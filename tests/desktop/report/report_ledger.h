@@ -111,10 +111,12 @@ struct CountedReport {
   CountedReport() : definition(*findReport(10190)) {
     runs = 0;
     before = {};
-    definition.compute = [](Session& session, const Conditions& conditions, CTzGrid& grid) {
+    definition.compute = [](const ReportDefinition&, Session& session, const Conditions& conditions,
+                            ComputedReport& computed) {
       ++runs;
       if (before) before(session);
-      findReport(10190)->compute(session, conditions, grid);
+      const auto& real = *findReport(10190);
+      real.compute(real, session, conditions, computed);
     };
   }
   ReportDefinition definition;

@@ -1,0 +1,41 @@
+#include "core/ledger/selection.h"
+
+namespace tz {
+
+Sql chosenAccount(const Conditions& conditions) { return conditions.data->GetCodeSubString(conditions.account.sCode); }
+
+Sql pickedAccounts(const Conditions& conditions) {
+  if (conditions.accounts.empty()) return "lCodeId > 0";
+  std::vector<Id> ids;
+  for (const auto& account : conditions.accounts) {
+    const auto below = conditions.data->GetCode_Include(account.sCode);
+    ids.insert(ids.end(), below.begin(), below.end());
+  }
+  return inList("+lCodeId", ids);
+}
+
+Sql commonFilter(const Selection& selection, const Conditions& conditions) {
+  if (selection.accounts == nullptr) return selection.dimension(conditions);
+  return selection.accounts(conditions) + " AND " + selection.dimension(conditions);
+}
+
+Sql lineFilter(const Selection& selection, const Conditions& conditions) {
+  const auto common = commonFilter(selection, conditions);
+  return selection.linesOnly == nullptr ? common : common + " AND " + selection.linesOnly(conditions);
+}
+
+Sql balanceFilter(const Selection& selection, const Conditions& conditions) {
+  const auto common = commonFilter(selection, conditions);
+  return selection.balancesOnly.empty() ? common : common + " AND " + Sql(selection.balancesOnly);
+}
+
+std::string lineOrder(const Selection& selection, Book book) {
+  const bool otherwise = book == Book::unposted && !selection.unpostedOrder.empty();
+  return orderOf(selection.groups, otherwise ? selection.unpostedOrder : selection.order);
+}
+
+LineQuery selectedLines(const Selection& selection, const Conditions& conditions, Book book) {
+  return {book, lineFilter(selection, conditions), conditions.from, conditions.to, lineOrder(selection, book)};
+}
+
+}  // namespace tz
