@@ -43,8 +43,8 @@ std::string ledgerFile(const GivenValues& given) {
 // The accounts that the report's dialog offers.
 Sql accountSelect(const GivenValues& given) {
   const auto* report = findReport(std::atoi(valueOf(given, "ID").c_str()));
-  if (report == nullptr || report->dialog->accountWhere.empty()) return {};
-  return Sql("SELECT sCode, sName FROM Code WHERE ") + Sql(report->dialog->accountWhere);
+  if (report == nullptr || report->dialog.accountWhere.empty()) return {};
+  return Sql("SELECT sCode, sName FROM Code WHERE ") + Sql(report->dialog.accountWhere);
 }
 
 // The persons, of one department when it is on the line.

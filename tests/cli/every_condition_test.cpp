@@ -20,7 +20,7 @@ std::string firstValue(const ReportDefinition& report, ParameterKey key, Reader&
   };
   switch (key) {
     case ParameterKey::account:
-      return first("SELECT sCode FROM Code WHERE " + std::string(report.dialog->accountWhere) + " ORDER BY sCode");
+      return first("SELECT sCode FROM Code WHERE " + std::string(report.dialog.accountWhere) + " ORDER BY sCode");
     case ParameterKey::dept:
       return "销售部";
     case ParameterKey::unitClass:
@@ -42,7 +42,7 @@ std::string firstValue(const ReportDefinition& report, ParameterKey key, Reader&
 // All accounts that the dialog offers, where several can be picked.
 std::string everyAccount(const ReportDefinition& report, Reader& reader) {
   std::string all;
-  for (const auto& entry : offeredAccounts(*report.dialog, reader.db())) {
+  for (const auto& entry : offeredAccounts(report.dialog, reader.db())) {
     const auto code = CGetData::GetCode_Separator(entry.text);
     if (!code.empty()) all += (all.empty() ? "" : "\n") + code;
   }

@@ -32,7 +32,7 @@ void addOthers(const RefusalCase& one, TestLedger& ledger, std::vector<std::stri
       words.insert(words.end(), {option, std::string(choicesOf(condition.choices).front())});
     }
     if (!takesSeveral(report, key)) continue;
-    const auto account = ledger.keeper().query(Sql("SELECT sCode FROM Code WHERE ") + Sql(report.dialog->accountWhere));
+    const auto account = ledger.keeper().query(Sql("SELECT sCode FROM Code WHERE ") + Sql(report.dialog.accountWhere));
     if (!account->next()) continue;
     for (int time = 0; time < 2; ++time) words.insert(words.end(), {option, std::string(account->text(0))});
   }
@@ -68,9 +68,9 @@ TEST(Refusals, AreAllInTheTable) {
   for (const auto* report : catalogue()) {
     constexpr std::string_view notListed = "not listed";
     std::set<std::string_view> possible;
-    if (asksForAccount(*report->dialog)) possible.insert(report->dialog->noAccount.text);
-    for (const auto& check : report->dialog->checks) possible.insert(check.message.text);
-    if (!report->dialog->choices.empty()) possible.insert(notListed);
+    if (asksForAccount(report->dialog)) possible.insert(report->dialog.noAccount.text);
+    for (const auto& check : report->dialog.checks) possible.insert(check.message.text);
+    if (!report->dialog.choices.empty()) possible.insert(notListed);
     std::set<std::string_view> provoked;
     for (const auto& one : refusalCases()) {
       if (one.command == report->command) provoked.insert(one.unlisted ? notListed : one.text);

@@ -42,10 +42,10 @@ void drawConditions(const PictureBook& book, SampleLedger& ledger) {
   Session session = sessionOver(ledger);
   std::set<int> drawn;
   for (const ReportDefinition* report : catalogue()) {
-    const int id = report->dialog->id;
+    const int id = report->dialog.id;
     if (!drawn.insert(id).second) continue;
     if (!book.All() && std::ranges::find(inManual, id) == inManual.end()) continue;
-    CTzQueryDialog dialog(*report->dialog, session, nullptr);
+    CTzQueryDialog dialog(report->dialog, session, nullptr);
     book.TakeModal(
         QStringLiteral("conditions-%1").arg(id), [&] { dialog.DoModal(); },
         [](QWidget& window) { click(window, QStringLiteral("unfold")); });
@@ -96,10 +96,10 @@ void drawReferences(const PictureBook& book, SampleLedger& ledger) {
                                      Reference{10208, "unit", "2028"}, Reference{10221, "item", "2015"}};
   Session session = sessionOver(ledger);
   for (const auto& [report, name, button] : references) {
-    CTzQueryDialog dialog(*findReport(report)->dialog, session, nullptr);
+    CTzQueryDialog dialog(findReport(report)->dialog, session, nullptr);
     if (report == 10190) dialog.SetRequest(liMing());
     book.TakeModal(
-        QStringLiteral("conditions-%1").arg(findReport(report)->dialog->id), [&] { dialog.DoModal(); }, {},
+        QStringLiteral("conditions-%1").arg(findReport(report)->dialog.id), [&] { dialog.DoModal(); }, {},
         [&](QWidget& window) {
           book.TakeModal(QStringLiteral("reference-") + QLatin1String(name),
                          [&] { click(window, QLatin1String(button)); });

@@ -3,16 +3,15 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/ledger/definitions.h"
+#include "core/ledger/detail_report.h"
 
 namespace tz {
 
 std::span<const ReportDefinition* const> catalogue() {
   static const auto reports = [] {
     std::vector<const ReportDefinition*> all;
-    for (const auto details : {personDetails(), unitDetails(), projectDetails(), departmentDetails()}) {
-      for (const auto& detail : details) all.push_back(&detail.report);
-    }
+    const auto add = [&](const auto& family) { all.insert(all.end(), family.begin(), family.end()); };
+    add(detailReports());
     std::ranges::sort(all, {}, [](const auto* report) { return report->command; });
     return all;
   }();

@@ -1,5 +1,6 @@
 #include "core/ledger/detail_engine.h"
 
+#include <fmt/format.h>
 #include <optional>
 
 #include "core/ledger/detail_rows.h"

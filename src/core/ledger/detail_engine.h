@@ -10,7 +10,7 @@
 // book.
 #pragma once
 
-#include "core/ledger/detail_member.h"
+#include "core/ledger/detail_report.h"
 #include "core/output/report_output.h"
 #include "core/reports/session.h"
 

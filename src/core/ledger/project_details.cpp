@@ -1,12 +1,8 @@
-// The detail ledgers of the project area and their condition dialogs.
-#include <array>
+// The detail ledgers of the project area.
 #include <fmt/format.h>
 
-#include "core/ledger/amount_layout.h"
-#include "core/ledger/definitions.h"
 #include "core/ledger/detail_controls.h"
-#include "core/ledger/detail_manual.h"
-#include "core/ledger/detail_toolbar.h"
+#include "core/ledger/detail_report.h"
 
 namespace tz {
 namespace project_details {
@@ -34,16 +30,6 @@ constexpr ControlSpec accountLists{.kind = controls::Kind::accountLists,
                                    .caption = "显示科目",
                                    .unfoldedCaption = "不显示科目"};
 
-constexpr std::array ofAccount = {controls::account, controls::classOfAccount, controls::months, projectRange,
-                                  controls::unposted};
-constexpr std::array ofProjectAndAccounts = {controls::project, controls::deptNameOrAll, controls::months, accountLists,
-                                             controls::unposted};
-constexpr std::array ofDept = {controls::account, controls::classOfAccount, controls::deptOrAll, controls::months,
-                               shownProjects,     controls::unposted};
-constexpr std::array ofParentAndProject = {controls::account, controls::project,  controls::deptNameOrAll,
-                                           controls::months,  controls::analysis, controls::unposted};
-constexpr std::array ofProject = {controls::account, controls::project, controls::months, controls::unposted};
-
 constexpr Message noAccountCode{"没有查到符合要求的科目编号。"};
 constexpr Message noQualifyingAccount{"没有查到符合要求的科目。"};
 constexpr Message noQualifyingProjectAccount{"没有查到符合要求的项目核算科目。"};
@@ -53,91 +39,6 @@ constexpr Message classNotChosen{"请选择项目大累"};
 constexpr Message projectEmpty{"项目名称不能为空。"};
 constexpr Message projectNotInClass{"该项目大类下没有该项目."};
 constexpr Message deptNameUnknown{"非法的部门名称."};
-
-constexpr std::array accountChecks = {
-    Check{.passes = checks::classOfAccount, .message = noAccountCode, .about = ParameterKey::projectClass},
-};
-constexpr std::array projectAndAccountsChecks = {
-    Check{.passes = checks::classesDefined,
-          .message = messages::defineProjectClassFirst,
-          .about = ParameterKey::projectClass,
-          .atOpening = true},
-    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
-    Check{.passes = checks::classOrFirst, .message = projectNotInClass, .about = ParameterKey::projectClass},
-    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
-    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
-    Check{.passes = checks::accountsPicked, .message = noAccountCode, .about = ParameterKey::account},
-};
-constexpr std::array deptChecks = {
-    Check{.passes = checks::classOfAccount, .message = noQualifyingAccount, .about = ParameterKey::projectClass},
-    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
-};
-constexpr std::array multiColumnChecks = {
-    Check{.passes = checks::classesDefined,
-          .message = messages::defineProjectClassFirst,
-          .about = ParameterKey::projectClass,
-          .atOpening = true},
-    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
-    Check{.passes = checks::classOrFirst, .message = projectNotInClass, .about = ParameterKey::projectClass},
-    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
-    Check{.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
-};
-constexpr std::array threeColumnChecks = {
-    Check{.passes = checks::classesDefined,
-          .message = defineProjectClassFirstPlain,
-          .about = ParameterKey::projectClass,
-          .atOpening = true},
-    Check{.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
-    Check{.passes = checks::classChosen, .message = classNotChosen, .about = ParameterKey::projectClass},
-    Check{.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
-    Check{.passes = checks::accountGiven, .message = noProjectAccount, .about = ParameterKey::account},
-};
-
-constexpr std::array<ListChoice, 2> classAndRange = {choices::classOfAccount, choices::projectRange};
-
-constexpr DialogSpec accountDialog = {
-    .id = 558,
-    .title = "项目管理_科目明细帐",
-    .accountWhere = projectAccounts,
-    .noAccount = noAccountCode,
-    .controls = ofAccount,
-    .checks = accountChecks,
-    .choices = classAndRange,
-};
-constexpr DialogSpec projectDialog = {
-    .id = 559,
-    .title = "项目明细帐",
-    .accountWhere = projectAccounts,
-    .noAccount = noAccountCode,
-    .controls = ofProjectAndAccounts,
-    .checks = projectAndAccountsChecks,
-};
-constexpr DialogSpec deptDialog = {
-    .id = 560,
-    .title = "部门项目明细帐",
-    .accountWhere = "sAssBook LIKE '%C%' AND sAssBook LIKE '%D%' ORDER BY sCode",
-    .noAccount = noQualifyingAccount,
-    .controls = ofDept,
-    .checks = deptChecks,
-    .choices = classAndRange,
-};
-constexpr DialogSpec multiColumnDialog = {
-    .id = 561,
-    .title = "项目多栏明细帐",
-    .accountWhere = "sAssBook LIKE '%D%' AND bEnd = 0 ORDER BY sCode",
-    .noAccount = noAccountCode,
-    .controls = ofParentAndProject,
-    .checks = multiColumnChecks,
-    .messageCaption = "岚川财务软件",
-};
-constexpr DialogSpec threeColumnDialog = {
-    .id = 562,
-    .title = "项目三栏式明细帐",
-    .accountWhere = projectAccounts,
-    .noAccount = noQualifyingProjectAccount,
-    .controls = ofProject,
-    .checks = threeColumnChecks,
-};
 
 std::string itemName(const Conditions& c) { return c.project.fields.at(1); }
 
@@ -157,187 +58,254 @@ Sql itemsOfClass(const Conditions& c) {
   return items;
 }
 
-// Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d " per item; posted lines by voucher,
-// unposted lines by entry date, as in the other project ledgers.
-constexpr DetailMember accountMember = {
-    .selects =
-        {
-            .accounts = chosenAccount,
-            .dimension = itemsOfClass,
-            .balancesOnly = "mBegin <> 0",
-            .groups = {{Entity::item, "项目小计"}},
-            .order = "s.lTieId",
-            .unpostedOrder = "s.dtDate",
-        },
-    .openingCaption = "项目期初",
-};
+constexpr auto accountLedger = detail(
+    {
+        .command = 10219,
+        .area = Area::project,
+        .right = 17,
+        .rightName = "科目明细帐",
+        .window = 906,
+        .windowTitle = "项目管理_科目明细帐",
+        .paintedTitle = "科 目 明 细 帐",
+        .printTitle = "项目科目明细帐",
+        .about = "一个科目（含下级科目）的项目逐笔明细，按项目分段，已记帐分录按凭证排列，未记帐分录按分录日期"
+                 "排列。每个项目一段，有项目期初和项目小计，最后是合计。项目范围可限定项目编码的起止，两端都包"
+                 "括，空着的一端不限。",
+        .dialog =
+            {
+                .id = 558,
+                .title = "项目管理_科目明细帐",
+                .accountWhere = projectAccounts,
+                .noAccount = noAccountCode,
+                .controls = {controls::account, controls::classOfAccount, controls::months, projectRange,
+                             controls::unposted},
+                .checks =
+                    {
+                        {.passes = checks::classOfAccount,
+                         .message = noAccountCode,
+                         .about = ParameterKey::projectClass},
+                    },
+                .choices = {choices::classOfAccount, choices::projectRange},
+            },
+        .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
+    },
+    {
+        .selects =
+            {
+                .accounts = chosenAccount,
+                .dimension = itemsOfClass,
+                .balancesOnly = "mBegin <> 0",
+                .groups = {{Entity::item, "项目小计"}},
+                .order = "s.lTieId",
+                .unpostedOrder = "s.dtDate",
+            },
+        .openingCaption = "项目期初",
+    });
 
-// Posted lines "%s AND lItemId=%d AND sItemId='%s' AND lTieId IN ( … ) ORDER BY lTieId", unposted lines "ORDER BY
-// dtDate"; over the accounts picked, of one department or of all.
-constexpr DetailMember projectMember = {
-    .selects =
-        {
-            .accounts = pickedAccounts,
-            .dimension = oneItemOfDept,
-            .balancesOnly = "mBegin <> 0",
-            .order = "s.lTieId",
-            .unpostedOrder = "s.dtDate",
-        },
-    .openingCaption = "项目期初",
-};
+constexpr auto projectLedger = detail(
+    {
+        .command = 10220,
+        .area = Area::project,
+        .right = 17,
+        .rightName = "项目明细帐",
+        .window = 905,
+        .windowTitle = "项目管理_项目明细帐",
+        .paintedTitle = "项 目 明 细 帐",
+        .printTitle = "项目明细帐",
+        .about = "一个项目在所选科目上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列。不选科目即全"
+                 "部项目科目；部门为“全部”时包括所有部门。",
+        .dialog =
+            {
+                .id = 559,
+                .title = "项目明细帐",
+                .accountWhere = projectAccounts,
+                .noAccount = noAccountCode,
+                .controls = {controls::project, controls::deptNameOrAll, controls::months, accountLists,
+                             controls::unposted},
+                .checks =
+                    {
+                        {.passes = checks::classesDefined,
+                         .message = messages::defineProjectClassFirst,
+                         .about = ParameterKey::projectClass,
+                         .atOpening = true},
+                        {.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+                        {.passes = checks::classOrFirst,
+                         .message = projectNotInClass,
+                         .about = ParameterKey::projectClass},
+                        {.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+                        {.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
+                        {.passes = checks::accountsPicked, .message = noAccountCode, .about = ParameterKey::account},
+                    },
+            },
+        .subtitle =
+            [](const Conditions& c) { return fmt::format("部  门：{}\n项  目：{}", c.dept.sDeptName, itemName(c)); },
+    },
+    {
+        .selects =
+            {
+                .accounts = pickedAccounts,
+                .dimension = oneItemOfDept,
+                .balancesOnly = "mBegin <> 0",
+                .order = "s.lTieId",
+                .unpostedOrder = "s.dtDate",
+            },
+        .openingCaption = "项目期初",
+    });
 
-// Opening "%s AND mBegin <> 0 AND lItemId = %d AND sItemId = '%s' AND byPeroid=%d "; lines as above.
-constexpr DetailMember threeColumnMember = {
-    .selects =
-        {
-            .accounts = chosenAccount,
-            .dimension = oneItem,
-            .balancesOnly = "mBegin <> 0",
-            .order = "s.lTieId",
-            .unpostedOrder = "s.dtDate",
-        },
-    .openingCaption = "项目期初",
-};
+constexpr auto threeColumnLedger = detail(
+    {
+        .command = 10221,
+        .area = Area::project,
+        .right = 17,
+        .rightName = "三栏式明细帐",
+        .window = 902,
+        .windowTitle = "项目管理_三栏明细帐",
+        .paintedTitle = "三 栏 式 明 细 帐",
+        .printTitle = "项目明细帐",
+        .about = "一个项目在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
+                 "，随时看到余额。",
+        .dialog =
+            {
+                .id = 562,
+                .title = "项目三栏式明细帐",
+                .accountWhere = projectAccounts,
+                .noAccount = noQualifyingProjectAccount,
+                .controls = {controls::account, controls::project, controls::months, controls::unposted},
+                .checks =
+                    {
+                        {.passes = checks::classesDefined,
+                         .message = defineProjectClassFirstPlain,
+                         .about = ParameterKey::projectClass,
+                         .atOpening = true},
+                        {.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+                        {.passes = checks::classChosen, .message = classNotChosen, .about = ParameterKey::projectClass},
+                        {.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+                        {.passes = checks::accountGiven, .message = noProjectAccount, .about = ParameterKey::account},
+                    },
+            },
+        .subtitle =
+            [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
+    },
+    {
+        .selects =
+            {
+                .accounts = chosenAccount,
+                .dimension = oneItem,
+                .balancesOnly = "mBegin <> 0",
+                .order = "s.lTieId",
+                .unpostedOrder = "s.dtDate",
+            },
+        .openingCaption = "项目期初",
+    });
 
-// Lines by department and project, of one department or of all.
-constexpr DetailMember deptMember = {
-    .selects =
-        {
-            .accounts = chosenAccount,
-            .dimension =
-                [](const Conditions& c) {
-                  const auto items = itemsOfClass(c);
-                  return items + (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
-                },
-            .balancesOnly = "mBegin <> 0",
-            .groups = {{Entity::dept, "部门小结"}, {Entity::item, "项目小结"}},
-            .order = "s.lTieId",
-            .unpostedOrder = "s.dtDate",
-        },
-    .openingCaption = "期初",
-};
+constexpr auto deptLedger = detail(
+    {
+        .command = 10222,
+        .area = Area::project,
+        .right = 17,
+        .rightName = "部门项目明细帐",
+        .window = 903,
+        .windowTitle = "项目管理_部门明细帐",
+        .paintedTitle = "部 门 项 目 明 细 帐",
+        .printTitle = "部门项目明细帐",
+        .about = "一个科目（含下级科目）的部门项目逐笔明细，按部门、再按项目分段。每个项目有项目小结，每个部门"
+                 "有部门小结，最后是合计。没有部门或没有项目的分录不列入。可限定一个部门和项目编码的起止。",
+        .dialog =
+            {
+                .id = 560,
+                .title = "部门项目明细帐",
+                .accountWhere = "sAssBook LIKE '%C%' AND sAssBook LIKE '%D%' ORDER BY sCode",
+                .noAccount = noQualifyingAccount,
+                .controls = {controls::account, controls::classOfAccount, controls::deptOrAll, controls::months,
+                             shownProjects, controls::unposted},
+                .checks =
+                    {
+                        {.passes = checks::classOfAccount,
+                         .message = noQualifyingAccount,
+                         .about = ParameterKey::projectClass},
+                        {.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
+                    },
+                .choices = {choices::classOfAccount, choices::projectRange},
+            },
+        .subtitle =
+            [](const Conditions& c) {
+              return fmt::format("科  目：{}\n部  门：{}", c.accountText(), c.dept.sDeptName);
+            },
+    },
+    {
+        .selects =
+            {
+                .accounts = chosenAccount,
+                .dimension =
+                    [](const Conditions& c) {
+                      const auto items = itemsOfClass(c);
+                      return items +
+                             (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
+                    },
+                .balancesOnly = "mBegin <> 0",
+                .groups = {{Entity::dept, "部门小结"}, {Entity::item, "项目小结"}},
+                .order = "s.lTieId",
+                .unpostedOrder = "s.dtDate",
+            },
+        .openingCaption = "期初",
+    });
 
-// As the three-column ledger, with " AND lDeptId=%d" where a department is chosen.
-constexpr DetailMember multiColumnMember = {
-    .selects =
-        {
-            .accounts = chosenAccount,
-            .dimension = oneItemOfDept,
-            .balancesOnly = "mBegin <> 0",
-            .order = "s.lTieId",
-            .unpostedOrder = "s.dtDate",
-        },
-    .openingCaption = "项目期初",
-    .columnFlag = 'D',
-};
+constexpr auto multiColumnLedger = detail(
+    {
+        .command = 10223,
+        .area = Area::project,
+        .right = 17,
+        .rightName = "多栏式明细帐",
+        .window = 904,
+        .windowTitle = "项目管理_多栏明细帐",
+        .paintedTitle = "多 栏 式 明 细 帐",
+        .printTitle = "项目明细帐",
+        .about = "一个项目在一个非末级科目上的逐笔明细，每个下级科目在右边各占一栏；部门为“全部”时包括所有部门"
+                 "。",
+        .dialog =
+            {
+                .id = 561,
+                .title = "项目多栏明细帐",
+                .accountWhere = "sAssBook LIKE '%D%' AND bEnd = 0 ORDER BY sCode",
+                .noAccount = noAccountCode,
+                .controls = {controls::account, controls::project, controls::deptNameOrAll, controls::months,
+                             controls::analysis, controls::unposted},
+                .checks =
+                    {
+                        {.passes = checks::classesDefined,
+                         .message = messages::defineProjectClassFirst,
+                         .about = ParameterKey::projectClass,
+                         .atOpening = true},
+                        {.passes = checks::projectGiven, .message = projectEmpty, .about = ParameterKey::project},
+                        {.passes = checks::classOrFirst,
+                         .message = projectNotInClass,
+                         .about = ParameterKey::projectClass},
+                        {.passes = checks::projectKnown, .message = projectNotInClass, .about = ParameterKey::project},
+                        {.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
+                    },
+                .messageCaption = "岚川财务软件",
+            },
+        .subtitle =
+            [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
+    },
+    {
+        .selects =
+            {
+                .accounts = chosenAccount,
+                .dimension = oneItemOfDept,
+                .balancesOnly = "mBegin <> 0",
+                .order = "s.lTieId",
+                .unpostedOrder = "s.dtDate",
+            },
+        .openingCaption = "项目期初",
+        .columnFlag = 'D',
+    });
 
-constexpr ReportDefinition accountLedger = {
-    .command = 10219,
-    .area = Area::project,
-    .right = 17,
-    .rightName = "科目明细帐",
-    .window = 906,
-    .windowTitle = "项目管理_科目明细帐",
-    .paintedTitle = "科 目 明 细 帐",
-    .printTitle = "项目科目明细帐",
-    .about =
-        "一个科目（含下级科目）的项目逐笔明细，按项目分段，已记帐分录按凭证排列，未记帐分录按分录日期"
-        "排列。每个项目一段，有项目期初和项目小计，最后是合计。项目范围可限定项目编码的起止，两端都包"
-        "括，空着的一端不限。",
-    .rules = detailRules,
-    .dialog = &accountDialog,
-    .toolbar = detailToolbar,
-    .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
-    .formats = detailFormats,
-    .compute = computeDetail<accountMember>,
-};
-constexpr ReportDefinition projectLedger = {
-    .command = 10220,
-    .area = Area::project,
-    .right = 17,
-    .rightName = "项目明细帐",
-    .window = 905,
-    .windowTitle = "项目管理_项目明细帐",
-    .paintedTitle = "项 目 明 细 帐",
-    .printTitle = "项目明细帐",
-    .about =
-        "一个项目在所选科目上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列。不选科目即全"
-        "部项目科目；部门为“全部”时包括所有部门。",
-    .rules = detailRules,
-    .dialog = &projectDialog,
-    .toolbar = detailToolbar,
-    .subtitle =
-        [](const Conditions& c) { return fmt::format("部  门：{}\n项  目：{}", c.dept.sDeptName, itemName(c)); },
-    .formats = formatsOfManyAccounts,
-    .compute = computeDetail<projectMember>,
-};
-constexpr ReportDefinition threeColumnLedger = {
-    .command = 10221,
-    .area = Area::project,
-    .right = 17,
-    .rightName = "三栏式明细帐",
-    .window = 902,
-    .windowTitle = "项目管理_三栏明细帐",
-    .paintedTitle = "三 栏 式 明 细 帐",
-    .printTitle = "项目明细帐",
-    .about =
-        "一个项目在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
-        "，随时看到余额。",
-    .rules = detailRules,
-    .dialog = &threeColumnDialog,
-    .toolbar = detailToolbar,
-    .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
-    .formats = detailFormats,
-    .compute = computeDetail<threeColumnMember>,
-};
-constexpr ReportDefinition deptLedger = {
-    .command = 10222,
-    .area = Area::project,
-    .right = 17,
-    .rightName = "部门项目明细帐",
-    .window = 903,
-    .windowTitle = "项目管理_部门明细帐",
-    .paintedTitle = "部 门 项 目 明 细 帐",
-    .printTitle = "部门项目明细帐",
-    .about =
-        "一个科目（含下级科目）的部门项目逐笔明细，按部门、再按项目分段。每个项目有项目小结，每个部门"
-        "有部门小结，最后是合计。没有部门或没有项目的分录不列入。可限定一个部门和项目编码的起止。",
-    .rules = detailRules,
-    .dialog = &deptDialog,
-    .toolbar = detailToolbar,
-    .subtitle =
-        [](const Conditions& c) { return fmt::format("科  目：{}\n部  门：{}", c.accountText(), c.dept.sDeptName); },
-    .formats = detailFormats,
-    .compute = computeDetail<deptMember>,
-};
-constexpr ReportDefinition multiColumnLedger = {
-    .command = 10223,
-    .area = Area::project,
-    .right = 17,
-    .rightName = "多栏式明细帐",
-    .window = 904,
-    .windowTitle = "项目管理_多栏明细帐",
-    .paintedTitle = "多 栏 式 明 细 帐",
-    .printTitle = "项目明细帐",
-    .about =
-        "一个项目在一个非末级科目上的逐笔明细，每个下级科目在右边各占一栏；部门为“全部”时包括所有部门"
-        "。",
-    .rules = multiColumnRules,
-    .dialog = &multiColumnDialog,
-    .toolbar = detailToolbar,
-    .subtitle = [](const Conditions& c) { return fmt::format("科  目：{}\n项  目：{}", c.accountText(), itemName(c)); },
-    .formats = multiColumnFormats,
-    .compute = computeDetail<multiColumnMember>,
-};
-constexpr std::array ledgers = {
-    DetailReport{accountLedger, &accountMember},         DetailReport{projectLedger, &projectMember},
-    DetailReport{threeColumnLedger, &threeColumnMember}, DetailReport{deptLedger, &deptMember},
-    DetailReport{multiColumnLedger, &multiColumnMember},
-};
+constexpr std::array ledgers = {&accountLedger, &projectLedger, &threeColumnLedger, &deptLedger, &multiColumnLedger};
 
 }  // namespace
 }  // namespace project_details
 
-std::span<const DetailReport> projectDetails() { return project_details::ledgers; }
+std::span<const DetailReport* const> projectDetails() { return project_details::ledgers; }
 
 }  // namespace tz

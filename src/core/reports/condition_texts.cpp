@@ -136,7 +136,7 @@ std::string conditionText(const ControlSpec& control, const Conditions& conditio
 
 std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions) {
   std::vector<std::string> texts;
-  for (const auto& control : report.dialog->controls) {
+  for (const auto& control : report.dialog.controls) {
     auto text = conditionText(control, conditions);
     if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
   }
@@ -148,7 +148,7 @@ std::vector<Notice> conditionNotices(const ReportDefinition& report, const Condi
                                      const Session& session) {
   std::vector<Notice> notices;
   const auto warn = [&](std::string_view text) { notices.push_back({std::string(text), Notice::Weight::warning}); };
-  for (const auto& control : report.dialog->controls) {
+  for (const auto& control : report.dialog.controls) {
     const auto end = [&](ParameterKey key) { return CGetData::GetCode_Separator(conditions.request.text(key)); };
     const auto last = end(ParameterKey::projectTo);
     if (control.kind == ControlSpec::Kind::months && conditions.from > conditions.to) warn(monthsReversed);

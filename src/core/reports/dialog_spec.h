@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "core/reports/conditions.h"
+#include "core/reports/few.h"
 #include "core/reports/messages.h"
 #include "core/reports/session.h"
 
@@ -70,16 +71,23 @@ struct Unlisted {
 };
 using ListChoice = std::optional<Unlisted> (*)(CheckContext&);
 
+constexpr std::size_t mostControls = 12;
+constexpr std::size_t mostChecks = 12;
+constexpr std::size_t mostChoices = 4;
+using Controls = Few<ControlSpec, mostControls>;
+using Checks = Few<Check, mostChecks>;
+using Choices = Few<ListChoice, mostChoices>;
+
 struct DialogSpec {
-  int id;
-  std::string_view title;
+  int id = 0;
+  std::string_view title = {};
   std::string_view accountWhere = {};  // which accounts the combo offers; empty = no account condition
   // When there are none, or the one asked for is not among them.
   Message noAccount = messages::noMatchingAccount;
-  std::span<const ControlSpec> controls;
-  std::span<const Check> checks = {};        // behind the account's; those at opening come before it
-  std::span<const ListChoice> choices = {};  // behind the checks
-  std::string_view messageCaption = {};      // of its message boxes; empty = the program's own
+  Controls controls = {};
+  Checks checks = {};                    // behind the account's; those at opening come before it
+  Choices choices = {};                  // behind the checks
+  std::string_view messageCaption = {};  // of its message boxes; empty = the program's own
   // What the dialog, and the report that it asks for, say of a ledger that is not open.
   Message databaseNotOpen = messages::databaseNotOpen;
 };

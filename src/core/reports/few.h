@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <stdexcept>
 
 namespace tz {
@@ -14,10 +16,12 @@ class Few {
  public:
   constexpr Few() = default;
   // More than the capacity does not compile in a constant and throws elsewhere.
-  constexpr Few(std::initializer_list<T> values) : size_(values.size()) {
-    if (size_ > capacity) throw std::length_error("more values than a list of few can hold");
-    auto* place = values_.begin();
-    for (const auto& value : values) *place++ = value;
+  constexpr Few(std::initializer_list<T> values) { copy(values.begin(), values.size()); }
+  // Lists that are made as the program runs.
+  template <class Range>
+  requires(!std::same_as<Range, Few> && std::convertible_to<const Range&, std::span<const T>>) constexpr Few(
+      const Range& values) {  // NOLINT(google-explicit-constructor)
+    copy(std::data(values), std::size(values));
   }
 
   [[nodiscard]] constexpr std::size_t size() const { return size_; }
@@ -28,6 +32,11 @@ class Few {
   [[nodiscard]] constexpr const T& back() const { return values_.at(size_ - 1); }
 
  private:
+  constexpr void copy(const T* values, std::size_t size) {
+    if (size > capacity) throw std::length_error("more values than a list of few can hold");
+    for (; size_ < size; ++size_) values_.at(size_) = values[size_];
+  }
+
   std::array<T, capacity> values_ = {};
   std::size_t size_ = 0;
 };

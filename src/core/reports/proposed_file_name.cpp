@@ -64,7 +64,7 @@ std::string harmless(std::string_view text, std::size_t room) {
 }
 
 std::string monthsOf(const ReportDefinition& report, const Conditions& conditions, int year) {
-  if (!asksFor(*report.dialog, ControlSpec::Kind::months)) return {};
+  if (!asksFor(report.dialog, ControlSpec::Kind::months)) return {};
   if (conditions.from == conditions.to) return fmt::format(" {}.{:02}", year, conditions.from);
   return fmt::format(" {}.{:02}-{:02}", year, conditions.from, conditions.to);
 }
@@ -73,8 +73,8 @@ std::string monthsOf(const ReportDefinition& report, const Conditions& condition
 
 std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year) {
   std::string name(report.printTitle);
-  for (const auto& control : report.dialog->controls) {
-    const auto subject = subjectOf(control, *report.dialog, conditions);
+  for (const auto& control : report.dialog.controls) {
+    const auto subject = subjectOf(control, report.dialog, conditions);
     if (!subject.empty()) name += " " + subject;
   }
   const auto months = monthsOf(report, conditions, year);

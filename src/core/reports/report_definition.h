@@ -42,7 +42,7 @@ struct ReportDefinition {
   // holds for the whole family.
   std::string_view about;
   std::span<const std::string_view> rules;
-  const DialogSpec* dialog = nullptr;
+  DialogSpec dialog = {};
   std::span<const WindowCommand> toolbar;
   // What its window says when no account qualifies.
   Message noAccountInWindow = messages::noMatchingAccount;

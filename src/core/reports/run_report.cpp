@@ -59,7 +59,7 @@ std::string_view areaName(Area area) {
 
 std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
   std::vector<ParameterKey> keys;
-  for (const auto& control : report.dialog->controls) {
+  for (const auto& control : report.dialog.controls) {
     for (const auto key : keysOf(control)) keys.push_back(key);
   }
   if (report.formats != nullptr) keys.push_back(ParameterKey::format);
@@ -67,7 +67,7 @@ std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
 }
 
 bool takesSeveral(const ReportDefinition& report, ParameterKey key) {
-  return std::ranges::any_of(report.dialog->controls, [&](const ControlSpec& control) {
+  return std::ranges::any_of(report.dialog.controls, [&](const ControlSpec& control) {
     return control.kind == ControlSpec::Kind::accountLists && control.key == key;
   });
 }
@@ -90,11 +90,11 @@ Subject wholeSubject(const ReportDefinition& report, const Conditions& condition
 }
 
 ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
-  if (session.db.DBSelect(session.ledger) != 0) return notOpen(*report.dialog);
+  if (session.db.DBSelect(session.ledger) != 0) return notOpen(report.dialog);
   const CancelWatch watch(session);
   Transaction reading(session.db.Current(), Transaction::Purpose::reading);
   try {
-    auto validated = validate(*report.dialog, request, session);
+    auto validated = validate(report.dialog, request, session);
     if (auto* refusal = std::get_if<Refusal>(&validated)) {
       reading.commit();  // what it was refused for was read as well
       return std::move(*refusal);

@@ -132,7 +132,7 @@ std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session
 }
 
 std::optional<Refusal> unreadOpening(const DialogSpec& dialog) {
-  const auto first = std::ranges::find(dialog.checks, true, &Check::atOpening);
+  const auto* const first = std::ranges::find(dialog.checks, true, &Check::atOpening);
   if (first != dialog.checks.end()) return refusal(dialog, first->message, first->about);
   return asksForAccount(dialog) ? std::optional(noAccountRefusal(dialog)) : std::nullopt;
 }

@@ -23,7 +23,7 @@ QString row(const QString& left, const QString& right) {
 
 QString conditions(const ReportDefinition& report) {
   QString rows;
-  for (const ControlSpec& control : report.dialog->controls) {
+  for (const ControlSpec& control : report.dialog.controls) {
     QString help = text(parameter(control.key).helpInWindow());
     if (control.kind == ControlSpec::Kind::accountLists) {
       help += QStringLiteral("；列入右边的科目，右边没有科目即为全部");
@@ -36,7 +36,7 @@ QString conditions(const ReportDefinition& report) {
 // How conditions are given, alike in every dialog.
 QString typing(const ReportDefinition& report) {
   const auto asksFor = [&](ControlSpec::Kind kind) {
-    return std::ranges::find(report.dialog->controls, kind, &ControlSpec::kind) != report.dialog->controls.end();
+    return std::ranges::find(report.dialog.controls, kind, &ControlSpec::kind) != report.dialog.controls.end();
   };
   QString items = QStringLiteral(
       "<li>在列表里输入编码、名称的一部分或拼音首字母，按 Enter 或 Tab 选中找到的一项；Esc 恢复原来的选择。</li>"

@@ -33,7 +33,7 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
       unit_(label(unitId, this)),
       others_(label(othersId, this)),
       format_(new QComboBox(this)),
-      conditions_(new ConditionCombos(*report.dialog, this)) {
+      conditions_(new ConditionCombos(report.dialog, this)) {
   auto* title = new PaintedStatic(titleId, PaintedStatic::Look::title, this);
   title->setText(toQt(report.paintedTitle));
   format_->setObjectName(QString::number(formatId));
@@ -78,7 +78,7 @@ void ReportHeading::SetPeriod(const std::string& text) {
 
 void ReportHeading::SetOthers(const tz::Conditions& conditions) {
   QStringList texts;
-  for (const auto& control : report_.dialog->controls) {
+  for (const auto& control : report_.dialog.controls) {
     const auto text = ConditionCombos::HasCombo(control.kind) ? "" : conditionText(control, conditions);
     if (!text.empty()) texts.append(toQt(text));
   }

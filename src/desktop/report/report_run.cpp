@@ -24,8 +24,8 @@ std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefin
                                                                Session& session) {
   std::optional<CancelWatch> watch;
   if (session.db.HasCurrent()) watch.emplace(session);
-  if (session.db.DBSelect(session.ledger) != 0) return notOpen(*report.dialog);
-  auto validated = validate(*report.dialog, request, session);
+  if (session.db.DBSelect(session.ledger) != 0) return notOpen(report.dialog);
+  auto validated = validate(report.dialog, request, session);
   if (auto* refusal = std::get_if<Refusal>(&validated)) return std::move(*refusal);
   ShownReport shown;
   shown.conditions = std::get<Conditions>(std::move(validated));

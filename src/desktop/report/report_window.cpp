@@ -114,7 +114,7 @@ bool ReportWindow::OnInitDialog() {
   } catch (const DbError& error) {
     TellFailure(error);
     // Without accounts to ask for, there is nothing that would be refused for want of them.
-    if (!asksForAccount(*definition_.dialog)) return true;
+    if (!asksForAccount(definition_.dialog)) return true;
     refusal.failure = error;
   }
   AfxMessageBox(this, refusal);
@@ -190,7 +190,7 @@ bool ReportWindow::OnCommandQuery() {
   if (queryDialog_ == nullptr) {
     querySession_ =
         std::make_unique<Session>(Session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime});
-    queryDialog_ = new CTzQueryDialog(*definition_.dialog, *querySession_, g_pDlgWnd);
+    queryDialog_ = new CTzQueryDialog(definition_.dialog, *querySession_, g_pDlgWnd);
     if (store_ != nullptr) queryDialog_->OfferSaved(*store_, definition_.command);
   }
   if (IsCreated()) queryDialog_->setParent(this, queryDialog_->windowFlags());

@@ -6,7 +6,6 @@
 
 #include "core/catalogue/catalogue.h"
 #include "core/data/create_ledger.h"
-#include "core/ledger/definitions.h"
 #include "core/sample/sample_company.h"
 #include "support/every_report.h"
 #include "support/test_ledger.h"
@@ -104,7 +103,7 @@ TEST(Catalogue, NamesEachReportOnce) {
     EXPECT_TRUE(commands.insert(report->command).second) << report->command;
     EXPECT_EQ(findReport(report->command), report);
     EXPECT_FALSE(report->printTitle.empty()) << report->command;
-    EXPECT_NE(report->dialog, nullptr) << report->command;
+    EXPECT_NE(report->dialog.id, 0) << report->command;
   }
   EXPECT_EQ(findReport(1), nullptr);
 }

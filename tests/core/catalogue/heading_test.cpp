@@ -132,7 +132,7 @@ TEST_F(HeadingTest, LinesLeftOutStandInTheTitle) {
 TEST_F(HeadingTest, TheProposedNameTellsTheSubjectAndSuitsFileSystems) {
   const auto question = questionOf(10190);
   auto session = Session{.db = reader_->db(), .ledger = place_.address(), .logon = {2025, 11, 25}};
-  auto conditions = std::get<Conditions>(validate(*question.report->dialog, question.request, session));
+  auto conditions = std::get<Conditions>(validate(question.report->dialog, question.request, session));
   const auto name = [&] { return proposedFileName(*question.report, conditions, 2025); };
   conditions.account.sCode = "122101";
   conditions.account.sName = "职工借款";

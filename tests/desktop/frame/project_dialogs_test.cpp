@@ -19,7 +19,7 @@ class ProjectDialogs : public ::testing::Test {
   }
   // Opens the dialog of a report with `script` inside; what was asked for when it was confirmed.
   std::optional<Request> ask(int command, const Request& request, std::function<void(QWidget&)> script) {
-    CTzQueryDialog dialog(*findReport(command)->dialog, session_, nullptr);
+    CTzQueryDialog dialog(findReport(command)->dialog, session_, nullptr);
     dialog.SetRequest(request);
     inModal(std::move(script));
     if (!dialog.DoModal()) return std::nullopt;

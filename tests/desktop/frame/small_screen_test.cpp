@@ -80,8 +80,8 @@ TEST_F(SmallScreen, HoldsEveryConditionDialogAsItFoldsAndUnfolds) {
   QTemporaryDir folder;
   FileConditionStore store(folder.filePath("conditions.json").toStdString());
   for (const ReportDefinition* report : catalogue()) {
-    SCOPED_TRACE(report->dialog->id);
-    CTzQueryDialog dialog(*report->dialog, session_, nullptr);
+    SCOPED_TRACE(report->dialog.id);
+    CTzQueryDialog dialog(report->dialog, session_, nullptr);
     dialog.OfferSaved(store, report->command);
     inModal([](QWidget& window) {
       expectWhole(window, {"1", "2"});
@@ -213,7 +213,7 @@ TEST(WindowHelp, SpeaksOfFields) {
     for (const char* word : {"--", "命令行", "缺省为", "both", "balance ", "可重复", "CODE", "选项"}) {
       EXPECT_FALSE(text.contains(QString::fromUtf8(word))) << word;
     }
-    for (const ControlSpec& asked : report->dialog->controls) EXPECT_TRUE(text.contains(toQt(asked.caption)));
+    for (const ControlSpec& asked : report->dialog.controls) EXPECT_TRUE(text.contains(toQt(asked.caption)));
     delete help;
   }
 }

@@ -75,7 +75,7 @@ TEST_F(Program, TitlesAreTheGivenTextsAlone) {
   ASSERT_TRUE(display_.WaitForTitles({navigatorTitle}));
   clickCommand(personArea);
 
-  const QString dialog = toQt(findReport(threeColumns)->dialog->title);
+  const QString dialog = toQt(findReport(threeColumns)->dialog.title);
   clickCommand(threeColumns);
   ASSERT_TRUE(display_.WaitForTitles({dialog, navigatorTitle})) << fromQt(display_.Titles().join('|'));
   // A department is wanted, and asked for by a message.
@@ -89,7 +89,7 @@ TEST_F(Program, TitlesAreTheGivenTextsAlone) {
   ASSERT_TRUE(display_.WaitForTitles({navigatorTitle}));
 
   clickCommand(bySubject);
-  const QString accounts = toQt(findReport(bySubject)->dialog->title);
+  const QString accounts = toQt(findReport(bySubject)->dialog.title);
   ASSERT_TRUE(display_.WaitForTitles({accounts, navigatorTitle})) << fromQt(display_.Titles().join('|'));
   confirm(accounts, 4);
   const QString report = toQt(findReport(bySubject)->windowTitle);

@@ -34,7 +34,7 @@ class QueryDialog : public ::testing::Test {
   PersonLedger ledger;
   RecordedMessages messages;
   Session session = ledger.session();
-  CTzQueryDialog dialog{*findReport(10190)->dialog, session, nullptr};
+  CTzQueryDialog dialog{findReport(10190)->dialog, session, nullptr};
 };
 
 Request requestFor(std::string_view account, std::string_view dept, std::string_view person) {
@@ -293,7 +293,7 @@ TEST_F(QueryDialog, HostileNamesAreOnlyNames) {
 
 TEST_F(QueryDialog, LedgerThatIsNotOpenIsToldAtOnce) {
   Session closed{.db = ledger.db, .ledger = "nowhere", .logon = {2006, 3, 15}};
-  CTzQueryDialog other(*findReport(10190)->dialog, closed, nullptr);
+  CTzQueryDialog other(findReport(10190)->dialog, closed, nullptr);
   EXPECT_FALSE(other.DoModal());
   EXPECT_EQ(messages.takeLast(), "没有个人核算科目,不能查询个人三栏明细帐。\n\n数据库没有打开!");
 }

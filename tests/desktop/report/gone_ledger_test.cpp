@@ -73,11 +73,11 @@ TEST_F(GoneLedger, IsSaidWhenADialogOpens) {
     deleted ? removeFile() : disconnect();
     for (const ReportDefinition* report : catalogue()) {
       SCOPED_TRACE(report->command);
-      CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
+      CTzQueryDialog dialog(report->dialog, *session_, nullptr);
       EXPECT_FALSE(dialog.DoModal());
       const ShownMessage message = onlyMessage();
       const std::string below = notOpenWords(*report);
-      const std::string missed = firstMissed(*report->dialog);
+      const std::string missed = firstMissed(report->dialog);
       EXPECT_EQ(message.text, missed.empty() ? below : missed + "\n\n" + below);
       EXPECT_EQ(message.caption, captionOfDialog(report->command));
     }
@@ -87,12 +87,12 @@ TEST_F(GoneLedger, IsSaidWhenADialogOpens) {
 TEST_F(GoneLedger, AFailedReadOfAccountsStandsBelowTheMessageForNone) {
   loseAccounts();
   for (const ReportDefinition* report : catalogue()) {
-    if (!asksForAccount(*report->dialog)) continue;
+    if (!asksForAccount(report->dialog)) continue;
     SCOPED_TRACE(report->command);
-    CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
+    CTzQueryDialog dialog(report->dialog, *session_, nullptr);
     EXPECT_FALSE(dialog.DoModal());
     ShownMessage message = onlyMessage();
-    EXPECT_TRUE(message.text.starts_with(std::string(report->dialog->noAccount.text) + "\n\n帐套不完整。"))
+    EXPECT_TRUE(message.text.starts_with(std::string(report->dialog.noAccount.text) + "\n\n帐套不完整。"))
         << message.text;
     EXPECT_FALSE(message.detail.empty());
     EXPECT_EQ(message.text.find(message.detail), std::string::npos);
@@ -112,7 +112,7 @@ TEST_F(GoneLedger, IsSaidAtOk) {
   for (const ReportDefinition* report : catalogue()) {
     SCOPED_TRACE(report->command);
     open();
-    CTzQueryDialog dialog(*report->dialog, *session_, nullptr);
+    CTzQueryDialog dialog(report->dialog, *session_, nullptr);
     ShownMessage message;
     inModal([&](QWidget& window) {
       disconnect();
@@ -124,7 +124,7 @@ TEST_F(GoneLedger, IsSaidAtOk) {
     });
     EXPECT_FALSE(dialog.DoModal());
     EXPECT_EQ(message.caption, captionOfDialog(report->command));
-    const std::string missed = firstMissed(*report->dialog);
+    const std::string missed = firstMissed(report->dialog);
     if (!missed.empty()) {
       EXPECT_TRUE(message.text.starts_with(missed + "\n\n与数据库的连接已断开。")) << message.text;
     }

@@ -69,8 +69,8 @@ class Keyboard : public ::testing::Test {
 
 TEST_F(Keyboard, TabGoesThroughEveryDialogInReadingOrder) {
   for (const ReportDefinition* report : catalogue()) {
-    SCOPED_TRACE(report->dialog->id);
-    CTzQueryDialog dialog(*report->dialog, session_, nullptr);
+    SCOPED_TRACE(report->dialog.id);
+    CTzQueryDialog dialog(report->dialog, session_, nullptr);
     FileConditionStore saved(folder_.path() / "conditions.json");
     dialog.OfferSaved(saved, report->command);
     Request secondMethod;
@@ -118,8 +118,8 @@ TEST_F(Keyboard, TabGoesThroughEveryWindowInReadingOrder) {
 // Enter on each field and on the last one confirms: the dialog closes or says what it lacks.
 TEST_F(Keyboard, EnterGoesThroughEveryDialogAndConfirms) {
   for (const ReportDefinition* report : catalogue()) {
-    SCOPED_TRACE(report->dialog->id);
-    CTzQueryDialog dialog(*report->dialog, session_, nullptr);
+    SCOPED_TRACE(report->dialog.id);
+    CTzQueryDialog dialog(report->dialog, session_, nullptr);
     bool confirmed = false;
     inModal([&](QWidget& window) {
       std::set<QWidget*> passed;
@@ -127,7 +127,7 @@ TEST_F(Keyboard, EnterGoesThroughEveryDialogAndConfirms) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
       }
       confirmed = !window.isVisible() || !messages_.all.empty();
-      EXPECT_GE(passed.size(), report->dialog->controls.size() - 1);
+      EXPECT_GE(passed.size(), report->dialog.controls.size() - 1);
       if (window.isVisible()) click(window, "2");
     });
     dialog.DoModal();

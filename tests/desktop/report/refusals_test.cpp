@@ -42,7 +42,7 @@ void eraseAccount(QWidget& window) {
 
 void provoke(const RefusalCase& one, Session session) {
   RecordedMessages messages;
-  CTzQueryDialog dialog(*findReport(one.command)->dialog, session, nullptr);
+  CTzQueryDialog dialog(findReport(one.command)->dialog, session, nullptr);
   const Request request = one.request();
   dialog.SetRequest(request);
   if (!comesAtOpening(one)) {

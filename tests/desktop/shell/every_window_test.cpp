@@ -95,7 +95,7 @@ Question withRows(Question question, Reader& reader) {
   constexpr int unitsOfADept = 10206;
   if (question.report->command == unitsOfADept) question.request.set(ParameterKey::dept, "销售部");
   if (has() || question.request.text(ParameterKey::account).empty()) return question;
-  for (const auto& account : offeredAccounts(*question.report->dialog, reader.db())) {
+  for (const auto& account : offeredAccounts(question.report->dialog, reader.db())) {
     question.request.set(ParameterKey::account, CGetData::GetCode_Separator(account.text));
     if (has()) break;
   }
@@ -122,8 +122,8 @@ class EveryWindow : public ::testing::Test {
     const ReportDefinition& report = *question.report;
     click(navigator_, QString::number(areas.at(report.area)));
     inModal([&](QWidget& dialog) {
-      EXPECT_EQ(dialog.windowTitle(), toQt(report.dialog->title));
-      for (const auto& asked : report.dialog->controls) answer(dialog, asked, question.request);
+      EXPECT_EQ(dialog.windowTitle(), toQt(report.dialog.title));
+      for (const auto& asked : report.dialog.controls) answer(dialog, asked, question.request);
       click(dialog, "1");
     });
     click(navigator_, QString::number(report.command));

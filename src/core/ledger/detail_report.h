@@ -1,0 +1,55 @@
+// A detail ledger as one record: the report, what it selects and how it captions. The maker fills in what the family
+// shares; the engine does the rest.
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "core/ledger/amount_layout.h"
+#include "core/ledger/detail_manual.h"
+#include "core/ledger/detail_toolbar.h"
+#include "core/ledger/listed_entities.h"
+#include "core/ledger/opening_balances.h"
+#include "core/ledger/selection.h"
+#include "core/reports/report_definition.h"
+
+namespace tz {
+
+struct DetailMember {
+  Selection selects;
+  OpeningSource openingSource = OpeningSource::startPeriod;
+  std::string_view openingCaption;
+  Listed listed = Listed::all;
+  // Of multi-column ledgers: the flag that a sub-account must carry to have a column; 0: there are no such columns.
+  char columnFlag = 0;
+};
+
+struct DetailReport : ReportDefinition {
+  DetailMember member;
+};
+
+// The computation of every detail ledger; the report is a DetailReport.
+void computeDetail(const ReportDefinition& report, Session& session, const Conditions& conditions,
+                   ComputedReport& computed);
+
+// What a record leaves out is the family's.
+[[nodiscard]] constexpr DetailReport detail(ReportDefinition report, const DetailMember& member) {
+  const bool multiColumn = member.columnFlag != 0;
+  const bool oneAccount = member.selects.accounts == chosenAccount;
+  report.rules = multiColumn ? std::span<const std::string_view>(multiColumnRules) : detailRules;
+  report.toolbar = detailToolbar;
+  report.formats = multiColumn ? multiColumnFormats : oneAccount ? detailFormats : formatsOfManyAccounts;
+  report.compute = computeDetail;
+  return {report, member};
+}
+
+[[nodiscard]] std::span<const DetailReport* const> personDetails();
+[[nodiscard]] std::span<const DetailReport* const> unitDetails();
+[[nodiscard]] std::span<const DetailReport* const> departmentDetails();
+[[nodiscard]] std::span<const DetailReport* const> projectDetails();
+
+// The whole family.
+[[nodiscard]] std::vector<const DetailReport*> detailReports();
+
+}  // namespace tz
