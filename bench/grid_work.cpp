@@ -11,6 +11,7 @@ ComputedReport makeReport(std::int64_t rows) {
   ComputedReport report;
   report.title = "三栏式明细帐";
   auto& grid = report.grid;
+  const auto subject = report.subjects.keep({.account = 1, .dept = 1, .person = 1});
   addLedgerColumns(grid, amountLayout("金额式"), threeColumnCaptions);
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) {
@@ -21,6 +22,7 @@ ComputedReport makeReport(std::int64_t rows) {
     grid.SetNumber(row, row % 2 == 0 ? 3 : 4, row % 2 == 0 ? figure / 4 : figure / 8);
     grid.SetText(row, 5, "借");
     grid.SetNumber(row, 6, figure / 2);
+    report.subjects.set(row, subject, RowSubjects::wholeReport, {Book::posted, row, row / 4});
   }
   return report;
 }

@@ -1,4 +1,4 @@
-// A grid of any length with the cells that bare_xlsx.c writes.
+// A grid of any length with the cells that bare_xlsx.c writes, each row with what it is about.
 #pragma once
 
 #include <cstdint>

@@ -46,14 +46,15 @@ bool DetailRows::hasOpeningRow(const LedgerBalance& balance) { return std::abs(b
 
 void DetailRows::writeOpening(std::string_view caption, const LedgerBalance& balance) {
   if (!hasOpeningRow(balance)) return;
-  const auto row = appendRow(RowKind::opening);
+  const auto row = appendNamed(RowKind::opening);
   grid_.SetText(row, summaryColumn, caption);
   writeBalance(grid_, row, layout_.opening, balance.amount >= 0 ? "借" : "贷", balance);
 }
 
 void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, Book book) {
-  const auto row = writeRow(line, balance, RowKind::line);
+  const auto row = appendRow(RowKind::line);
   subjects_.set(row, subjectOf(line.account), level_, {book, line.line, line.voucher});
+  fillRow(row, line, balance);
   if (columns_ != nullptr) columns_->writeLine(grid_, row, line);
   if (book == Book::posted) return;
   grid_.SetBackground(row, lightGreen);
@@ -61,21 +62,21 @@ void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance,
 }
 
 std::int64_t DetailRows::writeTotal(const LedgerLine& total, const LedgerBalance& balance, RowKind kind) {
-  return writeRow(total, balance, kind);
+  const auto row = appendNamed(kind);
+  fillRow(row, total, balance);
+  return row;
 }
 
 void DetailRows::writeHeading(std::string_view name) {
-  grid_.SetText(appendRow(RowKind::heading), summaryColumn, name);
+  grid_.SetText(appendNamed(RowKind::heading), summaryColumn, name);
 }
 
-std::int64_t DetailRows::writeRow(const LedgerLine& line, const LedgerBalance& balance, RowKind kind) {
-  const auto row = appendRow(kind);
+void DetailRows::fillRow(std::int64_t row, const LedgerLine& line, const LedgerBalance& balance) {
   grid_.SetText(row, 0, line.dateText);
   grid_.SetText(row, 1, line.voucherNumber);
   grid_.SetText(row, summaryColumn, line.summary);
   writeMovements(grid_, row, layout_, line);
   writeBalance(grid_, row, layout_.balance, runningDirection(balance.amount), balance);
-  return row;
 }
 
 std::string_view DetailRows::runningDirection(double amount) const {
@@ -86,6 +87,11 @@ std::int64_t DetailRows::appendRow(RowKind kind) {
   const auto row = grid_.GetRows();
   grid_.SetRows(row + 1);
   grid_.SetRowKind(row, kind);
+  return row;
+}
+
+std::int64_t DetailRows::appendNamed(RowKind kind) {
+  const auto row = appendRow(kind);
   subjects_.set(row, subject_, level_);
   return row;
 }

@@ -29,8 +29,10 @@ class DetailRows {
 
  private:
   std::int64_t appendRow(RowKind kind);
+  // The same, about what was said last.
+  std::int64_t appendNamed(RowKind kind);
   [[nodiscard]] RowSubjects::Place subjectOf(Id account);
-  std::int64_t writeRow(const LedgerLine& line, const LedgerBalance& balance, RowKind kind);
+  void fillRow(std::int64_t row, const LedgerLine& line, const LedgerBalance& balance);
   [[nodiscard]] std::string_view runningDirection(double amount) const;
 
   CTzGrid& grid_;
