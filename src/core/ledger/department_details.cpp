@@ -56,7 +56,7 @@ constexpr auto accountLedger = detail(
             {
                 .accounts = chosenAccount,
                 .dimension = [](const Conditions&) { return Sql("lDeptId <> 0"); },
-                .groups = {{Entity::dept, "小计"}},
+                .groups = {{.entity = Entity::dept, .subtotal = "小计"}},
                 .order = "s.lTieId",
                 .unpostedOrder = "s.dtDate, s.lTieId",
             },
@@ -91,7 +91,7 @@ constexpr auto deptLedger = detail(
                 .accounts = deptAccounts,
                 .dimension = oneDept,
                 .balancesOnly = "mBegin IS NOT NULL",
-                .groups = {{Entity::account, "小计"}},
+                .groups = {{.entity = Entity::account, .subtotal = "小计"}},
                 .order = "s.lTieId",
                 .unpostedOrder = "s.dtDate, s.lTieId",
             },

@@ -65,7 +65,8 @@ constexpr auto accountLedger = detail(
             {
                 .accounts = chosenAccount,
                 .dimension = [](const Conditions&) { return Sql("lDeptId <> 0 AND lPersonId <> 0"); },
-                .groups = {{Entity::dept, "部门小计"}, {Entity::person, "个人小计"}},
+                .groups = {{.entity = Entity::dept, .subtotal = "部门小计"},
+                           {.entity = Entity::person, .subtotal = "个人小计"}},
                 .order = "s.dtDate",
             },
         .openingCaption = "个人期初",
@@ -107,7 +108,7 @@ constexpr auto deptLedger = detail(
             {
                 .accounts = chosenAccount,
                 .dimension = [](const Conditions& c) { return Sql("lDeptId = ? AND lPersonId <> 0", c.dept.lDeptId); },
-                .groups = {{Entity::person, "个人小计"}},
+                .groups = {{.entity = Entity::person, .subtotal = "个人小计"}},
                 .order = "s.dtDate",
             },
         .openingCaption = "个人期初",
@@ -139,7 +140,7 @@ constexpr auto personLedger = detail(
         .selects =
             {
                 .dimension = onePerson,
-                .groups = {{Entity::account, "科目小计"}},
+                .groups = {{.entity = Entity::account, .subtotal = "科目小计"}},
                 .order = "s.dtDate",
             },
         .openingCaption = "科目期初",

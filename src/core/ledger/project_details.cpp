@@ -95,7 +95,7 @@ constexpr auto accountLedger = detail(
                 .accounts = chosenAccount,
                 .dimension = itemsOfClass,
                 .balancesOnly = "mBegin <> 0",
-                .groups = {{Entity::item, "项目小计"}},
+                .groups = {{.entity = Entity::item, .subtotal = "项目小计"}},
                 .order = "s.lTieId",
                 .unpostedOrder = "s.dtDate",
             },
@@ -243,7 +243,8 @@ constexpr auto deptLedger = detail(
                              (c.dept.lDeptId == 0 ? " AND lDeptId <> 0" : Sql(" AND lDeptId = ?", c.dept.lDeptId));
                     },
                 .balancesOnly = "mBegin <> 0",
-                .groups = {{Entity::dept, "部门小结"}, {Entity::item, "项目小结"}},
+                .groups = {{.entity = Entity::dept, .subtotal = "部门小结"},
+                           {.entity = Entity::item, .subtotal = "项目小结"}},
                 .order = "s.lTieId",
                 .unpostedOrder = "s.dtDate",
             },

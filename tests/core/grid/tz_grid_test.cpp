@@ -4,6 +4,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "core/grid/row_subjects.h"
 #include "core/output/grid_reports.h"
 
 namespace tz::test {
@@ -83,9 +84,10 @@ TEST(TzGrid, TextsSurviveAMove) {
   EXPECT_EQ(moved.TextAt(1, 0), "a summary of more than fifteen bytes");
 }
 
-TEST(TzGrid, AMillionRowsStayBelow200BytesEach) {
+TEST(TzGrid, AMillionRowsAndTheirSubjectsStayBelow200BytesEach) {
   constexpr std::int64_t rows = 1'000'000;
   CTzGrid grid = gridOf(7, 0);
+  RowSubjects subjects;
   for (std::int64_t row = 0; row < rows; ++row) {
     grid.SetRows(row + 1);
     grid.SetText(row, 0, "2006.01.05");
@@ -93,8 +95,12 @@ TEST(TzGrid, AMillionRowsStayBelow200BytesEach) {
     const bool own = row % 3 == 0;
     grid.SetText(row, 2, "报销差旅费及住宿费等 " + std::to_string(own ? row : row % 100));
     grid.SetNumber(row, 3, static_cast<double>(row));
+    // A block of ten rows, with a subject of its own.
+    subjects.set(row, subjects.keep({.account = 1, .unit = 1 + row / 10}), 0, {Book::unposted, row, row / 4});
   }
-  EXPECT_LT(grid.MemoryUsed(), 200 * rows);
+  EXPECT_LT(grid.MemoryUsed() + subjects.memoryUsed(), 200 * rows);
+  EXPECT_EQ(subjects.of(999'989).unit, 99'999);
+  EXPECT_EQ(subjects.line(999'989), (LineId{Book::unposted, 999'989, 249'997}));
   EXPECT_EQ(grid.TextAt(999'999, 2), "报销差旅费及住宿费等 999999");
   EXPECT_EQ(grid.TextAt(999'998, 2), "报销差旅费及住宿费等 98");
   EXPECT_EQ(grid.NumberAt(500'000, 3), 500'000);
