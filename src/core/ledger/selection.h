@@ -23,6 +23,8 @@ struct Selection {
   // The order of lines within a block, columns of the line as "s."; voucher and line id continue it.
   std::string_view order = {};
   std::string_view unpostedOrder = {};  // where unposted lines stand otherwise
+  // No index has this order, so the database sorts the lines: for reports whose lines are few.
+  bool sorted = false;
 };
 
 // The accounts of a condition: the chosen one with all below it; those picked with all below them, or all.
