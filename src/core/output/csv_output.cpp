@@ -52,7 +52,7 @@ void appendCaptions(std::string& out, const CTzGrid& grid, std::string GridColum
 // Whether a column behind the others says what a colour says elsewhere.
 bool hasMarks(const ComputedReport& report) { return !report.highlightMeaning.empty(); }
 
-void appendHead(std::string& out, const ComputedReport& report) {
+void appendCsvHead(std::string& out, const ComputedReport& report) {
   for (const HeadLine& line : headLines(report)) appendLine(out, line.text);
   bool grouped = false;
   for (const GridColumn& column : report.grid.Columns()) grouped = grouped || !column.group.empty();
@@ -85,7 +85,7 @@ void appendRow(std::string& out, const ComputedReport& report, std::int64_t row)
 
 bool writeRecords(const ComputedReport& report, BlockWriter& writer, const FileProgress& progress) {
   const CTzGrid& grid = report.grid;
-  appendHead(writer.text, report);
+  appendCsvHead(writer.text, report);
   for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
     if (progress && row % rowsPerProgress == 0 && !progress(row, grid.GetRows())) return false;
     appendRow(writer.text, report, row);

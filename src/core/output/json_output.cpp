@@ -103,7 +103,7 @@ void appendCell(std::string& out, const CTzGrid& grid, std::int64_t row, int col
   }
 }
 
-void appendHead(std::string& out, const ComputedReport& report) {
+void appendJsonHead(std::string& out, const ComputedReport& report) {
   out += "{\"report\": " + std::to_string(report.report) + ", \"window\": " + std::to_string(report.window) + ", ";
   appendMember(out, "title", report.title);
   out += ", ";
@@ -145,7 +145,7 @@ void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
 
 bool writeJson(const ComputedReport& report, const Sink& sink) {
   BlockWriter writer(sink);
-  appendHead(writer.text, report);
+  appendJsonHead(writer.text, report);
   for (std::int64_t row = 0; row < report.grid.GetRows(); ++row) {
     appendRow(writer.text, report.grid, row);
     if (!writer.HandOver()) return false;

@@ -18,7 +18,7 @@
 namespace tz {
 namespace {
 
-constexpr std::int64_t rowsPerProgress = 4096;
+constexpr std::int64_t sheetRowsPerProgress = 4096;
 constexpr int portraitPixels = 660;  // what fits beside each other on an upright page without shrinking
 constexpr std::uint8_t paperA4 = 9;
 constexpr Rgb warningGround = 0xFFF0CC;
@@ -55,7 +55,7 @@ class XlsxWriter {
   bool Write() {
     StartSheet();
     for (std::int64_t row = 0; row < grid_.GetRows(); ++row) {
-      if (options_.progress && row % rowsPerProgress == 0 && !options_.progress(row, grid_.GetRows())) return false;
+      if (options_.progress && row % sheetRowsPerProgress == 0 && !options_.progress(row, grid_.GetRows())) return false;
       MakeRoom();
       WriteRow(row);
     }
