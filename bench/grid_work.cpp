@@ -12,7 +12,7 @@ ComputedReport makeReport(std::int64_t rows) {
   report.title = "三栏式明细帐";
   auto& grid = report.grid;
   const auto subject = report.subjects.keep({.account = 1, .dept = 1, .person = 1});
-  addLedgerColumns(grid, amountLayout("金额式"), threeColumnCaptions);
+  addLedgerColumns(grid, amountLayout(AmountFormat::amount), threeColumnCaptions);
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) {
     const auto figure = static_cast<double>(row);

@@ -6,6 +6,7 @@
 
 #include "cli/ledger_names.h"
 #include "core/catalogue/catalogue.h"
+#include "core/data/amount_format.h"
 #include "core/reports/parameter.h"
 
 namespace tz::cli {
@@ -77,15 +78,13 @@ const Parameter* conditionOf(const CLI::Option& option) {
   return found == all.end() ? nullptr : &*found;
 }
 
-// The amount formats; which of them an account offers is seen when the report is asked for.
-constexpr std::array amountFormats = {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
-
 void addConditionChoices(Candidates& found, const Parameter& condition) {
   if (condition.kind == Parameter::Kind::choice) {
     for (const auto choice : choicesOf(condition.choices)) found.words.push_back({std::string(choice), ""});
   }
   if (condition.key == ParameterKey::format) {
-    for (const auto* format : amountFormats) found.words.push_back({format, ""});
+    // Which of them an account offers is seen when the report is asked for.
+    for (const auto& format : amountFormats) found.words.push_back({std::string(format.name), ""});
   }
   if (condition.kind == Parameter::Kind::month) {
     for (int month = 1; month <= 12; ++month) found.words.push_back({std::to_string(month), ""});

@@ -27,7 +27,7 @@ MAY_INCLUDE = {
     "core/platform": set(),
     "core/data": {"core/platform"},
     "core/grid": {"core/data"},
-    "core/output": {"core/platform", "core/grid"},
+    "core/output": {"core/platform", "core/data", "core/grid"},
     "core/sample": {"core/data"},
     "core/check": {"core/data"},
     "core/reports": set(ACCOUNTING[:-1]),

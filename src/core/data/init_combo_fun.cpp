@@ -81,7 +81,6 @@ ComboList CInitComboFun::InitItemClassCombox(const CQnCwDB& db) {
 
 AccountAmounts CInitComboFun::InitAmountCombox(CGetData& data, std::string_view codeText) {
   AccountAmounts amounts;
-  amounts.formats = {"金额式"};
   if (const auto* account = data.GetCODEINFOByCode(CGetData::GetCode_Separator(codeText))) {
     amounts.direction = account->bDirect != 0 ? 1 : 0;
     amounts.unit = account->sUnit;
@@ -94,9 +93,10 @@ AccountAmounts CInitComboFun::InitAmountCombox(CGetData& data, std::string_view 
   }
   const bool quantities = !amounts.unit.empty();
   const bool foreign = !amounts.currency.empty();
-  if (quantities) amounts.formats.emplace_back("数量金额式");
-  if (foreign) amounts.formats.emplace_back("外币金额式");
-  if (quantities && foreign) amounts.formats.emplace_back("数量外币式");
+  for (const auto& shown : amountFormats) {
+    const bool kept = (!shown.quantities || quantities) && (!shown.foreign || foreign);
+    if (shown.amounts && kept) amounts.formats.push_back(shown.format);
+  }
   amounts.preselectedFormat = amounts.formats.back();
   return amounts;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/data/amount_format.h"
 #include "core/data/get_data.h"
 #include "core/data/qncw_db.h"
 
@@ -22,12 +23,12 @@ using ComboList = std::vector<ComboEntry>;
 
 // What an account keeps besides amounts, and the amount formats that follow from it.
 struct AccountAmounts {
-  int direction = 1;     // 1 debit, 0 credit balance account
-  std::string unit;      // quantity unit, empty = no quantities
-  std::string currency;  // foreign currency, empty = home currency only
-  int rateMethod = 1;    // 1: rate = amount ÷ foreign, else foreign ÷ amount
-  std::vector<std::string> formats;
-  std::string preselectedFormat;  // the richest one
+  int direction = 1;                                      // 1 debit, 0 credit balance account
+  std::string unit;                                       // quantity unit, empty = no quantities
+  std::string currency;                                   // foreign currency, empty = home currency only
+  int rateMethod = 1;                                     // 1: rate = amount ÷ foreign, else foreign ÷ amount
+  std::vector<AmountFormat> formats;                      // those whose figures it keeps, "外币式" apart
+  AmountFormat preselectedFormat = AmountFormat::amount;  // the richest one; without one account the plainest
 };
 
 inline constexpr std::string_view allMembers = "全部";

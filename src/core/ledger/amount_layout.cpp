@@ -10,7 +10,7 @@ namespace tz {
 namespace {
 
 constexpr std::array layouts = {
-    AmountLayout{.format = "金额式",
+    AmountLayout{.format = AmountFormat::amount,
                  .kind = 0,
                  .columns = 7,
                  .debitAmount = 3,
@@ -18,14 +18,14 @@ constexpr std::array layouts = {
                  .balance = {.direction = 5, .amount = 6},
                  .opening = {.direction = 5, .amount = 6}},
     // The header of 金额式 under the places of a wider one: the grid refuses what lies beyond its seven columns.
-    AmountLayout{.format = "外币式",
+    AmountLayout{.format = AmountFormat::foreignAlone,
                  .kind = 0,
                  .columns = 7,
                  .debitForeign = 4,
                  .creditForeign = 6,
                  .balance = {.direction = 8, .foreign = 9},
                  .opening = {.direction = 5, .foreign = 6}},
-    AmountLayout{.format = "数量金额式",
+    AmountLayout{.format = AmountFormat::quantityAmount,
                  .kind = 1,
                  .columns = 12,
                  .unitPrice = 3,
@@ -35,7 +35,7 @@ constexpr std::array layouts = {
                  .creditAmount = 7,
                  .balance = {.direction = 8, .quantity = 9, .unitPrice = 10, .amount = 11},
                  .opening = {.direction = 8, .quantity = 9, .unitPrice = 10, .amount = 11}},
-    AmountLayout{.format = "外币金额式",
+    AmountLayout{.format = AmountFormat::foreignAmount,
                  .kind = 2,
                  .columns = 12,
                  .exchangeRate = 3,
@@ -46,7 +46,7 @@ constexpr std::array layouts = {
                  .balance = {.direction = 8, .foreign = 9, .exchangeRate = 10, .amount = 11},
                  .opening = {.direction = 8, .foreign = 9, .exchangeRate = 10, .amount = 11}},
     AmountLayout{
-        .format = "数量外币式",
+        .format = AmountFormat::quantityForeign,
         .kind = 3,
         .columns = 17,
         .unitPrice = 3,
@@ -77,22 +77,24 @@ void writeFigure(CTzGrid& grid, std::int64_t row, int column, double value) {
 
 }  // namespace
 
-const AmountLayout& amountLayout(std::string_view format) {
+const AmountLayout& amountLayout(AmountFormat format) {
   const auto* const found = std::ranges::find(layouts, format, &AmountLayout::format);
   assert(found != layouts.end());
   return *found;
 }
 
-std::vector<std::string> detailFormats(const Conditions& conditions) {
+std::vector<AmountFormat> detailFormats(const Conditions& conditions) {
   auto formats = conditions.amounts.formats;
-  if (!conditions.amounts.currency.empty()) formats.emplace_back("外币式");
+  if (!conditions.amounts.currency.empty()) formats.push_back(AmountFormat::foreignAlone);
   return formats;
 }
 
-std::vector<std::string> multiColumnFormats(const Conditions& conditions) { return conditions.amounts.formats; }
+std::vector<AmountFormat> multiColumnFormats(const Conditions& conditions) { return conditions.amounts.formats; }
 
-std::vector<std::string> formatsOfManyAccounts(const Conditions& /*conditions*/) {
-  return {"金额式", "数量金额式", "外币金额式", "数量外币式", "外币式"};
+std::vector<AmountFormat> formatsOfManyAccounts(const Conditions& /*conditions*/) {
+  std::vector<AmountFormat> all;
+  for (const auto& shown : amountFormats) all.push_back(shown.format);
+  return all;
 }
 
 void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout, const LedgerCaptions& captions) {

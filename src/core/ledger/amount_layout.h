@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/data/amount_format.h"
 #include "core/grid/tz_grid.h"
 #include "core/ledger/ledger_line.h"
 #include "core/reports/conditions.h"
@@ -15,7 +16,7 @@ namespace tz {
 struct AmountLayout {
   static constexpr int none = -1;
 
-  std::string_view format;
+  AmountFormat format;
   int kind;     // of the movement groups; balance groups are kind + 4
   int columns;  // of the header
 
@@ -29,17 +30,17 @@ struct AmountLayout {
   Balance balance;  // of lines and totals
   Balance opening;  // of the opening row
 
-  [[nodiscard]] bool showsQuantities() const { return debitQuantity != none; }
-  [[nodiscard]] bool showsForeign() const { return debitForeign != none; }
+  [[nodiscard]] bool showsQuantities() const { return traitsOf(format).quantities; }
+  [[nodiscard]] bool showsForeign() const { return traitsOf(format).foreign; }
 };
 
-[[nodiscard]] const AmountLayout& amountLayout(std::string_view format);
+[[nodiscard]] const AmountLayout& amountLayout(AmountFormat format);
 // What a detail ledger offers beyond the account's own formats: "外币式" where the account keeps foreign amounts.
-[[nodiscard]] std::vector<std::string> detailFormats(const Conditions& conditions);
+[[nodiscard]] std::vector<AmountFormat> detailFormats(const Conditions& conditions);
 // The same without "外币式", whose figures would stand in the sub-account columns.
-[[nodiscard]] std::vector<std::string> multiColumnFormats(const Conditions& conditions);
+[[nodiscard]] std::vector<AmountFormat> multiColumnFormats(const Conditions& conditions);
 // Reports without one account: every format, "金额式" first.
-[[nodiscard]] std::vector<std::string> formatsOfManyAccounts(const Conditions& conditions);
+[[nodiscard]] std::vector<AmountFormat> formatsOfManyAccounts(const Conditions& conditions);
 
 // Captions and widths of the fixed columns.
 struct FixedColumn {

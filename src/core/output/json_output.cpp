@@ -113,7 +113,7 @@ void appendJsonHead(std::string& out, const ComputedReport& report) {
   out += ",\n ";
   appendMember(out, "unit", report.unit);
   out += ", ";
-  appendMember(out, "format", report.format);
+  appendMember(out, "format", report.format ? formatName(*report.format) : std::string_view());
   out += ",\n \"conditions\": ";
   appendTexts(out, report.conditions);
   out += ",\n \"columns\": [";

@@ -1,24 +1,26 @@
 // A computed report and its outputs. Every face of a report (terminal, JSON, files, window, page) reads this.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/grid/row_subjects.h"
+#include "core/data/amount_format.h"
 #include "core/grid/tz_grid.h"
 #include "core/platform/sink.h"
 
 namespace tz {
 
 struct ComputedReport {
-  int report = 0;        // command id of the navigator
-  int window = 0;        // dialog id of its window
-  std::string title;     // print title
-  std::string subtitle;  // one or two lines
-  std::string period;    // "月份: 2006.01 - 2006.03"; empty for reports without months
-  std::string unit;      // quantity unit and currency, as the amount format asks
-  std::string format;    // amount format; empty for reports without one
+  int report = 0;                      // command id of the navigator
+  int window = 0;                      // dialog id of its window
+  std::string title;                   // print title
+  std::string subtitle;                // one or two lines
+  std::string period;                  // "月份: 2006.01 - 2006.03"; empty for reports without months
+  std::string unit;                    // quantity unit and currency, as the amount format asks
+  std::optional<AmountFormat> format;  // none for reports without formats
   // The other conditions, each with its caption: "项目范围: X1 至 X9".
   std::vector<std::string> conditions;
   // Proposed for its files, without an ending: title, subject, months.

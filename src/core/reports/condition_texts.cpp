@@ -140,7 +140,9 @@ std::vector<std::string> conditionTexts(const ReportDefinition& report, const Co
     auto text = conditionText(control, conditions);
     if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
   }
-  if (report.formats != nullptr && conditions.format != "金额式") texts.push_back("金额格式: " + conditions.format);
+  if (report.formats != nullptr && conditions.format != AmountFormat::amount) {
+    texts.push_back(fmt::format("金额格式: {}", formatName(conditions.format)));
+  }
   return texts;
 }
 
@@ -156,7 +158,7 @@ std::vector<Notice> conditionNotices(const ReportDefinition& report, const Condi
       warn(projectsReversed);
     }
   }
-  if (conditions.format == "外币式") warn(shiftedForeignFormat);
+  if (conditions.format == AmountFormat::foreignAlone) warn(shiftedForeignFormat);
   if (const auto year = accountYear(session.db); year && *year != session.logon.year) {
     warn(fmt::format("登录日期 {} 不在会计年度 {} 内，表中月份的年份与帐套不符。", isoText(session.logon), *year));
   }

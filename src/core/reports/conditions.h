@@ -43,7 +43,7 @@ struct Conditions {
   int from = 0;
   int to = 0;
   bool unposted = false;
-  std::string format;  // amount format to show
+  AmountFormat format = AmountFormat::amount;  // to show
 
   // An account as subtitles show it.
   [[nodiscard]] std::string accountText() const { return account.sCode + " " + account.sName; }

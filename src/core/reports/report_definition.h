@@ -50,7 +50,7 @@ struct ReportDefinition {
   // The printed subtitle of these conditions.
   std::string (*subtitle)(const Conditions&) = nullptr;
   // The amount formats that may be chosen for these conditions.
-  std::vector<std::string> (*formats)(const Conditions&) = nullptr;
+  std::vector<AmountFormat> (*formats)(const Conditions&) = nullptr;
   // Fills the grid, whose columns are not yet there, its notices and the subjects of its rows.
   void (*compute)(const ReportDefinition&, Session&, const Conditions&, ComputedReport&) = nullptr;
 };
@@ -77,6 +77,6 @@ using ReportOutcome = std::variant<ComputedReport, Refusal, Cancelled>;
 // The painted and, for the detail ledgers, the printed form: "月份: 2006.1--2006.3".
 [[nodiscard]] std::string paintedPeriodText(int year, int from, int to);
 // Quantity unit and currency below the subtitle, as the amount format asks for them.
-[[nodiscard]] std::string unitText(std::string_view format, const AccountAmounts& amounts);
+[[nodiscard]] std::string unitText(AmountFormat format, const AccountAmounts& amounts);
 
 }  // namespace tz

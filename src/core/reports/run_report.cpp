@@ -12,12 +12,16 @@ namespace {
 
 void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
   const auto asked = conditions.request.text(ParameterKey::format);
-  const auto& preselected = conditions.amounts.preselectedFormat;  // empty: no one account, so no richest format
-  conditions.format = !asked.empty() ? asked : preselected.empty() ? "金额式" : preselected;
+  conditions.format = conditions.amounts.preselectedFormat;
   if (asked.empty() || report.formats == nullptr) return;
   const auto offered = report.formats(conditions);
-  if (std::ranges::find(offered, asked) != offered.end()) return;
-  throw WrongUse(ParameterKey::format, fmt::format("“{}”不适用于所选科目，可用：{}", asked, fmt::join(offered, "、")));
+  const auto named = amountFormatNamed(asked);
+  if (!named || std::ranges::find(offered, *named) == offered.end()) {
+    std::vector<std::string_view> names;
+    std::ranges::transform(offered, std::back_inserter(names), formatName);
+    throw WrongUse(ParameterKey::format, fmt::format("“{}”不适用于所选科目，可用：{}", asked, fmt::join(names, "、")));
+  }
+  conditions.format = *named;
 }
 
 ComputedReport compute(const ReportDefinition& report, const Conditions& conditions, Session& session) {
@@ -28,7 +32,7 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.subtitle = report.subtitle(conditions);
   computed.period = periodText(session.logon.year, conditions.from, conditions.to);
   computed.unit = unitText(conditions.format, conditions.amounts);
-  computed.format = conditions.format;
+  if (report.formats != nullptr) computed.format = conditions.format;
   computed.conditions = conditionTexts(report, conditions);
   computed.fileName = proposedFileName(report, conditions, session.logon.year);
   if (conditions.unposted) computed.highlightMeaning = "未记帐凭证";
@@ -121,12 +125,12 @@ std::string paintedPeriodText(int year, int from, int to) {
   return fmt::format("月份: {:4}.{}--{:4}.{}", year, from, year, to);
 }
 
-std::string unitText(std::string_view format, const AccountAmounts& amounts) {
-  if (format == "数量金额式") return amounts.unit;
-  if (format == "外币金额式") return amounts.currency;
-  const bool both = !amounts.unit.empty() && !amounts.currency.empty();  // without one account there are none
-  if (format == "数量外币式" && both) return amounts.unit + "\n" + amounts.currency;
-  return {};
+std::string unitText(AmountFormat format, const AccountAmounts& amounts) {
+  const auto& shown = traitsOf(format);
+  if (!shown.amounts) return {};
+  std::string text = shown.quantities ? amounts.unit : "";
+  if (!shown.foreign || amounts.currency.empty()) return text;
+  return text.empty() ? amounts.currency : text + "\n" + amounts.currency;
 }
 
 }  // namespace tz

@@ -64,11 +64,11 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
   layout->addLayout(labels);
 }
 
-void ReportHeading::SetFormats(const std::vector<std::string>& formats, const std::string& shown) {
+void ReportHeading::SetFormats(const std::vector<AmountFormat>& formats, std::optional<AmountFormat> shown) {
   format_->clear();
-  for (const auto& format : formats) format_->addItem(toQt(format));
-  rememberedFormat_ = toQt(shown);
-  format_->setCurrentText(rememberedFormat_);
+  for (const auto format : formats) format_->addItem(toQt(formatName(format)), static_cast<int>(format));
+  rememberedFormat_ = shown ? format_->findData(static_cast<int>(*shown)) : -1;
+  format_->setCurrentIndex(rememberedFormat_);
 }
 
 void ReportHeading::SetPeriod(const std::string& text) {
@@ -86,19 +86,19 @@ void ReportHeading::SetOthers(const tz::Conditions& conditions) {
   others_->setToolTip(others_->text());
 }
 
-void ReportHeading::SetUnits(const AccountAmounts& amounts, const std::string& format) {
-  const QString shown = toQt(format);
+void ReportHeading::SetUnits(const AccountAmounts& amounts, std::optional<AmountFormat> format) {
+  const auto& shown = traitsOf(format.value_or(AmountFormat::amount));
   currency_->setText(QStringLiteral("外币名称: %1").arg(toQt(amounts.currency)));
-  currency_->setVisible(shown.contains(QStringLiteral("外币")));
+  currency_->setVisible(shown.foreign);
   unit_->setText(QStringLiteral("数量单位: %1").arg(toQt(amounts.unit)));
-  unit_->setVisible(shown.contains(QStringLiteral("数量")));
+  unit_->setVisible(shown.quantities);
 }
 
 void ReportHeading::OnFormatChosen() {
-  const QString chosen = format_->currentText();
-  if (format_->currentIndex() < 0 || chosen == rememberedFormat_) return;
+  const int chosen = format_->currentIndex();
+  if (chosen < 0 || chosen == rememberedFormat_) return;
   rememberedFormat_ = chosen;
-  emit formatChosen(chosen);
+  emit formatChosen(static_cast<AmountFormat>(format_->itemData(chosen).toInt()));
 }
 
 }  // namespace tz

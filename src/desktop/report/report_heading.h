@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,16 +23,16 @@ class ReportHeading : public QWidget {
 
   [[nodiscard]] ConditionCombos& Conditions() const { return *conditions_; }
   // The formats to choose from and the one that is shown.
-  void SetFormats(const std::vector<std::string>& formats, const std::string& shown);
+  void SetFormats(const std::vector<AmountFormat>& formats, std::optional<AmountFormat> shown);
   void SetPeriod(const std::string& text);
   // Shows the conditions that have no combo of their own, as one line.
   void SetOthers(const tz::Conditions& conditions);
   // Quantity unit and currency, each shown when the format has figures of that kind.
-  void SetUnits(const AccountAmounts& amounts, const std::string& format);
+  void SetUnits(const AccountAmounts& amounts, std::optional<AmountFormat> format);
 
  signals:
   // Another format than before was chosen by hand.
-  void formatChosen(const QString& format);
+  void formatChosen(tz::AmountFormat format);
 
  private:
   void OnFormatChosen();
@@ -43,7 +44,7 @@ class ReportHeading : public QWidget {
   PaintedStatic* others_;
   QComboBox* format_;
   ConditionCombos* conditions_;
-  QString rememberedFormat_;
+  int rememberedFormat_ = -1;  // its place in the combo
 };
 
 }  // namespace tz

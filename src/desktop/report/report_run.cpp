@@ -13,11 +13,10 @@ OfferedFormats offeredFormats(const ReportDefinition& report, const Request& req
   Conditions conditions;
   const auto account = request.text(ParameterKey::account);
   if (!account.empty()) conditions.amounts = CInitComboFun::InitAmountCombox(data, account);
-  OfferedFormats offered{report.formats(conditions), request.text(ParameterKey::format)};
-  if (std::ranges::find(offered.formats, offered.chosen) != offered.formats.end()) return offered;
-  const auto& richest = conditions.amounts.preselectedFormat;
-  offered.chosen = richest.empty() ? "金额式" : richest;
-  return offered;
+  auto formats = report.formats(conditions);
+  const auto asked = std::ranges::find(formats, request.text(ParameterKey::format), formatName);
+  const auto chosen = asked == formats.end() ? conditions.amounts.preselectedFormat : *asked;
+  return {std::move(formats), chosen};
 }
 
 std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefinition& report, Request request,
@@ -31,7 +30,7 @@ std::variant<ShownReport, Refusal, Cancelled> computeForWindow(const ReportDefin
   shown.conditions = std::get<Conditions>(std::move(validated));
   if (report.formats != nullptr) {
     shown.formats = report.formats(shown.conditions);
-    if (std::ranges::find(shown.formats, request.text(ParameterKey::format)) == shown.formats.end()) {
+    if (std::ranges::find(shown.formats, request.text(ParameterKey::format), formatName) == shown.formats.end()) {
       request.clear(ParameterKey::format);
     }
   }

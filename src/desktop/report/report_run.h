@@ -2,7 +2,7 @@
 // labels show.
 #pragma once
 
-#include <string>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -13,14 +13,14 @@ namespace tz {
 struct ShownReport {
   Request request;
   Conditions conditions;
-  std::vector<std::string> formats;  // to choose from; empty for reports without amount formats
+  std::vector<AmountFormat> formats;  // to choose from; empty for reports without amount formats
   ComputedReport report;
 };
 
 // The formats of the account that is asked for, and the one of them that holds.
 struct OfferedFormats {
-  std::vector<std::string> formats;
-  std::string chosen;
+  std::vector<AmountFormat> formats;
+  std::optional<AmountFormat> chosen;  // none for reports without formats
 };
 [[nodiscard]] OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db);
 

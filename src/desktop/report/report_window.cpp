@@ -340,8 +340,8 @@ void ReportWindow::AwaitPerson(bool personsChange) {
   EnableCommands();
 }
 
-void ReportWindow::OnFormatChosen(const QString& format) {
-  request_.set(ParameterKey::format, fromQt(format));
+void ReportWindow::OnFormatChosen(AmountFormat format) {
+  request_.set(ParameterKey::format, formatName(format));
   if (awaitsPerson_) {
     Attempt([this] { AwaitPerson(false); });
   } else {

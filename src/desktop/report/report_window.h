@@ -75,7 +75,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void TellStopped();
   // Departments change their persons: with none chosen there is nothing to show yet.
   void OnConditionChosen(ParameterKey key, const MemberChoice& member);
-  void OnFormatChosen(const QString& format);
+  void OnFormatChosen(AmountFormat format);
   void AwaitPerson(bool personsChange);
   // What takes the rows waits for them.
   void EnableCommands();

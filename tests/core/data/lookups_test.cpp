@@ -137,15 +137,17 @@ TEST_P(Lookups, FillCombos) {
 TEST_P(Lookups, OfferTheFormatsThatAnAccountKeeps) {
   CGetData data(db_);
   const auto plain = CInitComboFun::InitAmountCombox(data, "122101 借款");
-  EXPECT_EQ(plain.formats, (std::vector<std::string>{"金额式"}));
+  EXPECT_EQ(plain.formats, std::vector{AmountFormat::amount});
   const auto both = CInitComboFun::InitAmountCombox(data, "122102");
-  EXPECT_EQ(both.formats, (std::vector<std::string>{"金额式", "数量金额式", "外币金额式", "数量外币式"}));
-  EXPECT_EQ(both.preselectedFormat + both.unit + both.currency, "数量外币式台美元");
+  EXPECT_EQ(both.formats, (std::vector{AmountFormat::amount, AmountFormat::quantityAmount, AmountFormat::foreignAmount,
+                                       AmountFormat::quantityForeign}));
+  EXPECT_EQ(both.preselectedFormat, AmountFormat::quantityForeign);
+  EXPECT_EQ(both.unit + both.currency, "台美元");
   EXPECT_EQ(both.direction, 0);
   EXPECT_EQ(both.rateMethod, 1);
   EXPECT_EQ(CInitComboFun::InitAmountCombox(data, "1222").rateMethod, 0);
   // A currency that the ledger does not know is none.
-  EXPECT_EQ(CInitComboFun::InitAmountCombox(data, "1223").preselectedFormat, "数量金额式");
+  EXPECT_EQ(CInitComboFun::InitAmountCombox(data, "1223").preselectedFormat, AmountFormat::quantityAmount);
 }
 
 TZ_ON_BOTH_DATABASES(Lookups);

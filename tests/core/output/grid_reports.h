@@ -36,7 +36,7 @@ inline ComputedReport ledgerReport() {
   report.title = "三栏式明细帐";
   report.subtitle = "科目：1133 其他应收款\n部门：销售部     个人：张三";
   report.period = "月份: 2006.01 - 2006.02";
-  report.format = "金额式";
+  report.format = AmountFormat::amount;
   report.highlightMeaning = "未记帐凭证";
   CTzGrid& grid = report.grid;
   CTzGridControl::AddCol(grid, "日期", 70, -1);

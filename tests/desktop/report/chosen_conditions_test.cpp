@@ -104,7 +104,7 @@ TEST_F(ChosenConditions, TheOtherCombosWorkWhileTheTableWaits) {
   EXPECT_EQ(report.label("status"), "请选择个人");
   EXPECT_EQ(messages_.takeLast(), "");
   report.choose("2208", "赵六");
-  EXPECT_EQ(report.window().Shown()->report.format, "外币金额式");
+  EXPECT_EQ(report.window().Shown()->report.format, AmountFormat::foreignAmount);
   EXPECT_NE(report.window().Shown()->report.subtitle.find("122105 样机款"), std::string::npos);
   EXPECT_EQ(report.window().Shown()->report.grid.NumberAt(0, 11), 33);
 }
@@ -150,7 +150,7 @@ TEST_F(ChosenConditions, TheFormatOutlivesAQueryAfterAnAccountWasChosen) {
   report.choose("2201", "金额式");
   inModal([](QWidget& dialog) { click(dialog, "1"); });
   report.window().OnCommand(static_cast<int>(WindowCommand::query));
-  EXPECT_EQ(report.window().Shown()->report.format, "金额式");
+  EXPECT_EQ(report.window().Shown()->report.format, AmountFormat::amount);
   EXPECT_EQ(report.shown("2206"), "122105 样机款");
 }
 

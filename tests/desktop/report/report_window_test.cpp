@@ -84,7 +84,7 @@ TEST_F(ReportWindowTest, AFormatRebuildsTheColumnsAndTheUnits) {
   // An account that does not keep the format falls back on its own.
   choose(2201, "数量外币式");
   choose(2206, "122101 职工借款");
-  EXPECT_EQ(window.Shown()->report.format, "金额式");
+  EXPECT_EQ(window.Shown()->report.format, AmountFormat::amount);
   EXPECT_EQ(combo(2201).count(), 1);
 }
 
