@@ -1,24 +1,18 @@
-// CTzGridControl::AddCol: one header column or column group by its column kind, and how figures are written.
+// CTzGridControl: how the header of a report is put together.
 #pragma once
 
-#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/grid/tz_grid.h"
 
 namespace tz {
 
-// Column kinds: -1 a text column; -2 a number column (price or rate, told by its caption); 0 to 3 a movement group
-// (amount; quantity, amount; foreign, amount; quantity, foreign, amount); 4 to 7 a balance group (amount; quantity,
-// price, amount; foreign, rate, amount; quantity, price, foreign, rate, amount). A group of one column has one level.
 struct CTzGridControl {
-  static void AddCol(CTzGrid& grid, std::string_view caption, int width, int kind);
+  // One column with one caption.
+  static void AddCol(CTzGrid& grid, std::string_view caption, int width, ColumnKind kind);
+  // Columns of these kinds, each with the caption of its kind below the common one; a single column has just that one.
+  static void AddGroup(CTzGrid& grid, std::string_view caption, int width, const std::vector<ColumnKind>& kinds);
 };
-
-// Appends a figure as it is shown: thousands separators, the decimals of its kind, "-" for negative ones.
-void appendFigure(std::string& out, double value, Figure figure);
-// Appends a finite figure at full precision for other programs: the shortest digits that read back as the same value.
-void appendExactFigure(std::string& out, double value);
-[[nodiscard]] std::string figureText(double value, Figure figure);
 
 }  // namespace tz

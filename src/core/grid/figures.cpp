@@ -1,44 +1,22 @@
-// Figures as people read them. What is rounded is the shortest decimal text of a value, so 1.005 gives 1.01 although
-// its binary neighbour lies below.
+// What is rounded is the shortest decimal text of a value, so 1.005 gives 1.01 although its binary neighbour lies
+// below.
+#include "core/grid/figures.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <string>
 
-#include "core/grid/column_adder.h"
-
 namespace tz {
 namespace {
-
-struct Form {
-  int decimals;
-  bool fixed;  // zeros at the end stay
-  double scale;
-};
-
-Form formOf(Figure figure) {
-  switch (figure) {
-    case Figure::amount:
-      return {2, true, 1e2};
-    case Figure::quantity:
-    case Figure::price:
-      return {4, false, 1e4};
-    case Figure::count:
-      return {0, true, 1};
-    case Figure::rate:
-    case Figure::none:
-      break;
-  }
-  return {6, false, 1e6};
-}
 
 // Below this the two roundings that a scaled value has seen are smaller than `tieRange`.
 constexpr double largestScaled = 1e13;
 constexpr double tieRange = 1.0 / 256;
 
 // Writes a whole number of units of the last decimal. Room for 13 digits, 4 separators and a point.
-void appendScaled(std::string& out, std::uint64_t scaled, const Form& form) {
+void appendScaled(std::string& out, std::uint64_t scaled, const FigureForm& form) {
   std::array<char, 32> buffer;
   char* place = buffer.data() + buffer.size();
   const char* const end = place;
@@ -96,7 +74,7 @@ std::string roundedDigits(const Decimal& value, int decimals) {
   return first == std::string::npos ? "0" : digits.substr(first);
 }
 
-void appendExact(std::string& out, double magnitude, bool negative, const Form& form) {
+void appendExact(std::string& out, double magnitude, bool negative, const FigureForm& form) {
   const auto decimals = static_cast<std::size_t>(form.decimals);
   std::string digits = roundedDigits(decimalOf(magnitude), form.decimals);
   if (negative && digits != "0") out += '-';
@@ -112,7 +90,7 @@ void appendExact(std::string& out, double magnitude, bool negative, const Form& 
 
 }  // namespace
 
-void appendFigure(std::string& out, double value, Figure figure) {
+void appendFigure(std::string& out, double value, ColumnKind kind) {
   if (std::isnan(value)) {
     out += "—";
     return;
@@ -121,7 +99,7 @@ void appendFigure(std::string& out, double value, Figure figure) {
     out += value < 0 ? "-∞" : "∞";
     return;
   }
-  const Form form = formOf(figure);
+  const FigureForm& form = traitsOf(kind).form;
   const double magnitude = std::fabs(value);
   const double scaled = magnitude * form.scale;
   if (scaled < largestScaled) {
@@ -147,9 +125,9 @@ void appendExactFigure(std::string& out, double value) {
   out.append(text.data(), end);
 }
 
-std::string figureText(double value, Figure figure) {
+std::string figureText(double value, ColumnKind kind) {
   std::string text;
-  appendFigure(text, value, figure);
+  appendFigure(text, value, kind);
   return text;
 }
 

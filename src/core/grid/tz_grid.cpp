@@ -4,7 +4,7 @@
 #include <limits>
 #include <stdexcept>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 
 namespace tz {
 namespace {
@@ -19,12 +19,6 @@ void CTzGrid::Clear() { *this = CTzGrid(); }
 void CTzGrid::AddColumn(GridColumn column) {
   if (!cellBlocks_.empty()) throw std::logic_error("columns are added before the first row");
   columns_.push_back(std::move(column));
-}
-
-bool CTzGrid::SetMovement(int column, Movement movement) {
-  if (column < 0 || column >= GetCols()) return false;
-  columns_[static_cast<std::size_t>(column)].movement = movement;
-  return true;
 }
 
 void CTzGrid::SetRows(std::int64_t rows) {
@@ -120,7 +114,7 @@ bool CTzGrid::SetRowKind(std::int64_t row, RowKind kind) {
 
 std::string CTzGrid::ShownAt(std::int64_t row, int column) const {
   if (TypeAt(row, column) != CellType::number) return std::string(TextAt(row, column));
-  return figureText(NumberAt(row, column), columns_[static_cast<std::size_t>(column)].figure);
+  return figureText(NumberAt(row, column), columns_[static_cast<std::size_t>(column)].kind);
 }
 
 Rgb CTzGrid::BackgroundAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).colour : noColour; }

@@ -13,33 +13,16 @@
 #include <string_view>
 #include <vector>
 
+#include "core/grid/column_kind.h"
 #include "core/grid/notice.h"
 
 namespace tz {
 
-// How the numbers of a column are shown: amounts with two decimals, quantities and prices with up to four, rates with
-// up to six, counts with none.
-enum class Figure : std::uint8_t { none, amount, quantity, price, rate, count };
-
-// What the figures of voucher lines in a column are, so that sums keep the two sides and each unit apart. Balances,
-// prices and rates do not add up: they are none.
-enum class Movement : std::uint8_t {
-  none,
-  debitAmount,
-  creditAmount,
-  debitQuantity,
-  creditQuantity,
-  debitForeign,
-  creditForeign,
-  repeated,  // the line's amount once more, in the column of its sub-account
-};
-
 struct GridColumn {
   std::string caption;
-  std::string group;             // caption above it, shared by neighbours; empty = one level
-  int width = 0;                 // pixels at 100 %
-  Figure figure = Figure::none;  // none: a text column
-  Movement movement = Movement::none;
+  std::string group;  // caption above it, shared by neighbours; empty = one level
+  int width = 0;      // pixels at 100 %
+  ColumnKind kind = ColumnKind::text;
 };
 
 // What a row is, so that every output can set totals apart.
@@ -65,8 +48,6 @@ class CTzGrid {
   void Clear();
   // Columns are added before the first row; later ones throw std::logic_error.
   void AddColumn(GridColumn column);
-  // Refused for a column that is not there.
-  bool SetMovement(int column, Movement movement);
   [[nodiscard]] const std::vector<GridColumn>& Columns() const { return columns_; }
   [[nodiscard]] int GetCols() const { return static_cast<int>(columns_.size()); }
 

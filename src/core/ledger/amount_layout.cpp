@@ -11,23 +11,17 @@ namespace {
 
 constexpr std::array layouts = {
     AmountLayout{.format = AmountFormat::amount,
-                 .kind = 0,
-                 .columns = 7,
                  .debitAmount = 3,
                  .creditAmount = 4,
                  .balance = {.direction = 5, .amount = 6},
                  .opening = {.direction = 5, .amount = 6}},
     // The header of 金额式 under the places of a wider one: the grid refuses what lies beyond its seven columns.
     AmountLayout{.format = AmountFormat::foreignAlone,
-                 .kind = 0,
-                 .columns = 7,
                  .debitForeign = 4,
                  .creditForeign = 6,
                  .balance = {.direction = 8, .foreign = 9},
                  .opening = {.direction = 5, .foreign = 6}},
     AmountLayout{.format = AmountFormat::quantityAmount,
-                 .kind = 1,
-                 .columns = 12,
                  .unitPrice = 3,
                  .debitQuantity = 4,
                  .debitAmount = 5,
@@ -36,8 +30,6 @@ constexpr std::array layouts = {
                  .balance = {.direction = 8, .quantity = 9, .unitPrice = 10, .amount = 11},
                  .opening = {.direction = 8, .quantity = 9, .unitPrice = 10, .amount = 11}},
     AmountLayout{.format = AmountFormat::foreignAmount,
-                 .kind = 2,
-                 .columns = 12,
                  .exchangeRate = 3,
                  .debitForeign = 4,
                  .debitAmount = 5,
@@ -47,8 +39,6 @@ constexpr std::array layouts = {
                  .opening = {.direction = 8, .foreign = 9, .exchangeRate = 10, .amount = 11}},
     AmountLayout{
         .format = AmountFormat::quantityForeign,
-        .kind = 3,
-        .columns = 17,
         .unitPrice = 3,
         .exchangeRate = 4,
         .debitQuantity = 5,
@@ -61,14 +51,21 @@ constexpr std::array layouts = {
         .opening = {.direction = 11, .quantity = 12, .unitPrice = 13, .foreign = 14, .exchangeRate = 15, .amount = 16}},
 };
 
-// Refused by the grid for a figure that the format does not show.
-std::array<std::pair<int, Movement>, 6> movementsOf(const AmountLayout& layout) {
-  return {{{layout.debitAmount, Movement::debitAmount},
-           {layout.creditAmount, Movement::creditAmount},
-           {layout.debitQuantity, Movement::debitQuantity},
-           {layout.creditQuantity, Movement::creditQuantity},
-           {layout.debitForeign, Movement::debitForeign},
-           {layout.creditForeign, Movement::creditForeign}}};
+// What the lines move in a column; where they move nothing, what else it is.
+ColumnKind kindAt(const AmountLayout& layout, int place, ColumnKind otherwise) {
+  if (place == layout.debitAmount) return ColumnKind::debitAmount;
+  if (place == layout.creditAmount) return ColumnKind::creditAmount;
+  if (place == layout.debitQuantity) return ColumnKind::debitQuantity;
+  if (place == layout.creditQuantity) return ColumnKind::creditQuantity;
+  if (place == layout.debitForeign) return ColumnKind::debitForeign;
+  if (place == layout.creditForeign) return ColumnKind::creditForeign;
+  return otherwise;
+}
+
+// The header of 外币式 is that of 金额式.
+const AmountFormatTraits& headerOf(const AmountLayout& layout) {
+  const auto& shown = traitsOf(layout.format);
+  return shown.amounts ? shown : traitsOf(AmountFormat::amount);
 }
 
 void writeFigure(CTzGrid& grid, std::int64_t row, int column, double value) {
@@ -98,23 +95,30 @@ std::vector<AmountFormat> formatsOfManyAccounts(const Conditions& /*conditions*/
 }
 
 void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout, const LedgerCaptions& captions) {
-  constexpr int textKind = -1;
-  constexpr int numberKind = -2;
-  constexpr int balanceKinds = 4;
-  const auto add = [&](const FixedColumn& column, int kind) {
-    CTzGridControl::AddCol(grid, column.caption, column.width, kind);
+  const auto& shown = headerOf(layout);
+  const auto add = [&](const FixedColumn& column, std::vector<ColumnKind> kinds) {
+    int place = grid.GetCols();
+    for (auto& kind : kinds) kind = kindAt(layout, place++, kind);
+    CTzGridControl::AddGroup(grid, column.caption, column.width, kinds);
   };
-  add(captions.date, textKind);
-  add(captions.voucher, textKind);
-  add(captions.summary, textKind);
-  if (layout.kind == 1 || layout.kind == 3) add({"单价", 60}, numberKind);
-  if (layout.kind == 2 || layout.kind == 3) add({"汇率", 60}, numberKind);
-  add(captions.debit, layout.kind);
-  add(captions.credit, layout.kind);
-  add(captions.direction, textKind);
-  add(captions.balance, layout.kind + balanceKinds);
-  assert(grid.GetCols() == layout.columns);
-  for (const auto& [column, movement] : movementsOf(layout)) grid.SetMovement(column, movement);
+  const auto figures = [&](bool priced) {
+    std::vector<ColumnKind> kinds;
+    if (shown.quantities) kinds.push_back(ColumnKind::quantity);
+    if (shown.quantities && priced) kinds.push_back(ColumnKind::price);
+    if (shown.foreign) kinds.push_back(ColumnKind::foreign);
+    if (shown.foreign && priced) kinds.push_back(ColumnKind::rate);
+    kinds.push_back(ColumnKind::amount);
+    return kinds;
+  };
+  add(captions.date, {ColumnKind::text});
+  add(captions.voucher, {ColumnKind::text});
+  add(captions.summary, {ColumnKind::text});
+  if (shown.quantities) add({"单价", 60}, {ColumnKind::price});
+  if (shown.foreign) add({"汇率", 60}, {ColumnKind::rate});
+  add(captions.debit, figures(false));
+  add(captions.credit, figures(false));
+  add(captions.direction, {ColumnKind::text});
+  add(captions.balance, figures(true));
 }
 
 void writeBalance(CTzGrid& grid, std::int64_t row, const AmountLayout::Balance& places, std::string_view direction,

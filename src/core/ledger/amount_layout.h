@@ -17,9 +17,6 @@ struct AmountLayout {
   static constexpr int none = -1;
 
   AmountFormat format;
-  int kind;     // of the movement groups; balance groups are kind + 4
-  int columns;  // of the header
-
   int unitPrice = none, exchangeRate = none;
   int debitQuantity = none, debitForeign = none, debitAmount = none;
   int creditQuantity = none, creditForeign = none, creditAmount = none;

@@ -29,12 +29,10 @@ SubAccountColumns::SubAccountColumns(const CQnCwDB& db, const Conditions& condit
 
 void SubAccountColumns::addTo(CTzGrid& grid) {
   constexpr int width = 100;
-  constexpr int oneAmount = 0;
   for (auto& column : columns_) {
     if (column.account == 0) continue;
     column.column = grid.GetCols();
-    CTzGridControl::AddCol(grid, column.code + " " + column.name, width, oneAmount);
-    grid.SetMovement(column.column, Movement::repeated);
+    CTzGridControl::AddCol(grid, column.code + " " + column.name, width, ColumnKind::repeatedAmount);
   }
 }
 

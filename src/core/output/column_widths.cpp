@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "core/output/display_text.h"
 
 namespace tz {
@@ -13,8 +13,7 @@ namespace {
 // outermost two are written out.
 class WidthOfColumn {
  public:
-  explicit WidthOfColumn(Figure figure)
-      : figure_(figure), growing_(figure == Figure::amount || figure == Figure::count) {}
+  explicit WidthOfColumn(ColumnKind kind) : kind_(kind), growing_(traitsOf(kind).form.fixed) {}
 
   void AddText(std::string_view text) { width_ = std::max(width_, std::min(measureText(text).width, widestText)); }
 
@@ -39,11 +38,11 @@ class WidthOfColumn {
  private:
   void AddWritten(double number) {
     scratch_.clear();
-    appendFigure(scratch_, number, figure_);
+    appendFigure(scratch_, number, kind_);
     width_ = std::max(width_, measureText(scratch_).width);
   }
 
-  Figure figure_;
+  ColumnKind kind_;
   bool growing_;
   bool any_ = false;
   double highest_ = 0;
@@ -56,7 +55,7 @@ class WidthOfColumn {
 
 std::vector<int> contentWidths(const CTzGrid& grid) {
   std::vector<WidthOfColumn> columns;
-  for (const GridColumn& column : grid.Columns()) columns.emplace_back(column.figure);
+  for (const GridColumn& column : grid.Columns()) columns.emplace_back(column.kind);
   for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
     for (int column = 0; column < grid.GetCols(); ++column) {
       const auto type = grid.TypeAt(row, column);

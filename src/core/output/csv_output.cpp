@@ -2,7 +2,7 @@
 #include <fmt/format.h>
 #include <string>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "core/grid/utf8.h"
 #include "core/output/block_writer.h"
 #include "core/output/formula_guard.h"
@@ -70,7 +70,7 @@ void appendRow(std::string& out, const ComputedReport& report, std::int64_t row)
       if (std::isfinite(number)) {
         appendExactFigure(out, number);
       } else {
-        appendFigure(out, number, Figure::none);
+        appendFigure(out, number, ColumnKind::text);
       }
     } else {
       appendField(out, grid.TextAt(row, column));

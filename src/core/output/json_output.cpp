@@ -1,7 +1,7 @@
 #include <cmath>
 #include <string>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "core/grid/utf8.h"
 #include "core/output/block_writer.h"
 #include "core/output/report_output.h"

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "core/output/block_writer.h"
 #include "core/output/display_text.h"
 #include "core/output/text_layout.h"
@@ -191,7 +191,7 @@ class TextWriter {
   void WriteNumber(Line& line, const TextColumn& column, std::int64_t row, int place) {
     const double number = grid_.NumberAt(row, place);
     figure_.clear();
-    appendFigure(figure_, number, grid_.Columns()[static_cast<std::size_t>(place)].figure);
+    appendFigure(figure_, number, grid_.Columns()[static_cast<std::size_t>(place)].kind);
     const bool ascii = figure_.back() >= '0' && figure_.back() <= '9';
     const int width = ascii ? static_cast<int>(figure_.size()) : measureText(figure_).width;
     const int start = column.start + std::max(column.width - width, 0);

@@ -32,13 +32,12 @@ bool showsWhole(double number, double parts) {
 
 }  // namespace
 
-XlsxCell XlsxFormats::CellFor(double number, Figure figure) {
+XlsxCell XlsxFormats::CellFor(double number, ColumnKind kind) {
+  const FigureForm& form = traitsOf(kind).form;
   if (!std::isfinite(number)) return XlsxCell::textRight;
-  if (figure == Figure::amount) return XlsxCell::amount;
-  if (figure == Figure::count) return XlsxCell::whole;
-  const bool four = figure == Figure::quantity || figure == Figure::price;
-  if (showsWhole(number, four ? 1e4 : 1e6)) return XlsxCell::whole;
-  return four ? XlsxCell::quantity : XlsxCell::rate;
+  if (form.decimals == 0 || (!form.fixed && showsWhole(number, form.scale))) return XlsxCell::whole;
+  if (form.fixed) return XlsxCell::amount;
+  return form.decimals == fourDecimals.decimals ? XlsxCell::quantity : XlsxCell::rate;
 }
 
 lxw_format* XlsxFormats::Get(XlsxCell cell, bool bold, Rgb ground) {

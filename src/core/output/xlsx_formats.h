@@ -18,8 +18,8 @@ class XlsxFormats {
 
   // Bold for totals; `ground` noColour for none.
   [[nodiscard]] lxw_format* Get(XlsxCell cell, bool bold, Rgb ground);
-  // The form of a number in a column of this figure.
-  [[nodiscard]] static XlsxCell CellFor(double number, Figure figure);
+  // The form of a number in a column of this kind.
+  [[nodiscard]] static XlsxCell CellFor(double number, ColumnKind kind);
 
  private:
   [[nodiscard]] lxw_format* Make(XlsxCell cell, bool bold, Rgb ground);

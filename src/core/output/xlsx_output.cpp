@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "core/output/sheet_name.h"
 #include "core/output/text_layout.h"
 #include "core/output/xlsx_formats.h"
@@ -196,9 +196,9 @@ class XlsxWriter {
   }
 
   void WriteNumberCell(int column, double number, bool bold, Rgb ground) {
-    const Figure figure = grid_.Columns()[static_cast<std::size_t>(column)].figure;
-    lxw_format* format = formats_.Get(XlsxFormats::CellFor(number, figure), bold, ground);
-    if (!std::isfinite(number)) return WriteText(column, figureText(number, figure), format);
+    const ColumnKind kind = grid_.Columns()[static_cast<std::size_t>(column)].kind;
+    lxw_format* format = formats_.Get(XlsxFormats::CellFor(number, kind), bold, ground);
+    if (!std::isfinite(number)) return WriteText(column, figureText(number, kind), format);
     library_.check(library_.writeNumber(sheet_, Row(), static_cast<lxw_col_t>(column), number, format));
   }
 

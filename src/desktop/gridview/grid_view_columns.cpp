@@ -61,7 +61,7 @@ int GridViewColumns::WidestText(const CTzGrid& grid) const {
   int width = shortTexts;
   for (int index = 0; const GridColumn& column : grid.Columns()) {
     const int measured = measured_[static_cast<std::size_t>(index)];
-    if (column.figure == Figure::none && measured > width) {
+    if (traitsOf(column.kind).content == ColumnTraits::Content::text && measured > width) {
       found = index;
       width = measured;
     }

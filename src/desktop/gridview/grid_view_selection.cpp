@@ -46,9 +46,9 @@ void appendHead(std::string& text, const ComputedReport& report, const GridRange
 }
 
 // The side of a line whose amount stands again in a column: that on which it stands first.
-Movement sideOf(const CTzGrid& grid, std::int64_t row, int creditColumn) {
+ColumnKind sideOf(const CTzGrid& grid, std::int64_t row, int creditColumn) {
   const bool credit = grid.TypeAt(row, creditColumn) == CTzGrid::CellType::number;
-  return credit ? Movement::creditAmount : Movement::debitAmount;
+  return credit ? ColumnKind::creditAmount : ColumnKind::debitAmount;
 }
 
 }  // namespace
@@ -83,14 +83,15 @@ std::string copyTable(const ComputedReport& report, const GridRange& range) {
 RangeSum::RangeSum(const CTzGrid& grid, const GridRange& range) : range_(range), next_(range.top) {
   bool amounts = false;
   for (int place = 0; place < grid.GetCols(); ++place) {
-    const Movement movement = grid.Columns()[static_cast<std::size_t>(place)].movement;
-    if (movement == Movement::creditAmount) creditColumn_ = place;
-    if (movement == Movement::none || place < range.left || place > range.right) continue;
-    amounts = amounts || movement == Movement::debitAmount || movement == Movement::creditAmount;
-    columns_.push_back({place, movement});
+    const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(place)].kind;
+    if (kind == ColumnKind::creditAmount) creditColumn_ = place;
+    if (traitsOf(kind).sum == ColumnTraits::Sum::none || place < range.left || place > range.right) continue;
+    amounts = amounts || kind == ColumnKind::debitAmount || kind == ColumnKind::creditAmount;
+    columns_.push_back({place, kind});
   }
   // An amount that stands again beside itself counts once.
-  if (amounts) std::erase_if(columns_, [](const Column& column) { return column.movement == Movement::repeated; });
+  const auto repeats = [](const Column& column) { return traitsOf(column.kind).sum == ColumnTraits::Sum::bySide; };
+  if (amounts) std::erase_if(columns_, repeats);
 }
 
 bool RangeSum::Add(const CTzGrid& grid, std::int64_t cells) {
@@ -105,11 +106,12 @@ bool RangeSum::Add(const CTzGrid& grid, std::int64_t cells) {
 
 void RangeSum::AddRow(const CTzGrid& grid, std::int64_t row) {
   ++lines_;
-  for (const auto& [place, movement] : columns_) {
+  for (const auto& [place, kind] : columns_) {
     if (grid.TypeAt(row, place) != CTzGrid::CellType::number) continue;
-    const Movement kind = movement == Movement::repeated ? sideOf(grid, row, creditColumn_) : movement;
-    sums_.at(static_cast<std::size_t>(kind)) += grid.NumberAt(row, place);
-    ++counts_.at(static_cast<std::size_t>(kind));
+    const bool bySide = traitsOf(kind).sum == ColumnTraits::Sum::bySide;
+    const auto summed = static_cast<std::size_t>(bySide ? sideOf(grid, row, creditColumn_) : kind);
+    sums_.at(summed) += grid.NumberAt(row, place);
+    ++counts_.at(summed);
   }
 }
 

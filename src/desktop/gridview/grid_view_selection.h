@@ -59,11 +59,10 @@ struct LineSums {
 
   std::int64_t rows = 0;  // of any kind
   std::int64_t lines = 0;
-  // By Movement, without "none" and "repeated".
-  std::array<Figures, 7> figures = {};
+  std::array<Figures, columnKinds.size()> figures = {};  // by kind of column
 
   bool operator==(const LineSums&) const = default;
-  [[nodiscard]] const Figures& of(Movement movement) const { return figures.at(static_cast<std::size_t>(movement)); }
+  [[nodiscard]] const Figures& of(ColumnKind kind) const { return figures.at(static_cast<std::size_t>(kind)); }
 };
 
 // Sums the lines of a range, slice by slice.
@@ -79,7 +78,7 @@ class RangeSum {
  private:
   struct Column {
     int place;
-    Movement movement;
+    ColumnKind kind;
   };
 
   void AddRow(const CTzGrid& grid, std::int64_t row);
@@ -89,8 +88,8 @@ class RangeSum {
   int creditColumn_ = -1;        // of the grid
   std::int64_t next_ = 0;
   std::int64_t lines_ = 0;
-  std::array<long double, 7> sums_ = {};
-  std::array<std::int64_t, 7> counts_ = {};
+  std::array<long double, columnKinds.size()> sums_ = {};
+  std::array<std::int64_t, columnKinds.size()> counts_ = {};
 };
 
 }  // namespace tz

@@ -9,9 +9,8 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
-#include <array>
 
-#include "core/grid/column_adder.h"
+#include "core/grid/figures.h"
 #include "desktop/frame/announce.h"
 #include "desktop/frame/elided_label.h"
 #include "desktop/theme/qt_text.h"
@@ -29,27 +28,14 @@ QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(numbe
 }  // namespace
 
 QString selectionText(const LineSums& sums) {
-  struct Kind {
-    Movement movement;
-    const char* caption;
-    Figure figure;
-  };
-  static constexpr std::array kinds = {
-      Kind{Movement::debitAmount, "借方", Figure::amount},
-      Kind{Movement::creditAmount, "贷方", Figure::amount},
-      Kind{Movement::debitQuantity, "借方数量", Figure::quantity},
-      Kind{Movement::creditQuantity, "贷方数量", Figure::quantity},
-      Kind{Movement::debitForeign, "借方外币", Figure::amount},
-      Kind{Movement::creditForeign, "贷方外币", Figure::amount},
-  };
   if (sums.rows == 0) return {};
   QStringList parts;
-  for (const auto& [movement, caption, figure] : kinds) {
-    const auto& [sum, count] = sums.of(movement);
+  for (const auto& traits : columnKinds) {
+    const auto& [sum, count] = sums.of(traits.kind);
     if (count == 0) continue;
     parts.append(QStringLiteral("%1 %2 笔，合计 %3，平均 %4")
-                     .arg(QString::fromUtf8(caption), grouped(count), toQt(figureText(sum, figure)),
-                          toQt(figureText(sum / static_cast<double>(count), figure))));
+                     .arg(toQt(traits.sumName), grouped(count), toQt(figureText(sum, traits.kind)),
+                          toQt(figureText(sum / static_cast<double>(count), traits.kind))));
   }
   const QString lines = QStringLiteral("已选 %1 条分录").arg(grouped(sums.lines));
   return parts.isEmpty() ? lines : lines + QStringLiteral("：") + parts.join(QStringLiteral("；"));

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "core/data/amount_format.h"
+
+#include <gtest/gtest.h>
 
 namespace tz::test {
 namespace {

@@ -1,5 +1,6 @@
 #include "core/grid/tz_grid.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <stdexcept>
@@ -12,7 +13,7 @@ namespace {
 
 CTzGrid gridOf(int columns, std::int64_t rows) {
   CTzGrid grid;
-  for (int i = 0; i < columns; ++i) grid.AddColumn({"列", "", 100, Figure::amount});
+  for (int i = 0; i < columns; ++i) grid.AddColumn({"列", "", 100, ColumnKind::amount});
   grid.SetRows(rows);
   return grid;
 }
@@ -52,7 +53,7 @@ TEST(TzGrid, RefusesWritesOutsideWithoutHarm) {
   EXPECT_FALSE(grid.SetRowData(-1, 3));
   EXPECT_FALSE(grid.SetRowKind(std::numeric_limits<std::int64_t>::max(), RowKind::total));
   EXPECT_EQ(grid.TextAt(4, 6), "last");
-  EXPECT_THROW(grid.AddColumn({"late", "", 1, Figure::none}), std::logic_error);
+  EXPECT_THROW(grid.AddColumn({"late", "", 1, ColumnKind::text}), std::logic_error);
 }
 
 TEST(TzGrid, RowsThatComeBackAreEmpty) {
@@ -106,47 +107,24 @@ TEST(TzGrid, AMillionRowsAndTheirSubjectsStayBelow200BytesEach) {
   EXPECT_EQ(grid.NumberAt(500'000, 3), 500'000);
 }
 
-TEST(ColumnAdder, BuildsTheRichestLayout) {
+TEST(ColumnAdder, AGroupOfOneColumnHasOneLevel) {
   CTzGrid grid;
-  CTzGridControl::AddCol(grid, "摘要", 120, -1);
-  CTzGridControl::AddCol(grid, "单价", 60, -2);
-  CTzGridControl::AddCol(grid, "汇率", 60, -2);
-  CTzGridControl::AddCol(grid, "借方", 100, 3);
-  CTzGridControl::AddCol(grid, "余额", 90, 7);
+  CTzGridControl::AddGroup(grid, "借方", 100, {ColumnKind::debitAmount});
+  CTzGridControl::AddGroup(grid, "余额", 90, {ColumnKind::foreign, ColumnKind::rate});
   std::string captions;
-  std::string figures;
   for (const GridColumn& column : grid.Columns()) {
-    captions += column.group + column.caption + std::to_string(column.width) + " ";
-    figures += std::to_string(static_cast<int>(column.figure));
+    captions += column.group + "|" + column.caption + std::to_string(column.width) + " ";
   }
-  EXPECT_EQ(captions,
-            "摘要120 单价60 汇率60 借方数量100 借方外币100 借方金额100 "
-            "余额数量90 余额单价90 余额外币90 余额汇率90 余额金额90 ");
-  EXPECT_EQ(figures, "03421123141");
+  EXPECT_EQ(captions, "|借方100 余额|外币90 余额|汇率90 ");
 }
 
-TEST(ColumnAdder, GroupsOfOneColumnHaveOneLevel) {
-  for (const int kind : {0, 4}) {
-    CTzGrid grid;
-    CTzGridControl::AddCol(grid, "借方", 100, kind);
-    ASSERT_EQ(grid.GetCols(), 1);
-    EXPECT_EQ(grid.Columns()[0].caption, "借方");
-    EXPECT_EQ(grid.Columns()[0].group, "");
+TEST(ColumnKinds, StandAtTheirPlacesInTheTable) {
+  for (std::size_t place = 0; place < columnKinds.size(); ++place) {
+    const auto& traits = columnKinds.at(place);
+    EXPECT_EQ(static_cast<std::size_t>(traits.kind), place);
+    EXPECT_EQ(traits.form.scale, std::pow(10, traits.form.decimals)) << place;
+    EXPECT_EQ(traits.sum == ColumnTraits::Sum::ofLines, !traits.sumName.empty()) << place;
   }
-}
-
-TEST(ColumnAdder, MovementAndBalanceGroupsDiffer) {
-  const auto captionsOf = [](int kind) {
-    CTzGrid grid;
-    CTzGridControl::AddCol(grid, "组", 100, kind);
-    std::string captions;
-    for (const GridColumn& column : grid.Columns()) captions += column.caption + " ";
-    return captions;
-  };
-  EXPECT_EQ(captionsOf(1), "数量 金额 ");
-  EXPECT_EQ(captionsOf(2), "外币 金额 ");
-  EXPECT_EQ(captionsOf(5), "数量 单价 金额 ");
-  EXPECT_EQ(captionsOf(6), "外币 汇率 金额 ");
 }
 
 }  // namespace

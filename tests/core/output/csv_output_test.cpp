@@ -19,8 +19,8 @@ TEST(CsvOutput, WholeReport) {
   report.title = "明细帐";
   report.subtitle = "科目：1133\n部门：销售部, 二部";
   report.period = "月份: 2006.01 - 2006.02";
-  CTzGridControl::AddCol(report.grid, "摘要", 120, -1);
-  CTzGridControl::AddCol(report.grid, "借方", 100, 1);
+  CTzGridControl::AddCol(report.grid, "摘要", 120, ColumnKind::text);
+  CTzGridControl::AddGroup(report.grid, "借方", 100, {ColumnKind::debitQuantity, ColumnKind::debitAmount});
   addRow(report.grid, {"预借", 12.5, 1234567.125});
   addRow(report.grid, {none, 0.1 + 0.2, -1000.0});
   addRow(report.grid, {"合计", std::nan("")}, RowKind::total);
@@ -50,7 +50,7 @@ TEST(CsvOutput, WholeReport) {
 TEST(CsvOutput, TextsAreQuotedAndNeverFormulas) {
   const auto written = [](const char* cell) {
     ComputedReport report;
-    report.grid.AddColumn({"摘要", "", 100, Figure::none});
+    report.grid.AddColumn({"摘要", "", 100, ColumnKind::text});
     addRow(report.grid, {cell});
     const std::string text = asCsv(report);
     const std::size_t start = text.find("\r\n") + 2;
@@ -82,7 +82,7 @@ TEST(CsvOutput, TextsAreQuotedAndNeverFormulas) {
 
 TEST(CsvOutput, Gb18030HoldsEveryCharacter) {
   ComputedReport report;
-  report.grid.AddColumn({"辅助", "", 100, Figure::none});
+  report.grid.AddColumn({"辅助", "", 100, ColumnKind::text});
   addRow(report.grid, {"𠮷\u00e9한"});
   const std::string text = asCsv(report, CsvCode::gb18030);
   EXPECT_EQ(text.substr(0, 6), "\xB8\xA8\xD6\xFA\r\n");
@@ -97,7 +97,7 @@ TEST(CsvOutput, Gb18030SaysWhichSignsAreReadDifferently) {
   const TemporaryFolder folder;
   const auto readBy = [&](const std::string& cell, const std::string& decoder) {
     ComputedReport report;
-    report.grid.AddColumn({"名", "", 100, Figure::none});
+    report.grid.AddColumn({"名", "", 100, ColumnKind::text});
     addRow(report.grid, {cell.c_str()});
     writeContents(folder / "gb.csv", asCsv(report, CsvCode::gb18030));
     const std::string text = printedBy(decoder + " " + folder / "gb.csv");
@@ -120,7 +120,7 @@ TEST(CsvOutput, Gb18030SaysWhichSignsAreReadDifferently) {
 
 TEST(CsvOutput, BlocksOfALongReportFitTogether) {
   ComputedReport report;
-  report.grid.AddColumn({"号", "", 100, Figure::none});
+  report.grid.AddColumn({"号", "", 100, ColumnKind::text});
   std::string expected = "号\r\n";
   for (int row = 0; row < 30'000; ++row) {
     const std::string text = "凭证" + std::to_string(row);

@@ -52,7 +52,7 @@ TEST(JsonOutput, EmptyGrid) {
 
 TEST(JsonOutput, NumbersReadBackAsTheyWere) {
   ComputedReport report;
-  report.grid.AddColumn({"额", "", 100, Figure::amount});
+  report.grid.AddColumn({"额", "", 100, ColumnKind::amount});
   const std::vector<double> numbers{0.1 + 0.2, 1e15, 1e-7, 123456789.125, -0.005, 1.7976931348623157e308, 5e-324, 1e14};
   for (const double number : numbers) addRow(report.grid, {number});
   const std::string text = asJson(report);
@@ -67,7 +67,7 @@ TEST(JsonOutput, NumbersReadBackAsTheyWere) {
 
 TEST(JsonOutput, WhatIsNoNumberOrNoTextIsNull) {
   ComputedReport report;
-  report.grid.AddColumn({"额", "", 100, Figure::amount});
+  report.grid.AddColumn({"额", "", 100, ColumnKind::amount});
   addRow(report.grid, {std::nan("")});
   addRow(report.grid, {-std::numeric_limits<double>::infinity()});
   addRow(report.grid, {""});
@@ -79,7 +79,7 @@ TEST(JsonOutput, WhatIsNoNumberOrNoTextIsNull) {
 
 TEST(JsonOutput, HostileTexts) {
   ComputedReport report;
-  report.grid.AddColumn({"摘要", "", 100, Figure::none});
+  report.grid.AddColumn({"摘要", "", 100, ColumnKind::text});
   addRow(report.grid, {"\x01\x1f\"\\\n\t\r/\x7f𠮷"});
   addRow(report.grid, {"a\xff\xe4\xb8z\xed\xa0\x80\xc0\xaf"});
   const auto rows = nlohmann::json::parse(asJson(report))["rows"];

@@ -34,10 +34,11 @@ TEST(TextOutput, GroupsBlocksAndTotals) {
   ComputedReport report;
   report.title = "明细帐";
   report.unit = "数量单位: 吨";
-  CTzGridControl::AddCol(report.grid, "摘要", 120, -1);
-  CTzGridControl::AddCol(report.grid, "借方", 100, 1);
-  CTzGridControl::AddCol(report.grid, "方向", 40, -1);
-  CTzGridControl::AddCol(report.grid, "余额的数量单价和金额等栏目", 100, 5);
+  CTzGridControl::AddCol(report.grid, "摘要", 120, ColumnKind::text);
+  CTzGridControl::AddGroup(report.grid, "借方", 100, {ColumnKind::debitQuantity, ColumnKind::debitAmount});
+  CTzGridControl::AddCol(report.grid, "方向", 40, ColumnKind::text);
+  CTzGridControl::AddGroup(report.grid, "余额的数量单价和金额等栏目", 100,
+                           {ColumnKind::quantity, ColumnKind::price, ColumnKind::amount});
   addRow(report.grid, {"钢厂"}, RowKind::heading);
   addRow(report.grid, {"购钢", 12.5, 43750.0, "借", 1.0, 3.5, 4.0});
   addRow(report.grid, {"小计", 12.5, 43750.0, "借", 1.0, 3.5, 4.0}, RowKind::subtotal);
@@ -75,8 +76,8 @@ TEST(TextOutput, GroupsBlocksAndTotals) {
 TEST(TextOutput, DoubleWidthAlignment) {
   ComputedReport report;
   report.title = "表";
-  CTzGridControl::AddCol(report.grid, "名称", 100, -1);
-  CTzGridControl::AddCol(report.grid, "额", 100, 0);
+  CTzGridControl::AddCol(report.grid, "名称", 100, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "额", 100, ColumnKind::amount);
   for (const char* name : {"abc", "张三", "（有限）", "e\u0301te", "Ａ１", "한글", "𠮷野", "“引”", ""}) {
     addRow(report.grid, {name, 1.0});
   }
@@ -101,8 +102,8 @@ TEST(TextOutput, HostileTextsCannotBreakTheTable) {
   ComputedReport report;
   report.title = "\x1b]0;owned\a";
   report.subtitle = "科目：\x1b[2J\n部门：a\tb";
-  CTzGridControl::AddCol(report.grid, "摘要", 100, -1);
-  CTzGridControl::AddCol(report.grid, "额", 100, 0);
+  CTzGridControl::AddCol(report.grid, "摘要", 100, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "额", 100, ColumnKind::amount);
   addRow(report.grid, {"第一行\n第二行\r\x1b[31m", 1.0});
   addRow(report.grid, {"\u202E倒\u009B\xff\xe4\xb8", 2.0});
   addRow(report.grid, {"O'Brien'; DROP TABLE Plan --", 3.0});
@@ -122,8 +123,8 @@ O'Brien'; DROP TABLE Plan --  3.00
 
 TEST(TextOutput, AnEndlessSummaryWidensItsOwnRowOnly) {
   ComputedReport report;
-  CTzGridControl::AddCol(report.grid, "摘要", 100, -1);
-  CTzGridControl::AddCol(report.grid, "额", 100, 0);
+  CTzGridControl::AddCol(report.grid, "摘要", 100, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "额", 100, ColumnKind::amount);
   addRow(report.grid, {"短", 1.0});
   const std::string endless(200, 'x');
   addRow(report.grid, {endless.c_str(), 2.0});
@@ -153,8 +154,8 @@ TEST(TextOutput, EmptyReport) {
 TEST(TextOutput, Colours) {
   ComputedReport report;
   report.title = "表";
-  CTzGridControl::AddCol(report.grid, "摘要", 100, -1);
-  CTzGridControl::AddCol(report.grid, "额", 100, 0);
+  CTzGridControl::AddCol(report.grid, "摘要", 100, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "额", 100, ColumnKind::amount);
   addRow(report.grid, {"红", -1.0});
   const auto green = addRow(report.grid, {"绿", -2.0});
   report.grid.SetBackground(green, lightGreen);

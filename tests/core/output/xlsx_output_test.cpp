@@ -45,10 +45,10 @@ ComputedReport groupedReport() {
   report.title = "明细帐";
   report.subtitle = "科目：1133\n部门：销售部";
   report.highlightMeaning = "未记帐凭证";
-  CTzGridControl::AddCol(report.grid, "日期", 70, -1);
-  CTzGridControl::AddCol(report.grid, "科目", 60, -1);
-  CTzGridControl::AddCol(report.grid, "借方", 100, 1);
-  CTzGridControl::AddCol(report.grid, "余额", 100, 5);
+  CTzGridControl::AddCol(report.grid, "日期", 70, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "科目", 60, ColumnKind::text);
+  CTzGridControl::AddGroup(report.grid, "借方", 100, {ColumnKind::debitQuantity, ColumnKind::debitAmount});
+  CTzGridControl::AddGroup(report.grid, "余额", 100, {ColumnKind::quantity, ColumnKind::price, ColumnKind::amount});
   addRow(report.grid, {"2006.01.05", "0102", 12.5, 1234.5, 3.0, 0.3333, -4.0});
   const auto green = addRow(report.grid, {"2006.02.30", "=1+1", none, std::numeric_limits<double>::infinity()});
   report.grid.SetBackground(green, lightGreen);
@@ -109,7 +109,7 @@ TEST_F(XlsxOutput, TextsComeBackAsTheyWere) {
   EXPECT_EQ(kept(std::string(32'767, 'a') + "b").size(), 32'767U);
 
   ComputedReport report;
-  report.grid.AddColumn({"名", "", 100, Figure::none});
+  report.grid.AddColumn({"名", "", 100, ColumnKind::text});
   addRow(report.grid, {("_x0041_" + pairs).c_str()});
   ASSERT_TRUE(CGridToFile(report).CreateFile(file, FileForm::xlsx));
   EXPECT_TRUE(holds(partOf(file, "xl/worksheets/sheet1.xml"), "<t>_x005F_x0041_𠮷"));
@@ -156,7 +156,7 @@ TEST(SheetName, IsWhatSpreadsheetsTake) {
 TEST_F(XlsxOutput, GoesOnInFurtherSheetsWithTheHeaderAgain) {
   ComputedReport report;
   report.title = "表";
-  report.grid.AddColumn({"号", "", 60, Figure::count});
+  report.grid.AddColumn({"号", "", 60, ColumnKind::count});
   for (int row = 0; row < 25; ++row) addRow(report.grid, {static_cast<double>(row)});
   report.grid.notices = {Notice{"完"}};
   ASSERT_TRUE(writeXlsx(report, file, {.rowsPerSheet = 12, .progress = {}}));

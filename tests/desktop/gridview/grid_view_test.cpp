@@ -20,13 +20,8 @@ namespace {
 CTzGrid smallLedger() {
   CTzGrid grid;
   grid.AddColumn({.caption = "日期", .width = 100});
-  grid.AddColumn({.caption = "数量",
-                  .group = "借方",
-                  .width = 100,
-                  .figure = Figure::quantity,
-                  .movement = Movement::debitQuantity});
-  grid.AddColumn(
-      {.caption = "金额", .group = "借方", .width = 100, .figure = Figure::amount, .movement = Movement::debitAmount});
+  grid.AddColumn({.caption = "数量", .group = "借方", .width = 100, .kind = ColumnKind::debitQuantity});
+  grid.AddColumn({.caption = "金额", .group = "借方", .width = 100, .kind = ColumnKind::debitAmount});
   grid.AddColumn({.caption = "方向", .width = 60});
   grid.SetRows(3);
   grid.SetText(0, 0, "2006-03-01");
@@ -45,7 +40,7 @@ CTzGrid smallLedger() {
 CTzGrid longLedger(std::int64_t rows) {
   CTzGrid grid;
   grid.AddColumn({.caption = "摘要", .width = 200});
-  grid.AddColumn({.caption = "金额", .width = 100, .figure = Figure::amount, .movement = Movement::debitAmount});
+  grid.AddColumn({.caption = "金额", .width = 100, .kind = ColumnKind::debitAmount});
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) grid.SetNumber(row, 1, 1);
   return grid;
@@ -265,17 +260,17 @@ TEST_F(GridViewTest, SumsTheLinesOfTheSelectionByKind) {
   const LineSums sums = lastOf(summed);
   EXPECT_EQ(sums.rows, 3);
   EXPECT_EQ(sums.lines, 2) << "the total is no line";
-  EXPECT_EQ(sums.of(Movement::debitAmount), (LineSums::Figures{1234547.5, 2}));
-  EXPECT_EQ(sums.of(Movement::debitQuantity), (LineSums::Figures{3, 1}));
-  EXPECT_EQ(sums.of(Movement::creditAmount), LineSums::Figures{});
+  EXPECT_EQ(sums.of(ColumnKind::debitAmount), (LineSums::Figures{1234547.5, 2}));
+  EXPECT_EQ(sums.of(ColumnKind::debitQuantity), (LineSums::Figures{3, 1}));
+  EXPECT_EQ(sums.of(ColumnKind::creditAmount), LineSums::Figures{});
 }
 
 // 借方 | 贷方 | 余额 | two sub-accounts, in which amounts stand once more.
 TEST_F(GridViewTest, AmountsThatStandTwiceCountOnceAndBalancesNever) {
   CTzGrid grid;
-  for (const Movement movement :
-       {Movement::debitAmount, Movement::creditAmount, Movement::none, Movement::repeated, Movement::repeated}) {
-    grid.AddColumn({.caption = "额", .width = 80, .figure = Figure::amount, .movement = movement});
+  for (const ColumnKind kind : {ColumnKind::debitAmount, ColumnKind::creditAmount, ColumnKind::amount,
+                                ColumnKind::repeatedAmount, ColumnKind::repeatedAmount}) {
+    grid.AddColumn({.caption = "额", .width = 80, .kind = kind});
   }
   grid.SetRows(2);
   for (const int column : {0, 2, 3}) grid.SetNumber(0, column, 7);
@@ -285,8 +280,8 @@ TEST_F(GridViewTest, AmountsThatStandTwiceCountOnceAndBalancesNever) {
   for (const auto& [left, right] : {std::pair{0, 4}, {3, 4}, {0, 1}}) {
     view_.SelectRange({0, left}, {1, right});
     ASSERT_TRUE(summed.wait());
-    EXPECT_EQ(lastOf(summed).of(Movement::debitAmount), (LineSums::Figures{7, 1})) << left;
-    EXPECT_EQ(lastOf(summed).of(Movement::creditAmount), (LineSums::Figures{5, 1})) << left;
+    EXPECT_EQ(lastOf(summed).of(ColumnKind::debitAmount), (LineSums::Figures{7, 1})) << left;
+    EXPECT_EQ(lastOf(summed).of(ColumnKind::creditAmount), (LineSums::Figures{5, 1})) << left;
   }
   view_.SelectRange({0, 2}, {1, 2});
   ASSERT_TRUE(summed.wait());
@@ -335,7 +330,7 @@ TEST_F(GridViewTest, AMillionRowsScrollSelectAndSum) {
   EXPECT_EQ(view_.Selection(), (GridRange{0, 999'999, 0, 1}));
   EXPECT_EQ(ColourIn(999'998, 0), currentTheme().selection);
   for (int turn = 0; turn < 20 && (summed.isEmpty() || lastOf(summed).lines != 1'000'000); ++turn) summed.wait(500);
-  EXPECT_EQ(lastOf(summed).of(Movement::debitAmount), (LineSums::Figures{1e6, 1'000'000}));
+  EXPECT_EQ(lastOf(summed).of(ColumnKind::debitAmount), (LineSums::Figures{1e6, 1'000'000}));
 }
 
 TEST_F(GridViewTest, KeepsItsPlaceWhenTheGridIsFilledAnew) {

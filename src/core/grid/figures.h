@@ -1,0 +1,16 @@
+// How figures are written: thousands separators, the decimals of a column's kind, "-" for negative ones.
+#pragma once
+
+#include <string>
+
+#include "core/grid/column_kind.h"
+
+namespace tz {
+
+// Appends a figure as a column of this kind shows it.
+void appendFigure(std::string& out, double value, ColumnKind kind);
+// Appends a finite figure at full precision for other programs: the shortest digits that read back as the same value.
+void appendExactFigure(std::string& out, double value);
+[[nodiscard]] std::string figureText(double value, ColumnKind kind);
+
+}  // namespace tz
