@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "desktop/report/input_events.h"
+
 namespace tz {
 namespace {
 
@@ -12,26 +14,6 @@ constexpr int pumpIntervalMilliseconds = 50;
 constexpr int momentMilliseconds = 300;
 
 LongWork* running = nullptr;
-
-bool isInput(QEvent::Type type) {
-  switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::InputMethod:
-    case QEvent::Drop:
-      return true;
-    default:
-      return false;
-  }
-}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include "core/data/connection.h"
+#include "desktop/report/input_events.h"
 
 namespace tz {
 
@@ -27,31 +28,12 @@ bool ServerWait::GiveUp(std::chrono::milliseconds waited) {
 
 // Timers fire again later; what they would do might ask the same connection.
 bool ServerWait::eventFilter(QObject* /*receiver*/, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::KeyPress:
-    case QEvent::ShortcutOverride:
-      if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) stopped_ = true;
-      return true;
-    case QEvent::Close:
-      event->ignore();
-      return true;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::KeyRelease:
-    case QEvent::InputMethod:
-    case QEvent::Shortcut:
-    case QEvent::Drop:
-    case QEvent::Timer:
-      return true;
-    default:
-      return false;
-  }
+  const auto type = event->type();
+  const bool key = type == QEvent::KeyPress || type == QEvent::ShortcutOverride;
+  if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) stopped_ = true;
+  if (type == QEvent::Close) event->ignore();
+  return isInput(type) || type == QEvent::ShortcutOverride || type == QEvent::Shortcut || type == QEvent::Close ||
+         type == QEvent::Timer;
 }
 
 }  // namespace tz
