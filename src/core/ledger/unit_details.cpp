@@ -29,7 +29,7 @@ constexpr Message unitEmpty{"单位不能为空"};
 constexpr Message unitWanted{"请输入单位"};
 constexpr Message unitUnknown{"非法的单位"};
 
-std::string clerkName(const Conditions& c) { return c.clerk.name.empty() ? std::string(otherMembers) : c.clerk.name; }
+std::string clerkName(const Conditions& c) { return c.clerk.shown(); }
 
 Sql oneUnit(const Conditions& c) { return Sql("lEnterId = ? AND lEnterId <> 0", c.unit.lId); }
 

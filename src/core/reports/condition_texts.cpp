@@ -61,7 +61,7 @@ std::string memberOf(ControlSpec::Kind kind, const Conditions& conditions) {
     case ControlSpec::Kind::unitClassCombo:
       return conditions.unitClass.sName;
     case ControlSpec::Kind::clerkCombo:
-      return conditions.clerk.name.empty() ? std::string(otherMembers) : conditions.clerk.name;
+      return conditions.clerk.shown();
     case ControlSpec::Kind::classCombo:
       return conditions.projectClass.sName;
     default:

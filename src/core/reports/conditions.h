@@ -13,6 +13,8 @@ namespace tz {
 // What the clerk and class conditions name: one of their kind, or all that have none ("其它").
 struct ClerkChoice {
   std::string name;  // empty: lines and units without a clerk
+
+  [[nodiscard]] std::string shown() const { return name.empty() ? std::string(otherMembers) : name; }
 };
 
 // The items of a range by code, class by class.

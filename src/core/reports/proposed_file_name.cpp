@@ -32,7 +32,7 @@ std::string subjectOf(const ControlSpec& control, const DialogSpec& dialog, cons
     case ControlSpec::Kind::unitClassCombo:
       return conditions.unitClass.sName;
     case ControlSpec::Kind::clerkCombo:
-      return conditions.clerk.name.empty() ? std::string(otherMembers) : conditions.clerk.name;
+      return conditions.clerk.shown();
     case ControlSpec::Kind::projectReference:
       return conditions.project.fields.at(1);
     case ControlSpec::Kind::projectRange:
