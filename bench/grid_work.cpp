@@ -16,7 +16,8 @@ ComputedReport makeReport(std::int64_t rows) {
   grid.SetRows(rows);
   for (std::int64_t row = 0; row < rows; ++row) {
     const auto figure = static_cast<double>(row);
-    grid.SetText(row, 0, fmt::format("2025.{:02}.{:02}", row % 12 + 1, row % 28 + 1));
+    const auto month = static_cast<std::uint8_t>(row % 12 + 1);
+    grid.SetDate(row, 0, {2025, month, static_cast<std::uint8_t>(row % 28 + 1)});
     grid.SetText(row, 1, fmt::format("记-{:04}", row % 10000));
     grid.SetText(row, 2, "预借差旅费");
     grid.SetNumber(row, row % 2 == 0 ? 3 : 4, row % 2 == 0 ? figure / 4 : figure / 8);

@@ -125,6 +125,24 @@ void appendExactFigure(std::string& out, double value) {
   out.append(text.data(), end);
 }
 
+void appendDate(std::string& out, Date date) {
+  const auto twoDigits = [&out](int number) {
+    out += static_cast<char>('0' + number / 10 % 10);
+    out += static_cast<char>('0' + number % 10);
+  };
+  constexpr int lastOfFourDigits = 9999;
+  if (date.year >= 0 && date.year <= lastOfFourDigits) {
+    twoDigits(date.year / 100);
+    twoDigits(date.year);
+  } else {
+    out += std::to_string(date.year);
+  }
+  out += '.';
+  twoDigits(date.month);
+  out += '.';
+  twoDigits(date.day);
+}
+
 std::string figureText(double value, ColumnKind kind) {
   std::string text;
   appendFigure(text, value, kind);

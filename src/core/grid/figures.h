@@ -1,8 +1,9 @@
-// How figures are written: thousands separators, the decimals of a column's kind, "-" for negative ones.
+// How figures and dates are written: thousands separators, the decimals of a column's kind, "-" for negative ones.
 #pragma once
 
 #include <string>
 
+#include "core/data/value.h"
 #include "core/grid/column_kind.h"
 
 namespace tz {
@@ -11,6 +12,8 @@ namespace tz {
 void appendFigure(std::string& out, double value, ColumnKind kind);
 // Appends a finite figure at full precision for other programs: the shortest digits that read back as the same value.
 void appendExactFigure(std::string& out, double value);
+// "2006.01.05".
+void appendDate(std::string& out, Date date);
 [[nodiscard]] std::string figureText(double value, ColumnKind kind);
 
 }  // namespace tz

@@ -71,6 +71,14 @@ bool CTzGrid::SetNumber(std::int64_t row, int column, double number) {
   return true;
 }
 
+bool CTzGrid::SetDate(std::int64_t row, int column, Date date) {
+  if (!Inside(row, column)) return false;
+  char* bytes = At(row, column).bytes.data();
+  bytes[0] = dateTag;
+  std::memcpy(bytes + 8, &date, sizeof date);
+  return true;
+}
+
 const char* CTzGrid::Store(std::string_view text) {
   if (recent_.empty()) recent_.resize(recentTexts);
   std::string_view& known = recent_[std::hash<std::string_view>{}(text) % recentTexts];
@@ -113,8 +121,21 @@ bool CTzGrid::SetRowKind(std::int64_t row, RowKind kind) {
 }
 
 std::string CTzGrid::ShownAt(std::int64_t row, int column) const {
-  if (TypeAt(row, column) != CellType::number) return std::string(TextAt(row, column));
-  return figureText(NumberAt(row, column), columns_[static_cast<std::size_t>(column)].kind);
+  std::string shown;
+  switch (TypeAt(row, column)) {
+    case CellType::empty:
+      break;
+    case CellType::text:
+      shown = TextAt(row, column);
+      break;
+    case CellType::number:
+      appendFigure(shown, NumberAt(row, column), columns_[static_cast<std::size_t>(column)].kind);
+      break;
+    case CellType::date:
+      appendDate(shown, DateAt(row, column));
+      break;
+  }
+  return shown;
 }
 
 Rgb CTzGrid::BackgroundAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).colour : noColour; }

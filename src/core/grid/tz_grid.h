@@ -1,6 +1,6 @@
-// The table that every report writes into and that window, page, file and terminal read. Cells are typed: empty, text
-// or number, 16 bytes each; a number keeps its full value, how it is shown is its column's matter. Rows carry a kind,
-// a background colour and a data value. Columns have captions on two levels.
+// The table that every report writes into and that window, page, file and terminal read. Cells are typed: empty, text,
+// number or date, 16 bytes each; a number keeps its full value, how it is shown is its column's matter. Any column may
+// hold cells of any type. Rows carry a kind, a background colour and a data value. Columns have captions on two levels.
 //
 // A write outside the grid is refused (false) and changes nothing.
 #pragma once
@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/data/value.h"
 #include "core/grid/column_kind.h"
 #include "core/grid/notice.h"
 
@@ -35,7 +36,7 @@ inline constexpr Rgb lightGreen = 0xE0FFE0;
 
 class CTzGrid {
  public:
-  enum class CellType : std::uint8_t { empty, text, number };
+  enum class CellType : std::uint8_t { empty, text, number, date };
 
   CTzGrid() = default;
   CTzGrid(CTzGrid&&) noexcept = default;
@@ -57,6 +58,7 @@ class CTzGrid {
 
   bool SetText(std::int64_t row, int column, std::string_view text);
   bool SetNumber(std::int64_t row, int column, double number);
+  bool SetDate(std::int64_t row, int column, Date date);
   bool SetBackground(std::int64_t row, Rgb colour);
   bool SetRowData(std::int64_t row, std::int32_t data);
   bool SetRowKind(std::int64_t row, RowKind kind);
@@ -67,7 +69,9 @@ class CTzGrid {
   [[nodiscard]] std::string_view TextAt(std::int64_t row, int column) const;
   // The number of a number cell; 0 for the others.
   [[nodiscard]] double NumberAt(std::int64_t row, int column) const;
-  // The cell as it is shown: a text, or the number in its column's form.
+  // The date of a date cell; an empty one for the others.
+  [[nodiscard]] Date DateAt(std::int64_t row, int column) const;
+  // The cell as it is shown: a text, the number in its column's form, or "2006.01.05".
   [[nodiscard]] std::string ShownAt(std::int64_t row, int column) const;
   [[nodiscard]] Rgb BackgroundAt(std::int64_t row) const;
   [[nodiscard]] std::int32_t RowDataAt(std::int64_t row) const;
@@ -85,13 +89,15 @@ class CTzGrid {
 
  private:
   // A cell of 16 bytes. tag 0: empty; 1: number in the last eight bytes; 2: long text, its length in bytes 4 to 7 and
-  // its address in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after the tag.
+  // its address in the last eight; 3: date in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after
+  // the tag.
   struct Cell {
     alignas(8) std::array<char, 16> bytes;
   };
   static constexpr char emptyTag = 0;
   static constexpr char numberTag = 1;
   static constexpr char longTag = 2;
+  static constexpr char dateTag = 3;
   static constexpr char shortTag = 16;
   static constexpr std::size_t longestShort = 15;
 
@@ -138,7 +144,8 @@ inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
   if (!Inside(row, column)) return CellType::empty;
   const char tag = At(row, column).bytes[0];
   if (tag == emptyTag) return CellType::empty;
-  return tag == numberTag ? CellType::number : CellType::text;
+  if (tag == numberTag) return CellType::number;
+  return tag == dateTag ? CellType::date : CellType::text;
 }
 
 inline std::string_view CTzGrid::TextAt(std::int64_t row, int column) const {
@@ -160,6 +167,14 @@ inline double CTzGrid::NumberAt(std::int64_t row, int column) const {
   double number = 0;
   std::memcpy(&number, bytes + 8, sizeof number);
   return number;
+}
+
+inline Date CTzGrid::DateAt(std::int64_t row, int column) const {
+  Date date;
+  if (!Inside(row, column)) return date;
+  const char* bytes = At(row, column).bytes.data();
+  if (bytes[0] == dateTag) std::memcpy(&date, bytes + 8, sizeof date);
+  return date;
 }
 
 }  // namespace tz

@@ -110,7 +110,7 @@ void addLedgerColumns(CTzGrid& grid, const AmountLayout& layout, const LedgerCap
     kinds.push_back(ColumnKind::amount);
     return kinds;
   };
-  add(captions.date, {ColumnKind::text});
+  add(captions.date, {ColumnKind::date});
   add(captions.voucher, {ColumnKind::text});
   add(captions.summary, {ColumnKind::text});
   if (shown.quantities) add({"单价", 60}, {ColumnKind::price});

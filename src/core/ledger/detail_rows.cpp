@@ -54,6 +54,7 @@ void DetailRows::writeOpening(std::string_view caption, const LedgerBalance& bal
 void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, Book book) {
   const auto row = appendRow(RowKind::line);
   subjects_.set(row, subjectOf(line.account), level_, {book, line.line, line.voucher});
+  grid_.SetDate(row, 0, line.date);
   fillRow(row, line, balance);
   if (columns_ != nullptr) columns_->writeLine(grid_, row, line);
   if (book == Book::posted) return;
@@ -72,7 +73,6 @@ void DetailRows::writeHeading(std::string_view name) {
 }
 
 void DetailRows::fillRow(std::int64_t row, const LedgerLine& line, const LedgerBalance& balance) {
-  grid_.SetText(row, 0, line.dateText);
   grid_.SetText(row, 1, line.voucherNumber);
   grid_.SetText(row, summaryColumn, line.summary);
   writeMovements(grid_, row, layout_, line);

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/data/value.h"
+
 namespace tz {
 
 struct LedgerBalance {
@@ -29,9 +31,9 @@ struct SideFigures {
   }
 };
 
-// A voucher line, or a total when date text and voucher number are empty.
+// A voucher line, or a total, which has neither date nor voucher number.
 struct LedgerLine {
-  std::string dateText;       // "2006.01.05", the voucher date
+  Date date;                  // of the voucher
   std::string voucherNumber;  // "记-0001"
   std::string summary;
   std::int64_t account = 0;  // its lId

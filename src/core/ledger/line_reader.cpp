@@ -17,15 +17,6 @@ void putNumber(std::string& text, int value, int digits) {
   text.append(buffer, end);
 }
 
-void putDate(std::string& text, Date date) {
-  text.clear();
-  putNumber(text, date.year, 4);
-  text += '.';
-  putNumber(text, date.month, 2);
-  text += '.';
-  putNumber(text, date.day, 2);
-}
-
 void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumber) {
   text = voucherWord;
   text += '-';
@@ -65,11 +56,10 @@ void LineReader::openBlock(const GroupKey& key) { done_ = ended() || key_ != key
 
 void LineReader::readRow() {
   const auto& row = *cursor_;
-  const auto billDate = row.date(bill);
-  putDate(line_.dateText, billDate);
+  line_.date = row.date(bill);
   putVoucher(line_.voucherNumber, row.text(word), static_cast<int>(row.integer(number)));
   line_.summary = row.text(digest);
-  line_.month = billDate.month;
+  line_.month = line_.date.month;
   const auto figure = [&](int column) { return column < 0 ? 0 : row.real(column); };
   const SideFigures figures{figure(quantityColumn_), figure(foreignColumn_), row.real(money)};
   const bool debit = row.integer(direct) != 0;

@@ -27,6 +27,12 @@ class WidthOfColumn {
     }
   }
 
+  void AddDate(Date date) {
+    scratch_.clear();
+    appendDate(scratch_, date);
+    width_ = std::max(width_, static_cast<int>(scratch_.size()));
+  }
+
   int Width() {
     if (any_) {
       AddWritten(highest_);
@@ -62,6 +68,7 @@ std::vector<int> contentWidths(const CTzGrid& grid) {
       WidthOfColumn& width = columns[static_cast<std::size_t>(column)];
       if (type == CTzGrid::CellType::number) width.AddNumber(grid.NumberAt(row, column));
       if (type == CTzGrid::CellType::text) width.AddText(grid.TextAt(row, column));
+      if (type == CTzGrid::CellType::date) width.AddDate(grid.DateAt(row, column));
     }
   }
   std::vector<int> widths;

@@ -61,20 +61,35 @@ void appendCsvHead(std::string& out, const ComputedReport& report) {
   appendCaptions(out, report.grid, &GridColumn::caption, mark);
 }
 
+void appendCsvNumber(std::string& out, double number) {
+  if (std::isfinite(number)) {
+    appendExactFigure(out, number);
+  } else {
+    appendFigure(out, number, ColumnKind::text);
+  }
+}
+
+void appendCsvCell(std::string& out, const CTzGrid& grid, std::int64_t row, int column) {
+  switch (grid.TypeAt(row, column)) {
+    case CTzGrid::CellType::empty:
+      break;
+    case CTzGrid::CellType::text:
+      appendField(out, grid.TextAt(row, column));
+      break;
+    case CTzGrid::CellType::number:
+      appendCsvNumber(out, grid.NumberAt(row, column));
+      break;
+    case CTzGrid::CellType::date:
+      appendDate(out, grid.DateAt(row, column));
+      break;
+  }
+}
+
 void appendRow(std::string& out, const ComputedReport& report, std::int64_t row) {
   const CTzGrid& grid = report.grid;
   for (int column = 0; column < grid.GetCols(); ++column) {
     if (column > 0) out += ',';
-    if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
-      const double number = grid.NumberAt(row, column);
-      if (std::isfinite(number)) {
-        appendExactFigure(out, number);
-      } else {
-        appendFigure(out, number, ColumnKind::text);
-      }
-    } else {
-      appendField(out, grid.TextAt(row, column));
-    }
+    appendCsvCell(out, grid, row, column);
   }
   if (hasMarks(report)) {
     out += ',';

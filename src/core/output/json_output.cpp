@@ -94,8 +94,13 @@ void appendBackground(std::string& out, Rgb colour) {
 
 void appendCell(std::string& out, const CTzGrid& grid, std::int64_t row, int column) {
   const std::string_view text = grid.TextAt(row, column);
-  if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
+  const auto type = grid.TypeAt(row, column);
+  if (type == CTzGrid::CellType::number) {
     appendNumber(out, grid.NumberAt(row, column));
+  } else if (type == CTzGrid::CellType::date) {
+    out += '"';
+    appendDate(out, grid.DateAt(row, column));
+    out += '"';
   } else if (text.empty()) {
     out += "null";
   } else {

@@ -172,6 +172,11 @@ class TextWriter {
         case CTzGrid::CellType::number:
           WriteNumber(line, column, row, i);
           break;
+        case CTzGrid::CellType::date:
+          figure_.clear();
+          appendDate(figure_, grid_.DateAt(row, i));
+          WriteText(line, column, figure_);
+          break;
         case CTzGrid::CellType::empty:
           break;
       }

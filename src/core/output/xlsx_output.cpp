@@ -1,9 +1,7 @@
 #include "core/output/xlsx_output.h"
 
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,22 +21,10 @@ constexpr int portraitPixels = 660;  // what fits beside each other on an uprigh
 constexpr std::uint8_t paperA4 = 9;
 constexpr Rgb warningGround = 0xFFF0CC;
 
-int twoDigits(std::string_view text, std::size_t place) {
-  const auto digit = [&](std::size_t at) { return text[at] >= '0' && text[at] <= '9' ? text[at] - '0' : -1000; };
-  return digit(place) * 10 + digit(place + 1);
-}
-
-// The date that a text of the form yyyy.mm.dd stands for.
-std::optional<lxw_datetime> dateOf(std::string_view text) {
-  if (text.size() != 10 || text[4] != '.' || text[7] != '.') return std::nullopt;
-  const int year = twoDigits(text, 0) * 100 + twoDigits(text, 2);
-  const int month = twoDigits(text, 5);
-  const int day = twoDigits(text, 8);
-  if (year < 1900 || month < 1 || day < 1) return std::nullopt;
-  const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
-                                         std::chrono::day{static_cast<unsigned>(day)}};
-  if (!date.ok()) return std::nullopt;
-  return lxw_datetime{year, month, day, 0, 0, 0};
+// Whether spreadsheets know the date: their calendar begins with 1900 and has years of four digits.
+bool inSheetCalendar(Date date) {
+  return date.year >= 1900 && date.year <= 9999 && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
+         date.day <= daysInMonth(date.year, date.month);
 }
 
 class XlsxWriter {
@@ -173,7 +159,10 @@ class XlsxWriter {
     for (int column = 0; column < grid_.GetCols(); ++column) {
       switch (grid_.TypeAt(row, column)) {
         case CTzGrid::CellType::text:
-          WriteTextCell(column, grid_.TextAt(row, column), bold, ground);
+          WriteText(column, grid_.TextAt(row, column), formats_.Get(XlsxCell::text, bold, ground));
+          break;
+        case CTzGrid::CellType::date:
+          WriteDateCell(column, grid_.DateAt(row, column), bold, ground);
           break;
         case CTzGrid::CellType::number:
           WriteNumberCell(column, grid_.NumberAt(row, column), bold, ground);
@@ -186,11 +175,14 @@ class XlsxWriter {
     ++row_;
   }
 
-  void WriteTextCell(int column, std::string_view text, bool bold, Rgb ground) {
-    if (std::optional<lxw_datetime> date = dateOf(text)) {
+  void WriteDateCell(int column, Date date, bool bold, Rgb ground) {
+    if (inSheetCalendar(date)) {
+      lxw_datetime cell{date.year, date.month, date.day, 0, 0, 0};
       lxw_format* format = formats_.Get(XlsxCell::date, bold, ground);
-      library_.check(library_.writeDate(sheet_, Row(), static_cast<lxw_col_t>(column), &*date, format));
+      library_.check(library_.writeDate(sheet_, Row(), static_cast<lxw_col_t>(column), &cell, format));
     } else {
+      std::string text;
+      appendDate(text, date);
       WriteText(column, text, formats_.Get(XlsxCell::text, bold, ground));
     }
   }

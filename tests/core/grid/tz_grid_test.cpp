@@ -31,6 +31,14 @@ TEST(TzGrid, KeepsCellsOfEveryKindAndLength) {
   EXPECT_EQ(grid.NumberAt(0, 1), -0.1);
   EXPECT_EQ(grid.TextAt(0, 1), "");
   EXPECT_EQ(grid.TypeAt(0, 2), CTzGrid::CellType::empty);
+  EXPECT_TRUE(grid.DateAt(0, 2).empty());
+  ASSERT_TRUE(grid.SetDate(0, 2, Date{2006, 1, 5}));
+  EXPECT_EQ(grid.TypeAt(0, 2), CTzGrid::CellType::date);
+  EXPECT_EQ(grid.DateAt(0, 2), (Date{2006, 1, 5}));
+  EXPECT_EQ(grid.ShownAt(0, 2), "2006.01.05");
+  EXPECT_EQ(grid.TextAt(0, 2), "");
+  EXPECT_EQ(grid.NumberAt(0, 2), 0);
+  EXPECT_TRUE(grid.DateAt(0, 0).empty());
   // A cell can change its kind.
   ASSERT_TRUE(grid.SetNumber(0, 0, 1234.5));
   ASSERT_TRUE(grid.SetText(0, 1, "个人期初个人期初"));
@@ -44,6 +52,7 @@ TEST(TzGrid, RefusesWritesOutsideWithoutHarm) {
   grid.SetText(4, 6, "last");
   for (const auto& [row, column] : {std::pair{-1, 0}, {5, 0}, {0, -1}, {0, 7}, {4, 9}, {1'000'000, 0}}) {
     EXPECT_FALSE(grid.SetNumber(row, column, 1));
+    EXPECT_FALSE(grid.SetDate(row, column, Date{2006, 1, 5}));
     EXPECT_FALSE(grid.SetText(row, column, "text of more than fifteen bytes"));
     EXPECT_FALSE(grid.ActivateCell(row, column));
     EXPECT_EQ(grid.TypeAt(row, column), CTzGrid::CellType::empty);
@@ -91,7 +100,7 @@ TEST(TzGrid, AMillionRowsAndTheirSubjectsStayBelow200BytesEach) {
   RowSubjects subjects;
   for (std::int64_t row = 0; row < rows; ++row) {
     grid.SetRows(row + 1);
-    grid.SetText(row, 0, "2006.01.05");
+    grid.SetDate(row, 0, Date{2006, 1, 5});
     // Every third summary is one of its own, the others are among 100 usual ones.
     const bool own = row % 3 == 0;
     grid.SetText(row, 2, "报销差旅费及住宿费等 " + std::to_string(own ? row : row % 100));

@@ -11,8 +11,8 @@
 
 namespace tz::test {
 
-// Nothing, a text or a figure.
-using TestCell = std::variant<std::monostate, const char*, double>;
+// Nothing, a text, a figure or a date.
+using TestCell = std::variant<std::monostate, const char*, double, Date>;
 inline constexpr std::monostate none;
 
 inline std::int64_t addRow(CTzGrid& grid, std::initializer_list<TestCell> cells, RowKind kind = RowKind::line) {
@@ -23,6 +23,7 @@ inline std::int64_t addRow(CTzGrid& grid, std::initializer_list<TestCell> cells,
   for (const TestCell& cell : cells) {
     if (const auto* text = std::get_if<const char*>(&cell)) grid.SetText(row, column, *text);
     if (const auto* figure = std::get_if<double>(&cell)) grid.SetNumber(row, column, *figure);
+    if (const auto* date = std::get_if<Date>(&cell)) grid.SetDate(row, column, *date);
     ++column;
   }
   return row;
@@ -39,7 +40,7 @@ inline ComputedReport ledgerReport() {
   report.format = AmountFormat::amount;
   report.highlightMeaning = "未记帐凭证";
   CTzGrid& grid = report.grid;
-  CTzGridControl::AddCol(grid, "日期", 70, ColumnKind::text);
+  CTzGridControl::AddCol(grid, "日期", 70, ColumnKind::date);
   CTzGridControl::AddCol(grid, "凭证号", 60, ColumnKind::text);
   CTzGridControl::AddCol(grid, "摘要", 120, ColumnKind::text);
   CTzGridControl::AddCol(grid, "借方", 100, ColumnKind::debitAmount);
@@ -47,11 +48,11 @@ inline ComputedReport ledgerReport() {
   CTzGridControl::AddCol(grid, "方向", 40, ColumnKind::text);
   CTzGridControl::AddCol(grid, "余额", 100, ColumnKind::amount);
   addRow(grid, {none, none, "个人期初", none, none, "借", 250.0}, RowKind::opening);
-  addRow(grid, {"2006.01.05", "记-0001", "预借差旅费", 1000.0, none, "借", 1250.0});
+  addRow(grid, {Date{2006, 1, 5}, "记-0001", "预借差旅费", 1000.0, none, "借", 1250.0});
   addRow(grid, {none, none, "本月合计", 1000.0, none, "借", 1250.0}, RowKind::subtotal);
   addRow(grid, {none, none, "本年累计", 1000.0, none, "借", 1250.0}, RowKind::subtotal);
-  addRow(grid, {"2006.02.03", "记-0012", "冲销多借", -30.5, none, "借", 1219.5});
-  const std::int64_t unposted = addRow(grid, {"2006.02.10", "记-0020", "还款", none, 1219.5, "平", none});
+  addRow(grid, {Date{2006, 2, 3}, "记-0012", "冲销多借", -30.5, none, "借", 1219.5});
+  const std::int64_t unposted = addRow(grid, {Date{2006, 2, 10}, "记-0020", "还款", none, 1219.5, "平", none});
   grid.SetBackground(unposted, lightGreen);
   grid.SetRowData(unposted, 1);
   addRow(grid, {none, none, "本月合计", -30.5, 1219.5, "平", none}, RowKind::subtotal);

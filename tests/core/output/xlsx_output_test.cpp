@@ -45,12 +45,12 @@ ComputedReport groupedReport() {
   report.title = "明细帐";
   report.subtitle = "科目：1133\n部门：销售部";
   report.highlightMeaning = "未记帐凭证";
-  CTzGridControl::AddCol(report.grid, "日期", 70, ColumnKind::text);
+  CTzGridControl::AddCol(report.grid, "日期", 70, ColumnKind::date);
   CTzGridControl::AddCol(report.grid, "科目", 60, ColumnKind::text);
   CTzGridControl::AddGroup(report.grid, "借方", 100, {ColumnKind::debitQuantity, ColumnKind::debitAmount});
   CTzGridControl::AddGroup(report.grid, "余额", 100, {ColumnKind::quantity, ColumnKind::price, ColumnKind::amount});
-  addRow(report.grid, {"2006.01.05", "0102", 12.5, 1234.5, 3.0, 0.3333, -4.0});
-  const auto green = addRow(report.grid, {"2006.02.30", "=1+1", none, std::numeric_limits<double>::infinity()});
+  addRow(report.grid, {Date{2006, 1, 5}, "0102", 12.5, 1234.5, 3.0, 0.3333, -4.0});
+  const auto green = addRow(report.grid, {"2006.01.05", "=1+1", none, std::numeric_limits<double>::infinity()});
   report.grid.SetBackground(green, lightGreen);
   addRow(report.grid, {"合计\x01<&>"}, RowKind::total);
   report.grid.notices = {Notice{"有1条分录未列示"}};
@@ -78,7 +78,7 @@ TEST_F(XlsxOutput, CellsHaveTheirTypes) {
   EXPECT_EQ(formatOf(cellOf(sheet, "E6"), styles), "#,##0;[Red]-#,##0");
   EXPECT_TRUE(holds(cellOf(sheet, "G6"), "<v>-4</v>"));
   // No date, no formula, no number: texts.
-  EXPECT_TRUE(holds(cellOf(sheet, "A7"), "<t>2006.02.30"));
+  EXPECT_TRUE(holds(cellOf(sheet, "A7"), "<t>2006.01.05"));
   EXPECT_TRUE(holds(cellOf(sheet, "B7"), "<t>=1+1"));
   EXPECT_TRUE(holds(cellOf(sheet, "D7"), "<t>∞"));
   EXPECT_TRUE(holds(cellOf(sheet, "A8"), "<t>合计_x0001_&lt;&amp;&gt;"));
@@ -88,6 +88,31 @@ TEST_F(XlsxOutput, CellsHaveTheirTypes) {
   EXPECT_TRUE(holds(styles, "rgb=\"FFE0FFE0\""));
   EXPECT_NE(cellOf(sheet, "C7"), "");  // the ground goes on below an empty cell
   EXPECT_EQ(cellOf(sheet, "C8"), "");
+}
+
+TEST_F(XlsxOutput, ADateColumnHoldsDatesTextsAndNumbers) {
+  ComputedReport report;
+  report.grid.AddColumn({"日期", "", 70, ColumnKind::date});
+  addRow(report.grid, {Date{2024, 2, 29}});
+  addRow(report.grid, {"2024.02.29"}, RowKind::opening);
+  addRow(report.grid, {12.5}, RowKind::subtotal);
+  // Outside the calendar of spreadsheets.
+  addRow(report.grid, {Date{1899, 12, 31}});
+  addRow(report.grid, {Date{2023, 2, 29}});
+  const auto green = addRow(report.grid, {Date{9999, 12, 31}});
+  report.grid.SetBackground(green, lightGreen);
+  ASSERT_TRUE(CGridToFile(report).CreateFile(file, FileForm::xlsx));
+  const std::string sheet = partOf(file, "xl/worksheets/sheet1.xml");
+  const std::string styles = partOf(file, "xl/styles.xml");
+  EXPECT_TRUE(holds(cellOf(sheet, "A3"), "<v>45351</v>")) << cellOf(sheet, "A3");
+  EXPECT_EQ(formatOf(cellOf(sheet, "A3"), styles), "yyyy.mm.dd");
+  EXPECT_TRUE(holds(cellOf(sheet, "A4"), "<t>2024.02.29")) << cellOf(sheet, "A4");
+  EXPECT_TRUE(holds(cellOf(sheet, "A5"), "<v>12.5</v>")) << cellOf(sheet, "A5");
+  EXPECT_EQ(formatOf(cellOf(sheet, "A5"), styles), "#,##0.######;[Red]-#,##0.######");
+  EXPECT_TRUE(holds(cellOf(sheet, "A6"), "<t>1899.12.31")) << cellOf(sheet, "A6");
+  EXPECT_TRUE(holds(cellOf(sheet, "A7"), "<t>2023.02.29")) << cellOf(sheet, "A7");
+  EXPECT_TRUE(holds(cellOf(sheet, "A8"), "<v>2958465</v>")) << cellOf(sheet, "A8");
+  EXPECT_EQ(formatOf(cellOf(sheet, "A8"), styles), "yyyy.mm.dd");
 }
 
 TEST_F(XlsxOutput, TextsComeBackAsTheyWere) {

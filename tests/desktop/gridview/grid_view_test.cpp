@@ -19,12 +19,12 @@ namespace {
 // 日期 | 借方 (数量, 金额) | 方向; row 1 is unposted, row 2 the total.
 CTzGrid smallLedger() {
   CTzGrid grid;
-  grid.AddColumn({.caption = "日期", .width = 100});
+  grid.AddColumn({.caption = "日期", .width = 100, .kind = ColumnKind::date});
   grid.AddColumn({.caption = "数量", .group = "借方", .width = 100, .kind = ColumnKind::debitQuantity});
   grid.AddColumn({.caption = "金额", .group = "借方", .width = 100, .kind = ColumnKind::debitAmount});
   grid.AddColumn({.caption = "方向", .width = 60});
   grid.SetRows(3);
-  grid.SetText(0, 0, "2006-03-01");
+  grid.SetDate(0, 0, Date{2006, 3, 1});
   grid.SetNumber(0, 1, 3);
   grid.SetNumber(0, 2, 1234567.5);
   grid.SetText(0, 3, "借");
@@ -139,6 +139,7 @@ TEST_F(GridViewTest, EveryCellIsToldToAScreenReader) {
   QAccessibleInterface* cell = table.cellAt(0, 2);
   EXPECT_EQ(cell->text(QAccessible::Name), "1,234,567.50");
   EXPECT_EQ(cell->text(QAccessible::Description), "借方 金额");
+  EXPECT_EQ(table.cellAt(0, 0)->text(QAccessible::Name), "2006.03.01");
   EXPECT_EQ(cell->tableCellInterface()->columnIndex(), 2);
   EXPECT_EQ(whole->indexOfChild(cell), 2);
   EXPECT_EQ(whole->child(2), cell);
@@ -245,7 +246,7 @@ TEST_F(GridViewTest, CopiesCellsAsASpreadsheetTakesThem) {
   Press(Qt::Key_A, Qt::ControlModifier);
   Press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(),
-            "2006-03-01\t3\t1234567.50\t借\n"
+            "2006.03.01\t3\t1234567.50\t借\n"
             "one two three\t\t-20.00\t\n"
             "合计\t\t1234547.50\t");
 }
@@ -303,7 +304,7 @@ TEST_F(GridViewTest, TheMenuOpensByMouseAndKeysAndCopies) {
   Press(Qt::Key_F10, Qt::ShiftModifier);
   ASSERT_NE(menu(), nullptr);
   QTest::keyClick(menu(), Qt::Key_C);
-  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("2006-03-01\t3"))) << "all of it";
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("2006.03.01\t3"))) << "all of it";
 
   // A right click takes the cell below it, but keeps a selection that it belongs to.
   const auto rightClick = [&](std::int64_t row, int column) {
