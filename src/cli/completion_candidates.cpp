@@ -80,7 +80,7 @@ const Parameter* conditionOf(const CLI::Option& option) {
 
 void addConditionChoices(Candidates& found, const Parameter& condition) {
   if (condition.kind == Parameter::Kind::choice) {
-    for (const auto choice : choicesOf(condition.choices)) found.words.push_back({std::string(choice), ""});
+    for (const auto& choice : condition.choices) found.words.push_back({std::string(choice.value), ""});
   }
   if (condition.key == ParameterKey::format) {
     // Which of them an account offers is seen when the report is asked for.

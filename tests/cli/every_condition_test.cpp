@@ -33,7 +33,7 @@ std::string firstValue(const ReportDefinition& report, ParameterKey key, Reader&
       break;
   }
   const auto& condition = parameter(key);
-  if (condition.kind == Parameter::Kind::choice) return std::string(choicesOf(condition.choices).back());
+  if (condition.kind == Parameter::Kind::choice) return std::string(condition.choices.back().value);
   if (condition.kind == Parameter::Kind::amount) return "0";
   if (condition.kind == Parameter::Kind::date) return "2025-06-30";
   return {};

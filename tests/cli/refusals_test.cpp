@@ -29,7 +29,7 @@ void addOthers(const RefusalCase& one, TestLedger& ledger, std::vector<std::stri
     if (condition.kind == Parameter::Kind::flag) words.push_back(option);
     if (condition.kind == Parameter::Kind::month) words.insert(words.end(), {option, "3"});
     if (condition.kind == Parameter::Kind::choice) {
-      words.insert(words.end(), {option, std::string(choicesOf(condition.choices).front())});
+      words.insert(words.end(), {option, std::string(condition.choices.front().value)});
     }
     if (!takesSeveral(report, key)) continue;
     const auto account = ledger.keeper().query(Sql("SELECT sCode FROM Code WHERE ") + Sql(report.dialog.accountWhere));

@@ -39,7 +39,7 @@ std::string valueOf(const Parameter& condition) {
     case Parameter::Kind::date:
       return "2025-06-30";
     case Parameter::Kind::choice:
-      return std::string(choicesOf(condition.choices).back());
+      return std::string(condition.choices.back().value);
     default:
       return {};
   }

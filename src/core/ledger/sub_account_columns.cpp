@@ -46,7 +46,7 @@ void SubAccountColumns::writeLine(CTzGrid& grid, std::int64_t row, const LedgerL
 void SubAccountColumns::add(const LedgerLine& line) {
   auto& column = columns_[summedIn(line.account)];
   const double net = line.debit.amount - line.credit.amount;
-  const double amount = conditions_.absoluteSums ? std::abs(net) : net;
+  const double amount = conditions_.analysis == Analysis::amount ? std::abs(net) : net;
   column.month += amount;
   column.year += amount;
 }

@@ -37,9 +37,16 @@ std::string amountRange(const Conditions& conditions) {
   return none ? "" : fmt::format("金额范围: {} 至 {}", end(ParameterKey::minimum), end(ParameterKey::maximum));
 }
 
-std::string side(const std::string& chosen) {
-  if (chosen == "debit") return "方向: 借方";
-  return chosen == "credit" ? "方向: 贷方" : "";
+std::string side(BalanceSide chosen) {
+  switch (chosen) {
+    case BalanceSide::both:
+      return {};
+    case BalanceSide::debit:
+      return "方向: 借方";
+    case BalanceSide::credit:
+      return "方向: 贷方";
+  }
+  return {};
 }
 
 std::string project(const Conditions& conditions) {
@@ -122,11 +129,11 @@ std::string conditionText(const ControlSpec& control, const Conditions& conditio
     case ControlSpec::Kind::amountRange:
       return amountRange(conditions);
     case ControlSpec::Kind::side:
-      return side(conditions.request.text(control.key));
+      return side(static_cast<BalanceSide>(conditions.request.choice(control.key)));
     case ControlSpec::Kind::date:
       return captioned(conditions.request.text(control.key));
     case ControlSpec::Kind::analysis:
-      return conditions.absoluteSums ? "金额分析" : "余额分析";
+      return std::string(analyses.at(static_cast<std::size_t>(conditions.analysis)).caption);
     case ControlSpec::Kind::checkBox:
       return conditions.request.flag(control.key) ? std::string(control.caption) : "";
     default:

@@ -41,7 +41,7 @@ struct Conditions {
   ProjClassInfo projectClass;
   ItemInfo project;
   ProjectRange projects;
-  bool absoluteSums = false;  // multi-column ledgers: sums of absolute movements
+  Analysis analysis = Analysis::balance;
   int from = 0;
   int to = 0;
   bool unposted = false;

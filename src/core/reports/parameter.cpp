@@ -108,7 +108,7 @@ constexpr std::array parameters = {
               .kind = ParameterKind::choice,
               .valueName = "SIDE",
               .help = "both 双方余额，debit 借方余额，credit 贷方余额",
-              .choices = "both|debit|credit",
+              .choices = balanceSides,
               .fieldHelp = "双方、借方或贷方余额"},
     Parameter{.key = ParameterKey::cutoff,
               .option = "cutoff",
@@ -122,7 +122,7 @@ constexpr std::array parameters = {
               .kind = ParameterKind::choice,
               .valueName = "METHOD",
               .help = "balance 余额分析，amount 金额分析；缺省为余额分析",
-              .choices = "balance|amount",
+              .choices = analyses,
               .fieldHelp = "余额分析或金额分析"},
     Parameter{.key = ParameterKey::format,
               .option = "format",
@@ -148,16 +148,6 @@ std::string WrongUse::withOption() const {
 
 std::string WrongUse::withLabel() const {
   return about_ ? std::string(parameter(*about_).label) + "：" + what() : what();
-}
-
-std::vector<std::string_view> choicesOf(std::string_view choices) {
-  std::vector<std::string_view> all;
-  for (;;) {
-    const auto end = choices.find('|');
-    all.push_back(choices.substr(0, end));
-    if (end == std::string_view::npos) return all;
-    choices.remove_prefix(end + 1);
-  }
 }
 
 }  // namespace tz

@@ -2,13 +2,14 @@
 // its value and its help; dialogs, command line and saved conditions all go by it.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace tz {
 
@@ -34,6 +35,20 @@ enum class ParameterKey {
   format,
 };
 
+// One of the few values that a condition may have: as it is typed, and as windows and subtitles say it.
+struct ParameterChoice {
+  std::string_view value;
+  std::string_view caption;
+};
+
+// Each at the place of its value.
+enum class BalanceSide : std::uint8_t { both, debit, credit };
+inline constexpr std::array balanceSides = {ParameterChoice{"both", "双方余额"}, ParameterChoice{"debit", "借方余额"},
+                                            ParameterChoice{"credit", "贷方余额"}};
+// Of multi-column ledgers: sums of net movements, or of their absolute values.
+enum class Analysis : std::uint8_t { balance, amount };
+inline constexpr std::array analyses = {ParameterChoice{"balance", "余额分析"}, ParameterChoice{"amount", "金额分析"}};
+
 struct Parameter {
   enum class Kind {
     text,    // a code or name
@@ -51,7 +66,7 @@ struct Parameter {
   Kind kind;
   std::string_view valueName;  // as help shows the value; empty for flags
   std::string_view help;
-  std::string_view choices = {};    // of a choice, separated by "|"
+  std::span<const ParameterChoice> choices = {};
   std::string_view fieldHelp = {};  // of its field in windows, where that reads otherwise
 
   [[nodiscard]] std::string_view helpInWindow() const { return fieldHelp.empty() ? help : fieldHelp; }
@@ -59,9 +74,6 @@ struct Parameter {
 
 [[nodiscard]] std::span<const Parameter> allParameters();
 [[nodiscard]] const Parameter& parameter(ParameterKey key);
-
-// "both|debit|credit" as its parts.
-[[nodiscard]] std::vector<std::string_view> choicesOf(std::string_view choices);
 
 // A value that is none of its kind, or a choice that is not offered: an error of use, not a refusal. What it says fits
 // windows and the command line alike; which condition it is about, each of them says in its own way.

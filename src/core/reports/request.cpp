@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <sstream>
 
 #include "core/data/get_data.h"
@@ -23,9 +25,11 @@ bool isNumber(std::string_view text) {
   return error == std::errc{} && end == text.data() + text.size() && std::isfinite(number);
 }
 
-bool isChoice(std::string_view choices, std::string_view text) {
-  const auto offered = choicesOf(choices);
-  return std::ranges::find(offered, text) != offered.end();
+std::string choiceComplaint(std::span<const ParameterChoice> choices, std::string_view text) {
+  if (std::ranges::find(choices, text, &ParameterChoice::value) != choices.end()) return {};
+  std::vector<std::string_view> values;
+  for (const auto& choice : choices) values.push_back(choice.value);
+  return fmt::format("“{}”不在可选项中：{}", text, fmt::join(values, "|"));
 }
 
 // What is wrong with a value of this kind; empty when nothing is.
@@ -39,7 +43,7 @@ std::string complaint(const Parameter& condition, std::string_view text) {
     case Parameter::Kind::date:
       return parseIsoDate(text) ? "" : quoted + "不是 YYYY-MM-DD 形式的日期";
     case Parameter::Kind::choice:
-      return isChoice(condition.choices, text) ? "" : quoted + "不在可选项中：" + std::string(condition.choices);
+      return choiceComplaint(condition.choices, text);
     default:
       return "";
   }
@@ -98,6 +102,12 @@ double Request::amount(ParameterKey key) const {
 int Request::month(ParameterKey key) const {
   const auto found = values_.find(key);
   return found == values_.end() ? 0 : std::stoi(found->second);
+}
+
+std::size_t Request::choice(ParameterKey key) const {
+  const auto& choices = parameter(key).choices;
+  const auto found = std::ranges::find(choices, text(key), &ParameterChoice::value);
+  return found == choices.end() ? 0 : static_cast<std::size_t>(found - choices.begin());
 }
 
 bool sameAccounts(const Request& one, const Request& other) {

@@ -33,6 +33,7 @@ class Request {
   [[nodiscard]] std::vector<std::string> list(ParameterKey key) const;  // the lines of a list
   [[nodiscard]] double amount(ParameterKey key) const;                  // 0 when left out
   [[nodiscard]] int month(ParameterKey key) const;                      // 0 when left out
+  [[nodiscard]] std::size_t choice(ParameterKey key) const;             // its place; the first when left out
   [[nodiscard]] const std::map<ParameterKey, std::string>& values() const { return values_; }
   // The members that were picked.
   [[nodiscard]] const std::map<ParameterKey, Id>& ids() const { return ids_; }

@@ -144,7 +144,7 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.from = monthOr(request, ParameterKey::from, session.logon.month);
   conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
   conditions.unposted = request.flag(ParameterKey::unposted);
-  conditions.absoluteSums = request.text(ParameterKey::analysis) == "amount";
+  conditions.analysis = static_cast<Analysis>(request.choice(ParameterKey::analysis));
   CheckContext context{session, request, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return *refused;
   if (asksForAccount(dialog) && !hasAccounts(dialog, [&] { return takeAccount(dialog, context); })) {

@@ -26,22 +26,20 @@ class CheckField : public QueryField {
   QCheckBox* box_;
 };
 
-struct Choice {
-  int id;
-  QString text;
-};
-
-// One of the condition's choices, in their order; a condition left out is the first.
+// One of the condition's choices, in their order; a condition left out is the first. The ids go on from the first
+// one, unless the second has its own.
 class RadioField : public QueryField {
  public:
-  RadioField(const ControlSpec& spec, const std::vector<Choice>& choices, QWidget* dialog)
-      : QueryField(spec), row_(new QWidget(dialog)), values_(choicesOf(parameter(spec.key).choices)) {
+  RadioField(const ControlSpec& spec, QWidget* dialog)
+      : QueryField(spec), row_(new QWidget(dialog)), choices_(parameter(spec.key).choices) {
     auto* layout = rowLayout(row_);
     layout->setSpacing(16);
     auto* group = new QButtonGroup(row_);
-    for (const Choice& choice : choices) {
-      auto* button = madeControl<QRadioButton>(choice.id, row_);
-      button->setText(choice.text);
+    for (const auto& choice : choices_) {
+      const int place = static_cast<int>(buttons_.size());
+      auto* button =
+          madeControl<QRadioButton>(place > 0 && spec.companion != 0 ? spec.companion : spec.id + place, row_);
+      button->setText(toQt(choice.caption));
       group->addButton(button);
       layout->addWidget(button);
       buttons_.push_back(button);
@@ -53,11 +51,8 @@ class RadioField : public QueryField {
   // The group is one stop: the arrow keys move inside it.
   std::vector<QWidget*> Stops() override { return {buttons_[Place()]}; }
   [[nodiscard]] bool HasLabel() const override { return !Spec().caption.empty(); }
-  void Show(const Request& request) override {
-    const auto found = std::ranges::find(values_, request.text(Spec().key));
-    Check(found == values_.end() ? 0 : static_cast<std::size_t>(found - values_.begin()));
-  }
-  void Take(Request& request) const override { request.set(Spec().key, values_[Place()]); }
+  void Show(const Request& request) override { Check(request.choice(Spec().key)); }
+  void Take(Request& request) const override { request.set(Spec().key, choices_[Place()].value); }
 
  private:
   // The Tab key stops at the one that is checked, as after a click.
@@ -72,7 +67,7 @@ class RadioField : public QueryField {
     return static_cast<std::size_t>(found - buttons_.begin());
   }
   QWidget* row_;
-  std::vector<std::string_view> values_;
+  std::span<const ParameterChoice> choices_;
   std::vector<QRadioButton*> buttons_;
 };
 
@@ -82,17 +77,9 @@ std::unique_ptr<QueryField> makeChoiceField(const ControlSpec& spec, QWidget* di
   switch (spec.kind) {
     case ControlSpec::Kind::checkBox:
       return std::make_unique<CheckField>(spec, dialog);
-    case ControlSpec::Kind::side: {
-      const std::vector<Choice> sides{{spec.id, QStringLiteral("双方余额")},
-                                      {spec.id + 1, QStringLiteral("借方余额")},
-                                      {spec.id + 2, QStringLiteral("贷方余额")}};
-      return std::make_unique<RadioField>(spec, sides, dialog);
-    }
-    case ControlSpec::Kind::analysis: {
-      const std::vector<Choice> methods{{spec.id, QStringLiteral("余额分析")},
-                                        {spec.companion, QStringLiteral("金额分析")}};
-      return std::make_unique<RadioField>(spec, methods, dialog);
-    }
+    case ControlSpec::Kind::side:
+    case ControlSpec::Kind::analysis:
+      return std::make_unique<RadioField>(spec, dialog);
     default:
       return nullptr;
   }
