@@ -92,6 +92,7 @@ TEST_F(XlsxOutput, CellsHaveTheirTypes) {
 
 TEST_F(XlsxOutput, ADateColumnHoldsDatesTextsAndNumbers) {
   ComputedReport report;
+  report.title = "表";
   report.grid.AddColumn({"日期", "", 70, ColumnKind::date});
   addRow(report.grid, {Date{2024, 2, 29}});
   addRow(report.grid, {"2024.02.29"}, RowKind::opening);
