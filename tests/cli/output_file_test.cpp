@@ -3,9 +3,11 @@
 #include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sys/resource.h>
 
 #include "cli/small_company.h"
+#include "core/output/temporary_folder.h"
 
 namespace tz::test {
 namespace {
@@ -55,6 +57,21 @@ TEST_F(OutputFileTest, HoldsWhatStandardOutputShows) {
     EXPECT_TRUE(fileBytes(target_) == shown.out) << form;
     EXPECT_GT(shown.out.size(), 100'000U);
   }
+}
+
+// Each line's date is a date of the workbook, and the rows between the lines have none.
+TEST_F(OutputFileTest, AWorkbookHasADateForEachLine) {
+  const auto count = [](const std::string& text, const char* pattern) {
+    const std::regex sought(pattern);
+    return std::distance(std::sregex_iterator(text.begin(), text.end(), sought), std::sregex_iterator());
+  };
+  const auto json = smallReport(ledger_.address(), {"--as", "json"}).out;
+  ASSERT_EQ(smallReport(ledger_.address(), {"--as", "xlsx", "-o", target_}).status, 0);
+  const auto sheet = printedBy("unzip -p '" + target_ + "' xl/worksheets/sheet1.xml");
+  const auto lines = count(json, R"(\{"cells": \["\d{4}\.\d\d\.\d\d",)");
+  EXPECT_GE(lines, 2000);
+  EXPECT_EQ(count(sheet, R"(<c r="A\d+" s="\d+"><v>\d+</v>)"), lines);
+  EXPECT_EQ(count(sheet, R"(<t>\d{4}\.\d\d\.\d\d</t>)"), 0);
 }
 
 TEST_F(OutputFileTest, StaysAsItWasWhenNothingIsWritten) {
