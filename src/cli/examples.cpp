@@ -72,8 +72,15 @@ void addExample(CLI::App& command, std::string_view line) {
 
 }  // namespace
 
-void addExamples(CLI::App& app, int reportId) {
+void addReportExamples(CLI::App& app, int reportId) {
   const auto* report = findReport(reportId == 0 ? firstReport : reportId);
+  const auto line = reportLine(*report);
+  for (const char* more : {"", " --as json", " --as xlsx -o 明细帐.xlsx"}) {
+    addExample(*app.get_subcommand("report"), line + more);
+  }
+}
+
+void addExamples(CLI::App& app, int reportId) {
   auto& ledger = *app.get_subcommand("ledger");
   addExample(app, "ledger create 示例.db --sample");
   addExample(app, "reports");
@@ -84,10 +91,7 @@ void addExamples(CLI::App& app, int reportId) {
   addExample(*ledger.get_subcommand("check"), "ledger check 示例.db");
   addExample(*app.get_subcommand("reports"), "reports --as json");
   addExample(*app.get_subcommand("completion"), "completion bash");
-  const auto line = reportLine(*report);
-  for (const char* more : {"", " --as json", " --as xlsx -o 明细帐.xlsx"}) {
-    addExample(*app.get_subcommand("report"), line + more);
-  }
+  addReportExamples(app, reportId);
 }
 
 }  // namespace tz::cli

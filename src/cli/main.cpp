@@ -70,15 +70,19 @@ Status run(int argc, char** argv) {
       "没有权限");
   app.require_subcommand(0, 1);
   Work work;
-  addOpenCommand(app, work);
-  addLedgerCommand(app, work);
-  addReportsCommand(app, work);
-  auto addConditions = addReportCommand(app, work);
-  addCompletionCommand(app, work);
   const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  // Whoever asks for a report needs no other command; making them all would take a twentieth of a small report.
+  const bool reportAlone = !words.empty() && words.front() == "report";
+  if (!reportAlone) {
+    addOpenCommand(app, work);
+    addLedgerCommand(app, work);
+    addReportsCommand(app, work);
+  }
+  auto addConditions = addReportCommand(app, work);
+  if (!reportAlone) addCompletionCommand(app, work);
   const int reportId = namedReport(app, words);
   addConditions(reportId);
-  addExamples(app, reportId);
+  reportAlone ? addReportExamples(app, reportId) : addExamples(app, reportId);
   groupHelpFlags(app);
   try {
     refuseWrongValues(givenWords(app, words));
