@@ -24,13 +24,15 @@ std::string_view withoutBlanks(std::string_view text) {
 
 PostgresCursor::PostgresCursor(std::shared_ptr<PostgresSession> session, const Sql& sql)
     : client_(postgresClient()), session_(std::move(session)) {
-  if (session_->transactionStatus() == PQTRANS_INTRANS) {
+  const auto text = sql.numbered();
+  const bool oneRow = text.ends_with(" LIMIT 1");  // comes at once: a cursor would take three trips to the server
+  if (session_->transactionStatus() == PQTRANS_INTRANS && !oneRow) {
     name_ = session_->newCursorName();
     transaction_ = session_->transactionNumber();
-    (void)session_->run("DECLARE " + name_ + " NO SCROLL CURSOR FOR " + sql.numbered(), sql.values());
+    (void)session_->run("DECLARE " + name_ + " NO SCROLL CURSOR FOR " + text, sql.values());
     fetch();
   } else {
-    rows_ = session_->run(sql.numbered(), sql.values());
+    rows_ = session_->run(text, sql.values());
     rowCount_ = client_.PQntuples(rows_.get());
   }
   for (int column = 0; column < client_.PQnfields(rows_.get()); ++column) {
