@@ -9,6 +9,8 @@
 
 namespace tz {
 
+struct TableSchema;
+
 // A column as the database declares it.
 struct StoredColumn {
   std::string name;        // in lower case, unless the server keeps capitals
@@ -38,13 +40,19 @@ class Dialect {
   [[nodiscard]] virtual Sql dateAdd(std::string_view column, int days) const = 0;
   // The query that the view systable stands for; it spells item tables as ProjClass does.
   [[nodiscard]] virtual std::string catalogueView() const = 0;
-  // A query of the names, in lower case, and the definitions of all tables and views, as they were made; empty where the
-  // database does not keep these texts.
-  [[nodiscard]] virtual std::string_view definitionsQuery() const = 0;
-  // The columns of the tables and views that the list ("'code', 'dept'", in lower case) names, and of all item tables
-  // where there are no definitions: schema, table, column, type, whether texts are compared byte by byte, whether a cell
-  // may be NULL, whether the table can have indexes, whether the name alone stands for this one.
+  // A query of what bears a name of the list ("'code', 'dept'", in lower case) or may be an item table: schema, name in
+  // lower case, definition in a short form.
+  [[nodiscard]] virtual std::string definitionsQuery(std::string_view list) const = 0;
+  // That form of a table as the program makes it; its columns stand behind the last bracket, if there is one, each its
+  // name, definedType() and more, parted by ", ".
+  [[nodiscard]] virtual std::string definition(const TableSchema& table) const = 0;
+  [[nodiscard]] virtual std::string_view definedType(Type type) const = 0;
+  // The columns of the tables and views that the list names: schema, table, column, type, whether texts are compared
+  // byte by byte, whether a cell may be NULL, whether the table can have indexes, whether the name alone stands for
+  // this one.
   [[nodiscard]] virtual std::string columnsQuery(std::string_view list) const = 0;
+  // What that query calls the type of a column that the program made.
+  [[nodiscard]] virtual std::string_view storedType(Type type) const = 0;
   // The query that makes a schema the only one that the connection looks into; empty where there are none.
   [[nodiscard]] virtual Sql useSchema(const std::string& schema) const = 0;
   [[nodiscard]] virtual Fit fit(Type wanted, const StoredColumn& column) const = 0;

@@ -37,13 +37,15 @@ bool isItemTable(std::string_view name) {
   return name.starts_with(itemPrefix) && isClassId(name.substr(itemPrefix.size()));
 }
 
+std::string quotedList(const std::set<std::string, std::less<>>& names) {
+  return fmt::format("'{}'", fmt::join(names, "', '"));
+}
+
 void readColumns(Connection& connection, const std::set<std::string, std::less<>>& names, FoundTables& tables) {
-  const auto list = fmt::format("'{}'", fmt::join(names, "', '"));
-  const auto rows = connection.query(Sql(connection.dialect().columnsQuery(list)));
+  const auto rows = connection.query(Sql(connection.dialect().columnsQuery(quotedList(names))));
   while (rows->next()) {
     const std::string schema(rows->text(0));
     const std::string name(rows->text(1));
-    if (!contractNames().contains(name) && !isItemTable(name)) continue;
     auto [place, end] = tables.equal_range(name);
     while (place != end && place->second.schema != schema) ++place;
     if (place == end) place = tables.emplace(name, Found{schema, {}, rows->integer(6) != 0, rows->integer(7) != 0});
@@ -52,25 +54,32 @@ void readColumns(Connection& connection, const std::set<std::string, std::less<>
   }
 }
 
-// A database that keeps definitions has one schema, in which every name is visible.
 FoundTables readTables(Connection& connection) {
   const auto& dialect = connection.dialect();
   FoundTables tables;
-  auto names = contractNames();
-  if (const auto definitions = dialect.definitionsQuery(); !definitions.empty()) {
-    names.clear();
-    const auto rows = connection.query(Sql(definitions));
-    while (rows->next()) {
-      std::string name(rows->text(0));
-      if (!contractNames().contains(name) && !isItemTable(name)) continue;
-      if (auto columns = columnsAsMade(rows->text(1), dialect)) {
-        tables.emplace(std::move(name), Found{"main", std::move(*columns), true, true, true});
-      } else {
-        names.insert(std::move(name));
-      }
+  std::set<std::string, std::less<>> all;
+  std::set<std::string, std::less<>> others;
+  std::set<std::string> schemas;
+  const auto rows = connection.query(Sql(dialect.definitionsQuery(quotedList(contractNames()))));
+  while (rows->next()) {
+    const auto name = rows->text(1);
+    if (!contractNames().contains(name) && !isItemTable(name)) continue;
+    schemas.emplace(rows->text(0));
+    all.emplace(name);
+    auto columns = columnsAsMade(name, rows->text(2), dialect);
+    if (name == catalogue) columns.emplace();  // it is there or it is not
+    if (columns) {
+      tables.emplace(name, Found{std::string(rows->text(0)), std::move(*columns), true, true, true});
+    } else {
+      others.emplace(name);
     }
   }
-  if (!names.empty()) readColumns(connection, names, tables);
+  // Where several schemas have such names, what each name stands for is found out in full.
+  if (schemas.size() > 1) {
+    tables.clear();
+    others = all;
+  }
+  if (!others.empty()) readColumns(connection, others, tables);
   return tables;
 }
 

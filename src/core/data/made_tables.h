@@ -1,9 +1,8 @@
-// Tables that stand exactly as the program makes them are told by the text of their definition, which a database that
-// keeps such texts hands out at once; nobody has to look at their columns then.
+// Tables that stand exactly as the program makes them are told by their definition in its short form (see Dialect);
+// nobody has to look at their columns then.
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,8 +10,9 @@
 
 namespace tz {
 
-// The columns of a table or view of the ledger, as its database would declare them; nothing where the text is not, to
-// the letter, the one that the program gives the table of that name. The catalogue view is told without its columns.
-[[nodiscard]] std::optional<std::vector<StoredColumn>> columnsAsMade(std::string_view text, const Dialect& dialect);
+// The columns of a table of the ledger as Dialect::columnsQuery() would tell them; nothing where the definition is not,
+// to the letter, the one that the program gives a table of that name.
+[[nodiscard]] std::optional<std::vector<StoredColumn>> columnsAsMade(std::string_view name, std::string_view definition,
+                                                                     const Dialect& dialect);
 
 }  // namespace tz

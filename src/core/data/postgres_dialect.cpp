@@ -56,6 +56,67 @@ std::string PostgresDialect::catalogueView() const {
          "AND (l.name IS NOT NULL OR c.sItemId IS NOT NULL)";
 }
 
+// Of tables alone; whatever else bears a name shows that it is taken, with an empty definition. The numbers of types
+// and collations are the server's own and the same everywhere.
+std::string PostgresDialect::definitionsQuery(std::string_view list) const {
+  return "SELECT CAST(n.nspname AS text), CAST(t.relname AS text), "
+         "CASE WHEN t.relkind IN ('r', 'p') THEN (SELECT string_agg(concat_ws(' ', a.attname, a.atttypid, "
+         "a.attcollation, a.attnotnull), ', ' ORDER BY a.attnum) FROM pg_catalog.pg_attribute a "
+         "WHERE a.attrelid = t.oid AND a.attnum > 0 AND NOT a.attisdropped) ELSE '' END "
+         "FROM pg_catalog.pg_class t JOIN pg_catalog.pg_namespace n ON n.oid = t.relnamespace "
+         "WHERE n.nspname = ANY (pg_catalog.current_schemas(false)) "
+         "AND (t.relname IN (" +
+         std::string(list) + ") OR t.relname LIKE 'projitems_%')";
+}
+
+std::string PostgresDialect::definition(const TableSchema& table) const {
+  std::string text;
+  for (const auto& column : table.columns) {
+    if (!text.empty()) text += ", ";
+    text += lowerCase(column.name);
+    text += ' ';
+    text += definedType(column.type);
+    text += column.type == Type::text ? " 950 t" : " 0 t";
+  }
+  return text;
+}
+
+std::string_view PostgresDialect::definedType(Type type) const {
+  switch (type) {
+    case Type::id:
+      return "20";
+    case Type::text:
+      return "25";
+    case Type::real:
+      return "701";
+    case Type::small:
+      return "21";
+    case Type::integer:
+      return "23";
+    case Type::date:
+      return "1082";
+  }
+  return "";
+}
+
+std::string_view PostgresDialect::storedType(Type type) const {
+  switch (type) {
+    case Type::id:
+      return "int8";
+    case Type::text:
+      return "text";
+    case Type::real:
+      return "float8";
+    case Type::small:
+      return "int2";
+    case Type::integer:
+      return "int4";
+    case Type::date:
+      return "date";
+  }
+  return "";
+}
+
 // A domain counts as the type that it stands over. A database whose own order is that of bytes needs no collation.
 std::string PostgresDialect::columnsQuery(std::string_view list) const {
   return "SELECT CAST(n.nspname AS text), CAST(t.relname AS text), CAST(a.attname AS text), CAST(y.typname AS text), "
@@ -68,8 +129,8 @@ std::string PostgresDialect::columnsQuery(std::string_view list) const {
          "JOIN pg_catalog.pg_type d ON d.oid = a.atttypid "
          "JOIN pg_catalog.pg_type y ON y.oid = CASE WHEN d.typtype = 'd' THEN d.typbasetype ELSE d.oid END "
          "WHERE t.relkind IN ('r', 'p', 'f', 'v', 'm') AND n.nspname = ANY (pg_catalog.current_schemas(false)) "
-         "AND (t.relname IN (" +
-         std::string(list) + ") OR t.relname LIKE 'projitems_%') ORDER BY t.relname, n.nspname, a.attnum";
+         "AND t.relname IN (" +
+         std::string(list) + ") ORDER BY t.relname, n.nspname, a.attnum";
 }
 
 Sql PostgresDialect::useSchema(const std::string& schema) const {

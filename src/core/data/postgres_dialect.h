@@ -10,8 +10,11 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
-  [[nodiscard]] std::string_view definitionsQuery() const override { return ""; }
+  [[nodiscard]] std::string definitionsQuery(std::string_view list) const override;
+  [[nodiscard]] std::string definition(const TableSchema& table) const override;
+  [[nodiscard]] std::string_view definedType(Type type) const override;
   [[nodiscard]] std::string columnsQuery(std::string_view list) const override;
+  [[nodiscard]] std::string_view storedType(Type type) const override;
   [[nodiscard]] Sql useSchema(const std::string& schema) const override;
   [[nodiscard]] Fit fit(Type wanted, const StoredColumn& column) const override;
   [[nodiscard]] std::string inForm(Type wanted, const StoredColumn& column) const override;

@@ -173,9 +173,9 @@ void createTables(Connection& connection) {
   connection.execute(Sql(dialect.versionStatement(ledgerVersion)));
 }
 
-std::string catalogueViewText(const Dialect& dialect) { return "CREATE VIEW systable AS " + dialect.catalogueView(); }
-
-void createCatalogueView(Connection& connection) { connection.execute(Sql(catalogueViewText(connection.dialect()))); }
+void createCatalogueView(Connection& connection) {
+  connection.execute(Sql("CREATE VIEW systable AS " + connection.dialect().catalogueView()));
+}
 
 void createTable(Connection& connection, std::string_view name) {
   connection.execute(Sql(createTableText(tableOf(name), connection.dialect())));

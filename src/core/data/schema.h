@@ -38,7 +38,6 @@ struct IndexSchema {
 [[nodiscard]] TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItemsInfo>& fields);
 
 [[nodiscard]] std::string createTableText(const TableSchema& table, const Dialect& dialect);
-[[nodiscard]] std::string catalogueViewText(const Dialect& dialect);
 
 // All tables and the catalogue view; indexes come last, when the contents are in. Both belong inside one transaction.
 void createTables(Connection& connection);

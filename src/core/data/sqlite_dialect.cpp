@@ -1,5 +1,7 @@
 #include "core/data/sqlite_dialect.h"
 
+#include "core/data/schema.h"
+
 namespace tz {
 namespace {
 
@@ -46,6 +48,20 @@ std::string SqliteDialect::columnsQuery(std::string_view list) const {
          "('table', 'view') "
          "AND lower(t.name) IN (" +
          std::string(list) + ")";
+}
+
+std::string SqliteDialect::definition(const TableSchema& table) const { return createTableText(table, *this); }
+
+std::string_view SqliteDialect::storedType(Type type) const {
+  switch (type) {
+    case Type::text:
+    case Type::date:
+      return "text";
+    case Type::real:
+      return "real";
+    default:
+      return "integer";
+  }
 }
 
 Dialect::Fit SqliteDialect::fit(Type wanted, const StoredColumn& column) const {

@@ -10,10 +10,13 @@ class SqliteDialect final : public Dialect {
   [[nodiscard]] std::string_view typeName(Type type) const override;
   [[nodiscard]] Sql dateAdd(std::string_view column, int days) const override;
   [[nodiscard]] std::string catalogueView() const override;
-  [[nodiscard]] std::string_view definitionsQuery() const override {
-    return "SELECT lower(name), sql FROM sqlite_master WHERE type IN ('table', 'view')";
+  [[nodiscard]] std::string definitionsQuery(std::string_view /*list*/) const override {
+    return "SELECT 'main', lower(name), sql FROM sqlite_master WHERE type IN ('table', 'view')";
   }
+  [[nodiscard]] std::string definition(const TableSchema& table) const override;
+  [[nodiscard]] std::string_view definedType(Type type) const override { return typeName(type); }
   [[nodiscard]] std::string columnsQuery(std::string_view list) const override;
+  [[nodiscard]] std::string_view storedType(Type type) const override;
   [[nodiscard]] Sql useSchema(const std::string& /*schema*/) const override { return {}; }
   [[nodiscard]] Fit fit(Type wanted, const StoredColumn& column) const override;
   [[nodiscard]] std::string inForm(Type wanted, const StoredColumn& column) const override;

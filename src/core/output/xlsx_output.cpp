@@ -41,7 +41,8 @@ class XlsxWriter {
   bool Write() {
     StartSheet();
     for (std::int64_t row = 0; row < grid_.GetRows(); ++row) {
-      if (options_.progress && row % sheetRowsPerProgress == 0 && !options_.progress(row, grid_.GetRows())) return false;
+      if (options_.progress && row % sheetRowsPerProgress == 0 && !options_.progress(row, grid_.GetRows()))
+        return false;
       MakeRoom();
       WriteRow(row);
     }
