@@ -2,13 +2,15 @@
 // from the sample company: a million posted lines, of which one person has a tenth, and the same at a tenth of the
 // size.
 //
-//   bench                 all measures; those on PostgreSQL only with TZ_TEST_POSTGRES (bench/run sets it)
+//   bench [GROUP...]      all measures, or those of the groups members, windows, making, grid, server; the last only
+//   with
+//                         TZ_TEST_POSTGRES (bench/run sets it)
 //   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
 //   bench grid N          the same grid alone
 #include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
+#include <set>
 
 #include "bench/grid_work.h"
 #include "bench/process.h"
@@ -89,34 +91,36 @@ void createLedger(const std::string& address, std::int64_t lines) {
   run({program, "ledger", "create", address, "--sample", "--lines", std::to_string(lines)});
 }
 
-void measureOnFiles(const fs::path& folder) {
-  const auto large = (folder / "large.db").string();
-  const auto small = (folder / "small.db").string();
-  createLedger(large, million);
-  createLedger(small, million / 10);
-
+void measureMembers(const std::string& large, const std::string& small) {
   const auto big = memberOf(large, 100'000);
-  const auto detail = compare(big.report(large), {build + "/bench/bare_scan", large, big.select()}, 7);
-  printRatio("detail ledger of 100 000 lines as text", "stepping the same rows", detail, 1.5);
-  printFigure("the same, memory", "", detail.peakMiB, 64, "MiB");
+  const auto detail = compare(big.report(large), {build + "/bench/bare_scan", large, big.select()}, {.pairs = 7});
+  printRatio("detail ledger of 100 000 lines as text", "stepping the same rows", detail, 1.3);
+  printFigure("the same, memory", "", detail.peakMiB, 32, "MiB");
   const auto list = listMemberOf(large, 100'000);
   printRatio("an account's ledger, unit by unit, of more than 100 000 lines", "stepping the same rows",
-             compare(list.report(large), {build + "/bench/bare_scan", large, list.select()}, 7), 1.5);
-
-  const std::string windows = build + "/bench/desktop_work";
-  printRatio("the navigator painted once", "an empty window with the same fonts",
-             compare({windows, "navigator"}, {windows, "empty"}, 15), 1.5);
-  printRatio("the window of 100 000 lines, first rows shown", "the same as text",
-             compare({windows, "report", large, big.account, big.dept, big.person}, big.report(large), 7), 1.5);
+             compare(list.report(large), {build + "/bench/bare_scan", large, list.select()}, {.pairs = 7}), 1.5);
 
   const auto few = memberOf(large, 30);
   printRatio("a member of 30 lines", "sqlite3 running the SELECT",
-             compare(few.report(large), {"sqlite3", large, few.select()}, 41), 1.5);
+             compare(few.report(large), {"sqlite3", large, few.select()}, {.pairs = 41}), 1.25);
   const auto fewOfSmall = memberOf(small, 30);
-  printRatio("the same", "on a tenth of the ledger", compare(few.report(large), fewOfSmall.report(small), 41), 1.2);
+  printRatio("the same", "on a tenth of the ledger",
+             compare(few.report(large), fewOfSmall.report(small), {.pairs = 41}), 1.1);
   printRatio("start of the command line", "sqlite3 -version",
-             compare({program, "--version"}, {"sqlite3", "-version"}, 41), 2);
+             compare({program, "--version"}, {"sqlite3", "-version"}, {.pairs = 41}), 2);
+}
 
+void measureWindows(const std::string& large) {
+  const std::string windows = build + "/bench/desktop_work";
+  printRatio("the navigator painted once", "an empty window with the same fonts",
+             compare({windows, "navigator"}, {windows, "empty"}, {.pairs = 15}), 1.5);
+  const auto big = memberOf(large, 100'000);
+  printRatio("the window of 100 000 lines, first rows shown", "the same as text",
+             compare({windows, "report", large, big.account, big.dept, big.person}, big.report(large), {.pairs = 7}),
+             1.5);
+}
+
+void measureMaking(const fs::path& folder, const std::string& large) {
   const auto script = (folder / "load.sql").string();
   run({"sh", "-c", "sqlite3 '" + large + "' .dump > '" + script + "'"});
   const auto made = run({program, "ledger", "create", (folder / "made.db").string(), "--sample", "--lines", "1000000"});
@@ -132,11 +136,11 @@ void measureGrid(const fs::path& folder, const std::string& self) {
               static_cast<double>(bytes) / static_cast<double>(million), 200, "bytes a row");
   const std::string windows = build + "/bench/desktop_work";
   printRatio("5 000 pages of it scrolled and painted", "an empty table of that size",
-             compare({windows, "scroll", "grid", "5000"}, {windows, "scroll", "table", "5000"}, 5), 3);
+             compare({windows, "scroll", "grid", "5000"}, {windows, "scroll", "table", "5000"}, {.pairs = 5}), 3);
   const auto ours = (folder / "ours.xlsx").string();
   const auto theirs = (folder / "theirs.xlsx").string();
   const auto workbook = compare({self, "workbook", std::to_string(million), ours},
-                                {build + "/bench/bare_xlsx", theirs, std::to_string(million)}, 5);
+                                {build + "/bench/bare_xlsx", theirs, std::to_string(million)}, {.pairs = 5});
   printRatio("a workbook of a million rows, its grid included", "the library alone", workbook, 2);
   const auto beyondGrid = [&](std::int64_t rows) {
     const auto count = std::to_string(rows);
@@ -147,30 +151,57 @@ void measureGrid(const fs::path& folder, const std::string& self) {
               beyondGrid(million), 16, "MiB");
 }
 
+// The client itself: Debian's command of that name is a script that takes four times as long to find it.
+std::string psql() {
+  fs::path newest;
+  for (const auto& version : fs::directory_iterator("/usr/lib/postgresql")) {
+    const auto found = version.path() / "bin" / "psql";
+    if (fs::exists(found)) newest = std::max(newest, found);
+  }
+  return newest.string();
+}
+
 void measureOnServer(const std::string& address) {
+  const Server machine(address);  // while nobody is connected
   const auto name = "bench";
-  const auto server = openEmpty(address);
-  server->execute(Sql(std::string("CREATE DATABASE ") + name + " TEMPLATE template0"));
+  openEmpty(address)->execute(Sql(std::string("CREATE DATABASE ") + name + " TEMPLATE template0"));
   auto ledger = address;
   const std::string maintenance = "/postgres";
   ledger.replace(ledger.rfind(maintenance), maintenance.size(), std::string("/") + name);
   createLedger(ledger, million);
   openLedger(ledger, Access::keeper)->execute("ANALYZE");
-  const auto big = memberOf(ledger, 100'000);
-  printRatio("detail ledger of 100 000 lines on PostgreSQL", "the same SELECT through libpq",
-             compare(big.report(ledger), {build + "/bench/bare_libpq", ledger, big.select()}, 7), 1.5);
+  const auto client = psql();
+  const auto both = [&](const std::string& what, const Member& member, const Sampling& how) {
+    printRatio(what, "psql --csv running the SELECT, client and server together",
+               compare(member.report(ledger), {client, "-X", "--csv", ledger, "-c", member.select()}, how), 1.25);
+  };
+  both("detail ledger of 100 000 lines on PostgreSQL, client and server together", memberOf(ledger, 100'000),
+       {.pairs = 7, .server = &machine});
+  both("a member of 30 lines there", memberOf(ledger, 30), {.pairs = 7, .times = 20, .server = &machine});
 }
 
-int all(const std::string& self) {
+int measure(const std::string& self, const std::set<std::string>& groups) {
+  static const std::set<std::string> known = {"members", "windows", "making", "grid", "server"};
+  for (const auto& group : groups) {
+    if (!known.contains(group)) throw std::runtime_error("no group of measures is called " + group);
+  }
+  const auto wanted = [&](const char* group) { return groups.empty() || groups.contains(group); };
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const auto folder = fs::temp_directory_path() / fmt::format("tz-bench-{}", std::rand());
   fs::create_directories(folder);
   fs::permissions(folder, fs::perms::owner_all);
   ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 0);  // the window toolkit complains without one
+  const auto large = (folder / "large.db").string();
+  const auto small = (folder / "small.db").string();
+  if (wanted("members") || wanted("windows") || wanted("making")) createLedger(large, million);
+  if (wanted("members")) createLedger(small, million / 10);
   printHead();
-  measureOnFiles(folder);
-  measureGrid(folder, self);
-  if (const char* server = std::getenv("TZ_TEST_POSTGRES")) measureOnServer(server);
+  if (wanted("members")) measureMembers(large, small);
+  if (wanted("windows")) measureWindows(large);
+  if (wanted("making")) measureMaking(folder, large);
+  if (wanted("grid")) measureGrid(folder, self);
+  const char* server = std::getenv("TZ_TEST_POSTGRES");
+  if (server != nullptr && wanted("server")) measureOnServer(server);
   fs::remove_all(folder);
   return missed() == 0 ? 0 : 1;
 }
@@ -188,7 +219,7 @@ int main(int argc, char** argv) {
       (void)tz::bench::makeReport(std::atoll(argv[2]));
       return 0;
     }
-    return tz::bench::all(argv[0]);
+    return tz::bench::measure(argv[0], {argv + 1, argv + argc});
   } catch (const std::exception& error) {
     fmt::print(stderr, "bench: {}\n", error.what());
     return 2;

@@ -22,7 +22,7 @@ void printHead() {
 }
 
 void printRatio(const std::string& what, const std::string& against, const Ratio& ratio, double bar) {
-  fmt::print("| {} | {} | {:.2f} × ({:.2f} to {:.2f}) | ≤ {:.1f} × | {} |\n", what, against, ratio.median, ratio.least,
+  fmt::print("| {} | {} | {:.2f} × ({:.2f} to {:.2f}) | ≤ {:.2f} × | {} |\n", what, against, ratio.median, ratio.least,
              ratio.greatest, bar, verdict(ratio.median, bar));
   std::fflush(stdout);
 }
