@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/grid/row_subjects.h"
 #include "core/data/amount_format.h"
+#include "core/grid/row_subjects.h"
 #include "core/grid/tz_grid.h"
 #include "core/platform/sink.h"
 

@@ -40,9 +40,9 @@ std::map<LineKey, RegSubInfo> linesOf(Connection& connection) {
   return all;
 }
 
-int columnOf(const CTzGrid& grid, Movement movement) {
+int columnOf(const CTzGrid& grid, ColumnKind kind) {
   for (int column = 0; column < grid.GetCols(); ++column) {
-    if (grid.Columns()[static_cast<std::size_t>(column)].movement == movement) return column;
+    if (grid.Columns()[static_cast<std::size_t>(column)].kind == kind) return column;
   }
   return -1;
 }
@@ -133,8 +133,8 @@ class SubjectRows {
     ASSERT_NE(found, ledger.end());
     const auto& record = found->second;
     expectInside(subjects_.of(row), record, data_);
-    const double debit = grid_.NumberAt(row, columnOf(grid_, Movement::debitAmount));
-    const double credit = grid_.NumberAt(row, columnOf(grid_, Movement::creditAmount));
+    const double debit = grid_.NumberAt(row, columnOf(grid_, ColumnKind::debitAmount));
+    const double credit = grid_.NumberAt(row, columnOf(grid_, ColumnKind::creditAmount));
     EXPECT_EQ(debit, record.bDirect != 0 ? record.mMoney : 0);
     EXPECT_EQ(credit, record.bDirect != 0 ? 0 : record.mMoney);
     EXPECT_EQ(grid_.BackgroundAt(row) == lightGreen, line.book == Book::unposted);

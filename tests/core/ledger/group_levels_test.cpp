@@ -82,7 +82,7 @@ class UnusualLevels : public DatabaseTest {
         1   | 9      | 1       | 10      | 6        | 1       | 02      | 5      | 1       | 补记    | 2006-01-20 )");
   }
 
-  [[nodiscard]] std::string rows(const GroupLevels& levels, const std::string& format = "金额式") const {
+  [[nodiscard]] std::string rows(const GroupLevels& levels, AmountFormat format = AmountFormat::amount) const {
     CQnCwDB db(Access::read);
     db.Open(ledger_.address());
     Session session{.db = db, .ledger = ledger_.address(), .logon = {2006, 2, 28}};
@@ -140,7 +140,7 @@ TEST_P(UnusualLevels, UnitsStandBeforeTheirProjects) {
 }
 
 TEST_P(UnusualLevels, AccountsStandBeforeDepartmentsAndHaveAPriceOfTheirOwn) {
-  EXPECT_EQ(rows({{Entity::account, "科目小计"}, {Entity::dept, "部门小计"}}, "数量金额式"), R"(
+  EXPECT_EQ(rows({{Entity::account, "科目小计"}, {Entity::dept, "部门小计"}}, AmountFormat::quantityAmount), R"(
 1 a1 d10 | 应收账款 销售部
 1 a1 d10 | 期初 | 借 | 100.00
 1 a1 d10 P1.2 | 代垫 | 20.00 | 借 | 120.00
