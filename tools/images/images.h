@@ -10,5 +10,6 @@ void drawNavigator(const PictureBook& book);
 void drawReports(const PictureBook& book, SampleLedger& ledger);
 void drawDialogs(const PictureBook& book, SampleLedger& ledger);
 void drawHost(const PictureBook& book, SampleLedger& ledger);
+void drawControls(const PictureBook& book);
 
 }  // namespace tz::images

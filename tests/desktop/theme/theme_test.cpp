@@ -53,17 +53,25 @@ TEST_P(ThemeTest, TheDefaultButtonAndTheFocusAreToldApart) {
   QPushButton accepting(QStringLiteral("确定"), &window);
   accepting.setGeometry(300, 260, 90, 30);
   plain.setGeometry(300, 200, 90, 30);
+  for (QPushButton* button : {&plain, &accepting}) button->setAutoDefault(false);
   accepting.setDefault(true);
   window.show();
   window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const Theme& theme = currentTheme();
+  const auto inside = [](QPushButton& button) { return button.grab().toImage().pixelColor(8, 6); };
+  const auto edge = [](QPushButton& button) { return button.grab().toImage().pixelColor(1, 15); };
   accepting.setFocus();
-  const QPoint inside(8, 6);
-  const QPoint edge(1, 15);
-  EXPECT_EQ(plain.grab().toImage().pixelColor(inside), currentTheme().surface);
-  EXPECT_EQ(plain.grab().toImage().pixelColor(edge), currentTheme().surface);
+  EXPECT_EQ(inside(accepting), theme.accent);
+  EXPECT_EQ(edge(accepting), theme.text);
+  EXPECT_EQ(inside(plain), theme.surface);
+  EXPECT_EQ(edge(plain), theme.surface);
   plain.setFocus();
-  EXPECT_EQ(plain.grab().toImage().pixelColor(edge), currentTheme().accent);
+  EXPECT_EQ(edge(accepting), theme.accent) << "what Enter does stays told when the focus is elsewhere";
+  EXPECT_EQ(inside(plain), theme.surface);
+  EXPECT_EQ(edge(plain), theme.accent);
+  accepting.setEnabled(false);
+  EXPECT_EQ(inside(accepting), theme.ground);
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, ThemeTest, testing::Values(ThemeChoice::light, ThemeChoice::dark),
