@@ -108,14 +108,18 @@ std::vector<Question> everyReport(Reader& reader) {
   return questions;
 }
 
-std::string answerText(const ReportOutcome& outcome) {
-  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refusal->text;
+std::string jsonText(const ComputedReport& report) {
   std::string text;
-  writeJson(std::get<ComputedReport>(outcome), [&](std::string_view piece) {
+  writeJson(report, [&](std::string_view piece) {
     text += piece;
     return true;
   });
   return text;
+}
+
+std::string answerText(const ReportOutcome& outcome) {
+  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refusal->text;
+  return jsonText(std::get<ComputedReport>(outcome));
 }
 
 }  // namespace tz::test

@@ -29,6 +29,7 @@ class Reader {
 // For each report the conditions that it takes for the whole year, unposted vouchers included. One that refuses
 // whatever is tried keeps the last trial, so that its refusal is asked for as well.
 [[nodiscard]] std::vector<Question> everyReport(Reader& reader);
+[[nodiscard]] std::string jsonText(const ComputedReport& report);
 // The report as JSON, or its refusal.
 [[nodiscard]] std::string answerText(const ReportOutcome& outcome);
 

@@ -1,5 +1,6 @@
 // Every report of the catalogue: ids are unique, each computes over a ledger without contents and over the sample
 // company in every format that it offers, and what its rows say of each other holds.
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <set>
@@ -13,17 +14,34 @@
 namespace tz::test {
 namespace {
 
-constexpr int summary = 2, debit = 3, credit = 4, direction = 5, balance = 6;
+// Where a report in amounts has its columns: the summary is the last text before the debits, the direction the first
+// one behind the credits, and the balance stands behind it.
+struct Places {
+  int debit, credit, summary, direction, balance;
 
-double signedBalance(const CTzGrid& grid, std::int64_t row) {
-  const double shown = grid.NumberAt(row, balance);
-  return grid.TextAt(row, direction) == "贷" ? -shown : shown;
-}
+  explicit Places(const CTzGrid& grid)
+      : debit(moving(grid, Movement::debitAmount)),
+        credit(moving(grid, Movement::creditAmount)),
+        summary(text(grid, debit - 1, -1)),
+        direction(text(grid, credit + 1, 1)),
+        balance(direction + 1) {}
+
+ private:
+  static int moving(const CTzGrid& grid, Movement movement) {
+    const auto found = std::ranges::find(grid.Columns(), movement, &GridColumn::movement);
+    if (found == grid.Columns().end()) throw std::runtime_error("no column of such movements");
+    return static_cast<int>(found - grid.Columns().begin());
+  }
+  static int text(const CTzGrid& grid, int from, int step) {
+    while (grid.Columns().at(static_cast<std::size_t>(from)).figure != Figure::none) from += step;
+    return from;
+  }
+};
 
 // The rows of a detail ledger in amounts: each balance follows from the one before it, each total from its lines.
 class RowsOf {
  public:
-  explicit RowsOf(const CTzGrid& grid) : grid_(grid) {}
+  explicit RowsOf(const CTzGrid& grid) : grid_(grid), at_(grid) {}
 
   void check() {
     for (std::int64_t row = 0; row < grid_.GetRows(); ++row) checkRow(row);
@@ -31,14 +49,19 @@ class RowsOf {
   [[nodiscard]] int lines() const { return lines_; }
 
  private:
+  double signedBalance(std::int64_t row) const {
+    const double shown = grid_.NumberAt(row, at_.balance);
+    return grid_.TextAt(row, at_.direction) == "贷" ? -shown : shown;
+  }
+
   void checkRow(std::int64_t row) {
-    const auto caption = std::string(grid_.TextAt(row, summary));
+    const auto caption = std::string(grid_.TextAt(row, at_.summary));
     switch (grid_.RowKindAt(row)) {
       case RowKind::heading:
         running_ = blockDebit_ = blockCredit_ = 0;
         break;
       case RowKind::opening:
-        running_ = signedBalance(grid_, row);
+        running_ = signedBalance(row);
         break;
       case RowKind::line:
         addLine(row);
@@ -53,14 +76,14 @@ class RowsOf {
   }
 
   void addLine(std::int64_t row) {
-    const double d = grid_.NumberAt(row, debit);
-    const double c = grid_.NumberAt(row, credit);
+    const double d = grid_.NumberAt(row, at_.debit);
+    const double c = grid_.NumberAt(row, at_.credit);
     running_ += d - c;
     monthDebit_ += d;
     monthCredit_ += c;
     blockDebit_ += d;
     blockCredit_ += c;
-    near(signedBalance(grid_, row), running_, row);
+    near(signedBalance(row), running_, row);
     ++lines_;
     lastIsBlock_ = false;
   }
@@ -81,9 +104,9 @@ class RowsOf {
   }
 
   void expectRow(std::int64_t row, double d, double c, double closing) {
-    near(grid_.NumberAt(row, debit), d, row);
-    near(grid_.NumberAt(row, credit), c, row);
-    near(signedBalance(grid_, row), closing, row);
+    near(grid_.NumberAt(row, at_.debit), d, row);
+    near(grid_.NumberAt(row, at_.credit), c, row);
+    near(signedBalance(row), closing, row);
   }
   static void near(double shown, double expected, std::int64_t row) {
     constexpr double tolerance = 1e-5;
@@ -91,6 +114,7 @@ class RowsOf {
   }
 
   const CTzGrid& grid_;
+  const Places at_;
   double running_ = 0, monthDebit_ = 0, monthCredit_ = 0, blockDebit_ = 0, blockCredit_ = 0;
   double closings_ = 0, allDebit_ = 0, allCredit_ = 0;
   bool lastIsBlock_ = false;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <memory>
@@ -34,12 +35,10 @@ class Computation {
         names_(namesOf(ledger)) {}
 
   Answer run() {
-    answer_.refusal = chosen_.refusal;
-    if (!chosen_.refusal.empty()) return answer_;
+    answer_.refused = chosen_.refused;
+    if (answer_.refused) return answer_;
     chooseFormat();
     if (answer_.wrongUse) return answer_;
-    answer_.title = report_.wording.title;
-    answer_.subtitle = subtitle();
     if (report_.columns) {
       columns_ = std::make_unique<SubAccountColumns>(ledger_, chosen_.accounts.front(), report_.accounts.flags[0],
                                                      question_.amountAnalysis, columnsOf(answer_.format));
@@ -85,44 +84,21 @@ class Computation {
     return keeps;
   }
 
-  std::string subtitle() const {
-    std::map<std::string, std::string> texts = {
-        {"{dept}", chosen_.dept.sDeptName},  {"{person}", chosen_.person.sName},
-        {"{unit}", chosen_.unit.sEnterName}, {"{unit class}", chosen_.unitClass.sName},
-        {"{project}", chosen_.project.name}, {"{clerk}", chosen_.clerk.empty() ? "其它" : chosen_.clerk},
-    };
-    if (!chosen_.accounts.empty()) {
-      texts["{account}"] = chosen_.accounts.front().sCode + " " + chosen_.accounts.front().sName;
-    }
-    std::string text, rest = report_.wording.subtitle;
-    while (!rest.empty()) {
-      const auto open = rest.find('{');
-      text += rest.substr(0, open);
-      if (open == std::string::npos) break;
-      const auto close = rest.find('}', open);
-      text += texts[rest.substr(open, close + 1 - open)];
-      rest = rest.substr(close + 1);
-    }
-    return text;
-  }
-
   // --- what belongs to which block
 
   Key keyOf(const Dimensions& of) const {
     Key key;
-    for (const auto& group : report_.groups) {
-      key.push_back({group.entity, group.entity == Entity::project ? of.classId : "", of[group.entity]});
+    for (const auto group : report_.groups) {
+      key.push_back({group, group == Entity::project ? of.classId : "", of[group]});
     }
     return key;
   }
 
   void openings(const Lines& lines) {
-    // The multi-column ledger of a department starts from the year's opening.
-    const bool fromYearsStart = report_.id == 10232;
-    for (const auto& record : lines.openings(fromYearsStart ? 1 : question_.from)) {
+    for (const auto& record : lines.openings(report_.fromYearsStart ? 1 : question_.from)) {
       blocks_[keyOf(record.of)].opening.add(record.amounts);
     }
-    if (fromYearsStart) {
+    if (report_.fromYearsStart) {
       for (const auto& entry : lines.posted(1, question_.from - 1))
         blocks_[keyOf(entry.of)].opening.move(entry.figures);
     }
@@ -153,12 +129,12 @@ class Computation {
       if (previous != nullptr) closeOuter(*previous, key, open);
       previous = &key;
       ++blocks;
-      if (!report_.groups.empty()) addRow("", "", heading(key), {}, "", {}, Place::opening, true);
-      if (!report_.groups.empty() && report_.groups[0].entity == Entity::account) keeps_ = keptBy(std::get<Id>(key[0]));
+      if (!report_.groups.empty()) addHeading(key);
+      if (!report_.groups.empty() && report_.groups[0] == Entity::account) keeps_ = keptBy(std::get<Id>(key[0]));
       const auto sums = writeBlock(block);
       unlisted += block.posted.size() + block.unposted.size();
       if (report_.groups.empty()) continue;
-      addRow("", "", report_.groups.back().subtotal, sums.moved, running(sums.balance), sums.balance, Place::running);
+      addSums(RowKind::subtotal, sums.moved, sums.balance);
       for (auto& outer : open) {
         outer.moved.add(sums.moved);
         outer.balance.add(sums.balance);
@@ -166,27 +142,19 @@ class Computation {
     }
     if (!report_.groups.empty() && blocks != 0) {
       closeOuter(*previous, {}, open);
-      addTotal("合计", open.back());
+      addTotal(RowKind::total, open.back());
     }
-    if (unlisted != 0) {
-      answer_.notices.push_back("有" + std::to_string(unlisted) + "条分录的凭证日期不在查询月份内，未列示");
-    }
+    if (unlisted != 0) answer_.notices.push_back(static_cast<int>(unlisted));
     addNotices();
   }
 
   void addNotices() {
-    bool yearTotals = false;
-    for (const auto& row : answer_.rows) yearTotals = yearTotals || row.cells.at(2) == "本年累计";
-    if (yearTotals && question_.from != 1) {
-      answer_.notices.push_back("本年累计自" + std::to_string(question_.from) + "月起累计。");
-    }
-    if (question_.to < question_.from) answer_.notices.emplace_back("起始月份在终止月份之后。");
+    if (yearTotals_ && question_.from != 1) answer_.notices.push_back(question_.from);
+    if (question_.to < question_.from) answer_.notices.push_back(0);
     const auto& first = chosen_.projectFrom;
     const auto& last = chosen_.projectTo;
-    if (!first.empty() && !last.empty() && last < first) answer_.notices.emplace_back("起始项目在终止项目之后。");
-    if (answer_.format == "外币式") {
-      answer_.notices.emplace_back("外币式沿用七栏表头：借方外币在“贷方”栏，贷方外币在“余额”栏。");
-    }
+    if (!first.empty() && !last.empty() && last < first) answer_.notices.push_back(0);
+    if (answer_.format == "外币式") answer_.notices.push_back(0);
   }
 
   // The outer groups that end with this block, innermost first.
@@ -195,20 +163,27 @@ class Computation {
       const bool goesOn =
           !next.empty() && std::equal(ended.begin(), ended.begin() + static_cast<long>(level), next.begin());
       if (goesOn) return;
-      addTotal(report_.groups[level - 1].subtotal, open[level - 1]);
+      addTotal(RowKind::subtotal, open[level - 1]);
       open[level - 1] = {};
     }
   }
 
-  void addTotal(const char* caption, Sums& sums) {
-    if (report_.groups[0].entity != Entity::account) keeps_.priceAndRate(sums.balance);
-    addRow("", "", caption, sums.moved, running(sums.balance), sums.balance, Place::running);
+  void addTotal(RowKind kind, Sums& sums) {
+    if (report_.groups[0] != Entity::account) keeps_.priceAndRate(sums.balance);
+    addSums(kind, sums.moved, sums.balance);
   }
 
-  std::string heading(const Key& key) const {
+  using Texts = std::array<std::string, 3>;                 // date, voucher, summary
+  static inline const Texts caption = {"", "", "caption"};  // in whatever words
+
+  void addHeading(const Key& key) {
     std::string text;
     for (const auto& member : key) text += (text.empty() ? "" : " ") + names_.at(member);
-    return text;
+    addRow(RowKind::heading, {"", "", text}, {}, "", {}, Place::opening);
+  }
+
+  void addSums(RowKind kind, const Figures& moved, const Balance& balance) {
+    addRow(kind, caption, moved, running(balance), balance, Place::running);
   }
 
   using Names = std::map<Key::value_type, std::string>;
@@ -229,7 +204,7 @@ class Computation {
     keeps_.priceAndRate(sums.balance);
     const double money = sums.balance.money;
     if (std::fabs(money) >= 0.00001) {
-      addRow("", "", report_.wording.opening, {}, money >= 0 ? "借" : "贷", sums.balance, Place::opening);
+      addRow(RowKind::opening, caption, {}, money >= 0 ? "借" : "贷", sums.balance, Place::opening);
     }
     Figures month;
     bool progress = true;
@@ -241,11 +216,12 @@ class Computation {
         take(block.unposted, m, true, month, sums.balance);
         if (block.posted.size() + block.unposted.size() == before) continue;
         progress = true;
-        addRow("", "", "本月合计", month, running(sums.balance), sums.balance, Place::running);
+        addSums(RowKind::subtotal, month, sums.balance);
         if (columns_) columns_->monthTotal(answer_.rows.back());
         sums.moved.add(month);
         month = {};
-        addRow("", "", "本年累计", sums.moved, running(sums.balance), sums.balance, Place::running);
+        addSums(RowKind::subtotal, sums.moved, sums.balance);
+        yearTotals_ = true;
         if (columns_) columns_->yearTotal(answer_.rows.back());
       }
     }
@@ -264,8 +240,8 @@ class Computation {
       total.add(figures);
       balance.move(figures);
       keeps_.priceAndRate(balance);
-      addRow(dateText(entry), voucherText(entry), entry.line.sDigest, figures, running(balance), balance,
-             Place::running);
+      addRow(RowKind::line, {dateText(entry), voucherText(entry), entry.line.sDigest}, figures, running(balance),
+             balance, Place::running);
       if (columns_) columns_->line(entry.of[Entity::account], figures, answer_.rows.back());
       answer_.rows.back().unposted = unposted;
     }
@@ -277,13 +253,13 @@ class Computation {
     return balance.money > (report_.columns ? 0 : 0.0001) ? "借" : "贷";
   }
 
-  void addRow(const std::string& date, const std::string& number, const std::string& summary, const Figures& figures,
-              const std::string& direction, const Balance& balance, Place place, bool isHeading = false) {
+  void addRow(RowKind kind, const Texts& texts, const Figures& figures, const std::string& direction,
+              const Balance& balance, Place place) {
     Row row;
-    for (const auto& text : {date, number, summary})
-      row.cells.push_back(text.empty() ? nlohmann::json() : nlohmann::json(text));
+    row.kind = kind;
+    for (const auto& text : texts) row.cells.push_back(text.empty() ? nlohmann::json() : nlohmann::json(text));
     for (const auto& cell : figureCells(answer_.format, place, figures, direction, balance)) {
-      row.cells.push_back(isHeading ? nlohmann::json() : cell);
+      row.cells.push_back(kind == RowKind::heading ? nlohmann::json() : cell);
     }
     if (columns_) columns_->widen(row);
     answer_.rows.push_back(row);
@@ -295,6 +271,7 @@ class Computation {
   const Chosen chosen_;
   const Names names_;
   Answer answer_;
+  bool yearTotals_ = false;
   Keeps keeps_;
   std::map<Key, Block> blocks_;
   std::unique_ptr<SubAccountColumns> columns_;

@@ -47,25 +47,26 @@ class Asking {
   }
 
  private:
-  bool refuse(const std::string& text) {
-    chosen_.refusal = text;
+  bool refuse(ParameterKey about) {
+    chosen_.refused = about;
     return false;
   }
-  bool unlisted(const std::string& wanted) { return refuse("没有“" + wanted + "”，请从列表中选择。"); }
 
-  bool classesThere() { return report_.noClass == nullptr || !ledger_.classes.empty() || refuse(report_.noClass); }
+  bool classesThere() {
+    return !report_.classesNeeded || !ledger_.classes.empty() || refuse(ParameterKey::projectClass);
+  }
 
   bool accounts() {
     if (report_.accounts.which == Accounts::none) return true;
     const auto any = first(ledger_.accounts, [&](const CodeInfo& account) { return offers(report_, account); });
-    if (!any) return refuse(report_.accounts.noAccount);
+    if (!any) return refuse(ParameterKey::account);
     return report_.accounts.which == Accounts::list || take();
   }
 
   bool take() {
     for (const auto& code : question_.accounts) {
       const auto found = named(ledger_.accounts, &CodeInfo::sCode, code);
-      if (!found || !offers(report_, *found)) return refuse(report_.accounts.noAccount);
+      if (!found || !offers(report_, *found)) return refuse(ParameterKey::account);
       chosen_.accounts.push_back(*found);
     }
     return true;
@@ -77,82 +78,80 @@ class Asking {
            (question_.unposted && std::any_of(ledger_.unpostedLines.begin(), ledger_.unpostedLines.end(), meets));
   }
 
-  // A name that a field asks for, with the messages of that field.
+  // A name that a field asks for.
   template <class Record>
-  bool look(const Name& texts, const std::vector<Record>& records, std::string Record::*name, const std::string& wanted,
+  bool look(ParameterKey key, const std::vector<Record>& records, std::string Record::*name, const std::string& wanted,
             Record& found) {
-    if (wanted.empty() && texts.missing != nullptr) return refuse(texts.missing);
     const auto record = named(records, name, wanted);
     if (record) found = *record;
-    return record || refuse(texts.unknown);
+    return record || refuse(key);
   }
 
   // One department, of a field or of a list; that of the project area comes behind the item.
   bool dept() {
-    if (report_.dept.unknown == nullptr || report_.dept.missing == nullptr) return deptOfList();
-    if (!look(report_.dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept)) return false;
-    const bool personsOnly = report_.id == 10186;
+    if (report_.dept == Dept::ofList) return deptOfList();
+    if (report_.dept == Dept::notAsked || report_.dept == Dept::orAll) return true;
+    if (!look(ParameterKey::dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept)) return false;
+    if (report_.dept == Dept::given) return true;
+    const bool personsOnly = report_.dept == Dept::personsActive;
     const bool met = active([&](const auto& record) {
       return record.lDeptId == chosen_.dept.lDeptId && (!personsOnly || record.lPersonId > 0);
     });
-    return report_.dept.idle == nullptr || met || refuse(report_.dept.idle);
+    return met || refuse(ParameterKey::dept);
   }
 
   // A list in which something always stands: the first entry when none is named.
   template <class Record>
-  bool pick(const std::vector<Record>& offered, std::string Record::*name, const std::string& wanted, Record& found) {
+  bool pick(ParameterKey key, const std::vector<Record>& offered, std::string Record::*name, const std::string& wanted,
+            Record& found) {
     for (const auto& record : offered) {
       if (record.*name != wanted && !wanted.empty()) continue;
       found = record;
       return true;
     }
-    return unlisted(wanted);
+    return refuse(key);
   }
 
   bool deptOfList() {
-    if (report_.id != 10206) return true;
     auto depts = ledger_.depts;  // by code
     std::sort(depts.begin(), depts.end(), [](const auto& a, const auto& b) { return a.sDeptId < b.sDeptId; });
-    if (question_.dept.empty()) return pick(depts, &DeptInfo::sDeptName, "", chosen_.dept);
-    return pick(ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);  // by id
+    if (question_.dept.empty()) return pick(ParameterKey::dept, depts, &DeptInfo::sDeptName, "", chosen_.dept);
+    return pick(ParameterKey::dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);  // by id
   }
 
   bool deptOrAll() {
-    if (report_.dept.unknown == nullptr || report_.dept.missing != nullptr) return true;
-    chosen_.dept.sDeptName = "全部";
+    if (report_.dept != Dept::orAll) return true;
     if (question_.dept.empty() || question_.dept == "全部") return true;
-    return look(report_.dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);
+    return look(ParameterKey::dept, ledger_.depts, &DeptInfo::sDeptName, question_.dept, chosen_.dept);
   }
 
   bool person() {
     if (!report_.person) return true;
-    if (question_.person.empty()) return refuse("姓名不能为空，请重新输入！");
-    if (!named(ledger_.persons, &PersonInfo::sName, question_.person)) return refuse("非法的姓名");
     const auto found = first(ledger_.persons, [&](const PersonInfo& candidate) {
       return candidate.sName == question_.person && candidate.lDeptId == chosen_.dept.lDeptId;
     });
-    if (!found) return refuse("该用户不属于该部门，请重新输入其他名字。");
+    if (!found) return refuse(ParameterKey::person);
     chosen_.person = *found;
     const bool met = active(
         [&](const auto& record) { return record.lDeptId == chosen_.dept.lDeptId && record.lPersonId == found->lId; });
-    return met || refuse("没有查到该部门此人的发生额");
+    return met || refuse(ParameterKey::person);
   }
 
   bool unit() {
-    if (report_.unit.unknown == nullptr) return true;
-    return look(report_.unit, ledger_.units, &EnterInfo::sEnterName, question_.unit, chosen_.unit);
+    if (!report_.unit) return true;
+    return look(ParameterKey::unit, ledger_.units, &EnterInfo::sEnterName, question_.unit, chosen_.unit);
   }
 
   bool unitClass() {
-    if (report_.id != 10205) return true;
+    if (!report_.unitClass) return true;
     auto offered = ledger_.unitClasses;
     offered.push_back({0, others});
-    return pick(offered, &EnterClassInfo::sName, question_.unitClass, chosen_.unitClass);
+    return pick(ParameterKey::unitClass, offered, &EnterClassInfo::sName, question_.unitClass, chosen_.unitClass);
   }
 
   // Those named on lines of the account or below it, by name, then "其它".
   bool clerk() {
-    if (report_.id != 10210) return true;
+    if (!report_.clerk) return true;
     std::set<std::string> clerks;
     const auto collect = [&](const auto& lines) {
       for (const auto& line : lines) {
@@ -168,7 +167,7 @@ class Asking {
     for (const auto& clerk : clerks) offered.push_back({0, "", clerk, 0});
     offered.push_back({0, "", others, 0});
     PersonInfo found;
-    if (!pick(offered, &PersonInfo::sName, question_.clerk, found)) return false;
+    if (!pick(ParameterKey::clerk, offered, &PersonInfo::sName, question_.clerk, found)) return false;
     if (found.sName != others) chosen_.clerk = found.sName;
     return true;
   }
@@ -190,27 +189,28 @@ class Asking {
       return carried(candidate) && (question_.projectClass.empty() || candidate.sItemId == question_.projectClass);
     });
     if (found) chosen_.classId = found->sItemId;
-    return first(ledger_.classes, carried) || refuse(report_.accounts.noAccount);
+    return first(ledger_.classes, carried) || refuse(ParameterKey::projectClass);
   }
 
   // Behind the department.
-  bool classChosen() { return !report_.classOfAccount || !chosen_.classId.empty() || unlisted(question_.projectClass); }
+  bool classChosen() {
+    return !report_.classOfAccount || !chosen_.classId.empty() || refuse(ParameterKey::projectClass);
+  }
 
   bool project() {
     if (!report_.project) return true;
-    const bool firstOfAll = report_.id != 10221;  // where a class is preselected
-    if (question_.project.empty()) return refuse("项目名称不能为空。");
+    const bool firstOfAll = !report_.classNamed;
+    if (question_.project.empty()) return refuse(ParameterKey::project);
     const auto found = first(ledger_.classes, [&](const ProjClassInfo& candidate) {
       return (firstOfAll && question_.projectClass.empty()) || candidate.sItemId == question_.projectClass;
     });
-    constexpr const char* noSuchItem = "该项目大类下没有该项目.";
-    if (!found) return refuse(firstOfAll ? noSuchItem : "请选择项目大累");
+    if (!found) return refuse(ParameterKey::projectClass);
     chosen_.classId = found->sItemId;
     for (const auto& item : ledger_.items) {
       if (item.classId != found->sItemId || item.name != question_.project) continue;
       if (chosen_.project.id == 0 || item.id < chosen_.project.id) chosen_.project = item;
     }
-    return chosen_.project.id != 0 || refuse(noSuchItem);
+    return chosen_.project.id != 0 || refuse(ParameterKey::project);
   }
 
   // Each end is the code of an item.
@@ -218,12 +218,13 @@ class Asking {
     if (report_.some.find('i') == std::string_view::npos) return true;
     chosen_.projectFrom = question_.projectFrom;
     chosen_.projectTo = question_.projectTo;
-    for (const auto& end : {question_.projectFrom, question_.projectTo}) {
+    for (const auto key : {ParameterKey::projectFrom, ParameterKey::projectTo}) {
+      const auto& end = key == ParameterKey::projectFrom ? question_.projectFrom : question_.projectTo;
       const bool known = std::any_of(ledger_.items.begin(), ledger_.items.end(), [&](const Item& item) {
         return item.code == end && classDefined(item.classId) &&
                (chosen_.classId.empty() || item.classId == chosen_.classId);
       });
-      if (!end.empty() && !known) return unlisted(end);
+      if (!end.empty() && !known) return refuse(key);
     }
     return true;
   }

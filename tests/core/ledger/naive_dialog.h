@@ -1,15 +1,13 @@
 // What a question names, looked up in the ledger by the rules of the report's dialog, for the naive computation.
 #pragma once
 
-#include <optional>
-
 #include "core/ledger/naive_ledger.h"
 #include "core/ledger/naive_reports.h"
 
 namespace tz::test::naive {
 
 struct Chosen {
-  std::string refusal;
+  std::optional<ParameterKey> refused;
   std::vector<CodeInfo> accounts;  // none: all
   DeptInfo dept;                   // lDeptId 0: all departments
   PersonInfo person;

@@ -1,15 +1,19 @@
 // A ledger as a few vectors, a question about it, and the answer of a second computation of every detail ledger, as
 // slow and plain as can be: every step is a loop over all records. It knows nothing of the program's engine, formats or
-// dialogs, so the two can only agree when both follow the same rules.
+// dialogs, so the two can only agree when both follow the same rules. It computes figures, order and names; what rows,
+// titles and messages say in fixed words stands in golden files and in the table of refusals.
 //
 // Figures are doubles as the ledger holds them; nothing is rounded. A balance is positive on the debit side.
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/data/records.h"
+#include "core/grid/tz_grid.h"
+#include "core/reports/parameter.h"
 
 namespace tz::test::naive {
 
@@ -48,16 +52,21 @@ struct Question {
 };
 
 struct Row {
-  std::vector<nlohmann::json> cells;  // texts, numbers and null
+  RowKind kind = RowKind::line;
+  // Texts, numbers and null; where a row has a caption, the third is "caption".
+  std::vector<nlohmann::json> cells;
   bool unposted = false;
+
+  [[nodiscard]] bool hasCaption() const { return kind != RowKind::line && kind != RowKind::heading; }
 };
 
 struct Answer {
-  std::string refusal;  // nothing else is filled when there is one, or when the question is wrong use
+  // The condition that is refused: nothing else is filled then, or when the question is wrong use.
+  std::optional<ParameterKey> refused;
   bool wrongUse = false;
-  std::string title, subtitle, unit, format;
+  std::string unit, format;
   std::vector<Row> rows;
-  std::vector<std::string> notices;
+  std::vector<int> notices;  // the number that each tells; 0 for none
 };
 
 [[nodiscard]] Answer detailLedger(const Ledger& ledger, const Question& question);

@@ -57,13 +57,13 @@ bool Lines::coversAccount(Id id) const {
 }
 
 bool Lines::coversUnit(Id id) const {
-  if (report_.id == 10205) {
+  if (report_.unitClass) {
     for (const auto& unit : ledger_.units) {
       if (unit.lId == id) return unit.lClassId == chosen_.unitClass.lId;
     }
     return false;
   }
-  if (report_.id != 10210) return true;
+  if (!report_.clerk) return true;
   // A clerk's units have lines of his up to the last month; those of nobody have none of anybody's.
   bool his = false, anybodys = false;
   const auto look = [&](const std::vector<Entry>& all) {
@@ -108,9 +108,9 @@ bool Lines::covers(const Dimensions& of) const {
   return listsAccount(of);
 }
 
-// The ledger of one unit lists the accounts that have lines of the unit up to the last month.
+// Accounts that have lines of the unit up to the last month.
 bool Lines::listsAccount(const Dimensions& of) const {
-  if (report_.id != 10204) return true;
+  if (!report_.onlyMetAccounts) return true;
   const auto met = [&](const std::vector<Entry>& all) {
     return std::any_of(all.begin(), all.end(), [&](const Entry& entry) {
       return entry.of[Entity::unit] == of[Entity::unit] && entry.of[Entity::account] == of[Entity::account] &&
@@ -154,7 +154,7 @@ std::vector<Entry> Lines::unpostedBefore(int period) const {
 std::vector<Entry> Lines::selected(const std::vector<Entry>& all, int first, int last, Order order) const {
   std::vector<Entry> chosen;
   for (const auto& entry : all) {
-    const bool his = report_.id != 10210 || entry.line.sName == chosen_.clerk;
+    const bool his = !report_.clerk || entry.line.sName == chosen_.clerk;
     if (his && entry.head.byPeroid >= first && entry.head.byPeroid <= last && covers(entry.of)) chosen.push_back(entry);
   }
   std::sort(chosen.begin(), chosen.end(), [order](const Entry& a, const Entry& b) {

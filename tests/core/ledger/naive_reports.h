@@ -1,4 +1,5 @@
-// What tells the detail ledgers apart, a record for each, for the naive computation.
+// What tells the detail ledgers apart, a record for each, for the naive computation: which lines, in which order and
+// blocks. No words: those stand in golden files.
 #pragma once
 
 #include <string>
@@ -20,52 +21,49 @@ enum class Entity { account, dept, person, unit, project };
 // Within a block; the line's id always decides at last.
 enum class Order { entryDate, voucher, entryDateAndVoucher };
 
-struct Group {
-  Entity entity;
-  const char* subtotal;
-};
-
 struct Orders {
   Order posted = Order::entryDate, unposted = Order::entryDate;
 };
 
-struct Wording {
-  const char* title;
-  const char* subtitle;  // with {account}, {dept}, {person}, {unit}, {unit class}, {clerk}, {project} in it
-  const char* opening;   // the opening row's caption
-};
-
 struct AccountRule {
   Accounts which;
-  const char* flags;           // that an account must have to be offered; "B alone": just that one
-  const char* noAccount = "";  // the message for none
+  const char* flags;  // that an account must have to be offered; "B alone": just that one
 };
 
-// A name that the dialog asks for, with the messages for none, an unknown one and one without any records.
-struct Name {
-  const char* missing = nullptr;  // null: none given is looked up like any other
-  const char* unknown = nullptr;  // null: the dialog does not ask for it
-  const char* idle = nullptr;     // null: not looked at
+// What the dialog asks of a department.
+enum class Dept {
+  notAsked,
+  given,          // one that exists
+  active,         // and has records
+  personsActive,  // and has records that name a person
+  orAll,          // none stands for all
+  ofList,         // none stands for the first
 };
 
 struct Report {
   int id = 0;
-  Wording wording;
+  int right = 0;
   AccountRule accounts;
-  Name dept = {}, unit = {};
-  bool person = false;            // the person of the department is asked for
-  const char* noClass = nullptr;  // project reports: refused when no class is defined
-  bool classOfAccount = false;    // the class is one of the account's
-  bool project = false;           // an item of the class is asked for
-  std::string_view chosen = "";   // dimensions of its lines: those named in the question, d p u i; D: all, when none is
-  std::string_view some = "";     // dimensions that its lines must have, whichever they are
-  std::vector<Group> groups = {};  // outer first
-  bool onlyRealOpenings = false;   // balances without an opening amount are passed over, their quantity as well
-  bool columns = false;            // a column per sub-account
+  Dept dept = Dept::notAsked;
+  bool person = false;           // the person of the department is asked for
+  bool unit = false;             // a unit is asked for
+  bool unitClass = false;        // its units are those of a class
+  bool clerk = false;            // its units and lines are those of a clerk
+  bool classesNeeded = false;    // refused where no project class is defined
+  bool classOfAccount = false;   // the class is one of the account's
+  bool project = false;          // an item of the class is asked for
+  bool classNamed = false;       // and the class as well
+  std::string_view chosen = "";  // dimensions of its lines: those named in the question, d p u i; D: all, when none is
+  std::string_view some = "";    // dimensions that its lines must have, whichever they are
+  std::vector<Entity> groups = {};  // outer first
+  bool onlyRealOpenings = false;    // balances without an opening amount are passed over, their quantity as well
+  bool onlyMetAccounts = false;     // only accounts that have lines up to the last month
+  bool fromYearsStart = false;      // its opening is the year's, with the lines before the first month
+  bool columns = false;             // a column per sub-account
   Orders order = {};
 };
 
-// Null for another report.
+// Null for a report about which nothing is known here: its golden file is all that tests its figures.
 [[nodiscard]] const Report* findNaive(int id);
 [[nodiscard]] const std::vector<Report>& allNaive();
 

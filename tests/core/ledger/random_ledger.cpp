@@ -257,8 +257,7 @@ Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) 
   }
   const auto [deptId, personId] = member(ledger, dice);
   question.dept = deptOf(ledger, dice, deptId);
-  if (report.dept.unknown != nullptr && report.dept.missing == nullptr && dice.once(2))
-    question.dept = dice.once(2) ? "全部" : "";
+  if (report.dept == Dept::orAll && dice.once(2)) question.dept = dice.once(2) ? "全部" : "";
   for (const auto& person : ledger.persons) {
     if (person.lId == personId) question.person = person.sName;
   }

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <set>
 
 #include "core/catalogue/catalogue.h"
 #include "core/data/create_ledger.h"
@@ -84,20 +85,28 @@ void answer(const QWidget& dialog, const ControlSpec& asked, const Request& requ
   }
 }
 
-// The same for the first account of the report that has something to show.
+// The same for the first account and department of the report that have something to show.
 Question withRows(Question question, Reader& reader) {
   const auto has = [&] {
     const auto outcome = reader.ask(question);
     const auto* report = std::get_if<ComputedReport>(&outcome);
     return report != nullptr && report->grid.GetRows() > 0;
   };
-  // Lines of units seldom name a department; those of sales do.
-  constexpr int unitsOfADept = 10206;
-  if (question.report->command == unitsOfADept) question.request.set(ParameterKey::dept, "销售部");
-  if (has() || question.request.text(ParameterKey::account).empty()) return question;
-  for (const auto& account : offeredAccounts(question.report->dialog, reader.db())) {
-    question.request.set(ParameterKey::account, CGetData::GetCode_Separator(account.text));
-    if (has()) break;
+  if (has()) return question;
+  const auto found = question.request;
+  std::vector<std::string> depts = {found.text(ParameterKey::dept)};
+  const auto keys = parametersOf(*question.report);
+  if (std::ranges::find(keys, ParameterKey::dept) != keys.end()) {
+    for (const auto& dept : reader.db().Dept_GetInfo("1 = 1 ORDER BY lId")) depts.push_back(dept.sDeptName);
+  }
+  for (const auto& dept : depts) {
+    if (!dept.empty()) question.request.set(ParameterKey::dept, dept);
+    if (has()) return question;
+    if (found.text(ParameterKey::account).empty()) continue;
+    for (const auto& account : offeredAccounts(question.report->dialog, reader.db())) {
+      question.request.set(ParameterKey::account, CGetData::GetCode_Separator(account.text));
+      if (has()) return question;
+    }
   }
   return question;
 }
@@ -171,6 +180,35 @@ TEST_F(EveryWindow, OpensShowsExportsAndCloses) {
     QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
     EXPECT_TRUE(launcher_.Windows().empty());
     deleteClosed();
+  }
+  EXPECT_TRUE(messages_.all.empty());
+}
+
+// Each report by its own right: who has all the others opens nothing, not even a dialog.
+TEST_F(EveryWindow, OpensForWhomHasItsRightAlone) {
+  const auto asks = [](const ReportDefinition& report, const std::set<int>& rights) {
+    ReportLauncher launcher(Operator{"王", false, rights}, findReport);
+    bool asked = false;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [&asked] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) return;
+      asked = true;
+      dialog->reject();
+    });
+    closing.start(1);
+    launcher.Launch(report.command);
+    return asked;
+  };
+  std::set<int> rights;
+  for (const ReportDefinition* report : catalogue()) rights.insert(report->right);
+  for (const ReportDefinition* report : catalogue()) {
+    SCOPED_TRACE(report->command);
+    std::set<int> others = rights;
+    for (int beside = -1; beside <= 1; ++beside) others.insert(report->right + beside);
+    others.erase(report->right);
+    EXPECT_FALSE(asks(*report, others));
+    EXPECT_TRUE(asks(*report, {report->right}));
   }
   EXPECT_TRUE(messages_.all.empty());
 }
