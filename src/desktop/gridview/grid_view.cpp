@@ -177,7 +177,9 @@ void GridView::timerEvent(QTimerEvent* event) {
 }
 
 GridCell GridView::CellFor(const QKeyEvent& event) const {
-  GridCell cell = current_.valid() ? current_ : GridCell{0, 0};
+  // Before any cell is current, the first key goes to the first one.
+  const bool first = !current_.valid();
+  GridCell cell = first ? GridCell{0, 0} : current_;
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const std::int64_t page = std::max(viewport()->height() / rowHeight_ - 1, 1);
   const std::int64_t lastRow = RowCount() - 1;
@@ -210,6 +212,7 @@ GridCell GridView::CellFor(const QKeyEvent& event) const {
     default:
       return {};
   }
+  if (first) return {0, 0};
   return {std::clamp<std::int64_t>(cell.row, 0, lastRow), std::clamp(cell.column, 0, lastColumn)};
 }
 

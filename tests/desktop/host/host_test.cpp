@@ -218,6 +218,13 @@ TEST_F(HostTest, TheStartWindowSaysWhyWhereItHappened) {
   QTest::keyClick(recent, Qt::Key_Down);
   QTest::keyClick(recent, Qt::Key_Return);
   EXPECT_EQ(start.result(), QDialog::Accepted);
+
+  start.setResult(QDialog::Rejected);
+  start.show();
+  const QPoint second = recent->visualItemRect(recent->item(1)).center();
+  QTest::mouseClick(recent->viewport(), Qt::LeftButton, {}, second);
+  QTest::mouseDClick(recent->viewport(), Qt::LeftButton, {}, second);
+  EXPECT_EQ(start.result(), QDialog::Accepted);
 }
 
 TEST_F(HostTest, ACommandWithoutItsRightIsPaleAndSaysWhy) {

@@ -2,6 +2,8 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QStyleOptionComboBox>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include "desktop/picking/pinyin.h"
@@ -147,6 +149,51 @@ TEST_F(UsefulCombox, ArrowsMoveInThePopupAndEscapeGivesUp) {
   QTest::keyClick(popup, Qt::Key_Down);
   QTest::keyClick(popup, Qt::Key_Return);
   EXPECT_EQ(combo.CurrentDatum(), 3);
+}
+
+// Where the style has put the arrow.
+QPoint arrowOf(const QComboBox& combo) {
+  QStyleOptionComboBox option;
+  option.initFrom(&combo);
+  option.editable = combo.isEditable();
+  return combo.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &combo).center();
+}
+
+TEST_F(UsefulCombox, TheMouseOpensTheListAndChooses) {
+  QTest::mouseClick(&combo, Qt::LeftButton, {}, arrowOf(combo));
+  ASSERT_TRUE(combo.view()->isVisible()) << "the arrow opens the list";
+  EXPECT_EQ(combo.view()->model()->rowCount(), 3);
+  // A release right after the press that opened the list chooses nothing.
+  QTest::qWait(QApplication::doubleClickInterval() + 50);
+  const QPoint third = combo.view()->visualRect(combo.model()->index(2, 0)).center();
+  QTest::mouseMove(combo.view()->viewport(), third);
+  QTest::mouseClick(combo.view()->viewport(), Qt::LeftButton, {}, third);
+  EXPECT_EQ(combo.CurrentDatum(), 4);
+  EXPECT_EQ(combo.lineEdit()->text(), "6601 差旅费 122102 号");
+  EXPECT_EQ(changes, 1);
+  EXPECT_FALSE(combo.view()->isVisible());
+}
+
+TEST_F(UsefulCombox, WhatIsFoundIsChosenByAClickToo) {
+  combo.lineEdit()->selectAll();
+  QTest::keyClicks(&combo, "1221");
+  auto* found = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+  ASSERT_NE(found, nullptr);
+  const QPoint second = found->visualRect(found->model()->index(1, 0)).center();
+  QTest::mouseMove(found->viewport(), second);
+  QTest::mouseClick(found->viewport(), Qt::LeftButton, {}, second);
+  EXPECT_EQ(combo.CurrentDatum(), 3);
+  EXPECT_EQ(changes, 1);
+}
+
+// Who scrolls the window past a combo does not change a condition.
+TEST_F(UsefulCombox, TheWheelChangesNothingWithoutTheFocus) {
+  combo.clearFocus();
+  const QPointF middle = combo.rect().center();
+  QWheelEvent wheel(middle, combo.mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&combo, &wheel);
+  EXPECT_EQ(combo.CurrentDatum(), 2);
+  EXPECT_EQ(changes, 0);
 }
 
 TEST_F(UsefulCombox, MonthIsFoundByItsNumber) {
