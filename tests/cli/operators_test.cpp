@@ -1,7 +1,9 @@
 // Who may ask: a ledger with operators asks for a name, a password and the report's right.
 #include <gtest/gtest.h>
+#include <set>
 
 #include "cli/small_company.h"
+#include "core/catalogue/catalogue.h"
 #include "core/reports/logon_delays.h"
 #include "core/reports/operator.h"
 #include "core/reports/password_hash.h"
@@ -50,6 +52,32 @@ TEST_P(OperatorsTest, NeedTheirPasswordAndTheRight) {
   EXPECT_FALSE(logOn(logonQuestion(db, "没有"), "会计2006")) << "somebody else's password";
   EXPECT_FALSE(logOn(logonQuestion(db, "空白"), "任何口令")) << "an operator without a password cannot log on";
   EXPECT_FALSE(logOn(logonQuestion(db, "' OR 1=1 --"), "会计2006"));
+}
+
+// Each report asks for its own right and for no other: who has all the others sees nothing of it.
+TEST_P(OperatorsTest, EveryReportAsksForItsOwnRight) {
+  std::set<int> rights;
+  for (const auto* report : catalogue()) rights.insert(report->right);
+  EXPECT_GT(rights.size(), 1U);
+  const auto statusWith = [&](const ReportDefinition& report, const std::set<int>& granted) {
+    ledger_.keeper().execute("DELETE FROM zRight WHERE lOperatorId = 2");
+    for (const int right : granted) {
+      ledger_.keeper().execute(Sql("INSERT INTO zRight (lOperatorId, nRight) VALUES (2, ?)", right));
+    }
+    const auto run =
+        runProgram({"report", std::to_string(report.command), "--ledger", ledger_.address(), "--operator", "会计"},
+                   {"TZ_PASSWORD=会计2006"});
+    EXPECT_EQ(run.err.find("权限") != std::string::npos, run.status == 4) << run.err;
+    return run.status;
+  };
+  for (const auto* report : catalogue()) {
+    SCOPED_TRACE(report->command);
+    std::set<int> others = rights;
+    for (int beside = -1; beside <= 1; ++beside) others.insert(report->right + beside);
+    others.erase(report->right);
+    EXPECT_EQ(statusWith(*report, others), 4);
+    EXPECT_NE(statusWith(*report, {report->right}), 4) << "answered or refused for its conditions, not for a right";
+  }
 }
 
 // Nobody learns by the answer, or by its time, who is an operator.

@@ -70,6 +70,20 @@ TEST_F(PasswordPrompt, HidesWhatIsTyped) {
   EXPECT_NE(run.shown().find("三栏式明细帐"), std::string::npos);
 }
 
+TEST_F(PasswordPrompt, RefusesAWrongOneAndHidesItToo) {
+  for (const std::string typed : {"会计2007", "会计2006 ", ""}) {
+    TerminalRun run(words(), {"PAGER=cat"});
+    ASSERT_TRUE(run.await("口令："));
+    run.type(typed + "\n");
+    EXPECT_EQ(WEXITSTATUS(run.nextState()), 4) << typed;
+    EXPECT_TRUE(run.echoes());
+    const auto shown = run.shown();
+    EXPECT_NE(shown.find("操作员姓名或口令不对"), std::string::npos) << shown;
+    EXPECT_EQ(shown.find("会计200"), std::string::npos) << shown;
+    EXPECT_EQ(shown.find("明细帐"), std::string::npos) << "figures shown without a password";
+  }
+}
+
 TEST_F(PasswordPrompt, GivesTheTerminalBackWhateverEndsIt) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
     TerminalRun run(words());

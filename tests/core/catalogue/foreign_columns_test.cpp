@@ -112,6 +112,33 @@ TEST_P(ForeignColumns, NullForNothing) {
   expectTheSame();
 }
 
+// Dates that another program left out: no date for us, whatever type the column has, and no failure.
+TEST_P(ForeignColumns, EmptyDates) {
+  const std::string text = onServer() ? "text" : "TEXT";
+  for (const auto& [type, nothing] : {std::pair(text, "''"), {text, "NULL"}, {"date", "NULL"}}) {
+    SCOPED_TRACE(type + " " + nothing);
+    const TestPlace place(GetParam());
+    createLedger(place.address(), [](Connection& connection) { fillSample(connection, {}); });
+    test::makeAnew(*openLedger(place.address(), Access::keeper),
+                   [&](const std::string& table, const ColumnSchema& column, const std::string& own) -> NewColumn {
+                     if (column.type != Type::date || table != "UnregMain") return {own, column.name};
+                     return {type, cast(nothing, type)};
+                   });
+    Reader reader(place.address());
+    const auto cursor = reader.db().Current().query("SELECT dtBill, dtDate FROM UnregMain");
+    ASSERT_TRUE(cursor->next());
+    EXPECT_TRUE(cursor->date(0).empty());
+    EXPECT_EQ(cursor->text(1), "");
+    std::size_t leftOut = 0;
+    for (const auto& question : questions_) {
+      const auto answer = answerText(reader.ask(question));
+      EXPECT_TRUE(answer.starts_with('{')) << answer;
+      if (answer.find("不在查询月份内") != std::string::npos) ++leftOut;
+    }
+    EXPECT_GT(leftOut, 0U) << "a line without a date is of no month, and that is said";
+  }
+}
+
 TEST_P(ForeignColumns, ViewsInsteadOfTables) {
   putViews(*openLedger(place_.address(), Access::keeper), " + 0");
   expectTheSame();

@@ -199,6 +199,7 @@ TEST_P(LedgerCheckTest, Vouchers) {
       {{"UPDATE UnregSub SET lTieId = 8 WHERE lId = 9"},
        {"UnregSub lId=9：凭证 lTieId = 8 不存在", "UnregMain lTieId=9：借贷不平，相差 70"}},
       {{"UPDATE UnregSub SET mMoney = 69.99 WHERE lId = 9"}, {"UnregMain lTieId=9：借贷不平，相差 0.01"}},
+      {{"UPDATE UnregSub SET mMoney = 70.01 WHERE lId = 9"}, {"UnregMain lTieId=9：借贷不平，相差 -0.01"}},
       {{"UPDATE UnregSub SET dtDate = '2025-12-02' WHERE lId = 9"},
        {"UnregSub lId=9：录入日期 2025-12-02 与凭证 lTieId = 9 的 2025-12-01 不同"}},
       {{"UPDATE UnregSub SET lCodeId = 99 WHERE lId = 9"}, {"UnregSub lId=9：科目 lCodeId = 99 不存在"}},
