@@ -20,20 +20,20 @@ struct Places {
   int debit, credit, summary, direction, balance;
 
   explicit Places(const CTzGrid& grid)
-      : debit(moving(grid, Movement::debitAmount)),
-        credit(moving(grid, Movement::creditAmount)),
+      : debit(moving(grid, ColumnKind::debitAmount)),
+        credit(moving(grid, ColumnKind::creditAmount)),
         summary(text(grid, debit - 1, -1)),
         direction(text(grid, credit + 1, 1)),
         balance(direction + 1) {}
 
  private:
-  static int moving(const CTzGrid& grid, Movement movement) {
-    const auto found = std::ranges::find(grid.Columns(), movement, &GridColumn::movement);
+  static int moving(const CTzGrid& grid, ColumnKind kind) {
+    const auto found = std::ranges::find(grid.Columns(), kind, &GridColumn::kind);
     if (found == grid.Columns().end()) throw std::runtime_error("no column of such movements");
     return static_cast<int>(found - grid.Columns().begin());
   }
   static int text(const CTzGrid& grid, int from, int step) {
-    while (grid.Columns().at(static_cast<std::size_t>(from)).figure != Figure::none) from += step;
+    while (grid.Columns().at(static_cast<std::size_t>(from)).kind != ColumnKind::text) from += step;
     return from;
   }
 };

@@ -17,7 +17,7 @@ class GridViewMouse : public testing::Test {
  protected:
   GridViewMouse() {
     for (int column = 0; column < columns; ++column) {
-      grid_.AddColumn({.caption = "金额", .width = 120, .figure = Figure::amount});
+      grid_.AddColumn({.caption = "金额", .width = 120, .kind = ColumnKind::amount});
     }
     grid_.SetRows(rows);
     view_.SetGrid(&grid_);

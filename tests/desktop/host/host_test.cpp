@@ -231,7 +231,7 @@ TEST_F(HostTest, ACommandWithoutItsRightIsPaleAndSaysWhy) {
   HostSettings settings;
   OpenLedger open(address());
   open.MakeCurrent(open.ProposedDate());
-  Desktop desktop(settings, open, Operator{"王会计", false, {3}});
+  Desktop desktop(settings, open, Operator{.name = "王会计", .rights = {3}});
   desktop.Show();
   auto* navigator = qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
   ASSERT_TRUE(QTest::qWaitForWindowActive(navigator));

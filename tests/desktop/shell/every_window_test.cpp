@@ -187,7 +187,7 @@ TEST_F(EveryWindow, OpensShowsExportsAndCloses) {
 // Each report by its own right: who has all the others opens nothing, not even a dialog.
 TEST_F(EveryWindow, OpensForWhomHasItsRightAlone) {
   const auto asks = [](const ReportDefinition& report, const std::set<int>& rights) {
-    ReportLauncher launcher(Operator{"王", false, rights}, findReport);
+    ReportLauncher launcher(Operator{.name = "王", .rights = rights}, findReport);
     bool asked = false;
     QTimer closing;
     QObject::connect(&closing, &QTimer::timeout, [&asked] {

@@ -71,7 +71,7 @@ TEST_F(LaunchTest, ConfirmedConditionsOpenAWindowWithTheCoresRows) {
 }
 
 TEST_F(LaunchTest, WithoutTheRightNothingHappens) {
-  ReportLauncher refused(Operator{"王", false, {3, 5}}, findCounted);
+  ReportLauncher refused(Operator{.name = "王", .rights = {3, 5}}, findCounted);
   refused.Launch(personDetail);  // a dialog would hang the test
   EXPECT_TRUE(refused.Windows().empty());
   EXPECT_TRUE(messages_.all.empty());
