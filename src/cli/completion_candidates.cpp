@@ -109,7 +109,9 @@ void addValues(Candidates& found, const TypedLine& line, const CLI::Option& opti
   addChoices(found, option);
   if (line.command->get_name() != "report") return;
   if (option.get_name() == "ID") return addReports(found);
-  for (auto& [word, meaning] : ledgerNames(nameOf(option), line.given)) found.words.push_back({word, meaning});
+  const auto* condition = conditionOf(option);
+  if (condition == nullptr) return;
+  for (auto& [word, meaning] : ledgerNames(*condition, line.given)) found.words.push_back({word, meaning});
 }
 
 void addOptions(Candidates& found, const TypedLine& line) {

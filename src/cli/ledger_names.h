@@ -7,13 +7,15 @@
 #include <utility>
 #include <vector>
 
+#include "core/reports/parameter.h"
+
 namespace tz::cli {
 
 // What is on the line already, by option ("--ledger") or place ("ID").
 using GivenValues = std::map<std::string, std::string>;
 
-// Each name with what stands beside it in the archive, in the archive's order.
-[[nodiscard]] std::vector<std::pair<std::string, std::string>> ledgerNames(const std::string& option,
+// What the dialog of the report on the line offers for a condition, each with what stands beside it in the archive.
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> ledgerNames(const Parameter& condition,
                                                                            const GivenValues& given);
 
 }  // namespace tz::cli

@@ -2,11 +2,14 @@
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <set>
 #include <sstream>
 
 #include "cli/small_company.h"
 #include "cli/typed_shell.h"
 #include "core/catalogue/catalogue.h"
+#include "core/reports/offers.h"
+#include "support/namesakes.h"
 
 namespace tz::test {
 namespace {
@@ -26,6 +29,17 @@ Words completed(const Words& line) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   return linesOf(run.out);
+}
+
+// The words of an answer to a shell, which are every third text.
+std::string wordsIn(const std::string& answer) {
+  std::string words;
+  std::istringstream texts(answer);
+  std::string text;
+  for (int i = 0; std::getline(texts, text, '\0'); ++i) {
+    if (i % 3 == 0) words.append(text).append("|");
+  }
+  return words;
 }
 
 bool has(const Words& words, const std::string& word) { return std::ranges::find(words, word) != words.end(); }
@@ -79,6 +93,41 @@ TEST(Completion, OffersNamesOfTheLedgerOnTheLine) {
             Words{});
   ledger.fill("zOperator", "lId | sName | bAll\n 1 | 主管 | 1");
   EXPECT_EQ(ask("--person", ""), Words{}) << "names are shown to nobody who has not logged on";
+}
+
+// What the list of a dialog offers is what the command line completes, under the same conditions.
+TEST(Completion, OffersWhatTheDialogsOffer) {
+  TestLedger ledger(Engine::sqlite);
+  fillNamesakes(ledger);
+  fillOddNames(ledger);
+  CQnCwDB db;
+  db.Open(ledger.address());
+  std::set<ParameterKey> tried;
+  for (const auto* report : catalogue()) {
+    Words line = {"completion", "words", "--", "report", std::to_string(report->command), "--ledger", ledger.address()};
+    Request request;
+    for (const auto key : parametersOf(*report)) {
+      const auto offer = offered(report->dialog, key, request, db);
+      if (offer.empty()) continue;
+      const auto option = "--" + std::string(parameter(key).option);
+      auto asked = line;
+      asked.insert(asked.end(), {option, ""});
+      std::string wanted;
+      for (const auto& entry : offer) wanted += valueOf(key, entry.text) + "|";
+      EXPECT_EQ(wordsIn(runProgram(asked).out), wanted) << report->command << option;
+      // The second one: the first is often one that stands for all.
+      const auto& chosen = offer[offer.size() > 1 ? 1 : 0];
+      request.set(key, valueOf(key, chosen.text));
+      line.insert(line.end(), {option, valueOf(key, chosen.text)});
+      tried.insert(key);
+    }
+  }
+  using Key = ParameterKey;
+  EXPECT_EQ(tried, (std::set<Key>{Key::account, Key::dept, Key::person, Key::unit, Key::unitClass, Key::clerk,
+                                  Key::projectClass, Key::project, Key::projectFrom, Key::projectTo}));
+  const auto clerks = runProgram({"completion", "words", "--", "report", "10210", "--ledger", ledger.address(),
+                                  "--account", "1122", "--clerk", ""});
+  EXPECT_EQ(wordsIn(clerks.out), "其它|王强|其它|") << "names on lines, not persons";
 }
 
 // Names that a shell would take for something else, each with the beginning that tells it from the others.

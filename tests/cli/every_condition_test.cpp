@@ -6,6 +6,7 @@
 #include "cli/small_company.h"
 #include "core/catalogue/catalogue.h"
 #include "core/data/create_ledger.h"
+#include "core/reports/offers.h"
 #include "core/sample/sample_company.h"
 #include "support/every_report.h"
 
@@ -42,7 +43,7 @@ std::string firstValue(const ReportDefinition& report, ParameterKey key, Reader&
 // All accounts that the dialog offers, where several can be picked.
 std::string everyAccount(const ReportDefinition& report, Reader& reader) {
   std::string all;
-  for (const auto& entry : offeredAccounts(report.dialog, reader.db())) {
+  for (const auto& entry : offered(report.dialog, ParameterKey::account, {}, reader.db())) {
     const auto code = CGetData::GetCode_Separator(entry.text);
     if (!code.empty()) all += (all.empty() ? "" : "\n") + code;
   }

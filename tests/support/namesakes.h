@@ -49,4 +49,24 @@ inline void fillNamesakes(TestLedger& ledger) {
       7   | 3       | 0       | 0         | 0        | 2       | RD      | 1        | 2000)");
 }
 
+// Records besides whose names meet as well, those among them that bear the words for all and for none.
+inline void fillOddNames(TestLedger& ledger) {
+  ledger.fill("Code", "lId | sCode | sName | bEnd | bDirect | sAssBook\n 4 | 5001 | 生产成本 | 1 | 1 | CD");
+  ledger.fill("Dept", "lId | lDeptId | sDeptId | sDeptName\n 4 | 14 | D4 | 全部");
+  ledger.fill("EnterClass", "lId | sName\n 1 | 客户\n 2 | 客户\n 3 | 其它");
+  ledger.fill("ProjClass", "lId | sItemId | sName\n 2 | 01 | 研发");
+  ledger.fill("ProjItems", R"(
+      lId | sItemId | nField | sTitle   | sType
+      3   | 01      | 0      | 项目编号 | 3
+      4   | 01      | 1      | 项目名称 | 3)");
+  ledger.makeItemTable("01");
+  ledger.fill("ProjItems01", "lId | FIELD0 | FIELD1\n 1 | R1 | 厂房");
+  ledger.fill("ProjCodes", "lId | sItemId | lCodeId\n 2 | 01 | 3\n 3 | RD | 4\n 4 | 01 | 4");
+  ledger.fill("UnregMain", "lTieId | byPeroid | dtBill | dtDate\n 1 | 1 | 2006-01-05 | 2006-01-05");
+  ledger.fill("UnregSub", R"(
+      lId | lTieId | lCodeId | lEnterId | sName | mMoney | bDirect | dtDate
+      1   | 1      | 2       | 1        | 其它  | 80     | 1       | 2006-01-05
+      2   | 1      | 2       | 2        | 王强  | 70     | 1       | 2006-01-05)");
+}
+
 }  // namespace tz::test

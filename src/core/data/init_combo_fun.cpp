@@ -33,7 +33,7 @@ ComboList toldApart(const std::vector<NamedMember>& members) {
   for (const auto& [code, name, id] : members) {
     std::string text = bearers[name] > 1 ? code + " " : std::string();
     text += name;
-    list.push_back({std::move(text), id});
+    list.push_back({std::move(text), id, code});
   }
   return list;
 }

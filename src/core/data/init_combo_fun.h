@@ -15,6 +15,7 @@ namespace tz {
 struct ComboEntry {
   std::string text;
   Id datum = 0;
+  std::string beside = {};  // the code of a name, for whoever shows both
 };
 using ComboList = std::vector<ComboEntry>;
 

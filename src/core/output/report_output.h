@@ -1,6 +1,7 @@
 // A computed report and its outputs. Every face of a report (terminal, JSON, files, window, page) reads this.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@
 #include "core/platform/sink.h"
 
 namespace tz {
+
+struct Conditions;  // core/reports
 
 struct ComputedReport {
   int report = 0;                      // command id of the navigator
@@ -29,6 +32,10 @@ struct ComputedReport {
   RowSubjects subjects;  // of the grid's rows
   // What a coloured row means, for outputs without colours; empty when no row can be coloured.
   std::string highlightMeaning;
+  // What the rows were computed for: the conditions with every name resolved, and the amount formats that these offer,
+  // all as of the moment of the rows. Windows show them; nothing more can be looked up through them.
+  std::shared_ptr<const Conditions> resolved = {};
+  std::vector<AmountFormat> formats = {};
 };
 
 // A line above the table.

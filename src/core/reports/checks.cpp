@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/reports/dialog_spec.h"
 #include "core/reports/members.h"
+#include "core/reports/offers.h"
 
 namespace tz {
 namespace {
@@ -16,33 +16,31 @@ bool anyActivity(const CheckContext& context, const Sql& where) {
   return context.conditions.unposted && db.Exists("UnregSub", where);
 }
 
+ComboList offerOf(const CheckContext& context, ParameterKey key) {
+  const auto* control = controlOf(context.dialog, key);
+  if (control == nullptr) return {};
+  return offered({context.dialog, *control, key, context.request, context.session.db, *context.conditions.data});
+}
+
 // What a list offers, as the command line tells it.
-template <class Record, class Name>
-Unlisted unlisted(ParameterKey about, const std::vector<Record>& offered, Name name) {
+Unlisted unlisted(ParameterKey about, const ComboList& offer) {
   Unlisted result{about, {}};
-  for (const auto& record : offered) result.offered.push_back(std::invoke(name, record));
+  for (const auto& entry : offer) result.offered.push_back(valueOf(about, entry.text));
   return result;
+}
+
+// The entry that the request names, without a value the first; null for one that is not offered.
+const ComboEntry* chosenIn(const ComboList& offer, const CheckContext& context, ParameterKey key) {
+  const auto* control = controlOf(context.dialog, key);
+  if (offer.empty() || control == nullptr) return nullptr;
+  if (text(context, key).empty()) return &offer.front();
+  const int place =
+      placeIn(offer, {context.dialog, *control, key, context.request, context.session.db, *context.conditions.data});
+  return place < 0 ? nullptr : &offer[static_cast<std::size_t>(place)];
 }
 
 const std::vector<ProjClassInfo>& projectClasses(const CheckContext& context) {
   return context.conditions.data->ProjClassTable();
-}
-
-// The classes that the account carries, else those of the accounts below it.
-std::vector<ProjClassInfo> classesOfAccount(const CQnCwDB& db, CGetData& data, const CodeInfo& account) {
-  const auto carried = [&](const Sql& accounts) {
-    std::vector<ProjClassInfo> classes;
-    const auto links = db.ProjCodes_GetInfo(accounts + " ORDER BY lId");
-    for (const auto& candidate : data.ProjClassTable()) {
-      if (std::ranges::find(links, candidate.sItemId, &ProjCodesInfo::sItemId) != links.end()) {
-        classes.push_back(candidate);
-      }
-    }
-    return classes;
-  };
-  auto own = carried(Sql("lCodeId = ?", account.lId));
-  if (!own.empty()) return own;
-  return carried(inList("lCodeId", data.GetCode_Include(account.sCode)));
 }
 
 // An end of a range may be a code, or code and name as the combos show them.
@@ -51,30 +49,6 @@ std::string rangeEnd(const CheckContext& context, ParameterKey key) {
 }
 
 }  // namespace
-
-ComboList offeredClasses(const CQnCwDB& db, std::string_view account) {
-  CGetData data(db);
-  const auto* found = data.GetCODEINFOByCode(CGetData::GetCode_Separator(account));
-  ComboList list;
-  if (found == nullptr) return list;
-  for (const auto& one : classesOfAccount(db, data, *found)) list.push_back({one.sItemId + " " + one.sName, one.lId});
-  return list;
-}
-
-void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db) {
-  if (std::ranges::find(dialog.controls, ControlSpec::Kind::classCombo, &ControlSpec::kind) == dialog.controls.end()) {
-    return;
-  }
-  const auto carried = offeredClasses(db, request.text(ParameterKey::account));
-  const auto classId = CGetData::GetCode_Separator(request.text(ParameterKey::projectClass));
-  const auto isAsked = [&](const ComboEntry& one) { return CGetData::GetCode_Separator(one.text) == classId; };
-  if (std::ranges::any_of(carried, isAsked)) return;
-  for (const auto key : {ParameterKey::projectClass, ParameterKey::projectFrom, ParameterKey::projectTo}) {
-    request.clear(key);
-  }
-  if (carried.empty()) return;
-  request.set(ParameterKey::projectClass, CGetData::GetCode_Separator(carried.front().text));
-}
 
 namespace checks {
 
@@ -96,8 +70,10 @@ bool deptPersonsActive(CheckContext& context) {
 }
 
 bool deptKnownOrAll(CheckContext& context) {
-  const auto wanted = text(context, ParameterKey::dept);
-  if (!wanted.empty() && wanted != allMembers) return deptKnown(context);
+  const auto wanted = context.request.member(ParameterKey::dept);
+  if (!wanted.text.empty() && wanted.text != allMembers) return deptKnown(context);
+  // One of that name, picked from a list.
+  if (wanted.id != 0 && deptKnown(context) && context.conditions.dept.lDeptId == wanted.id) return true;
   context.conditions.dept = {};
   context.conditions.dept.sDeptName = allMembers;
   return true;
@@ -192,49 +168,37 @@ bool rangeInOrder(CheckContext& context) {
 namespace choices {
 
 std::optional<Unlisted> dept(CheckContext& context) {
-  auto& chosen = context.conditions.dept;
-  const auto wanted = context.request.member(ParameterKey::dept);
-  auto offered = context.session.db.Dept_GetInfo("lId > 0 ORDER BY sDeptId, lId");
-  auto found = !wanted.text.empty() ? findDept(context.session.db, wanted)
-               : offered.empty()    ? std::nullopt
-                                    : std::optional(offered.front());
-  if (!found) return unlisted(ParameterKey::dept, offered, &DeptInfo::sDeptName);
-  chosen = std::move(*found);
+  const auto offer = offerOf(context, ParameterKey::dept);
+  const auto* chosen = chosenIn(offer, context, ParameterKey::dept);
+  const auto* found = chosen == nullptr ? nullptr : context.conditions.data->GetDEPTINFOByDeptId(chosen->datum);
+  if (found == nullptr) return unlisted(ParameterKey::dept, offer);
+  context.conditions.dept = *found;
   return std::nullopt;
 }
 
 std::optional<Unlisted> unitClass(CheckContext& context) {
-  auto& chosen = context.conditions.unitClass;
-  const auto wanted = context.request.member(ParameterKey::unitClass);
-  auto offered = context.session.db.EnterClass_GetInfo("lId > 0 ORDER BY lId");
-  offered.push_back({0, std::string(otherMembers)});
-  if (wanted.text.empty()) {
-    chosen = offered.front();
-    return std::nullopt;
-  }
-  auto found = findUnitClass(context.session.db, wanted);
-  if (!found && wanted.text != otherMembers) return unlisted(ParameterKey::unitClass, offered, &EnterClassInfo::sName);
-  chosen = found ? std::move(*found) : offered.back();
+  const auto offer = offerOf(context, ParameterKey::unitClass);
+  const auto* chosen = chosenIn(offer, context, ParameterKey::unitClass);
+  if (chosen == nullptr) return unlisted(ParameterKey::unitClass, offer);
+  context.conditions.unitClass = {chosen->datum, chosen->text};
   return std::nullopt;
 }
 
 std::optional<Unlisted> clerk(CheckContext& context) {
-  const auto wanted = text(context, ParameterKey::clerk);
-  const auto offered = offeredClerks(context.session.db, context.conditions.account.lId);
-  const auto found = wanted.empty() ? offered.begin() : std::ranges::find(offered, wanted, &ComboEntry::text);
-  if (found == offered.end()) return unlisted(ParameterKey::clerk, offered, &ComboEntry::text);
-  context.conditions.clerk.name = found->text == otherMembers ? "" : found->text;
+  const auto offer = offerOf(context, ParameterKey::clerk);
+  const auto* chosen = chosenIn(offer, context, ParameterKey::clerk);
+  if (chosen == nullptr) return unlisted(ParameterKey::clerk, offer);
+  context.conditions.clerk.name = chosen->datum == 0 ? "" : chosen->text;
   return std::nullopt;
 }
 
 std::optional<Unlisted> classOfAccount(CheckContext& context) {
-  auto& conditions = context.conditions;
-  const auto wanted = CGetData::GetCode_Separator(text(context, ParameterKey::projectClass));
-  if (wanted.empty()) return std::nullopt;
-  const auto classes = classesOfAccount(context.session.db, *conditions.data, conditions.account);
-  const auto found = std::ranges::find(classes, wanted, &ProjClassInfo::sItemId);
-  if (found == classes.end()) return unlisted(ParameterKey::projectClass, classes, &ProjClassInfo::sItemId);
-  conditions.projectClass = *found;
+  if (text(context, ParameterKey::projectClass).empty()) return std::nullopt;
+  const auto offer = offerOf(context, ParameterKey::projectClass);
+  const auto* chosen = chosenIn(offer, context, ParameterKey::projectClass);
+  if (chosen == nullptr) return unlisted(ParameterKey::projectClass, offer);
+  context.conditions.projectClass = *std::ranges::find(
+      projectClasses(context), valueOf(ParameterKey::projectClass, chosen->text), &ProjClassInfo::sItemId);
   return std::nullopt;
 }
 

@@ -10,10 +10,6 @@
 
 namespace tz {
 
-// What one control of the dialog asks for, "项目范围: X1 至 X9"; empty when it asks for nothing. Months are not among
-// them: the period line tells them.
-[[nodiscard]] std::string conditionText(const ControlSpec& control, const Conditions& conditions);
-
 // Every condition that neither the subtitle nor the period tells, the amount format included.
 [[nodiscard]] std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions);
 

@@ -49,8 +49,11 @@ struct ControlSpec {
 // The conditions of a control: one, or the two parts of months, ranges and project references.
 [[nodiscard]] std::vector<ParameterKey> keysOf(const ControlSpec& control);
 
+struct DialogSpec;
+
 // What a check works on: conditions are resolved step by step, each check behind those it needs.
 struct CheckContext {
+  const DialogSpec& dialog;
   Session& session;
   const Request& request;
   Conditions& conditions;
@@ -104,23 +107,11 @@ class UnreadAnswer : public DbError {
   Refusal refusal_;
 };
 
-// The accounts that the dialog offers, as "code name".
-[[nodiscard]] ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db);
-
 [[nodiscard]] bool asksForAccount(const DialogSpec& dialog);
 
 // The refusal with which the dialog closes itself before it opens, for want of accounts or classes; nothing otherwise.
 // Throws UnreadAnswer when these cannot be read.
 [[nodiscard]] std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session);
-
-// Lets conditions that belong to the account follow another one: a project class that it does not carry becomes its
-// first, and the range of projects of that class opens to all.
-void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db);
-
-// What the lists of the dialog offer besides accounts.
-[[nodiscard]] ComboList offeredClerks(const CQnCwDB& db, Id accountId);
-[[nodiscard]] ComboList offeredClasses(const CQnCwDB& db, std::string_view account);  // "code name"
-[[nodiscard]] ComboList offeredProjects(CGetData& data, std::string_view classId);    // "code name" by code
 
 // What the dialog's report answers when the ledger is not open.
 [[nodiscard]] Refusal notOpen(const DialogSpec& dialog);

@@ -68,6 +68,7 @@ struct Parameter {
   std::string_view help;
   std::span<const ParameterChoice> choices = {};
   std::string_view fieldHelp = {};  // of its field in windows, where that reads otherwise
+  bool byCode = false;              // asked for by the code with which the entries of its list begin
 
   [[nodiscard]] std::string_view helpInWindow() const { return fieldHelp.empty() ? help : fieldHelp; }
 };

@@ -1,46 +1,14 @@
-#include <algorithm>
 #include <fmt/format.h>
 
 #include "core/grid/utf8.h"
 #include "core/reports/condition_texts.h"
+#include "core/reports/control_kind.h"
 
 namespace tz {
 namespace {
 
 // File systems take 255 bytes; the rest is for endings, numbers and copies.
 constexpr std::size_t longestName = 200;
-
-bool asksFor(const DialogSpec& dialog, ControlSpec::Kind kind) {
-  return std::ranges::find(dialog.controls, kind, &ControlSpec::kind) != dialog.controls.end();
-}
-
-// What a control adds to the subject. A person's department and a project's class say nothing more.
-std::string subjectOf(const ControlSpec& control, const DialogSpec& dialog, const Conditions& conditions) {
-  const auto end = [&](ParameterKey key) { return CGetData::GetCode_Separator(conditions.request.text(key)); };
-  switch (control.kind) {
-    case ControlSpec::Kind::accountCombo:
-      return conditions.accountText();
-    case ControlSpec::Kind::deptReference:
-    case ControlSpec::Kind::deptCombo:
-      return asksFor(dialog, ControlSpec::Kind::personReference) || conditions.dept.lDeptId == 0
-                 ? ""
-                 : conditions.dept.sDeptName;
-    case ControlSpec::Kind::personReference:
-      return conditions.person.sName;
-    case ControlSpec::Kind::unitReference:
-      return conditions.unit.sEnterName;
-    case ControlSpec::Kind::unitClassCombo:
-      return conditions.unitClass.sName;
-    case ControlSpec::Kind::clerkCombo:
-      return conditions.clerk.shown();
-    case ControlSpec::Kind::projectReference:
-      return conditions.project.fields.at(1);
-    case ControlSpec::Kind::projectRange:
-      return conditions.projects.all ? "" : end(ParameterKey::projectFrom) + "-" + end(ParameterKey::projectTo);
-    default:
-      return {};
-  }
-}
 
 bool refused(char32_t sign) {
   const bool control = sign < 0x20 || (sign >= 0x7F && sign < 0xA0) || sign == replacementCharacter;
@@ -64,7 +32,7 @@ std::string harmless(std::string_view text, std::size_t room) {
 }
 
 std::string monthsOf(const ReportDefinition& report, const Conditions& conditions, int year) {
-  if (!asksFor(report.dialog, ControlSpec::Kind::months)) return {};
+  if (controlOf(report.dialog, ParameterKey::from) == nullptr) return {};
   if (conditions.from == conditions.to) return fmt::format(" {}.{:02}", year, conditions.from);
   return fmt::format(" {}.{:02}-{:02}", year, conditions.from, conditions.to);
 }
@@ -74,7 +42,8 @@ std::string monthsOf(const ReportDefinition& report, const Conditions& condition
 std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year) {
   std::string name(report.printTitle);
   for (const auto& control : report.dialog.controls) {
-    const auto subject = subjectOf(control, report.dialog, conditions);
+    const auto inFileName = controlKind(control.kind).inFileName;
+    const auto subject = inFileName == nullptr ? "" : inFileName(report.dialog, conditions);
     if (!subject.empty()) name += " " + subject;
   }
   const auto months = monthsOf(report, conditions, year);

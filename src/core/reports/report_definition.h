@@ -2,6 +2,7 @@
 // lists all of them; command line, windows and manual read them.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -68,9 +69,24 @@ struct Cancelled {};
 
 using ReportOutcome = std::variant<ComputedReport, Refusal, Cancelled>;
 
+struct RunOptions {
+  // An amount format that the conditions do not offer gives way to the account's own, instead of being wrong use.
+  bool formatYields = false;
+  // Reads more of the same moment, behind the computation.
+  std::function<void(const Conditions&)> alongside = {};
+};
+
 // Validates and computes. Throws WrongUse for a format that the conditions do not offer and DbError when the ledger
 // cannot be read. Everything is read in one read transaction, which has ended when this returns.
-[[nodiscard]] ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session);
+[[nodiscard]] ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session,
+                                      const RunOptions& options = {});
+
+// The formats of the account that is asked for, and the one of them that holds, while no report can be computed yet.
+struct OfferedFormats {
+  std::vector<AmountFormat> formats;
+  std::optional<AmountFormat> chosen;  // none for reports without formats
+};
+[[nodiscard]] OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db);
 
 // "月份: 2006.01 - 2006.03" of files, terminal and JSON.
 [[nodiscard]] std::string periodText(int year, int from, int to);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <iterator>
+#include <memory>
 
 #include "core/reports/cancel_watch.h"
 #include "core/reports/cancellation.h"
@@ -10,18 +11,24 @@
 namespace tz {
 namespace {
 
-void chooseFormat(const ReportDefinition& report, Conditions& conditions) {
+// Settles the format and returns those on offer.
+std::vector<AmountFormat> chooseFormat(const ReportDefinition& report, Conditions& conditions, bool yields) {
   const auto asked = conditions.request.text(ParameterKey::format);
   conditions.format = conditions.amounts.preselectedFormat;
-  if (asked.empty() || report.formats == nullptr) return;
-  const auto offered = report.formats(conditions);
-  const auto named = amountFormatNamed(asked);
-  if (!named || std::ranges::find(offered, *named) == offered.end()) {
+  if (report.formats == nullptr) return {};
+  auto offered = report.formats(conditions);
+  if (asked.empty()) return offered;
+  const auto named = std::ranges::find(offered, asked, formatName);
+  if (named != offered.end()) {
+    conditions.format = *named;
+  } else if (yields) {
+    conditions.request.clear(ParameterKey::format);
+  } else {
     std::vector<std::string_view> names;
     std::ranges::transform(offered, std::back_inserter(names), formatName);
     throw WrongUse(ParameterKey::format, fmt::format("“{}”不适用于所选科目，可用：{}", asked, fmt::join(names, "、")));
   }
-  conditions.format = *named;
+  return offered;
 }
 
 ComputedReport compute(const ReportDefinition& report, const Conditions& conditions, Session& session) {
@@ -93,9 +100,25 @@ Subject wholeSubject(const ReportDefinition& report, const Conditions& condition
   return subject;
 }
 
-ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session) {
+OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db) {
+  if (report.formats == nullptr) return {};
+  CGetData data(db);
+  Conditions conditions;
+  conditions.request = request;
+  const auto account = request.text(ParameterKey::account);
+  if (!account.empty()) conditions.amounts = CInitComboFun::InitAmountCombox(data, account);
+  auto formats = chooseFormat(report, conditions, true);
+  return {std::move(formats), conditions.format};
+}
+
+ReportOutcome runReport(const ReportDefinition& report, const Request& request, Session& session,
+                        const RunOptions& options) {
+  // Opening the ledger anew may wait for a server too.
+  std::unique_ptr<CancelWatch> watch;
+  if (session.db.HasCurrent()) watch = std::make_unique<CancelWatch>(session);
   if (session.db.DBSelect(session.ledger) != 0) return notOpen(report.dialog);
-  const CancelWatch watch(session);
+  watch.reset();  // of the connection that was current before
+  watch = std::make_unique<CancelWatch>(session);
   Transaction reading(session.db.Current(), Transaction::Purpose::reading);
   try {
     auto validated = validate(report.dialog, request, session);
@@ -104,9 +127,13 @@ ReportOutcome runReport(const ReportDefinition& report, const Request& request, 
       return std::move(*refusal);
     }
     auto& conditions = std::get<Conditions>(validated);
-    chooseFormat(report, conditions);
+    auto formats = chooseFormat(report, conditions, options.formatYields);
     auto computed = compute(report, conditions, session);
+    if (options.alongside) options.alongside(conditions);
     reading.commit();
+    conditions.data.reset();  // it would read another moment
+    computed.resolved = std::make_shared<const Conditions>(std::move(conditions));
+    computed.formats = std::move(formats);
     return computed;
   } catch (const CancelledWork&) {
     return Cancelled{};

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "core/reports/dialog_spec.h"
+#include "core/reports/offers.h"
 
 namespace tz {
 namespace {
@@ -18,18 +18,18 @@ bool hasControl(const DialogSpec& dialog, ControlSpec::Kind kind) {
 // An account left out is refused at once, unless a later check has words for just that.
 bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
   auto& conditions = context.conditions;
-  auto offered = context.session.db.Code_GetInfo(Sql(dialog.accountWhere));
+  auto accounts = accountsOf(dialog, context.session.db);
   if (hasControl(dialog, ControlSpec::Kind::accountLists)) {
-    conditions.accounts = std::move(offered);
+    conditions.accounts = std::move(accounts);
     return !conditions.accounts.empty();
   }
   const auto wanted = CGetData::GetCode_Separator(context.request.text(ParameterKey::account));
   if (wanted.empty() &&
       std::ranges::find(dialog.checks, &checks::accountGiven, &Check::passes) != dialog.checks.end()) {
-    return !offered.empty();
+    return !accounts.empty();
   }
-  const auto found = std::ranges::find(offered, wanted, &CodeInfo::sCode);
-  if (found == offered.end()) return false;
+  const auto found = std::ranges::find(accounts, wanted, &CodeInfo::sCode);
+  if (found == accounts.end()) return false;
   conditions.account = *found;
   conditions.amounts = CInitComboFun::InitAmountCombox(*conditions.data, wanted);
   return true;
@@ -80,54 +80,16 @@ Refusal notOpen(const DialogSpec& dialog) {
   return refused;
 }
 
-std::vector<ParameterKey> keysOf(const ControlSpec& control) {
-  switch (control.kind) {
-    case ControlSpec::Kind::months:
-      return {ParameterKey::from, ParameterKey::to};
-    case ControlSpec::Kind::amountRange:
-      return {ParameterKey::minimum, ParameterKey::maximum};
-    case ControlSpec::Kind::projectReference:
-      return {ParameterKey::projectClass, ParameterKey::project};
-    case ControlSpec::Kind::projectRange:
-      return {ParameterKey::projectFrom, ParameterKey::projectTo};
-    default:
-      return {control.key};
-  }
-}
-
 bool asksForAccount(const DialogSpec& dialog) { return !dialog.accountWhere.empty(); }
-
-ComboList offeredAccounts(const DialogSpec& dialog, const CQnCwDB& db) {
-  return CInitComboFun::InitCodeComb_1Blank(db, Sql(dialog.accountWhere));
-}
-
-ComboList offeredClerks(const CQnCwDB& db, Id accountId) {
-  CGetData data(db);
-  const auto accounts = data.GetCodeSubString(data.GetCodeCode(accountId));
-  ComboList list;
-  const auto names = db.QRYGetData("SELECT DISTINCT sName FROM RegSub WHERE " + accounts +
-                                   " AND sName <> '' UNION SELECT DISTINCT sName FROM UnregSub WHERE " + accounts +
-                                   " AND sName <> '' ORDER BY sName");
-  for (int row = 0; row < names.rows; ++row) list.push_back({names.at(row, 0), row + 1});
-  list.push_back({std::string(otherMembers), 0});
-  return list;
-}
-
-ComboList offeredProjects(CGetData& data, std::string_view classId) {
-  ComboList list;
-  for (const auto& item : data.ItemTable(classId)) list.push_back({item.fields[0] + " " + item.fields[1], item.lId});
-  std::ranges::sort(list, {}, &ComboEntry::text);
-  return list;
-}
 
 std::optional<Refusal> openingRefusal(const DialogSpec& dialog, Session& session) {
   Conditions conditions;
   conditions.data = std::make_shared<CGetData>(session.db);
   const Request nothing;
-  CheckContext context{session, nothing, conditions};
+  CheckContext context{dialog, session, nothing, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return refused;
   if (!asksForAccount(dialog)) return std::nullopt;
-  if (hasAccounts(dialog, [&] { return !offeredAccounts(dialog, session.db).empty(); })) return std::nullopt;
+  if (hasAccounts(dialog, [&] { return !accountsOf(dialog, session.db).empty(); })) return std::nullopt;
   return noAccountRefusal(dialog);
 }
 
@@ -145,7 +107,7 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
   conditions.unposted = request.flag(ParameterKey::unposted);
   conditions.analysis = static_cast<Analysis>(request.choice(ParameterKey::analysis));
-  CheckContext context{session, request, conditions};
+  CheckContext context{dialog, session, request, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return *refused;
   if (asksForAccount(dialog) && !hasAccounts(dialog, [&] { return takeAccount(dialog, context); })) {
     return noAccountRefusal(dialog);

@@ -12,17 +12,11 @@ namespace {
 
 constexpr int viewPicture = 303;
 
-int placeOf(const CUsefulCombox& combo, const std::string& wanted, EntryValue value) {
-  for (int i = 0; i < combo.count(); ++i) {
-    if (valueOf(fromQt(combo.itemText(i)), value) == wanted) return i;
-  }
-  return -1;
-}
-
-bool offers(const CUsefulCombox& combo, const ComboList& list) {
+bool holds(const CUsefulCombox& combo, const ComboList& list) {
   if (combo.count() != static_cast<int>(list.size())) return false;
   for (int i = 0; i < combo.count(); ++i) {
-    if (fromQt(combo.itemText(i)) != list[static_cast<std::size_t>(i)].text) return false;
+    const auto& entry = list[static_cast<std::size_t>(i)];
+    if (combo.itemData(i).toLongLong() != entry.datum || fromQt(combo.itemText(i)) != entry.text) return false;
   }
   return true;
 }
@@ -55,10 +49,6 @@ void setMember(Request& request, ParameterKey key, const MemberChoice& member) {
   }
 }
 
-std::string valueOf(const std::string& entry, EntryValue value) {
-  return value == EntryValue::code ? CGetData::GetCode_Separator(entry) : entry;
-}
-
 CUsefulCombox* madeCombo(int id, QWidget* parent) {
   auto* combo = new CUsefulCombox(parent, CUsefulCombox::Leaving::keeps);
   combo->setObjectName(QString::number(id));
@@ -66,19 +56,22 @@ CUsefulCombox* madeCombo(int id, QWidget* parent) {
 }
 
 void ListValue::Show(const std::string& wanted) {
-  combo_.SelectIndex(placeOf(combo_, wanted, value_));
-  if (combo_.currentIndex() < 0 && !wanted.empty()) combo_.ShowUnknown(toQt(wanted));
+  const auto value = valueOf(key_, wanted);
+  int place = combo_.count() - 1;
+  while (place >= 0 && valueOf(key_, fromQt(combo_.itemText(place))) != value) --place;
+  combo_.SelectIndex(place);
+  if (place < 0 && !wanted.empty()) combo_.ShowUnknown(toQt(value));
 }
 
 void ListValue::Refill(const ComboList& list) {
-  const auto chosen = Value();
+  const auto chosen = Value().text;
   combo_.Fill(list);
   Show(chosen);
 }
 
-std::string ListValue::Value() const {
+MemberChoice ListValue::Value() const {
   const auto unknown = combo_.UnknownText();
-  return valueOf(unknown.empty() ? combo_.CurrentText() : unknown, value_);
+  return unknown.empty() ? chosenIn(combo_, key_) : MemberChoice{valueOf(key_, unknown)};
 }
 
 void demandChoice(const CUsefulCombox& combo, ParameterKey about) {
@@ -86,20 +79,23 @@ void demandChoice(const CUsefulCombox& combo, ParameterKey about) {
   throw WrongUse(about, messages::choiceWanted(about));
 }
 
-ComboList offeredDepts(const CQnCwDB& db, bool all) {
-  auto depts = CInitComboFun::InitPartNameCombox(db);
-  if (all) depts.insert(depts.begin(), {std::string(allMembers), 0});
-  return depts;
-}
-
 void refill(CUsefulCombox& combo, const ComboList& list) {
   // What the person has emptied does not fill itself again.
-  if (offers(combo, list)) return;
+  if (holds(combo, list)) return;
   const auto unknown = combo.UnknownText();
   const auto chosen = combo.CurrentText();
   combo.Fill(list);
   combo.SelectIndex(preselected(list, unknown.empty() ? chosen : unknown));
   if (!unknown.empty() && combo.CurrentText() != unknown) combo.ShowUnknown(toQt(unknown));
+}
+
+void refill(CUsefulCombox& combo, const ComboList& list, int place) {
+  if (!holds(combo, list)) combo.Fill(list);
+  combo.SelectIndex(place);
+}
+
+MemberChoice chosenIn(const CUsefulCombox& combo, ParameterKey key) {
+  return choiceOf(key, {combo.CurrentText(), combo.CurrentDatum()});
 }
 
 }  // namespace tz

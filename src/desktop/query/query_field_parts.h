@@ -5,6 +5,7 @@
 #include <QString>
 #include <string>
 
+#include "core/reports/offers.h"
 #include "desktop/query/query_fields.h"
 
 class QToolButton;
@@ -29,9 +30,6 @@ Control* madeControl(int id, QWidget* parent) {
 void setText(Request& request, ParameterKey key, const std::string& text);
 void setMember(Request& request, ParameterKey key, const MemberChoice& member);
 
-// Texts that begin with a code are the same when their codes are.
-enum class EntryValue { text, code };
-[[nodiscard]] std::string valueOf(const std::string& entry, EntryValue value);
 // The combo of a dialog: text that stands for no entry stays in it, for the dialog to refuse.
 [[nodiscard]] CUsefulCombox* madeCombo(int id, QWidget* parent);
 
@@ -39,26 +37,28 @@ enum class EntryValue { text, code };
 // one in its place would pass unnoticed.
 class ListValue {
  public:
-  ListValue(CUsefulCombox& combo, EntryValue value) : combo_(combo), value_(value) {}
+  ListValue(CUsefulCombox& combo, ParameterKey key) : combo_(combo), key_(key) {}
+  // By the code where the condition is asked for by code, else by the text.
   void Show(const std::string& wanted);
   // Other entries; the value stays.
   void Refill(const ComboList& list);
-  [[nodiscard]] std::string Value() const;
+  [[nodiscard]] MemberChoice Value() const;
 
  private:
   CUsefulCombox& combo_;
-  EntryValue value_;
+  ParameterKey key_;
 };
 
 // Where one entry has to be chosen: throws WrongUse when none is, though there are some.
 void demandChoice(const CUsefulCombox& combo, ParameterKey about);
 
-// The departments; with `all` "全部" before them.
-[[nodiscard]] ComboList offeredDepts(const CQnCwDB& db, bool all);
-
 // Other entries; the one chosen stays, else the first one is chosen. Text that stands for none stays. The same entries
 // again change nothing.
 void refill(CUsefulCombox& combo, const ComboList& list);
+// Other entries, and the one at this place chosen; none for -1.
+void refill(CUsefulCombox& combo, const ComboList& list, int place);
+// The entry that is chosen, as a request carries it.
+[[nodiscard]] MemberChoice chosenIn(const CUsefulCombox& combo, ParameterKey key);
 
 // The makers. Each knows the kinds of its group, of others it returns null.
 [[nodiscard]] std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog);

@@ -55,14 +55,13 @@ class AccountListsField : public FoldedField {
   [[nodiscard]] bool HasLabel() const override { return false; }
   void Fill(const DialogSpec& dialog, Session& session) override {
     accounts_.clear();
-    for (const auto& entry : offeredAccounts(dialog, session.db)) accounts_.push_back({entry.text, false});
+    for (const auto& entry : offered(dialog, Spec().key, {}, session.db)) accounts_.push_back({entry.text, false});
   }
   void Show(const Request& request) override {
     const auto wanted = request.list(Spec().key);
     const auto isWanted = [&](const std::string& account) {
-      return std::ranges::any_of(wanted, [&](const std::string& one) {
-        return valueOf(one, EntryValue::code) == valueOf(account, EntryValue::code);
-      });
+      return std::ranges::any_of(
+          wanted, [&](const std::string& one) { return valueOf(Spec().key, one) == valueOf(Spec().key, account); });
     };
     for (Account& account : accounts_) account.picked = isWanted(account.text);
     ShowLists();
@@ -73,7 +72,7 @@ class AccountListsField : public FoldedField {
     for (const Account& account : accounts_) {
       if (!account.picked || IsFolded()) continue;
       if (!codes.empty()) codes += '\n';
-      codes += valueOf(account.text, EntryValue::code);
+      codes += valueOf(Spec().key, account.text);
     }
     setText(request, Spec().key, codes);
   }

@@ -1,8 +1,8 @@
 // Conditions chosen from a list: account, department, unit class, clerk, project class, months.
 #include <QLabel>
 #include <QLineEdit>
+#include <algorithm>
 
-#include "core/reports/members.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/theme/qt_text.h"
@@ -10,116 +10,52 @@
 namespace tz {
 namespace {
 
-// One combo. A condition left out is the first entry.
+// One combo of what the condition offers. A condition left out is the first entry; the one chosen is that record, not
+// the first of its name.
 class ComboField : public QueryField {
  public:
-  ComboField(const ControlSpec& spec, QWidget* dialog, EntryValue value = EntryValue::text)
-      : QueryField(spec), combo_(madeCombo(spec.id, dialog)), value_(value), choice_(*combo_, value) {
+  ComboField(const ControlSpec& spec, QWidget* dialog)
+      : QueryField(spec), combo_(madeCombo(spec.id, dialog)), choice_(*combo_, spec.key) {
     constexpr int signs = 28;
     combo_->setMinimumContentsLength(signs);
     combo_->setAccessibleName(toQt(spec.caption));
+    if (spec.all) combo_->lineEdit()->setPlaceholderText(toQt(allMembers));
+    // Accounts and classes: other fields follow what is chosen here.
+    if (parameter(spec.key).byCode) connect(combo_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);
   }
   QWidget* Row() override { return combo_; }
   std::vector<QWidget*> Stops() override { return {combo_}; }
+  void Fill(const DialogSpec& dialog, Session& session) override {
+    dialog_ = &dialog;
+    db_ = &session.db;
+    if (offerFollows(Spec())) return;
+    offer_ = offered(dialog, Spec().key, {}, session.db);
+    combo_->Fill(offer_);
+  }
+  void Follow(const Request& request, Session& session) override {
+    if (!offerFollows(Spec())) return;
+    offer_ = offered(*dialog_, Spec().key, request, session.db);
+    refill(*combo_, offer_);
+  }
   void Show(const Request& request) override {
     const auto wanted = request.text(Spec().key);
-    choice_.Show(valueOf(wanted.empty() ? fromQt(combo_->itemText(0)) : wanted, value_));
+    const int place =
+        wanted.empty() ? std::min(0, combo_->count() - 1) : placeIn(offer_, *dialog_, Spec().key, request, *db_);
+    combo_->SelectIndex(place);
+    if (place < 0 && !wanted.empty()) combo_->ShowUnknown(toQt(valueOf(Spec().key, wanted)));
   }
-  void Take(Request& request) const override { setText(request, Spec().key, choice_.Value()); }
-  void Demand() const override { demandChoice(*combo_, Spec().key); }
-
- protected:
-  [[nodiscard]] CUsefulCombox& Combo() const { return *combo_; }
-  // Other fields follow what is chosen here.
-  void OwnsOthers() { connect(combo_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged); }
+  void Take(Request& request) const override { setMember(request, Spec().key, choice_.Value()); }
+  void Demand() const override {
+    // Of an account the dialog has its own words.
+    if (!Spec().all && Spec().kind != ControlSpec::Kind::accountCombo) demandChoice(*combo_, Spec().key);
+  }
 
  private:
   CUsefulCombox* combo_;
-  EntryValue value_;
   ListValue choice_;
-};
-
-class AccountField : public ComboField {
- public:
-  AccountField(const ControlSpec& spec, QWidget* dialog) : ComboField(spec, dialog, EntryValue::code) { OwnsOthers(); }
-  void Fill(const DialogSpec& dialog, Session& session) override { Combo().Fill(offeredAccounts(dialog, session.db)); }
-  void Demand() const override {}  // the dialog has its own words
-};
-
-// Members: the one chosen is that record, not the first of its name.
-class MemberField : public ComboField {
- public:
-  using ComboField::ComboField;
-  void Fill(const DialogSpec& /*dialog*/, Session& session) override {
-    db_ = &session.db;
-    Combo().Fill(Offered(session.db));
-  }
-  void Show(const Request& request) override {
-    const auto wanted = request.member(Spec().key);
-    const auto found = wanted.text.empty() ? std::nullopt : IdOf(*db_, wanted);
-    if (found) Combo().SelectDatum(*found);
-    if (!found || Combo().currentIndex() < 0) ComboField::Show(request);
-  }
-  void Take(Request& request) const override {
-    ComboField::Take(request);
-    if (Combo().UnknownText().empty() && Combo().currentIndex() >= 0) {
-      request.choose(Spec().key, {Combo().CurrentText(), Combo().CurrentDatum()});
-    }
-  }
-
- protected:
-  [[nodiscard]] virtual ComboList Offered(const CQnCwDB& db) const = 0;
-  [[nodiscard]] virtual std::optional<Id> IdOf(const CQnCwDB& db, const MemberChoice& wanted) const = 0;
-
- private:
+  const DialogSpec* dialog_ = nullptr;
   const CQnCwDB* db_ = nullptr;
-};
-
-class DeptListField : public MemberField {
- public:
-  DeptListField(const ControlSpec& spec, QWidget* dialog) : MemberField(spec, dialog) {
-    if (spec.all) Combo().lineEdit()->setPlaceholderText(toQt(allMembers));
-  }
-  void Demand() const override {
-    if (!Spec().all) MemberField::Demand();
-  }
-
- protected:
-  [[nodiscard]] ComboList Offered(const CQnCwDB& db) const override { return offeredDepts(db, Spec().all); }
-  [[nodiscard]] std::optional<Id> IdOf(const CQnCwDB& db, const MemberChoice& wanted) const override {
-    const auto found = findDept(db, wanted);
-    return found ? std::optional(found->lDeptId) : std::nullopt;
-  }
-};
-
-class UnitClassField : public MemberField {
- public:
-  using MemberField::MemberField;
-
- protected:
-  [[nodiscard]] ComboList Offered(const CQnCwDB& db) const override { return CInitComboFun::InitEnterClassCombox(db); }
-  [[nodiscard]] std::optional<Id> IdOf(const CQnCwDB& db, const MemberChoice& wanted) const override {
-    const auto found = findUnitClass(db, wanted);
-    return found ? std::optional(found->lId) : std::nullopt;
-  }
-};
-
-class ClerkField : public ComboField {
- public:
-  using ComboField::ComboField;
-  void Follow(const Request& request, Session& session) override {
-    const auto account = CGetData(session.db).GetCodeId_new(request.text(ParameterKey::account));
-    refill(Combo(), offeredClerks(session.db, account));
-  }
-};
-
-// The classes that the account carries.
-class ClassField : public ComboField {
- public:
-  ClassField(const ControlSpec& spec, QWidget* dialog) : ComboField(spec, dialog, EntryValue::code) { OwnsOthers(); }
-  void Follow(const Request& request, Session& session) override {
-    refill(Combo(), offeredClasses(session.db, request.text(ParameterKey::account)));
-  }
+  ComboList offer_;
 };
 
 class MonthsField : public QueryField {
@@ -177,15 +113,11 @@ class MonthsField : public QueryField {
 std::unique_ptr<QueryField> makeListField(const ControlSpec& spec, QWidget* dialog) {
   switch (spec.kind) {
     case ControlSpec::Kind::accountCombo:
-      return std::make_unique<AccountField>(spec, dialog);
     case ControlSpec::Kind::deptCombo:
-      return std::make_unique<DeptListField>(spec, dialog);
     case ControlSpec::Kind::unitClassCombo:
-      return std::make_unique<UnitClassField>(spec, dialog);
     case ControlSpec::Kind::clerkCombo:
-      return std::make_unique<ClerkField>(spec, dialog);
     case ControlSpec::Kind::classCombo:
-      return std::make_unique<ClassField>(spec, dialog);
+      return std::make_unique<ComboField>(spec, dialog);
     case ControlSpec::Kind::months:
       return std::make_unique<MonthsField>(spec, dialog);
     default:

@@ -23,45 +23,30 @@ class ProjectRangeField : public FoldedField {
     layout->addWidget(to_, 1);
   }
   std::vector<QWidget*> Stops() override { return {from_, to_}; }
+  void Fill(const DialogSpec& dialog, Session& /*session*/) override { dialog_ = &dialog; }
   void Follow(const Request& request, Session& session) override {
-    auto projects = Offered(request, session);
+    auto projects = offered(*dialog_, Spec().key, request, session.db);
     projects.insert(projects.begin(), {"", 0});
     first_.Refill(projects);
     last_.Refill(projects);
   }
   void Show(const Request& request) override {
-    first_.Show(valueOf(request.text(ParameterKey::projectFrom), EntryValue::code));
-    last_.Show(valueOf(request.text(ParameterKey::projectTo), EntryValue::code));
+    first_.Show(request.text(ParameterKey::projectFrom));
+    last_.Show(request.text(ParameterKey::projectTo));
     Unfold(!request.text(ParameterKey::projectFrom).empty() || !request.text(ParameterKey::projectTo).empty());
   }
   void Take(Request& request) const override {
-    setText(request, ParameterKey::projectFrom, IsFolded() ? std::string() : first_.Value());
-    setText(request, ParameterKey::projectTo, IsFolded() ? std::string() : last_.Value());
+    // An end is a code: whichever item bears it, the range ends there.
+    setText(request, ParameterKey::projectFrom, IsFolded() ? std::string() : first_.Value().text);
+    setText(request, ParameterKey::projectTo, IsFolded() ? std::string() : last_.Value().text);
   }
 
  private:
-  // The projects of the class chosen, else of the account's; of all classes where neither is asked for.
-  static ComboList Offered(const Request& request, Session& session) {
-    CGetData data(session.db);
-    const auto classId = valueOf(request.text(ParameterKey::projectClass), EntryValue::code);
-    if (!classId.empty()) return offeredProjects(data, classId);
-    const auto account = request.text(ParameterKey::account);
-    if (!account.empty()) {
-      const auto own = offeredClasses(session.db, account);
-      return own.empty() ? ComboList() : offeredProjects(data, valueOf(own.front().text, EntryValue::code));
-    }
-    ComboList all;
-    for (const auto& projectClass : data.ProjClassTable()) {
-      const auto projects = offeredProjects(data, projectClass.sItemId);
-      all.insert(all.end(), projects.begin(), projects.end());
-    }
-    return all;
-  }
-
   CUsefulCombox* from_;
   CUsefulCombox* to_;
-  ListValue first_{*from_, EntryValue::code};
-  ListValue last_{*to_, EntryValue::code};
+  ListValue first_{*from_, ParameterKey::projectFrom};
+  ListValue last_{*to_, ParameterKey::projectTo};
+  const DialogSpec* dialog_ = nullptr;
 };
 
 }  // namespace

@@ -107,16 +107,16 @@ class ProjectField : public ReferenceField {
   }
   std::vector<QWidget*> Stops() override { return {class_, Edit()}; }
   void Fill(const DialogSpec& dialog, Session& session) override {
-    class_->Fill(CInitComboFun::InitItemClassCombox(session.db));
+    class_->Fill(offered(dialog, ParameterKey::projectClass, {}, session.db));
     hasWords_ = std::ranges::find(dialog.checks, &checks::classChosen, &Check::passes) != dialog.checks.end();
   }
   void Show(const Request& request) override {
     const auto asked = request.text(ParameterKey::projectClass);
-    choice_.Show(valueOf(asked.empty() ? fromQt(class_->itemText(0)) : asked, EntryValue::code));
+    choice_.Show(asked.empty() ? fromQt(class_->itemText(0)) : asked);
     ShowName(request, ParameterKey::project);
   }
   void Take(Request& request) const override {
-    setText(request, ParameterKey::projectClass, choice_.Value());
+    setMember(request, ParameterKey::projectClass, choice_.Value());
     TakeName(request, ParameterKey::project);
   }
   void Demand() const override {
@@ -134,7 +134,7 @@ class ProjectField : public ReferenceField {
 
  private:
   CUsefulCombox* class_;
-  ListValue choice_{*class_, EntryValue::code};
+  ListValue choice_{*class_, ParameterKey::projectClass};
   bool hasWords_ = false;  // the dialog says itself that a class is wanted
 };
 

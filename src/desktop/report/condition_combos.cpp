@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/reports/members.h"
+#include "core/reports/offers.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/report/painted_static.h"
@@ -66,9 +66,9 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   if (!members_.empty()) row->addSpacing(10);
   row->addWidget(label);
   row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
-  members_.push_back({control.key, control.all, alwaysStands(control), combo});
+  members_.push_back({&control, combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
-          [this, key = control.key, combo] { emit chosen(key, ChosenIn(key, *combo)); });
+          [this, key = control.key, combo] { emit chosen(key, chosenIn(*combo, key)); });
   connect(combo, &CUsefulCombox::notFound, this,
           [this](const QString& text) { emit told(toQt(messages::notListed(fromQt(text)))); });
   connect(combo, &CUsefulCombox::givenUp, this,
@@ -77,90 +77,49 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
 
 bool ConditionCombos::AskForPerson() const { return Find(ParameterKey::person) != nullptr; }
 
-CUsefulCombox* ConditionCombos::Find(ParameterKey key) const {
-  const auto found = std::ranges::find(members_, key, &Member::key);
-  return found == members_.end() ? nullptr : found->combo;
+const ConditionCombos::Member* ConditionCombos::Find(ParameterKey key) const {
+  const auto found = std::ranges::find_if(members_, [key](const Member& one) { return one.control->key == key; });
+  return found == members_.end() ? nullptr : &*found;
 }
 
 bool ConditionCombos::Fill(const CQnCwDB& db) {
-  if (!dialog_.accountWhere.empty()) {
-    const auto accounts = offeredAccounts(dialog_, db);
-    if (accounts.empty()) return false;
-    if (auto* account = Find(ParameterKey::account)) account->Fill(accounts);
-  }
+  if (asksForAccount(dialog_) && accountsOf(dialog_, db).empty()) return false;
   for (const Member& member : members_) {
-    if (member.key == ParameterKey::dept) member.combo->Fill(offeredDepts(db, member.all));
-    if (member.key == ParameterKey::unit) member.combo->Fill(CInitComboFun::InitEnterCombox(db));
-    if (member.key == ParameterKey::unitClass) member.combo->Fill(CInitComboFun::InitEnterClassCombox(db));
+    if (!offerFollows(*member.control)) refill(*member.combo, offered(dialog_, member.control->key, {}, db), -1);
   }
   return true;
 }
 
-// An account is its code, however it was written; other members are records.
-MemberChoice ConditionCombos::ChosenIn(ParameterKey key, const CUsefulCombox& combo) {
-  if (key == ParameterKey::account) return {CGetData::GetCode_Separator(combo.CurrentText())};
-  return {combo.CurrentText(), combo.CurrentDatum()};
+ConditionCombos::Lists ConditionCombos::Read(const Request& request, const CQnCwDB& db) const {
+  Lists lists;
+  for (const Member& member : members_) lists.push_back(ReadOne(member, request, db));
+  return lists;
 }
 
-void ConditionCombos::Select(const Request& request, const CQnCwDB& db) {
-  for (const Member& member : members_) {
-    if (member.key == ParameterKey::person) RefillPersons(db);
-    if (member.key == ParameterKey::clerk) RefillClerks(request.text(ParameterKey::account), db);
-    CUsefulCombox& combo = *member.combo;
-    const auto wanted = request.member(member.key);
-    combo.SelectIndex(wanted.text.empty() ? -1 : PlaceOf(member, wanted, db));
-    const bool leftOut = wanted.text.empty() && !member.alwaysStands;
-    if (combo.currentIndex() < 0 && !leftOut && combo.count() > 0) combo.SelectIndex(0);
-  }
+ConditionCombos::List ConditionCombos::ReadOne(const Member& member, const Request& request, const CQnCwDB& db) const {
+  const ParameterKey key = member.control->key;
+  List list{offered(dialog_, key, request, db), -1};
+  list.place = placeIn(list.entries, dialog_, key, request, db);
+  const bool leftOut = request.text(key).empty() && !alwaysStands(*member.control);
+  if (list.place < 0 && !leftOut && !list.entries.empty()) list.place = 0;
+  return list;
 }
 
-int ConditionCombos::PlaceOf(const Member& member, const MemberChoice& wanted, const CQnCwDB& db) const {
-  const auto place = [&](const auto& found, Id id) {
-    return found ? member.combo->findData(QVariant::fromValue<qlonglong>(id)) : -1;
-  };
-  switch (member.key) {
-    case ParameterKey::account: {
-      CGetData lookups(db);
-      const auto* account = lookups.GetCODEINFOByCode(CGetData::GetCode_Separator(wanted.text));
-      return place(account, account == nullptr ? 0 : account->lId);
-    }
-    case ParameterKey::dept: {
-      const auto dept = findDept(db, wanted);
-      return place(dept, dept.value_or(DeptInfo{}).lDeptId);
-    }
-    case ParameterKey::person: {
-      const auto person = findPerson(db, wanted, Find(ParameterKey::dept)->CurrentDatum());
-      return place(person, person.value_or(PersonInfo{}).lId);
-    }
-    case ParameterKey::unit: {
-      const auto unit = findUnit(db, wanted);
-      return place(unit, unit.value_or(EnterInfo{}).lId);
-    }
-    case ParameterKey::unitClass: {
-      const auto unitClass = findUnitClass(db, wanted);
-      return unitClass ? place(unitClass, unitClass->lId) : member.combo->findText(toQt(wanted.text));
-    }
-    default:
-      return member.combo->findText(toQt(wanted.text));
-  }
+void ConditionCombos::Show(const Lists& lists) {
+  for (std::size_t i = 0; i < lists.size(); ++i) refill(*members_.at(i).combo, lists[i].entries, lists[i].place);
 }
 
-void ConditionCombos::RefillPersons(const CQnCwDB& db) {
-  auto* person = Find(ParameterKey::person);
-  const auto* dept = Find(ParameterKey::dept);
-  if (person != nullptr && dept != nullptr) person->Fill(CInitComboFun::InitNameCombox(db, dept->CurrentDatum()));
-}
-
-void ConditionCombos::RefillClerks(const std::string& account, const CQnCwDB& db) {
-  refill(*Find(ParameterKey::clerk), offeredClerks(db, CGetData(db).GetCodeId_new(account)));
+void ConditionCombos::RefillPersons(const Request& request, const CQnCwDB& db) {
+  const Member* person = Find(ParameterKey::person);
+  if (person != nullptr) refill(*person->combo, offered(dialog_, ParameterKey::person, request, db), -1);
 }
 
 void ConditionCombos::FollowAccount(Request& request, const CQnCwDB& db) {
   followAccount(dialog_, request, db);
-  const auto* clerk = Find(ParameterKey::clerk);
+  const Member* clerk = Find(ParameterKey::clerk);
   if (clerk == nullptr) return;
-  RefillClerks(request.text(ParameterKey::account), db);
-  request.set(ParameterKey::clerk, clerk->CurrentText());
+  const List list = ReadOne(*clerk, request, db);
+  refill(*clerk->combo, list.entries, list.place);
 }
 
 }  // namespace tz

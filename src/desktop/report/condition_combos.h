@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "core/reports/dialog_spec.h"
+#include "core/reports/offers.h"
 
 namespace tz {
 
@@ -23,11 +23,17 @@ class ConditionCombos : public QWidget {
 
   // Fills the lists that depend on nothing else. False when the report needs an account and none qualifies.
   bool Fill(const CQnCwDB& db);
-  // Selects what the request names, in each list the first entry when there is no such one. Of a name left out nothing
-  // is selected, of a list in which something always stands its first entry.
-  void Select(const Request& request, const CQnCwDB& db);
-  // Fills the list of persons with those of the chosen department and selects none of them.
-  void RefillPersons(const CQnCwDB& db);
+  // What each list offers under these conditions, and which of it they name: in each list the first entry when there is
+  // no such one; of a name left out none, of a list in which something always stands its first entry.
+  struct List {
+    ComboList entries;
+    int place = -1;
+  };
+  using Lists = std::vector<List>;
+  [[nodiscard]] Lists Read(const Request& request, const CQnCwDB& db) const;
+  void Show(const Lists& lists);
+  // Fills the list of persons with those of the department asked for and selects none of them.
+  void RefillPersons(const Request& request, const CQnCwDB& db);
   [[nodiscard]] bool AskForPerson() const;
   // Lets the request follow another account: a clerk or a project class that it does not have becomes the first one
   // that it has.
@@ -41,16 +47,12 @@ class ConditionCombos : public QWidget {
 
  private:
   struct Member {
-    ParameterKey key;
-    bool all;           // "全部" is offered
-    bool alwaysStands;  // left out, it is the first entry
+    const ControlSpec* control;
     CUsefulCombox* combo;
   };
   void AddCombo(const ControlSpec& control, int comboId);
-  [[nodiscard]] CUsefulCombox* Find(ParameterKey key) const;
-  void RefillClerks(const std::string& account, const CQnCwDB& db);
-  [[nodiscard]] static MemberChoice ChosenIn(ParameterKey key, const CUsefulCombox& combo);
-  [[nodiscard]] int PlaceOf(const Member& member, const MemberChoice& wanted, const CQnCwDB& db) const;
+  [[nodiscard]] const Member* Find(ParameterKey key) const;
+  [[nodiscard]] List ReadOne(const Member& member, const Request& request, const CQnCwDB& db) const;
 
   const DialogSpec& dialog_;
   std::vector<Member> members_;

@@ -4,7 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "core/reports/condition_texts.h"
+#include "core/reports/control_kind.h"
 #include "desktop/report/condition_combos.h"
 #include "desktop/report/painted_static.h"
 #include "desktop/theme/qt_text.h"

@@ -216,13 +216,20 @@ void ReportWindow::RefreshDisplay() {
 void ReportWindow::Refresh() {
   if (LongWork::Running()) return;
   Attempt([this] {
-    auto outcome = [this] {
+    ConditionCombos& combos = heading_->Conditions();
+    ConditionCombos::Lists lists;
+    auto outcome = [&, this] {
       LongWork work(*this);
       const WorkDisplay display(work, *status_, this, QStringLiteral("正在计算…"), showsBusyBox(definition_));
       auto session = sessionOf(work, this);
-      return computeForWindow(definition_, request_, session);
+      RunOptions options{.formatYields = true};
+      // The lists of the combos are of the same moment as the rows.
+      if (firstShow_) options.alongside = [&](const Conditions& c) { lists = combos.Read(c.request, *g_pDB); };
+      return runReport(definition_, request_, session, options);
     }();
-    if (auto* computed = std::get_if<ShownReport>(&outcome)) {
+    if (auto* computed = std::get_if<ComputedReport>(&outcome)) {
+      if (firstShow_) combos.Show(lists);
+      firstShow_ = false;
       Show(std::move(*computed));
       return;
     }
@@ -268,16 +275,15 @@ void ReportWindow::TellFailure(const std::exception& error) {
   if (!shown_) view_->SetEmptyText(QStringLiteral("没有列示：原因见下面的状态栏。按 F5 重新查询。"));
 }
 
-void ReportWindow::Show(ShownReport shown) {
+void ReportWindow::Show(ComputedReport computed) {
   view_->SetGrid(nullptr);
-  shown_ = std::move(shown);
+  const auto resolved = computed.resolved;
+  const Conditions& conditions = *resolved;
+  shown_ = {conditions.request, std::move(computed)};
   request_ = shown_->request;
   awaitsPerson_ = false;
   EnableCommands();
-  const Conditions& conditions = shown_->conditions;
-  if (firstShow_) heading_->Conditions().Select(request_, *g_pDB);
-  firstShow_ = false;
-  heading_->SetFormats(shown_->formats, shown_->report.format);
+  heading_->SetFormats(shown_->report.formats, shown_->report.format);
   heading_->SetPeriod(shown_->report.period.empty()
                           ? std::string()
                           : paintedPeriodText(g_tmLogonTime.year, conditions.from, conditions.to));
@@ -297,9 +303,9 @@ void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notice
 void ReportWindow::KeepShown() {
   if (!shown_) return;
   request_ = shown_->request;
-  heading_->SetFormats(shown_->formats, shown_->report.format);
+  heading_->SetFormats(shown_->report.formats, shown_->report.format);
   try {
-    heading_->Conditions().Select(request_, *g_pDB);
+    heading_->Conditions().Show(heading_->Conditions().Read(request_, *g_pDB));
   } catch (const DbError& error) {
     // The lists cannot be read either: they stay as they are.
     logFailure(definition_.windowTitle, error.what());
@@ -324,15 +330,15 @@ void ReportWindow::OnConditionChosen(ParameterKey key, const MemberChoice& membe
 void ReportWindow::AwaitPerson(bool personsChange) {
   request_.clear(ParameterKey::person);
   auto offered = offeredFormats(definition_, request_, *g_pDB);
-  if (personsChange) heading_->Conditions().RefillPersons(*g_pDB);
+  if (personsChange) heading_->Conditions().RefillPersons(request_, *g_pDB);
   if (!shown_) shown_.emplace();
   awaitsPerson_ = true;
   shown_->request = request_;
-  shown_->formats = std::move(offered.formats);
+  shown_->report.formats = std::move(offered.formats);
   shown_->report.format = offered.chosen;
   shown_->report.grid.SetRows(0);
   shown_->report.grid.notices.clear();
-  heading_->SetFormats(shown_->formats, shown_->report.format);
+  heading_->SetFormats(shown_->report.formats, shown_->report.format);
   view_->SetEmptyText(personWanted());
   view_->Refresh();
   ShowRows(0, {});

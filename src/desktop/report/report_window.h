@@ -8,11 +8,11 @@
 #include <memory>
 #include <optional>
 
+#include "core/reports/report_definition.h"
 #include "desktop/frame/need_bitmap.h"
 #include "desktop/frame/process.h"
 #include "desktop/frame/result_dialog.h"
 #include "desktop/report/export_file.h"
-#include "desktop/report/report_run.h"
 
 class QToolBar;
 
@@ -24,6 +24,12 @@ class GridView;
 class NoticeBar;
 class ReportHeading;
 class ReportStatus;
+
+// What a window shows, and the conditions that it would ask for again.
+struct ShownReport {
+  Request request;
+  ComputedReport report;
+};
 
 class ReportWindow : public CTzResultDialog, public CProcess {
   Q_OBJECT
@@ -65,7 +71,7 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void DrawToolBar();
   // Computes with the conditions as they are; what was shown stays when that comes to nothing.
   void Refresh();
-  void Show(ShownReport shown);
+  void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.

@@ -8,6 +8,7 @@
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/picking/useful_combox.h"
+#include "desktop/query/condition_store.h"
 #include "desktop/report/report_ledger.h"
 #include "support/namesakes.h"
 
@@ -262,6 +263,40 @@ TEST_F(Namesakes, ItemsArePickedToo) {
   });
   report.window().OnCommand(static_cast<int>(WindowCommand::query));
   EXPECT_EQ(report.opening(), 2000);
+}
+
+// Chosen above the table, in the list of a dialog, or kept when its name was still its own.
+TEST_F(Namesakes, AnEntryOfAListIsThatRecordWhereverItIsChosen) {
+  fillNamesakes(ledger_);
+  ledger_.fill("AssAcc", R"(
+      lId | lCodeId | lDeptId | lEnterId | byPeroid | mBegin
+      8   | 2       | 11      | 1        | 1        | 111
+      9   | 2       | 12      | 1        | 1        | 222)");
+  open();
+  const auto balance = [](const OpenReport& report) { return report.window().Shown()->report.grid.NumberAt(1, 6); };
+  const OpenReport report(10206, request({{Key::account, "1122"}, {Key::dept, "销售部"}}));
+  EXPECT_EQ(report.shown("2207"), "D2 销售部");
+  EXPECT_EQ(balance(report), 111);
+  report.choose("2207", "D1 销售部");
+  EXPECT_EQ(balance(report), 222);
+  inModal([](QWidget& dialog) {
+    EXPECT_EQ(control<CUsefulCombox>(dialog, "2207").CurrentText(), "D1 销售部");
+    QTest::keyClick(&control<CUsefulCombox>(dialog, "2207"), Qt::Key_Down);
+    click(dialog, "1");
+  });
+  report.window().OnCommand(static_cast<int>(WindowCommand::query));
+  EXPECT_EQ(balance(report), 111);
+  EXPECT_EQ(report.shown("2207"), "D2 销售部");
+
+  const TempFolder folder;
+  FileConditionStore store(folder.path() / "conditions.json");
+  Request kept = report.window().GetRequest();
+  kept.choose(Key::dept, {"销售部", 12});
+  store.Save(10206, "甲", kept);
+  const OpenReport again(10206, store.Load(10206, "甲"));
+  EXPECT_EQ(balance(again), 222);
+  EXPECT_EQ(again.shown("2207"), "D1 销售部");
+  EXPECT_EQ(messages_.takeLast(), "");
 }
 
 using AccountsOfClasses = WindowLedger;

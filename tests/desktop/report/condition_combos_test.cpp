@@ -46,7 +46,7 @@ TEST(ConditionCombos, MembersNeedNoAccount) {
   Request request;
   request.set(ParameterKey::dept, "采购部");
   request.set(ParameterKey::unit, "远山贸易");
-  combos.Select(request, ledger.db);
+  combos.Show(combos.Read(request, ledger.db));
   EXPECT_EQ(control<CUsefulCombox>(combos, "2207").CurrentText(), "采购部");
   EXPECT_EQ(control<CUsefulCombox>(combos, "2212").CurrentText(), "远山贸易");
 
@@ -75,7 +75,7 @@ TEST(ConditionCombos, ClerksFollowTheAccount) {
   Request request;
   request.set(ParameterKey::account, "112201");
   request.set(ParameterKey::clerk, "李娜");
-  combos.Select(request, ledger.db);
+  combos.Show(combos.Read(request, ledger.db));
   EXPECT_EQ(control<CUsefulCombox>(combos, "2213").CurrentText(), "李娜");
   request.set(ParameterKey::account, "112202 运费");
   combos.FollowAccount(request, ledger.db);

@@ -10,6 +10,7 @@
 
 #include "core/catalogue/catalogue.h"
 #include "core/data/create_ledger.h"
+#include "core/reports/offers.h"
 #include "core/sample/sample_company.h"
 #include "desktop/frame/globals.h"
 #include "desktop/picking/useful_combox.h"
@@ -103,7 +104,7 @@ Question withRows(Question question, Reader& reader) {
     if (!dept.empty()) question.request.set(ParameterKey::dept, dept);
     if (has()) return question;
     if (found.text(ParameterKey::account).empty()) continue;
-    for (const auto& account : offeredAccounts(question.report->dialog, reader.db())) {
+    for (const auto& account : offered(question.report->dialog, ParameterKey::account, {}, reader.db())) {
       question.request.set(ParameterKey::account, CGetData::GetCode_Separator(account.text));
       if (has()) return question;
     }
