@@ -10,14 +10,16 @@ RowSubjects::Place RowSubjects::keep(Subject subject) {
 }
 
 void RowSubjects::set(std::int64_t row, Place subject, int level) {
-  auto& place = rowAt(row);
-  place = {};
-  place.subject = subject;
-  place.level = static_cast<std::int8_t>(level);
+  rowAt(row) = {.subject = subject, .level = static_cast<std::int8_t>(level)};
 }
 
 void RowSubjects::set(std::int64_t row, Place subject, int level, const LineId& line) {
-  rowAt(row) = {line.line, line.voucher, subject, line.book, static_cast<std::int8_t>(level), true};
+  rowAt(row) = {.line = line.line,
+                .voucher = line.voucher,
+                .subject = subject,
+                .book = line.book,
+                .level = static_cast<std::int8_t>(level),
+                .isLine = true};
 }
 
 const Subject& RowSubjects::of(std::int64_t row) const {
@@ -33,7 +35,7 @@ int RowSubjects::level(std::int64_t row) const {
 std::optional<LineId> RowSubjects::line(std::int64_t row) const {
   const auto* const found = find(row);
   if (found == nullptr || !found->isLine) return std::nullopt;
-  return LineId{found->book, found->line, found->voucher};
+  return LineId{.book = found->book, .line = found->line, .voucher = found->voucher};
 }
 
 RowSubjects::Row& RowSubjects::rowAt(std::int64_t row) {

@@ -53,7 +53,7 @@ void DetailRows::writeOpening(std::string_view caption, const LedgerBalance& bal
 
 void DetailRows::writeLine(const LedgerLine& line, const LedgerBalance& balance, Book book) {
   const auto row = appendRow(RowKind::line);
-  subjects_.set(row, subjectOf(line.account), level_, {book, line.line, line.voucher});
+  subjects_.set(row, subjectOf(line.account), level_, {.book = book, .line = line.line, .voucher = line.voucher});
   grid_.SetDate(row, 0, line.date);
   fillRow(row, line, balance);
   if (columns_ != nullptr) columns_->writeLine(grid_, row, line);

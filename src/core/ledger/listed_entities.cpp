@@ -9,7 +9,8 @@ namespace {
 void collect(std::set<Id>& ids, std::string_view column, const Sql& filter, Session& session,
              const Conditions& conditions) {
   const auto read = [&](Book book) {
-    const auto rows = session.db.Current().query(distinctStatement({book, filter, 0, conditions.to, {}}, column));
+    const auto rows = session.db.Current().query(distinctStatement(
+        {.book = book, .filter = filter, .firstPeriod = 0, .lastPeriod = conditions.to, .order = {}}, column));
     while (rows->next()) ids.insert(rows->integer(0));
   };
   read(Book::posted);

@@ -36,8 +36,7 @@ class OpeningReader {
 
   void addEarlierPosted() {
     const GroupColumns groups(selection_.groups, 4);
-    const LineQuery earlier{Book::posted, commonFilter(selection_, conditions_), firstPeriodOfYear,
-                            conditions_.from - 1, lineOrder(selection_, Book::posted)};
+    const auto earlier = earlierLines(Book::posted, firstPeriodOfYear);
     const auto rows =
         connection_.query(lineStatement(earlier, "s.bDirect, s.dAmount, s.mForeign, s.mMoney" + groups.ofBalances()));
     while (rows->next()) {
@@ -53,12 +52,20 @@ class OpeningReader {
   // clerk, so the lines of every clerk move it.
   void addEarlierUnposted() {
     const GroupColumns groups(selection_.groups, 2);
-    const LineQuery earlier{Book::unposted, commonFilter(selection_, conditions_), 0, conditions_.from - 1,
-                            lineOrder(selection_, Book::unposted)};
+    const auto earlier = earlierLines(Book::unposted, 0);
     const auto rows = connection_.query(lineStatement(earlier, "s.bDirect, s.mMoney" + groups.ofBalances()));
     while (rows->next()) {
       balanceOf(groups, *rows).amount += rows->integer(0) != 0 ? rows->real(1) : -rows->real(1);
     }
+  }
+
+  // The lines of the periods before the first one asked for.
+  [[nodiscard]] LineQuery earlierLines(Book book, int firstPeriod) const {
+    return {.book = book,
+            .filter = commonFilter(selection_, conditions_),
+            .firstPeriod = firstPeriod,
+            .lastPeriod = conditions_.from - 1,
+            .order = lineOrder(selection_, book)};
   }
 
   LedgerBalance& balanceOf(const GroupColumns& groups, const Cursor& row) {

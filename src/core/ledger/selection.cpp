@@ -35,7 +35,11 @@ std::string lineOrder(const Selection& selection, Book book) {
 }
 
 LineQuery selectedLines(const Selection& selection, const Conditions& conditions, Book book) {
-  return {book, lineFilter(selection, conditions), conditions.from, conditions.to, lineOrder(selection, book)};
+  return {.book = book,
+          .filter = lineFilter(selection, conditions),
+          .firstPeriod = conditions.from,
+          .lastPeriod = conditions.to,
+          .order = lineOrder(selection, book)};
 }
 
 }  // namespace tz

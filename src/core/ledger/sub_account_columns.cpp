@@ -22,7 +22,7 @@ SubAccountColumns::SubAccountColumns(const CQnCwDB& db, const Conditions& condit
     : conditions_(conditions) {
   for (auto& account : subAccounts(db, conditions.account, flag)) {
     ownColumn_.emplace(account.lId, columns_.size());
-    columns_.push_back({account.lId, 0, std::move(account.sCode), std::move(account.sName)});
+    columns_.push_back({.account = account.lId, .code = std::move(account.sCode), .name = std::move(account.sName)});
   }
   columns_.emplace_back();
 }
