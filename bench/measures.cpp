@@ -7,6 +7,7 @@
 //                         TZ_TEST_POSTGRES (bench/run sets it)
 //   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
 //   bench grid N          the same grid alone
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
@@ -221,7 +222,7 @@ int main(int argc, char** argv) {
     }
     return tz::bench::measure(argv[0], {argv + 1, argv + argc});
   } catch (const std::exception& error) {
-    fmt::print(stderr, "bench: {}\n", error.what());
+    std::fprintf(stderr, "bench: %s\n", error.what());
     return 2;
   }
 }
