@@ -45,9 +45,12 @@ const CGetData::Codes& CGetData::codes() {
 }
 
 std::span<const CodeInfo> CGetData::accountsFrom(std::string_view code) {
-  if (!codes_ && !family_ && !code.empty()) {
-    const std::string last = std::string(code) + "\xF4\x8F\xBF\xBF";  // behind every character that may follow
-    family_ = readCodes(db_, Sql("lId IS NOT NULL AND sCode >= ? AND sCode < ?", code, last));
+  // A server of another encoding may not know what else a person types.
+  const bool plain = std::ranges::all_of(code, [](char c) { return c >= '0' && c <= 'z'; });
+  if (!codes_ && !family_ && plain && !code.empty()) {
+    std::string next(code);  // the first text behind all that begin with the code
+    ++next.back();
+    family_ = readCodes(db_, Sql("lId IS NOT NULL AND sCode >= ? AND sCode < ?", code, next));
     familyCode_ = code;
   }
   const bool ofFamily = !codes_ && family_ && code.starts_with(familyCode_);

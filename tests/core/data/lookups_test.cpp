@@ -45,6 +45,20 @@ class Lookups : public DatabaseTest {
   CQnCwDB db_{Access::read};
 };
 
+TEST_P(Lookups, FindAccountsWhicheverIsAskedForFirst) {
+  for (const char* first : {"1221", "122102", "12", "1222", "9", "z", "往来1", "O'Brien", "\t", ""}) {
+    CGetData data(db_);
+    const auto* found = data.GetCODEINFOByCode(first);
+    const std::string before = found == nullptr ? "" : found->sName;
+    EXPECT_EQ(data.GetCode_Include("1221"), (std::vector<Id>{1, 2, 3})) << first;
+    EXPECT_EQ(data.GetCodeId("122101"), 2) << first;
+    EXPECT_EQ(data.GetCodeCode(3), "122102") << first;
+    EXPECT_EQ(data.GetCodeCode(5), "1223") << first;
+    EXPECT_EQ(data.GetCodeId("1223"), 5) << first;
+    EXPECT_EQ(found == nullptr ? "" : found->sName, before) << first;
+  }
+}
+
 TEST_P(Lookups, FindAccountsByIdAndCode) {
   CGetData data(db_);
   EXPECT_EQ(data.GetCODEINFOByID(3)->sName, "样机款");
