@@ -1,4 +1,6 @@
 // The help of every command: its examples are run as they stand, and the manual page is well-formed and whole.
+#include <cstdlib>
+#include <fmt/format.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -96,6 +98,46 @@ TEST_F(HelpTest, ShowsExamplesOfEachReportAndWhatItIs) {
     EXPECT_NE(help.find(report->about), std::string::npos);
     for (const auto rule : report->rules) EXPECT_NE(help.find(rule), std::string::npos) << rule;
   }
+}
+
+// Words for words: what stands in tests/help is what a command says of itself. A report without a file there is told by
+// its record alone; so that a change that is meant can be kept, TZ_KEEP_HELP=1 writes the files anew.
+class KeptHelp : public ::testing::Test {
+ protected:
+  static void expectKept(const std::string& name, const std::string& text, bool mustBeKept) {
+    const auto path = std::filesystem::path(TZ_TEST_FOLDER) / "help" / name;
+    if (std::getenv("TZ_KEEP_HELP") != nullptr) std::ofstream(path, std::ios::binary) << text;
+    if (!std::filesystem::exists(path)) {
+      EXPECT_FALSE(mustBeKept) << "no file " << path;
+      return;
+    }
+    EXPECT_EQ(fileBytes(path), text) << "when it is meant, keep it with TZ_KEEP_HELP=1: " << name;
+  }
+};
+
+TEST_F(KeptHelp, OfEveryCommandAndReport) {
+  std::vector<Arguments> commands;
+  collectCommands({}, commands);
+  for (const auto& command : commands) {
+    expectKept(fmt::format("{}.txt", command.empty() ? "tzassistant" : fmt::to_string(fmt::join(command, "-"))),
+               helpOf(command), true);
+  }
+  for (const auto* report : catalogue()) {
+    expectKept(fmt::format("report-{}.txt", report->command), helpOf({"report", std::to_string(report->command)}),
+               false);
+  }
+}
+
+// The sections of the page that are written for it; its commands, reports and conditions are those of the help.
+TEST_F(KeptHelp, OfTheManualPage) {
+  std::string own;
+  bool fromHelp = true;  // and the version above all sections
+  for (const auto& line : linesOf(runProgram({"--man"}).out)) {
+    const auto heads = [&](const char* section) { return line.starts_with(std::string(".SH ") + section); };
+    if (line.starts_with(".SH")) fromHelp = heads("子命令") || heads("报表") || heads("条件");
+    if (!fromHelp) own.append(line).append("\n");
+  }
+  expectKept("tzassistant.1", own, true);
 }
 
 TEST(ManualPage, IsWellFormedAndWhole) {
