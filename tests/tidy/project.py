@@ -49,21 +49,22 @@ class File:
 @dataclass
 class Project:
     files: list = field(default_factory=list)
+    others: list = field(default_factory=list)  # paths of files that are no text
 
     @staticmethod
     def read(root):
         root = pathlib.Path(root)
         paths = [path for folder in TEXT_FOLDERS for path in (root / folder).rglob("*") if path.is_file()]
         paths += [path for path in root.iterdir() if path.is_file()]
-        files = []
+        files, others = [], []
         for path in sorted(paths):
             if "__pycache__" in path.parts:
                 continue
             try:
                 files.append(File(path.relative_to(root).as_posix(), path.read_text(encoding="utf-8")))
             except UnicodeDecodeError:
-                continue  # a picture or a file in another encoding that tests read: no text of ours
-        return Project(files)
+                others.append(path.relative_to(root).as_posix())  # a picture, or what a test reads in another encoding
+        return Project(files, others)
 
     @cached_property
     def cpp(self):

@@ -179,7 +179,7 @@ def no_clock_in_tests(project):
 def named_paths(project):
     """What the documents name in backticks or link to is there; "…" and "*" stand for something."""
     why = "a document that names a file that is gone sends its reader astray"
-    paths = {file.path for file in project.files}
+    paths = {file.path for file in project.files} | set(project.others)
     folders = {"/".join(path.split("/")[:end]) for path in paths for end in range(1, path.count("/") + 1)}
     for file in project.files:
         if not file.path.endswith(".md"):
