@@ -11,7 +11,7 @@ add_dependencies(desktop_tests tzassistant-desktop)
 target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})
 target_precompile_headers(desktop_tests PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets> <string> <vector>)
 add_test(NAME desktop COMMAND desktop_tests)
-set_tests_properties(desktop PROPERTIES TIMEOUT 900 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+set_tests_properties(desktop PROPERTIES TIMEOUT 1800 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 # The same windows on the screen that 200 % leave of 1920 x 1080.
 add_test(NAME desktop-small-screen COMMAND desktop_tests --gtest_filter=SmallScreen.*)
 set_tests_properties(
