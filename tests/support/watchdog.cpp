@@ -17,8 +17,8 @@ constexpr unsigned usualLimit = 3000;
 constexpr unsigned usualLimit = 300;
 #endif
 
-// Seconds for one case; TZ_CASE_LIMIT overrides it. The longest take half a minute on a busy machine, and ten times that
-// with sanitizers.
+// Seconds for one case; TZ_CASE_LIMIT overrides it. The longest take half a minute on a busy machine, and ten times
+// that with sanitizers.
 unsigned caseLimit() {
   const char* wanted = std::getenv("TZ_CASE_LIMIT");
   const unsigned long limit = wanted == nullptr ? 0 : std::strtoul(wanted, nullptr, 10);
