@@ -84,6 +84,7 @@ Status run(const ReportOptions& options) {
     return Status::noRight;
   }
   refuseOtherYear(db, asked);
+  if (const auto refusal = launchRefusal(report->launchChecks, db)) return refuse(*refusal);
   Session session{.db = db, .ledger = options.ledger, .logon = asked ? *asked : defaultLogonDate(db), .who = *who};
   const auto outcome = runReport(*report, request, session);
   if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);

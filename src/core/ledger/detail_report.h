@@ -41,6 +41,7 @@ void computeDetail(const ReportDefinition& report, Session& session, const Condi
   report.toolbar = detailToolbar;
   report.formats = multiColumn ? multiColumnFormats : oneAccount ? detailFormats : formatsOfManyAccounts;
   report.compute = computeDetail;
+  if (report.area == Area::unit) report.period.printed = months::printedWide;
   return {report, member};
 }
 

@@ -17,16 +17,20 @@ namespace tz {
 struct Conditions;  // core/reports
 
 struct ComputedReport {
-  int report = 0;                      // command id of the navigator
-  int window = 0;                      // dialog id of its window
-  std::string title;                   // print title
-  std::string subtitle;                // one or two lines
-  std::string period;                  // "月份: 2006.01 - 2006.03"; empty for reports without months
+  int report = 0;        // command id of the navigator
+  int window = 0;        // dialog id of its window
+  std::string title;     // print title
+  std::string subtitle;  // one or two lines
+  // Which months, date or year, in files, on the terminal and in JSON; above the grid of a window; on a printed page.
+  // Empty for reports without one.
+  std::string period;
+  std::string paintedPeriod;
+  std::string printedPeriod;
   std::string unit;                    // quantity unit and currency, as the amount format asks
   std::optional<AmountFormat> format;  // none for reports without formats
   // The other conditions, each with its caption: "项目范围: X1 至 X9".
   std::vector<std::string> conditions;
-  // Proposed for its files, without an ending: title, subject, months.
+  // Proposed for its files, without an ending: title, subject, period.
   std::string fileName;
   CTzGrid grid;
   RowSubjects subjects;  // of the grid's rows
@@ -45,7 +49,7 @@ struct HeadLine {
   std::string text;
 };
 // What stands above the table in everything that leaves the program: the title, which says when lines are missing; the
-// warnings; subtitle, months, unit and conditions.
+// warnings; subtitle, period, unit and conditions.
 [[nodiscard]] std::vector<HeadLine> headLines(const ComputedReport& report);
 // What stands below it.
 [[nodiscard]] std::vector<std::string> remarks(const CTzGrid& grid);

@@ -22,9 +22,14 @@ bool inSubtitle(const ReportDefinition& report, ControlSpec::Kind kind, const Co
 
 }  // namespace
 
+bool toldByPeriod(const ReportDefinition& report, const ControlSpec& control) {
+  return report.period.tells == control.key;
+}
+
 std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions) {
   std::vector<std::string> texts;
   for (const auto& control : report.dialog.controls) {
+    if (toldByPeriod(report, control)) continue;
     auto text = conditionText(control, conditions);
     if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
   }

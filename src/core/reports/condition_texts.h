@@ -10,6 +10,9 @@
 
 namespace tz {
 
+// Whether the line of the period says it already.
+[[nodiscard]] bool toldByPeriod(const ReportDefinition& report, const ControlSpec& control);
+
 // Every condition that neither the subtitle nor the period tells, the amount format included.
 [[nodiscard]] std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions);
 
@@ -17,7 +20,7 @@ namespace tz {
 [[nodiscard]] std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
                                                    const Session& session);
 
-// "三栏式明细帐 122101 职工借款 李明 2025.01-03": a name that every file system takes, without an ending.
+// "应收余额 122101 职工借款 李明 2025.01-03": a name that every file system takes, without an ending.
 [[nodiscard]] std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year);
 
 }  // namespace tz

@@ -1,5 +1,3 @@
-#include <fmt/format.h>
-
 #include "core/grid/utf8.h"
 #include "core/reports/condition_texts.h"
 #include "core/reports/control_kind.h"
@@ -31,12 +29,6 @@ std::string harmless(std::string_view text, std::size_t room) {
   return name;
 }
 
-std::string monthsOf(const ReportDefinition& report, const Conditions& conditions, int year) {
-  if (controlOf(report.dialog, ParameterKey::from) == nullptr) return {};
-  if (conditions.from == conditions.to) return fmt::format(" {}.{:02}", year, conditions.from);
-  return fmt::format(" {}.{:02}-{:02}", year, conditions.from, conditions.to);
-}
-
 }  // namespace
 
 std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year) {
@@ -46,8 +38,9 @@ std::string proposedFileName(const ReportDefinition& report, const Conditions& c
     const auto subject = inFileName == nullptr ? "" : inFileName(report.dialog, conditions);
     if (!subject.empty()) name += " " + subject;
   }
-  const auto months = monthsOf(report, conditions, year);
-  return harmless(name, longestName - months.size()) + months;
+  const auto told = harmless(periodIn(report.period.inFileName, conditions, year), longestName / 2);
+  if (told.empty()) return harmless(name, longestName);
+  return harmless(name, longestName - told.size() - 1) + " " + told;
 }
 
 }  // namespace tz

@@ -1,7 +1,8 @@
-// A report as one definition: ids, rights, texts, conditions, toolbar and the function that computes it. The catalogue
-// lists all of them; command line, windows and manual read them.
+// A report as one definition: ids, rights, texts, conditions, period, colours, toolbar, the function that computes it
+// and what its rows lead to. The catalogue lists all of them; command line, windows and manual read them.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -11,24 +12,34 @@
 
 #include "core/output/report_output.h"
 #include "core/reports/dialog_spec.h"
+#include "core/reports/launch_check.h"
+#include "core/reports/period_form.h"
+#include "core/reports/window_command.h"
 
 namespace tz {
 
 enum class Area { person, department, plan, project, unit };
 [[nodiscard]] std::string_view areaName(Area area);
 
-// Commands of a report window; the numbers are those of its toolbar and of WM_COMMAND.
-enum class WindowCommand {
-  separator = 0,
-  find = 50007,
-  help = 50009,
-  close = 50010,
-  print = 50000,
-  preview = 50001,
-  exportFile = 50020,
-  query = 50031,
-  detail = 50052,
+// What a coloured row means, and under which conditions rows are coloured.
+struct RowColours {
+  std::string_view meaning = {};               // where colours are lost; empty: no row is ever coloured
+  std::string_view help = {};                  // the same as a sentence of the manual
+  bool (*apply)(const Conditions&) = nullptr;  // null: under all
 };
+inline constexpr RowColours unpostedColours{
+    .meaning = "未记帐凭证",
+    .help = "浅绿色的行来自未记帐凭证",
+    .apply = [](const Conditions& conditions) { return conditions.unposted; },
+};
+
+// What Detail leads to from a row: another report, with the conditions that the row fills in.
+struct DetailTarget {
+  int command = 0;
+  Request conditions;
+};
+// Of a row of what is shown, -1 where none is current; or why it leads nowhere.
+using DetailOf = std::variant<DetailTarget, Refusal> (*)(const Conditions&, const ComputedReport&, std::int64_t row);
 
 struct ReportDefinition {
   int command = 0;  // of the navigator; the report's id everywhere
@@ -45,6 +56,8 @@ struct ReportDefinition {
   std::span<const std::string_view> rules;
   DialogSpec dialog = {};
   std::span<const WindowCommand> toolbar;
+  PeriodForm period = monthsPeriod;
+  RowColours colours = unpostedColours;
   // What its window says when no account qualifies.
   Message noAccountInWindow = messages::noMatchingAccount;
 
@@ -54,6 +67,13 @@ struct ReportDefinition {
   std::vector<AmountFormat> (*formats)(const Conditions&) = nullptr;
   // Fills the grid, whose columns are not yet there, its notices and the subjects of its rows.
   void (*compute)(const ReportDefinition&, Session&, const Conditions&, ComputedReport&) = nullptr;
+
+  // Checked in this order before the navigator or the command line opens it.
+  std::span<const LaunchCheck> launchChecks = {};
+  bool busyBox = false;  // while it computes, a box says so, besides the status line
+  DetailOf detail = nullptr;
+  // What makes its window do more than show, under the name that the windows' registry has it; empty for none.
+  std::string_view feature = {};
 };
 
 // The conditions that a report takes: those of its dialog, and the amount format where it has formats.
@@ -88,10 +108,6 @@ struct OfferedFormats {
 };
 [[nodiscard]] OfferedFormats offeredFormats(const ReportDefinition& report, const Request& request, const CQnCwDB& db);
 
-// "月份: 2006.01 - 2006.03" of files, terminal and JSON.
-[[nodiscard]] std::string periodText(int year, int from, int to);
-// The painted and, for the detail ledgers, the printed form: "月份: 2006.1--2006.3".
-[[nodiscard]] std::string paintedPeriodText(int year, int from, int to);
 // Quantity unit and currency below the subtitle, as the amount format asks for them.
 [[nodiscard]] std::string unitText(AmountFormat format, const AccountAmounts& amounts);
 

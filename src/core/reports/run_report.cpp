@@ -37,12 +37,17 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.window = report.window;
   computed.title = report.printTitle;
   computed.subtitle = report.subtitle(conditions);
-  computed.period = periodText(session.logon.year, conditions.from, conditions.to);
+  const auto period = [&](PeriodForm::Text form) { return periodIn(form, conditions, session.logon.year); };
+  computed.period = period(report.period.text);
+  computed.paintedPeriod = period(report.period.painted);
+  computed.printedPeriod = period(report.period.printed);
   computed.unit = unitText(conditions.format, conditions.amounts);
   if (report.formats != nullptr) computed.format = conditions.format;
   computed.conditions = conditionTexts(report, conditions);
   computed.fileName = proposedFileName(report, conditions, session.logon.year);
-  if (conditions.unposted) computed.highlightMeaning = "未记帐凭证";
+  if (report.colours.apply == nullptr || report.colours.apply(conditions)) {
+    computed.highlightMeaning = report.colours.meaning;
+  }
   report.compute(report, session, conditions, computed);
   auto& notices = computed.grid.notices;
   std::ranges::move(conditionNotices(report, conditions, session), std::back_inserter(notices));
@@ -142,14 +147,6 @@ ReportOutcome runReport(const ReportDefinition& report, const Request& request, 
     if (session.cancelled()) return Cancelled{};
     throw;
   }
-}
-
-std::string periodText(int year, int from, int to) {
-  return fmt::format("月份: {}.{:02} - {}.{:02}", year, from, year, to);
-}
-
-std::string paintedPeriodText(int year, int from, int to) {
-  return fmt::format("月份: {:4}.{}--{:4}.{}", year, from, year, to);
 }
 
 std::string unitText(AmountFormat format, const AccountAmounts& amounts) {

@@ -14,10 +14,12 @@ namespace tz {
 
 class CTzResultDialog;
 
-// One entry of a toolbar: picture and command; both 0 for a separator.
+// One entry of a toolbar: picture, whose caption it takes, and command; both 0 for a separator.
 struct CToolBarInfo {
   int bitmap = 0;
   int command = 0;
+  const char* shortcut = "";  // portable text, empty for none
+  const char* tip = "";
 };
 
 class CProcess {
@@ -52,15 +54,5 @@ class CProcess {
   bool created_ = false;
   bool shown_ = false;
 };
-
-// How the commands of toolbars are named and reached: what the picture's caption does not tell.
-struct CommandHint {
-  int command;
-  int bitmap;
-  const char* shortcut;  // portable text, empty for none
-  const char* tip;
-};
-// Null for an unknown command.
-[[nodiscard]] const CommandHint* findCommandHint(int command);
 
 }  // namespace tz

@@ -230,7 +230,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   } else if (event->matches(QKeySequence::SelectAll)) {
     SelectAll();
   } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current_.valid()) {
-    emit activated(current_.row, current_.column);
+    emit rowActivated(current_.row);
   } else if (const GridCell cell = CellFor(*event); cell.valid()) {
     MoveTo(cell, shift);
   } else {
@@ -241,7 +241,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 void GridView::mousePressEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
   if (event->button() != Qt::LeftButton || Empty()) return;
-  MoveTo(CellAt(pointer_), event->modifiers().testFlag(Qt::ShiftModifier));
+  const GridCell cell = CellAt(pointer_);
+  MoveTo(cell, event->modifiers().testFlag(Qt::ShiftModifier));
+  if (cell.valid() && CellRect(cell.row, cell.column).contains(pointer_)) emit cellClicked(cell.row, cell.column);
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
@@ -262,7 +264,8 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const GridCell cell = CellAt(place);
   if (event->button() == Qt::LeftButton && cell.valid() && CellRect(cell.row, cell.column).contains(place)) {
-    emit activated(cell.row, cell.column);
+    MoveTo(cell, false);
+    emit rowActivated(cell.row);
   }
 }
 

@@ -58,7 +58,9 @@ class GridView : public QAbstractScrollArea {
   void currentChanged(qint64 row, int column);
   void selectionSummaryChanged(const tz::LineSums& sums);
   // Enter or a double click on a row.
-  void activated(qint64 row, int column);
+  void rowActivated(qint64 row);
+  // A cell was clicked, and is current now.
+  void cellClicked(qint64 row, int column);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -123,18 +123,23 @@ bool Desktop::eventFilter(QObject* receiver, QEvent* event) {
   return QObject::eventFilter(receiver, event);
 }
 
-void Desktop::Welcome(ReportWindow* window) {
-  const int command = window->Definition().command;
-  const QSize size = settings_.WindowSize(command);
+void Desktop::Welcome(ProcessWindow* window) {
+  const int key = window->Key();
+  const QSize size = settings_.WindowSize(key);
   if (size.isValid()) window->resize(size);
   addWindowList(*window, launcher_);
-  window->KeepFolder({.last = [this] { return settings_.ExportFolder(); },
-                      .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
-  window->Grid().ColumnWidths().SetDrawn(settings_.ColumnWidths(command));
-  connect(window, &ReportWindow::closed, this, [this, window, command] {
-    settings_.SetColumnWidths(command, window->Grid().ColumnWidths().Drawn());
-    if (!window->isMaximized()) settings_.SetWindowSize(command, window->size());
+  if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeReport(*report);
+  connect(window, &ProcessWindow::closed, this, [this, window, key] {
+    if (!window->isMaximized()) settings_.SetWindowSize(key, window->size());
   });
+}
+
+void Desktop::WelcomeReport(ReportWindow& window) {
+  window.KeepFolder({.last = [this] { return settings_.ExportFolder(); },
+                     .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
+  window.Grid().ColumnWidths().SetDrawn(settings_.ColumnWidths(window.Key()));
+  connect(&window, &ReportWindow::closed, this,
+          [this, &window] { settings_.SetColumnWidths(window.Key(), window.Grid().ColumnWidths().Drawn()); });
 }
 
 void Desktop::Finish() {

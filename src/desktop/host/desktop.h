@@ -43,7 +43,9 @@ class Desktop : public QObject {
   void AddThemes(QMenu* menu);
   // Beside the exit, with as much of the ledger's name as there is room for.
   void PlaceBar();
-  void Welcome(ReportWindow* window);
+  void Welcome(ProcessWindow* window);
+  // What a report keeps besides its size: the folder of its files, the widths of its columns.
+  void WelcomeReport(ReportWindow& window);
   void Finish();
 
   HostSettings& settings_;

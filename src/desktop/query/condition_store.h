@@ -34,7 +34,7 @@ class ConditionStore {
   virtual void Remove(int report, std::string_view name) = 0;
 };
 
-// A JSON file: {"10190": {"张三全年": {"account": "122101", "person": "张三", "person-id": "7", …}}}, keys as on the
+// A JSON file: {"10184": {"张三全年": {"account": "122101", "person": "张三", "person-id": "7", …}}}, keys as on the
 // command line; the id of a member stands there when it was picked from a list. It is read at every operation, so that
 // two windows see each other's conditions, and replaced as a whole.
 class FileConditionStore : public ConditionStore {

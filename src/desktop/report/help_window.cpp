@@ -8,8 +8,7 @@
 
 #include "core/reports/report_definition.h"
 #include "desktop/frame/fit_window.h"
-#include "desktop/frame/process.h"
-#include "desktop/res/pictures.h"
+#include "desktop/report/window_commands.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -57,13 +56,12 @@ QString typing(const ReportDefinition& report) {
 
 QString commands(const ReportDefinition& report) {
   QString rows;
-  for (const WindowCommand command : report.toolbar) {
-    const CommandHint* hint = findCommandHint(static_cast<int>(command));
-    if (hint == nullptr) continue;
-    const Picture* picture = findPicture(hint->bitmap);
-    QString tip = QString::fromUtf8(hint->tip);
-    if (*hint->shortcut != '\0') tip += QStringLiteral("　") + QLatin1String(hint->shortcut);
-    rows += row(picture == nullptr ? QString() : QString::fromUtf8(picture->caption), tip);
+  for (const WindowCommand id : report.toolbar) {
+    const ReportCommand* command = findReportCommand(static_cast<int>(id));
+    if (command == nullptr) continue;
+    QString tip = QString::fromUtf8(command->tip);
+    if (*command->shortcut != '\0') tip += QStringLiteral("　") + QLatin1String(command->shortcut);
+    rows += row(command->Caption(), tip);
   }
   return rows;
 }
@@ -74,23 +72,34 @@ QString rules(const ReportDefinition& report) {
   return items;
 }
 
+// What the table and the line below it tell, and how they are worked with.
+QString table(const ReportDefinition& report) {
+  const QString colours = report.colours.help.empty() ? QString() : text(report.colours.help) + QStringLiteral("，");
+  const QString marks = report.colours.meaning.empty()
+                            ? QString()
+                            : QStringLiteral("CSV 的“标记”栏写明%1。").arg(text(report.colours.meaning));
+  const QString formats = report.formats == nullptr ? QString() : QStringLiteral("与金额格式");
+  return QStringLiteral(
+             "<li>%1红色数字为红字。</li>"
+             "<li>Ctrl+C 复制选中的单元格，Ctrl+Shift+C 连同标题、条件和栏目名复制，Ctrl+A 全选；右键、菜单键或 "
+             "Shift+F10 打开菜单。</li>"
+             "<li>状态栏显示选中的分录，借方和贷方分别计数、合计、平均；期初、合计行和余额、单价、汇率不计入。</li>"
+             "<li>表格上方的警示说明哪些分录未列示、哪些数字另有所指，输出和复制时写在表的上面。</li>"
+             "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。%2</li>"
+             "<li>表格上方可直接改换条件%3。</li>"
+             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li>")
+      .arg(colours, marks, formats);
+}
+
 QString page(const ReportDefinition& report) {
   return QStringLiteral(
              "<h2>%1</h2><p>%2</p><p>%3</p>"
              "<h3>条件</h3><table>%4</table><ul>%5</ul>"
              "<h3>说明</h3><ul>%6</ul>"
              "<h3>工具栏</h3><table>%7</table>"
-             "<h3>表格</h3><ul>"
-             "<li>浅绿色的行来自未记帐凭证，红色数字为红字。</li>"
-             "<li>Ctrl+C 复制选中的单元格，Ctrl+Shift+C 连同标题、条件和栏目名复制，Ctrl+A 全选；右键、菜单键或 "
-             "Shift+F10 打开菜单。</li>"
-             "<li>状态栏显示选中的分录，借方和贷方分别计数、合计、平均；期初、合计行和余额、单价、汇率不计入。</li>"
-             "<li>表格上方的警示说明哪些分录未列示、哪些数字另有所指，输出和复制时写在表的上面。</li>"
-             "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。CSV 的“标记”栏写明未记帐凭证。</li>"
-             "<li>表格上方可直接改换条件与金额格式。</li>"
-             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li></ul>")
+             "<h3>表格</h3><ul>%8</ul>")
       .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report), typing(report),
-           rules(report), commands(report));
+           rules(report), commands(report), table(report));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "core/reports/condition_texts.h"
 #include "core/reports/control_kind.h"
 #include "desktop/report/condition_combos.h"
 #include "desktop/report/painted_static.h"
@@ -79,7 +80,8 @@ void ReportHeading::SetPeriod(const std::string& text) {
 void ReportHeading::SetOthers(const tz::Conditions& conditions) {
   QStringList texts;
   for (const auto& control : report_.dialog.controls) {
-    const auto text = ConditionCombos::HasCombo(control.kind) ? "" : conditionText(control, conditions);
+    if (ConditionCombos::HasCombo(control.kind) || toldByPeriod(report_, control)) continue;
+    const auto text = conditionText(control, conditions);
     if (!text.empty()) texts.append(toQt(text));
   }
   others_->setText(texts.join(QStringLiteral("    ")));

@@ -1,6 +1,9 @@
 // The window of every report: painted heading with condition combos, toolbar, grid and status line over one definition.
 // It asks for its conditions, computes through the core and shows what came back. A computation that is refused, fails
-// or is stopped leaves what was shown, conditions included.
+// or is stopped leaves what was shown, conditions included. What a window does beyond that is its report's feature.
+//
+// In three sources: the window and what it shows, its commands (report_window_commands.cpp), and conditions that are
+// changed on the live window (report_window_conditions.cpp).
 #pragma once
 
 #include <QPointer>
@@ -10,11 +13,12 @@
 
 #include "core/reports/report_definition.h"
 #include "desktop/frame/need_bitmap.h"
-#include "desktop/frame/process.h"
-#include "desktop/frame/result_dialog.h"
+#include "desktop/frame/process_window.h"
 #include "desktop/report/export_file.h"
+#include "desktop/report/report_feature.h"
 
-class QToolBar;
+class QAction;
+class QVBoxLayout;
 
 namespace tz {
 
@@ -31,7 +35,7 @@ struct ShownReport {
   ComputedReport report;
 };
 
-class ReportWindow : public CTzResultDialog, public CProcess {
+class ReportWindow : public ProcessWindow {
   Q_OBJECT
 
  public:
@@ -55,22 +59,43 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   [[nodiscard]] const ShownReport* Shown() const { return shown_ ? &*shown_ : nullptr; }
   [[nodiscard]] GridView& Grid() const { return *view_; }
   [[nodiscard]] QToolBar& ToolBar() const { return *toolBar_; }
+  // The button of a command; null where the report has none such.
+  [[nodiscard]] QAction* ActionOf(int command) const;
+  // Where the grid stands: a feature puts its own controls above it or below.
+  [[nodiscard]] QVBoxLayout& Body() const { return *body_; }
 
+  [[nodiscard]] int Key() const override { return definition_.command; }
+  // Its title and, once it shows something, of whom.
+  [[nodiscard]] QString ListEntry() const override;
+  [[nodiscard]] QToolBar* CommandBar() const override { return toolBar_; }
+
+  // Computes with the conditions as they are; what was shown stays when that comes to nothing.
+  void Recompute();
   // Writes what is shown; how that went stands in the status line.
   void ExportTo(const ExportTarget& target);
 
   bool OnInitDialog() override;
+  // The feature first, then what the table of commands has for it.
   void OnCommand(int id) override;
-  void PostNcDestroy() override;
+  void OnQuery();
+  void OnExport();
+  void OnDetail();
+  void OnHelp();
+  void OnClose() { EndDialog(Accepted); }
+
+ signals:
+  // Another report is to open with these conditions.
+  void detailWanted(const tz::DetailTarget& target);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  // Keys of the grid, which its feature takes first.
+  bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
   void LayOut();
   void DrawToolBar();
-  // Computes with the conditions as they are; what was shown stays when that comes to nothing.
-  void Refresh();
+  void ConnectParts();
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();
@@ -83,10 +108,12 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   void OnConditionChosen(ParameterKey key, const MemberChoice& member);
   void OnFormatChosen(AmountFormat format);
   void AwaitPerson(bool personsChange);
-  // What takes the rows waits for them.
+  [[nodiscard]] static QString PersonWanted();
+  // Whether somebody answers a command, and whether it waits for rows that it takes.
+  [[nodiscard]] bool Answered(int command) const;
+  [[nodiscard]] bool Waits(int command) const;
   void EnableCommands();
-  void ExportToFile();
-  void OpenHelp();
+  void OnRowActivated(qint64 row);
 
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;
@@ -99,8 +126,10 @@ class ReportWindow : public CTzResultDialog, public CProcess {
   bool firstShow_ = true;
   bool awaitsPerson_ = false;
   std::optional<ShownReport> shown_;
+  std::unique_ptr<ReportFeature> feature_;
 
   QToolBar* toolBar_ = nullptr;
+  QVBoxLayout* body_ = nullptr;
   ReportHeading* heading_ = nullptr;
   NoticeBar* warnings_ = nullptr;
   GridView* view_ = nullptr;

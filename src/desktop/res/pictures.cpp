@@ -12,6 +12,7 @@ namespace {
 // In the order of their ids.
 constexpr Picture pictures[] = {
     {280, "group-rows", "展开明细"},
+    {281, "clearing", "反两清"},
     {300, "help", "帮助"},
     {301, "close", "退出"},
     {303, "find", "查找"},

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fmt/format.h>
 
-#include "core/catalogue/launch_checks.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/report/log.h"
@@ -20,19 +19,12 @@ bool hasSlot(int command) {
 }
 
 std::optional<Refusal> refusalOf(const ReportDefinition& report) {
-  std::optional<DbError> failure;
-  std::optional<Message> message;
   try {
-    message = launchRefusal(report.command, *g_pDB);
-  } catch (const DbError& error) {
+    return launchRefusal(report.launchChecks, *g_pDB);
+  } catch (const UnreadAnswer& error) {
     logFailure(report.windowTitle, error.what());
-    failure = error;
-    message = launchRefusalUnread(report.command);
+    return error.refusal();
   }
-  if (!message) return std::nullopt;
-  auto refusal = refusalWith(*message);
-  refusal.failure = failure;
-  return refusal;
 }
 
 }  // namespace
@@ -73,7 +65,7 @@ void ReportLauncher::Launch(int command) {
 ReportWindow* ReportLauncher::LaunchFromReport(int command, const Request& conditions, QWidget* parent) {
   const ReportDefinition* report = find_(command);
   if (report == nullptr || LongWork::Running()) return nullptr;
-  ReportWindow* window = SlotOf(command);
+  auto* window = qobject_cast<ReportWindow*>(SlotOf(command));
   if (window == nullptr) {
     window = NewWindow(*report, parent);
     slots_[command] = window;
@@ -84,35 +76,44 @@ ReportWindow* ReportLauncher::LaunchFromReport(int command, const Request& condi
   return window;
 }
 
-ReportWindow* ReportLauncher::NewWindow(const ReportDefinition& report, QWidget* parent) const {
+bool ReportLauncher::Open(ProcessWindow* window) {
+  slots_[window->Key()] = window;
+  if (!Create(window)) return false;
+  window->RefreshDisplay();
+  return true;
+}
+
+ReportWindow* ReportLauncher::NewWindow(const ReportDefinition& report, QWidget* parent) {
   auto* window = new ReportWindow(report, parent);
   if (store_ != nullptr) window->OfferSaved(*store_);
+  connect(window, &ReportWindow::detailWanted, this,
+          [this, window](const DetailTarget& target) { LaunchFromReport(target.command, target.conditions, window); });
   return window;
 }
 
-bool ReportLauncher::Create(ReportWindow* window) {
+bool ReportLauncher::Create(ProcessWindow* window) {
   windows_.push_back(window);
-  connect(window, &ReportWindow::closed, this, [this, window] { Forget(window); });
+  connect(window, &ProcessWindow::closed, this, [this, window] { Forget(window); });
   if (!window->CreateTheDialog(g_pDlgWnd)) return false;
   emit opened(window);
   emit windowsChanged();
   return true;
 }
 
-void ReportLauncher::Forget(ReportWindow* window) {
+void ReportLauncher::Forget(ProcessWindow* window) {
   // A report that was launched once more has left its slot to the newer window.
   std::erase_if(slots_, [window](const auto& slot) { return slot.second == window; });
   if (std::erase(windows_, window) != 0) emit windowsChanged();
 }
 
-ReportWindow* ReportLauncher::SlotOf(int command) const {
-  const auto found = slots_.find(command);
+ProcessWindow* ReportLauncher::SlotOf(int key) const {
+  const auto found = slots_.find(key);
   return found == slots_.end() ? nullptr : found->second;
 }
 
 void ReportLauncher::CloseAll() {
   const auto open = windows_;
-  for (ReportWindow* window : open) window->close();
+  for (ProcessWindow* window : open) window->close();
 }
 
 }  // namespace tz

@@ -1,6 +1,6 @@
-// How report windows come to be: from a command of the navigator, through the rights check and the condition dialog, or
-// from another report, with its conditions and without a dialog. Report kinds that others drill into have a slot with
-// their current window; a window that ends clears its slot.
+// How windows come to be: reports from a command of the navigator, through the rights check and the condition dialog,
+// or from another report, with its conditions and without a dialog; windows that are no report as whoever opens them
+// made them. What others lead to has a slot with its current window; a window that ends clears its slot.
 #pragma once
 
 #include <QObject>
@@ -17,6 +17,7 @@ class QWidget;
 namespace tz {
 
 class ConditionStore;
+class ProcessWindow;
 class ReportWindow;
 
 class ReportLauncher : public QObject {
@@ -37,28 +38,32 @@ class ReportLauncher : public QObject {
   void Launch(int command);
   // A drill-down: takes the slot's window or makes one. Null when the window could not open.
   ReportWindow* LaunchFromReport(int command, const Request& conditions, QWidget* parent);
+  // Opens a window that is no report, under the navigator, and gives it the slot of its key. False when it closed
+  // itself instead; it goes once it is closed.
+  bool Open(ProcessWindow* window);
 
-  [[nodiscard]] ReportWindow* SlotOf(int command) const;
+  // By the key of the window; null when none is open.
+  [[nodiscard]] ProcessWindow* SlotOf(int key) const;
   // The open windows in the order in which they opened.
-  [[nodiscard]] const std::vector<ReportWindow*>& Windows() const { return windows_; }
+  [[nodiscard]] const std::vector<ProcessWindow*>& Windows() const { return windows_; }
   void CloseAll();
 
  signals:
-  void opened(tz::ReportWindow* window);
+  void opened(tz::ProcessWindow* window);
   void windowsChanged();
 
  private:
   [[nodiscard]] bool MayLaunch(const ReportDefinition& report) const;
-  [[nodiscard]] ReportWindow* NewWindow(const ReportDefinition& report, QWidget* parent) const;
-  // Creates the window of a report whose conditions are set. False when it closed itself.
-  bool Create(ReportWindow* window);
-  void Forget(ReportWindow* window);
+  [[nodiscard]] ReportWindow* NewWindow(const ReportDefinition& report, QWidget* parent);
+  // Creates a window; the conditions of a report are set. False when it closed itself.
+  bool Create(ProcessWindow* window);
+  void Forget(ProcessWindow* window);
 
   Operator who_;
   Find find_;
   ConditionStore* store_ = nullptr;
-  std::map<int, ReportWindow*> slots_;
-  std::vector<ReportWindow*> windows_;
+  std::map<int, ProcessWindow*> slots_;
+  std::vector<ProcessWindow*> windows_;
 };
 
 }  // namespace tz

@@ -6,20 +6,11 @@
 #include <QToolButton>
 
 #include "desktop/frame/globals.h"
-#include "desktop/report/report_window.h"
+#include "desktop/frame/process_window.h"
 #include "desktop/shell/launch.h"
-#include "desktop/theme/qt_text.h"
 
 namespace tz {
 namespace {
-
-// A report's title and, where it shows something, of whom.
-QString entryOf(const ReportWindow& window) {
-  QString title = window.windowTitle();
-  if (window.Shown() == nullptr) return title;
-  const QString subject = toQt(window.Shown()->report.subtitle).simplified();
-  return subject.isEmpty() ? title : title + QStringLiteral("　") + subject;
-}
 
 std::vector<QWidget*> allWindows(const ReportLauncher& launcher) {
   std::vector<QWidget*> all;
@@ -37,8 +28,8 @@ void goRound(const QWidget* from, const ReportLauncher& launcher, bool forward) 
 void fill(QMenu* menu, const ReportLauncher& launcher) {
   menu->clear();
   for (QWidget* window : allWindows(launcher)) {
-    const auto* report = qobject_cast<ReportWindow*>(window);
-    QString entry = report == nullptr ? window->windowTitle() : entryOf(*report);
+    const auto* launched = qobject_cast<ProcessWindow*>(window);
+    QString entry = launched == nullptr ? window->windowTitle() : launched->ListEntry();
     auto* action = menu->addAction(entry.replace(QLatin1Char('&'), QStringLiteral("&&")));
     action->setCheckable(true);
     action->setChecked(window->isActiveWindow());
@@ -66,19 +57,19 @@ void listWindows(QMenu* menu, ReportLauncher& launcher) {
   QObject::connect(menu, &QMenu::aboutToShow, &launcher, [menu, &launcher] { fill(menu, launcher); });
 }
 
-void addWindowList(ReportWindow& window, ReportLauncher& launcher) {
-  QToolBar& bar = window.ToolBar();
-  auto* gap = new QWidget(&bar);
+void addWindowList(ProcessWindow& window, ReportLauncher& launcher) {
+  addWindowKeys(window, launcher);
+  QToolBar* bar = window.CommandBar();
+  if (bar == nullptr) return;
+  auto* gap = new QWidget(bar);
   gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  bar.addWidget(gap);
-  auto* menu = new QMenu(&bar);
+  bar->addWidget(gap);
+  auto* menu = new QMenu(bar);
   listWindows(menu, launcher);
-  QToolButton* button = menuButton(menu, &bar);
+  QToolButton* button = menuButton(menu, bar);
   button->setText(QStringLiteral("窗口 ▾"));
   button->setToolTip(QStringLiteral("打开的窗口（Ctrl+Tab）"));
-  bar.addWidget(button);
-
-  addWindowKeys(window, launcher);
+  bar->addWidget(button);
 }
 
 void addWindowKeys(QWidget& window, ReportLauncher& launcher) {

@@ -223,22 +223,28 @@ TEST_F(GridViewTest, KeysMoveAndSelect) {
 
 TEST_F(GridViewTest, TheMouseSelectsAndDoubleClickOpens) {
   Show(smallLedger());
-  QSignalSpy opened(&view_, &GridView::activated);
+  QSignalSpy opened(&view_, &GridView::rowActivated);
+  QSignalSpy clicked(&view_, &GridView::cellClicked);
   QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(0, 1).center());
   QTest::mouseMove(view_.viewport(), view_.CellRect(1, 2).center());
   QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(1, 2).center());
   EXPECT_EQ(view_.Selection(), (GridRange{0, 1, 1, 2}));
   QTest::mouseClick(view_.viewport(), Qt::LeftButton, Qt::ShiftModifier, view_.CellRect(2, 3).center());
   EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 1, 3}));
+  ASSERT_EQ(clicked.count(), 2);
+  EXPECT_EQ(clicked[1], (QVariantList{qint64{2}, 3}));
   QTest::mouseClick(view_.Header(), Qt::LeftButton, {}, view_.Header()->CaptionRect(2).center());
   EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 2, 2}));
 
   QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(1, 0).center());
   Press(Qt::Key_Return);
   ASSERT_EQ(opened.count(), 2);
-  EXPECT_EQ(opened[0], (QVariantList{qint64{1}, 0}));
+  EXPECT_EQ(opened[0], QVariantList{qint64{1}});
+  EXPECT_EQ(view_.Current(), (GridCell{1, 0}));
   QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 0).bottomLeft() + QPoint(5, 30));
+  QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 0).bottomLeft() + QPoint(5, 30));
   EXPECT_EQ(opened.count(), 2) << "below the last row there is nothing to open";
+  EXPECT_EQ(clicked.count(), 2) << "nor to click";
 }
 
 TEST_F(GridViewTest, CopiesCellsAsASpreadsheetTakesThem) {

@@ -94,8 +94,8 @@ TEST_F(LongWorkTest, ClosingTheWindowStopsItAndThenCloses) {
   EXPECT_TRUE(window_.isNull());
 }
 
-TEST_F(LongWorkTest, PlanReportsShowTheBusyBoxWithACancelButton) {
-  counted_.definition.area = Area::plan;
+TEST_F(LongWorkTest, ABusyBoxWithACancelButtonShowsWhereTheReportAsksForIt) {
+  counted_.definition.busyBox = true;
   computeWhile([this] {
     auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);

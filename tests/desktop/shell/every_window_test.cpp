@@ -137,7 +137,7 @@ class EveryWindow : public ::testing::Test {
       click(dialog, "1");
     });
     click(navigator_, QString::number(report.command));
-    return launcher_.Windows().empty() ? nullptr : launcher_.Windows().back();
+    return launcher_.Windows().empty() ? nullptr : qobject_cast<ReportWindow*>(launcher_.Windows().back());
   }
 
   void exportTo(ReportWindow& window, const std::string& path) {

@@ -3,9 +3,16 @@
 #include "desktop/shell/launch.h"
 
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 
+#include "core/projstat/statistics_launch_checks.h"
+#include "desktop/frame/process_window.h"
 #include "desktop/report/report_ledger.h"
+#include "desktop/shell/launch_window_list.h"
 #include "desktop/shell/navigator.h"
 
 namespace tz::test {
@@ -33,6 +40,8 @@ class LaunchTest : public ::testing::Test {
     inModal(answer);
     click(navigator_, QString::number(personDetail));
   }
+  // The report in a slot; null when it is empty.
+  [[nodiscard]] ReportWindow* slotted() const { return qobject_cast<ReportWindow*>(launcher_.SlotOf(personDetail)); }
   static void cancel(QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }
   static void confirm(QWidget& dialog) {
     control<QLineEdit>(dialog, "8052").setText("销售部");
@@ -58,8 +67,8 @@ TEST_F(LaunchTest, ACancelledFirstQueryLeavesNothing) {
 TEST_F(LaunchTest, ConfirmedConditionsOpenAWindowWithTheCoresRows) {
   launch(confirm);
   ASSERT_EQ(launcher_.Windows().size(), 1);
-  const ReportWindow* window = launcher_.Windows().front();
-  EXPECT_EQ(launcher_.SlotOf(personDetail), window);
+  const ReportWindow* window = slotted();
+  ASSERT_EQ(launcher_.Windows().front(), window);
   EXPECT_EQ(window->parentWidget(), &navigator_);
   EXPECT_TRUE(window->isVisible());
   ASSERT_NE(window->Shown(), nullptr);
@@ -79,9 +88,9 @@ TEST_F(LaunchTest, WithoutTheRightNothingHappens) {
 
 TEST_F(LaunchTest, ALaunchOfAnOpenReportMakesANewWindowThatTakesTheSlot) {
   launch(confirm);
-  ReportWindow* first = launcher_.SlotOf(personDetail);
+  ReportWindow* first = slotted();
   launch(confirm);
-  ReportWindow* second = launcher_.SlotOf(personDetail);
+  ReportWindow* second = slotted();
   EXPECT_NE(first, second);
   EXPECT_EQ(launcher_.Windows().size(), 2);
   first->close();
@@ -137,14 +146,86 @@ TEST_F(LaunchTest, ClosingTheNavigatorDuringWorkStopsItAndThenClosesAll) {
 
 TEST_F(LaunchTest, CommandsSayWhatIsMissingBeforeTheyOpen) {
   static ReportDefinition statistics = *findReport(personDetail);
-  statistics.command = 10224;
+  statistics.launchChecks = statisticsChecks;
   ReportLauncher launcher(everybody(), [](int) -> const ReportDefinition* { return &statistics; });
-  launcher.Launch(10224);
+  launcher.Launch(personDetail);
   EXPECT_EQ(messages_.takeLast(), "请先定义项目大类!");
   ledger_.ledger().keeper().execute("DROP TABLE ProjClass");
-  launcher.Launch(10224);
+  launcher.Launch(personDetail);
   EXPECT_TRUE(messages_.takeLast().starts_with("请先定义项目大类!\n\n帐套不完整。"));
   EXPECT_TRUE(launcher.Windows().empty());
+}
+
+// A window that is no report.
+class PlainWindow : public ProcessWindow {
+ public:
+  static constexpr int key = 1156;
+  explicit PlainWindow(bool opens = true) : ProcessWindow(key, {120, 60}, nullptr), opens_(opens) {
+    setWindowTitle(QStringLiteral("查找"));
+    toolBar_ = new QToolBar;
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(toolBar_);
+  }
+  bool OnInitDialog() override {
+    ProcessInitDialog();
+    if (!opens_) EndDialog(Rejected);
+    return opens_;
+  }
+  [[nodiscard]] QToolBar* CommandBar() const override { return toolBar_; }
+
+ private:
+  bool opens_;
+  QToolBar* toolBar_ = nullptr;
+};
+
+TEST_F(LaunchTest, AWindowThatIsNoReportLivesAmongTheReports) {
+  QObject::connect(&launcher_, &ReportLauncher::opened, &launcher_,
+                   [this](ProcessWindow* window) { addWindowList(*window, launcher_); });
+  auto* report = launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), &navigator_);
+  const QPointer<PlainWindow> plain = new PlainWindow;
+  EXPECT_TRUE(launcher_.Open(plain));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(plain));
+  EXPECT_EQ(plain->parentWidget(), &navigator_);
+  EXPECT_EQ(launcher_.SlotOf(PlainWindow::key), plain);
+  EXPECT_EQ(launcher_.Windows().size(), 2);
+
+  const auto buttons = plain->CommandBar()->findChildren<QToolButton*>();
+  const auto list = std::ranges::find(buttons, QStringLiteral("窗口 ▾"), &QToolButton::text);
+  ASSERT_NE(list, buttons.end());
+  QTest::mouseClick(*list, Qt::LeftButton);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->actions().size(), 3);
+  EXPECT_EQ(menu->actions()[2]->text(), "查找");
+  EXPECT_TRUE(menu->actions()[1]->text().startsWith("个人往来_三栏明细帐　科目：122101"));
+  menu->close();
+  QTest::keyClick(plain, Qt::Key_Tab, Qt::ControlModifier);
+  // Itself: to the toolkit a window is active also while one that belongs to it is.
+  const auto active = [](const QWidget* window) {
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+  };
+  EXPECT_TRUE(active(&navigator_));
+  report->activateWindow();
+  EXPECT_TRUE(active(report));
+  QTest::keyClick(report, Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_TRUE(active(plain));
+
+  QTest::keyClick(plain, Qt::Key_Escape);
+  EXPECT_TRUE(plain->isVisible());
+  launcher_.CloseAll();
+  deleteClosed();
+  EXPECT_TRUE(plain.isNull());
+  EXPECT_EQ(launcher_.SlotOf(PlainWindow::key), nullptr);
+  EXPECT_TRUE(launcher_.Windows().empty());
+}
+
+TEST_F(LaunchTest, AWindowThatClosesItselfInsteadOfOpeningLeavesNothing) {
+  const QPointer<PlainWindow> plain = new PlainWindow(false);
+  EXPECT_FALSE(launcher_.Open(plain));
+  EXPECT_TRUE(launcher_.Windows().empty());
+  EXPECT_EQ(launcher_.SlotOf(PlainWindow::key), nullptr);
+  deleteClosed();
+  EXPECT_TRUE(plain.isNull());
 }
 
 }  // namespace

@@ -1,0 +1,24 @@
+// Commands of a report window; the numbers are those of its toolbar and of WM_COMMAND. How each is named, drawn and
+// answered stands in the windows' own table.
+#pragma once
+
+namespace tz {
+
+enum class WindowCommand {
+  separator = 0,
+  print = 50000,
+  preview = 50001,
+  find = 50007,
+  help = 50009,
+  close = 50010,
+  exportFile = 50020,
+  reverseClearing = 50029,
+  query = 50031,
+  detail = 50052,
+  planReport = 50058,
+  planView = 50066,
+  groupRows = 50077,
+  zeroRows = 50078,
+};
+
+}  // namespace tz

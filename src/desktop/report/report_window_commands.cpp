@@ -1,0 +1,125 @@
+// The commands of a report's window: who answers them, which of them wait, and what the window does by itself.
+#include <QAction>
+#include <QKeyEvent>
+#include <QToolBar>
+
+#include "core/platform/sink.h"
+#include "desktop/frame/message_box.h"
+#include "desktop/gridview/grid_view.h"
+#include "desktop/report/help_window.h"
+#include "desktop/report/long_work.h"
+#include "desktop/report/report_status.h"
+#include "desktop/report/report_window.h"
+#include "desktop/report/window_commands.h"
+#include "desktop/report/work_display.h"
+
+namespace tz {
+namespace {
+
+constexpr const char* tipProperty = "tip";
+
+}  // namespace
+
+void ReportWindow::DrawToolBar() {
+  std::vector<CToolBarInfo> table;
+  for (const WindowCommand id : definition_.toolbar) {
+    const ReportCommand* command = findReportCommand(static_cast<int>(id));
+    table.push_back(command == nullptr
+                        ? CToolBarInfo{}
+                        : CToolBarInfo{command->bitmap, static_cast<int>(id), command->shortcut, command->tip});
+  }
+  DrawAToolBar(toolBar_, table);
+  for (QAction* action : toolBar_->actions()) action->setProperty(tipProperty, action->toolTip());
+  EnableCommands();
+}
+
+QAction* ReportWindow::ActionOf(int command) const {
+  return toolBar_->findChild<QAction*>(QString::number(command), Qt::FindDirectChildrenOnly);
+}
+
+bool ReportWindow::Answered(int command) const {
+  if (feature_ != nullptr && feature_->Answers(command)) return true;
+  const ReportCommand* known = findReportCommand(command);
+  return known != nullptr && known->HasAction(definition_);
+}
+
+bool ReportWindow::Waits(int command) const {
+  const ReportCommand* known = findReportCommand(command);
+  return awaitsPerson_ && known != nullptr && known->takesRows;
+}
+
+void ReportWindow::EnableCommands() {
+  for (QAction* action : view_->actions()) action->setEnabled(!awaitsPerson_);
+  for (QAction* action : toolBar_->actions()) {
+    if (action->isSeparator() || !action->property(tipProperty).isValid()) continue;
+    const int command = action->objectName().toInt();
+    const bool answered = Answered(command);
+    const bool waits = Waits(command);
+    action->setEnabled(answered && !waits);
+    action->setToolTip(action->property(tipProperty).toString() + (!answered ? QStringLiteral("：尚未提供")
+                                                                   : waits   ? QStringLiteral("：请先选择个人")
+                                                                             : QString()));
+  }
+}
+
+void ReportWindow::OnCommand(int id) {
+  const int command = id == helpCommand ? static_cast<int>(WindowCommand::help) : id;
+  if (Waits(command)) return;
+  if (feature_ != nullptr && feature_->OnCommand(command)) return;
+  const ReportCommand* known = findReportCommand(command);
+  if (known != nullptr && known->HasAction(definition_)) (this->*known->action)();
+}
+
+void ReportWindow::OnRowActivated(qint64 row) {
+  if (feature_ != nullptr && feature_->OnActivated(row)) return;
+  OnCommand(static_cast<int>(WindowCommand::detail));
+}
+
+bool ReportWindow::eventFilter(QObject* receiver, QEvent* event) {
+  const bool key = receiver == view_ && event->type() == QEvent::KeyPress;
+  if (key && feature_ != nullptr && feature_->OnKey(static_cast<QKeyEvent&>(*event))) return true;
+  return ProcessWindow::eventFilter(receiver, event);
+}
+
+void ReportWindow::OnQuery() {
+  if (OnCommandQuery()) Recompute();
+}
+
+void ReportWindow::OnDetail() {
+  if (!shown_ || shown_->report.resolved == nullptr || LongWork::Running()) return;
+  const GridCell cell = view_->Current();
+  const auto leadsTo = definition_.detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1);
+  if (const auto* refusal = std::get_if<Refusal>(&leadsTo)) {
+    AfxMessageBox(this, *refusal);
+  } else {
+    emit detailWanted(std::get<DetailTarget>(leadsTo));
+  }
+}
+
+void ReportWindow::OnExport() {
+  if (!shown_ || LongWork::Running()) return;
+  const auto target = askExportTarget(this, shown_->report, exportFolder_);
+  if (target) ExportTo(*target);
+}
+
+void ReportWindow::ExportTo(const ExportTarget& target) {
+  try {
+    bool whole = false;
+    {
+      LongWork work(*this);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
+      whole = writeExport(shown_->report, target, work);
+    }
+    if (whole) {
+      status_->ShowExported(target.path);
+    } else {
+      status_->ShowMessage(QStringLiteral("输出已停止，没有写入文件"));
+    }
+  } catch (const OutputError& error) {
+    TellFailure(error);
+  }
+}
+
+void ReportWindow::OnHelp() { showHelp(this, definition_); }
+
+}  // namespace tz

@@ -1,0 +1,95 @@
+// Conditions that are asked for again or changed on the live window.
+#include "core/reports/explain_error.h"
+#include "desktop/frame/globals.h"
+#include "desktop/gridview/grid_view.h"
+#include "desktop/query/query_dialog.h"
+#include "desktop/report/condition_combos.h"
+#include "desktop/report/log.h"
+#include "desktop/report/long_work.h"
+#include "desktop/report/report_heading.h"
+#include "desktop/report/report_status.h"
+#include "desktop/report/report_window.h"
+#include "desktop/theme/qt_text.h"
+
+namespace tz {
+
+bool ReportWindow::OnCommandQuery() {
+  if (LongWork::Running()) return false;
+  if (queryDialog_ == nullptr) {
+    querySession_ =
+        std::make_unique<Session>(Session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime});
+    queryDialog_ = new CTzQueryDialog(definition_.dialog, *querySession_, g_pDlgWnd);
+    if (store_ != nullptr) queryDialog_->OfferSaved(*store_, definition_.command);
+  }
+  if (IsCreated()) queryDialog_->setParent(this, queryDialog_->windowFlags());
+  querySession_->logon = g_tmLogonTime;
+  queryDialog_->SetRequest(request_);
+  if (!queryDialog_->DoModal()) return false;
+  SetConditions(queryDialog_->GetRequest());
+  return true;
+}
+
+void ReportWindow::SetConditions(const Request& request) {
+  request_ = request;
+  conditionsSet_ = true;
+  firstShow_ = true;
+}
+
+void ReportWindow::KeepShown() {
+  if (!shown_) return;
+  request_ = shown_->request;
+  heading_->SetFormats(shown_->report.formats, shown_->report.format);
+  try {
+    heading_->Conditions().Show(heading_->Conditions().Read(request_, *g_pDB));
+  } catch (const DbError& error) {
+    // The lists cannot be read either: they stay as they are.
+    logFailure(definition_.windowTitle, error.what());
+  }
+}
+
+void ReportWindow::OnConditionChosen(ParameterKey key, const MemberChoice& member) {
+  request_.choose(key, member);
+  const bool personsChange = key == ParameterKey::dept && heading_->Conditions().AskForPerson();
+  if (personsChange || (awaitsPerson_ && key != ParameterKey::person)) {
+    Attempt([this, key, personsChange] {
+      if (key == ParameterKey::account) heading_->Conditions().FollowAccount(request_, *g_pDB);
+      AwaitPerson(personsChange);
+    });
+    return;
+  }
+  if (key == ParameterKey::account) Attempt([this] { heading_->Conditions().FollowAccount(request_, *g_pDB); });
+  Recompute();
+}
+
+// What is chosen meanwhile is kept as if it were shown: a person who is refused leads back to it.
+void ReportWindow::AwaitPerson(bool personsChange) {
+  request_.clear(ParameterKey::person);
+  auto offered = offeredFormats(definition_, request_, *g_pDB);
+  if (personsChange) heading_->Conditions().RefillPersons(request_, *g_pDB);
+  if (!shown_) shown_.emplace();
+  awaitsPerson_ = true;
+  shown_->request = request_;
+  shown_->report.formats = std::move(offered.formats);
+  shown_->report.format = offered.chosen;
+  shown_->report.grid.SetRows(0);
+  shown_->report.grid.notices.clear();
+  heading_->SetFormats(shown_->report.formats, shown_->report.format);
+  view_->SetEmptyText(PersonWanted());
+  view_->Refresh();
+  ShowRows(0, {});
+  status_->ShowMessage(PersonWanted());
+  EnableCommands();
+}
+
+QString ReportWindow::PersonWanted() { return QStringLiteral("请选择个人"); }
+
+void ReportWindow::OnFormatChosen(AmountFormat format) {
+  request_.set(ParameterKey::format, formatName(format));
+  if (awaitsPerson_) {
+    Attempt([this] { AwaitPerson(false); });
+  } else {
+    Recompute();
+  }
+}
+
+}  // namespace tz

@@ -1,0 +1,72 @@
+#include "desktop/report/window_commands.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "desktop/report/report_window.h"
+#include "desktop/res/pictures.h"
+
+namespace tz {
+namespace {
+
+bool leadsOn(const ReportDefinition& report) { return report.detail != nullptr; }
+
+constexpr ReportCommand commandsOfReports[] = {
+    {.command = WindowCommand::print, .bitmap = 307, .shortcut = "Ctrl+P", .tip = "打印报表", .takesRows = true},
+    {.command = WindowCommand::preview,
+     .bitmap = 306,
+     .shortcut = "Ctrl+Shift+P",
+     .tip = "预览打印的页面",
+     .takesRows = true},
+    {.command = WindowCommand::find, .bitmap = 303, .shortcut = "Ctrl+F", .tip = "查找一行"},
+    {.command = WindowCommand::help,
+     .bitmap = 300,
+     .shortcut = "F1",
+     .tip = "本报表的说明",
+     .action = &ReportWindow::OnHelp},
+    {.command = WindowCommand::close,
+     .bitmap = 301,
+     .shortcut = "Ctrl+W",
+     .tip = "关闭窗口",
+     .action = &ReportWindow::OnClose},
+    {.command = WindowCommand::exportFile,
+     .bitmap = 305,
+     .shortcut = "Ctrl+E",
+     .tip = "输出到文件",
+     .takesRows = true,
+     .action = &ReportWindow::OnExport},
+    {.command = WindowCommand::reverseClearing, .bitmap = 281, .tip = "撤销两清标记", .takesRows = true},
+    {.command = WindowCommand::query,
+     .bitmap = 308,
+     .shortcut = "F5",
+     .tip = "重新输入条件并查询",
+     .action = &ReportWindow::OnQuery},
+    {.command = WindowCommand::detail,
+     .bitmap = 316,
+     .shortcut = "Ctrl+D",
+     .tip = "查看当前行的明细",
+     .takesRows = true,
+     .action = &ReportWindow::OnDetail,
+     .had = leadsOn},
+    {.command = WindowCommand::planReport, .bitmap = 322, .tip = "计划报告"},
+    {.command = WindowCommand::planView, .bitmap = 320, .tip = "查看计划"},
+    {.command = WindowCommand::groupRows, .bitmap = 280, .tip = "显示或隐藏各组的明细行"},
+    {.command = WindowCommand::zeroRows, .bitmap = 404, .tip = "显示或隐藏全为零的行"},
+};
+
+}  // namespace
+
+QString ReportCommand::Caption() const {
+  const Picture* picture = findPicture(bitmap);
+  return picture == nullptr ? QString() : QString::fromUtf8(picture->caption);
+}
+
+std::span<const ReportCommand> reportCommands() { return commandsOfReports; }
+
+const ReportCommand* findReportCommand(int id) {
+  const auto* const found =
+      std::ranges::find(commandsOfReports, static_cast<WindowCommand>(id), &ReportCommand::command);
+  return found == std::end(commandsOfReports) ? nullptr : found;
+}
+
+}  // namespace tz

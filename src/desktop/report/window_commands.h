@@ -1,0 +1,34 @@
+// The commands of report windows in one table: picture, key, tip, and what each does by itself. A report takes those
+// that its record names; what has no action here is answered by the report's feature, and stays pale until one does.
+#pragma once
+
+#include <QString>
+#include <span>
+
+#include "core/reports/report_definition.h"
+
+namespace tz {
+
+class ReportWindow;
+
+struct ReportCommand {
+  WindowCommand command;
+  int bitmap;
+  const char* shortcut = "";  // portable text, empty for none
+  const char* tip = "";
+  bool takesRows = false;  // waits until there are rows to take
+  void (ReportWindow::*action)() = nullptr;
+  // Of reports that do not all have it; null: every report has.
+  bool (*had)(const ReportDefinition&) = nullptr;
+
+  [[nodiscard]] QString Caption() const;
+  [[nodiscard]] bool HasAction(const ReportDefinition& report) const {
+    return action != nullptr && (had == nullptr || had(report));
+  }
+};
+
+[[nodiscard]] std::span<const ReportCommand> reportCommands();
+// Null for an id that is none of them.
+[[nodiscard]] const ReportCommand* findReportCommand(int id);
+
+}  // namespace tz

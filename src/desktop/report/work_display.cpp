@@ -1,0 +1,45 @@
+#include "desktop/report/work_display.h"
+
+#include "desktop/frame/general_dialog.h"
+#include "desktop/frame/globals.h"
+#include "desktop/frame/message_box.h"
+#include "desktop/report/long_work.h"
+#include "desktop/report/report_status.h"
+
+namespace tz {
+
+Session windowSession(LongWork& work, QWidget* window) {
+  return {
+      .db = *g_pDB,
+      .ledger = g_lpszQnZwDBName,
+      .logon = g_tmLogonTime,
+      .who = g_operator,
+      .ask = [window](const Question& question) { return AfxMessageBox(window, question); },
+      .progress = [&work](std::int64_t done, std::int64_t of) { work.Pump(done, of); },
+      .cancelled =
+          [&work] {
+            work.Pump();
+            return work.Cancelled();
+          },
+  };
+}
+
+WorkDisplay::WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox)
+    : status_(status) {
+  status_.BeginWork(what);
+  QObject::connect(&work, &LongWork::progressed, &status_, &ReportStatus::ShowProgress);
+  QObject::connect(&status_, &ReportStatus::stopClicked, &work, &LongWork::Cancel);
+  work.Allow(status_.StopButton());
+  if (!busyBox) return;
+  box_ = std::make_unique<CGeneralDialog>(window);
+  QObject::connect(box_.get(), &CGeneralDialog::cancelled, &work, &LongWork::Cancel);
+  box_->SetTextGeneral(QStringLiteral("正在查询数据,请稍侯....."));
+  box_->Begin();
+}
+
+WorkDisplay::~WorkDisplay() {
+  if (box_ != nullptr) box_->End();
+  status_.EndWork();
+}
+
+}  // namespace tz

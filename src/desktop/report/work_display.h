@@ -1,0 +1,33 @@
+// A window at work: the session with which it computes, and how it shows how far it is.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "core/reports/session.h"
+
+class QWidget;
+
+namespace tz {
+
+class CGeneralDialog;
+class LongWork;
+class ReportStatus;
+
+// Questions become message boxes of the window; progress and stopping are the work's.
+[[nodiscard]] Session windowSession(LongWork& work, QWidget* window);
+
+// Shows how far a work is for as long as it lives: in the status line, and in the busy box where the report has one.
+class WorkDisplay {
+ public:
+  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox);
+  WorkDisplay(const WorkDisplay&) = delete;
+  WorkDisplay& operator=(const WorkDisplay&) = delete;
+  ~WorkDisplay();
+
+ private:
+  ReportStatus& status_;
+  std::unique_ptr<CGeneralDialog> box_;
+};
+
+}  // namespace tz
