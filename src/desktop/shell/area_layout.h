@@ -1,5 +1,4 @@
-// Where the navigator's pictures stand: six areas and the exit at the left, and the commands of each area. Places are
-// client pixels at 100 %.
+// The navigator's areas and its exit, and where their pictures stand in each layout. Places are client pixels at 100 %.
 #pragma once
 
 #include <QRect>
@@ -16,16 +15,6 @@ enum class Layout { standard, console };
 // Console for a host started as "-ERPCONSOLE" or "-ERPSINGLE", in any case of letters.
 [[nodiscard]] Layout layoutFor(std::string_view argument);
 
-struct PicturePlace {
-  int command;
-  int bitmap;
-  QRect place;
-};
-// In the order in which they are inserted, which is the order of the Tab key.
-[[nodiscard]] std::span<const PicturePlace> picturesOf(NavigatorArea area);
-// Whether some of them are so narrow that all keep little room around their captions.
-[[nodiscard]] bool standClose(NavigatorArea area);
-
 struct AreaPicture {
   NavigatorArea area;
   int command;
@@ -39,6 +28,11 @@ struct AreaPicture {
 [[nodiscard]] std::span<const AreaPicture> areaPictures();
 [[nodiscard]] const AreaPicture& pictureOf(NavigatorArea area);
 
-[[nodiscard]] PicturePlace exitPicture(Layout layout);
+struct ExitPicture {
+  int command;
+  int bitmap;
+  QRect place;
+};
+[[nodiscard]] ExitPicture exitPicture(Layout layout);
 
 }  // namespace tz

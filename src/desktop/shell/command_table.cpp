@@ -1,81 +1,119 @@
 #include "desktop/shell/command_table.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
 
 namespace tz {
 namespace {
 
 using enum Opens;
-using enum Pointer;
 
-// The subject details of the unit area open on the department area's window 542.
-constexpr Command commands[] = {
-    {10178, 1, "OnTzAssistantArchivePerson", "", "", 0, directory, none},
-    {10179, 13, "OnTzAssistantArchiveProject", "", "", 0, directory, none},
-    {10180, 75, "OnTzAssistantArchiveUnit", "", "", 0, directory, none},
-    {10181, 8, "OnTzAssistantArchiveBranch", "", "", 0, directory, none},
-    {10183, 3, "OnTzAssistantPersonRemainSubject", "科目余额表", "个人往来_科目余额表", 506, report, slot},
-    {10184, 4, "OnTzAssistantPersonDetailSubject", "科目明细帐", "个人往来_科目明细帐", 515, report, slot},
-    {10185, 3, "OnTzAssistantPersonRemainBranch", "部门余额表", "个人往来_部门余额表", 507, report, slot},
-    {10186, 4, "OnTzAssistantPersonDetailBranch", "部门明细帐", "个人往来_部门明细帐", 516, report, slot},
-    {10187, 3, "OnTzAssistantPersonRemainPerson", "个人余额表", "个人往来_个人余额表", 508, report, slot},
-    {10188, 4, "OnTzAssistantPersonDetailPerson", "个人明细帐", "个人往来_个人明细帐", 517, report, slot},
-    {10189, 3, "OnTzAssistantPersonRemain3Column", "三栏式余额表", "个人往来_三栏式余额表", 509, report, slot},
-    {10190, 4, "OnTzAssistantPersonDetail3Column", "三栏式明细帐", "个人往来_三栏明细帐", 518, report, slot},
-    {10191, 4, "OnTzAssistantPersonDetailMulti", "多栏式明细帐", "个人往来_多栏式明细帐", 519, report, slot},
-    {10192, 5, "OnTzAssistantPersonClear", "", "个人往来_个人往来两清", 523, report, local},
-    {10193, 6, "OnTzAssistantPersonUrge", "", "个人往来催款单", 525, report, local},
-    {10194, 7, "OnTzAssistantPersonYears", "", "个人往来帐龄分析", 527, report, local},
-    {10196, 77, "OnTzAssistantUnitRemainSubject", "科目余额表", "单位往来_科目余额表", 715, report, slot},
-    {10197, 77, "OnTzAssistantUnitRemainUnit", "单位余额表", "单位往来_单位余额表(详细)", 709, report, slot},
-    {10198, 77, "OnTzAssistantUnitRemainClass", "分类余额表", "单位往来_分类余额表", 711, report, slot},
-    {10199, 77, "OnTzAssistantUnitRemainBranch", "部门余额表", "单位往来_部门余额表", 713, report, slot},
-    {10200, 77, "OnTzAssistantUnitRemainProject", "项目余额表", "单位往来_项目余额表", 714, report, slot},
-    {10201, 77, "OnTzAssistantUnitRemain3Column", "三栏式余额表", "单位往来_三栏式余额表", 710, report, slot},
-    {10202, 77, "OnTzAssistantUnitRemainPerson", "业务员余额表", "单位往来_业务员余额表", 712, report, slot},
-    {10203, 78, "OnTzAssistantUnitDetailSubject", "科目明细帐", "部门管理_科目明细帐", 542, report, slot},
-    {10204, 78, "OnTzAssistantUnitDetailUnit", "单位明细帐", "单位往来_单位明细帐", 639, report, slot},
-    {10205, 78, "OnTzAssistantUnitDetailClass", "分类明细帐", "单位往来_分类明细帐", 633, report, slot},
-    {10206, 78, "OnTzAssistantUnitDetailBranch", "部门明细帐", "单位往来_部门明细帐", 634, report, slot},
-    {10207, 78, "OnTzAssistantUnitDetailProject", "项目明细帐", "单位往来_项目明细帐", 637, report, slot},
-    {10208, 78, "OnTzAssistantUnitDetail3Column", "三栏式明细帐", "单位往来_三栏明细帐", 632, report, slot},
-    {10209, 78, "OnTzAssistantUnitDetailMulti", "多栏式明细帐", "单位往来_多栏式明细帐", 635, report, slot},
-    {10210, 78, "OnTzAssistantUnitDetailPerson", "业务员明细帐", "单位往来_业务员明细帐", 636, report, slot},
-    {10211, 79, "OnTzAssistantUnitClear", "", "单位往来_单位往来两清", 887, report, local},
-    {10212, 80, "OnTzAssistantUnitUrge", "", "单位往来对帐单", 888, report, local},
-    {10213, 81, "OnTzAssistantUnitYears", "", "单位往来帐龄分析", 911, report, local},
-    {10215, 16, "OnTzAssistantProjectRemainSubject", "科目总帐", "项目管理_科目总帐", 889, report, slot},
-    {10216, 16, "OnTzAssistantProjectRemainProject", "项目总帐", "项目管理_项目总帐", 890, report, slot},
-    {10217, 16, "OnTzAssistantProjectRemain3Column", "三栏式总帐", "项目管理_三栏总帐", 909, report, slot},
-    {10218, 16, "OnTzAssistantProjectRemainBranch", "部门项目总帐", "项目管理_部门总帐", 910, report, slot},
-    {10219, 17, "OnTzAssistantProjectDetailSubject", "科目明细帐", "项目管理_科目明细帐", 906, report, slot},
-    {10220, 17, "OnTzAssistantProjectDetailProject", "项目明细帐", "项目管理_项目明细帐", 905, report, slot},
-    {10221, 17, "OnTzAssistantProjectDetail3Column", "三栏式明细帐", "项目管理_三栏明细帐", 902, report, slot},
-    {10222, 17, "OnTzAssistantProjectDetailBranch", "部门项目明细帐", "项目管理_部门明细帐", 903, report, slot},
-    {10223, 17, "OnTzAssistantProjectDetailMulti", "多栏式明细帐", "项目管理_多栏明细帐", 904, report, slot},
-    {10224, 18, "OnTzAssistantProjectStatistics", "", "项目统计表", 1172, report, local},
-    {10226, 10, "OnTzAssistantBranchSumupSubject", "科目总帐", "部门管理_科目总帐", 537, report, slot},
-    {10227, 10, "OnTzAssistantBranchSumupBranch", "部门总帐", "部门管理_部门总帐", 536, report, slot},
-    {10228, 10, "OnTzAssistantBranchSumup3Column", "三栏式总帐", "部门管理_三栏式总帐", 535, report, slot},
-    {10229, 11, "OnTzAssistantBranchDetailSubject", "科目明细帐", "部门管理_科目明细帐", 542, report, slot},
-    {10230, 11, "OnTzAssistantBranchDetailBranch", "部门明细帐", "部门管理_部门明细帐", 543, report, slot},
-    {10231, 11, "OnTzAssistantBranchDetail3Column", "三栏式明细帐", "部门管理_三栏明细帐", 901, report, slot},
-    {10232, 11, "OnTzAssistantBranchDetailMulti", "多栏式明细帐", "部门管理_多栏明细帐", 545, report, slot},
-    {10233, 12, "OnTzAssistantBranchAnalyse", "", "部门收支分析表", 913, report, local},
-    {10235, 19, "OnTzAssistantPlanSetup", "", "计划编制", 571, dialog, none},
-    {10236, 20, "OnTzAssistantPlanSubject", "", "科目计划执行报告", 579, report, local},
-    {10237, 21, "OnTzAssistantPlanBranch", "", "部门计划执行报告", 580, report, local},
-    {10238, 22, "OnTzAssistantPlanProject", "", "项目计划执行报告", 581, report, local},
+// command, bitmap, {left, top, width, height}
+constexpr Command archiveCommands[] = {
+    {10178, 1360, {223, 174, 76, 33}, directory},
+    {10179, 1361, {343, 174, 73, 33}, directory},
+    {10180, 1362, {223, 207, 76, 33}, directory},
+    {10181, 1363, {343, 207, 73, 33}, directory},
 };
+
+constexpr Command personCommands[] = {
+    {10183, 1364, {272, 88, 130, 23}},
+    {10185, 1365, {272, 111, 130, 23}},
+    {10187, 1366, {272, 134, 130, 23}},
+    {10189, 1367, {272, 157, 130, 23}},
+    {10192, 1368, {272, 180, 130, 23}, reportAlone},
+    {10193, 1369, {272, 203, 130, 23}, reportAlone},
+    {10194, 1370, {272, 226, 130, 23}, reportAlone},
+    {10184, 1371, {411, 88, 130, 23}},
+    {10186, 1372, {411, 111, 130, 23}},
+    {10188, 1373, {411, 134, 130, 23}},
+    {10190, 1374, {411, 157, 130, 23}},
+    {10191, 1375, {411, 180, 130, 23}},
+};
+
+constexpr Command departmentCommands[] = {
+    {10226, 1376, {272, 88, 130, 25}},  {10227, 1377, {272, 113, 121, 25}},
+    {10228, 1378, {272, 138, 130, 25}}, {10229, 1379, {272, 163, 130, 25}},
+    {10230, 1380, {272, 188, 130, 25}}, {10231, 1381, {408, 88, 130, 25}},
+    {10232, 1382, {408, 113, 130, 25}}, {10233, 1383, {408, 138, 130, 25}, reportAlone},
+};
+
+constexpr Command planCommands[] = {
+    {10235, 1384, {279, 112, 130, 25}, dialog},
+    {10236, 1385, {279, 137, 130, 25}, reportAlone},
+    {10237, 1386, {279, 162, 130, 25}, reportAlone},
+    {10238, 1387, {279, 187, 130, 25}, reportAlone},
+};
+
+constexpr Command projectCommands[] = {
+    {10215, 1388, {280, 88, 96, 25}},
+    {10216, 1389, {280, 113, 96, 25}},
+    {10217, 1390, {280, 138, 96, 25}},
+    {10218, 1391, {280, 163, 96, 25}},
+    {10219, 1392, {280, 188, 96, 25}},
+    {10221, 1393, {408, 88, 96, 25}},
+    {10223, 1394, {408, 113, 96, 25}},
+    {10222, 1395, {408, 138, 129, 25}},
+    {10224, 1396, {408, 163, 96, 25}, reportAlone},
+    {10220, 1397, {408, 188, 96, 25}},
+};
+
+constexpr Command unitCommands[] = {
+    {10196, 1398, {269, 88, 96, 25}},
+    {10197, 1399, {269, 113, 96, 25}},
+    {10198, 1400, {269, 138, 96, 25}},
+    {10199, 1401, {269, 163, 96, 25}},
+    {10200, 1402, {269, 188, 96, 25}},
+    {10201, 1403, {269, 213, 96, 25}},
+    {10202, 1404, {269, 238, 96, 25}},
+    {10203, 1405, {365, 88, 96, 25}},
+    {10204, 1406, {365, 113, 96, 25}},
+    {10205, 1407, {365, 138, 96, 25}},
+    {10206, 1408, {365, 163, 96, 25}},
+    {10207, 1409, {365, 188, 96, 25}},
+    {10208, 1410, {365, 213, 96, 25}},
+    {10209, 1411, {461, 88, 96, 25}},
+    {10210, 1412, {365, 238, 96, 25}},
+    {10211, 1413, {461, 113, 96, 25}, reportAlone},
+    {10212, 1414, {461, 138, 96, 25}, reportAlone},
+    {10213, 1415, {461, 163, 91, 45}, reportAlone},
+};
+
+constexpr std::array areasInOrder = {NavigatorArea::archive, NavigatorArea::person,  NavigatorArea::department,
+                                     NavigatorArea::plan,    NavigatorArea::project, NavigatorArea::unit};
 
 }  // namespace
 
-std::span<const Command> allCommands() { return commands; }
+std::span<const Command> commandsOf(NavigatorArea area) {
+  switch (area) {
+    case NavigatorArea::archive:
+      return archiveCommands;
+    case NavigatorArea::person:
+      return personCommands;
+    case NavigatorArea::department:
+      return departmentCommands;
+    case NavigatorArea::plan:
+      return planCommands;
+    case NavigatorArea::project:
+      return projectCommands;
+    case NavigatorArea::unit:
+      return unitCommands;
+  }
+  Q_UNREACHABLE();
+}
+
+bool standClose(NavigatorArea area) {
+  constexpr int narrow = 100;
+  return std::ranges::any_of(commandsOf(area), [](const Command& command) { return command.place.width() < narrow; });
+}
 
 const Command* findCommand(int id) {
-  const auto* found = std::ranges::find(commands, id, &Command::id);
-  return found == std::end(commands) ? nullptr : found;
+  for (const NavigatorArea area : areasInOrder) {
+    const auto commands = commandsOf(area);
+    const auto found = std::ranges::find(commands, id, &Command::id);
+    if (found != commands.end()) return &*found;
+  }
+  return nullptr;
 }
 
 }  // namespace tz

@@ -1,30 +1,31 @@
-// Every command of the navigator's areas as data: the right it needs and the window it opens.
+// The commands of the navigator's areas: where each stands, with which picture, and what it opens. Titles, rights and
+// windows are the records' own; a command whose record is still to come is shown and refused with what stands here.
+// Places are client pixels at 100 %.
 #pragma once
 
+#include <QRect>
+#include <cstdint>
 #include <span>
+
+#include "desktop/shell/area_layout.h"
 
 namespace tz {
 
-// What a command opens: a directory of the archives, a modal dialog or a report window.
-enum class Opens { directory, dialog, report };
-
-// Where the launch keeps its report window: a slot per report kind, which drill-down uses again, or only a local
-// pointer.
-enum class Pointer { none, slot, local };
+// A directory of the archives, a modal dialog, or the window of a report. A report has a slot, which drill-down uses
+// again; one that no other leads to has none.
+enum class Opens : std::uint8_t { directory, dialog, report, reportAlone };
 
 struct Command {
   int id;
-  int right;
-  const char* handler;
-  const char* reportName;  // passed to the rights check; empty when it takes none
-  const char* title;       // of its window; empty for directories
-  int window;              // dialog id; 0 for directories
-  Opens opens;
-  Pointer pointer;
+  int bitmap;
+  QRect place;
+  Opens opens = Opens::report;
 };
 
-// In the order of their ids.
-[[nodiscard]] std::span<const Command> allCommands();
+// In the order in which they are inserted, which is the order of the Tab key.
+[[nodiscard]] std::span<const Command> commandsOf(NavigatorArea area);
+// Whether some of their pictures are so narrow that all keep little room around their captions.
+[[nodiscard]] bool standClose(NavigatorArea area);
 // Null for an id that is no such command.
 [[nodiscard]] const Command* findCommand(int id);
 

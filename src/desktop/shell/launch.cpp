@@ -15,7 +15,7 @@ namespace {
 
 bool hasSlot(int command) {
   const Command* found = findCommand(command);
-  return found != nullptr && found->pointer == Pointer::slot;
+  return found != nullptr && found->opens == Opens::report;
 }
 
 std::optional<Refusal> refusalOf(const ReportDefinition& report) {

@@ -6,6 +6,7 @@
 #include <QScreen>
 
 #include "desktop/frame/globals.h"
+#include "desktop/shell/command_table.h"
 #include "desktop/shell/launch_window_list.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/theme.h"
@@ -83,7 +84,7 @@ void CQnCwAssistantDlg::InitAssistantWnd() {
     const QRect place = area.placeIn(layout_);
     if (!place.isEmpty()) InsertCmdImage(imageOf(area.command, area.bitmap, place));
   }
-  const PicturePlace exit = exitPicture(layout_);
+  const ExitPicture exit = exitPicture(layout_);
   InsertCmdImage(imageOf(exit.command, exit.bitmap, exit.place), PictureLook::outlined);
 }
 
@@ -94,9 +95,9 @@ void CQnCwAssistantDlg::ClearAssistant() {
 
 void CQnCwAssistantDlg::InitArea(NavigatorArea area) {
   const PictureLook look = standClose(area) ? PictureLook::closeCard : PictureLook::card;
-  for (const PicturePlace& picture : picturesOf(area)) {
-    RCII image = imageOf(picture.command, picture.bitmap, picture.place);
-    const QByteArray obstacle = ObstacleOf(picture.command).toUtf8();
+  for (const Command& command : commandsOf(area)) {
+    RCII image = imageOf(command.id, command.bitmap, command.place);
+    const QByteArray obstacle = ObstacleOf(command.id).toUtf8();
     if (!obstacle.isEmpty()) {
       image.enabled = 0;
       image.text = obstacle.constData();
@@ -194,7 +195,7 @@ void CQnCwAssistantDlg::PaintCard(QPainter& painter) const {
   painter.setBrush(theme.accentSoft);
   painter.drawRoundedRect(tile, cardRadius, cardRadius);
   QRect pictures;
-  for (const PicturePlace& picture : picturesOf(area_)) pictures |= picture.place;
+  for (const Command& command : commandsOf(area_)) pictures |= command.place;
   painter.setBrush(theme.header);
   painter.drawRoundedRect(pictures.adjusted(-10, -6, 10, 7), 8, 8);
   const double inset = tile.width() * 0.25;

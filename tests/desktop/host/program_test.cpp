@@ -6,7 +6,7 @@
 #include "core/data/create_ledger.h"
 #include "core/sample/sample_company.h"
 #include "desktop/host/x_display.h"
-#include "desktop/shell/area_layout.h"
+#include "desktop/shell/command_table.h"
 #include "desktop/support/window_script.h"
 
 namespace tz::test {
@@ -43,10 +43,8 @@ class Program : public ::testing::Test {
     QRect place;
     for (const AreaPicture& area : areaPictures()) {
       if (area.command == command) place = area.standardPlace;
-      for (const PicturePlace& picture : picturesOf(area.area)) {
-        if (picture.command == command) place = picture.place;
-      }
     }
+    if (const Command* known = findCommand(command)) place = known->place;
     display_.Click(display_.Find(navigatorTitle), place.center());
   }
   // Confirms the dialog of that title, field by field.

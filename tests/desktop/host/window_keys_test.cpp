@@ -6,6 +6,7 @@
 #include "desktop/host/desktop.h"
 #include "desktop/host/host_ledger.h"
 #include "desktop/report/window_commands.h"
+#include "desktop/shell/command_table.h"
 
 namespace tz::test {
 namespace {
@@ -119,8 +120,8 @@ TEST_F(WindowKeys, F1InTheNavigatorIsTheNavigatorsHelp) {
     SCOPED_TRACE(area.hint);
     auto& button = control<QWidget>(*navigator_, QString::number(area.command));
     click(*navigator_, button.objectName());
-    const auto pictures = picturesOf(area.area);
-    for (QWidget* place : {&button, &control<QWidget>(*navigator_, QString::number(pictures.front().command))}) {
+    const auto commands = commandsOf(area.area);
+    for (QWidget* place : {&button, &control<QWidget>(*navigator_, QString::number(commands.front().id))}) {
       focus(*place);
       press(*place, Qt::Key_F1, Qt::NoModifier);
       auto* help = navigator_->findChild<QDialog*>("help", Qt::FindDirectChildrenOnly);

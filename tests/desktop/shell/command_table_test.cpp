@@ -1,13 +1,14 @@
-// The command table and the places of its pictures agree, and every picture can be drawn and read.
+// Commands, reports and the places of their pictures agree, and every picture can be drawn and read.
 #include "desktop/shell/command_table.h"
 
 #include <QImage>
 #include <QPainter>
 #include <gtest/gtest.h>
 #include <map>
-#include <set>
 
+#include "core/catalogue/catalogue.h"
 #include "desktop/frame/img_dlg_button.h"
+#include "desktop/report/window_commands.h"
 #include "desktop/shell/area_layout.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/picture_icon.h"
@@ -18,40 +19,38 @@ namespace {
 constexpr NavigatorArea allAreas[] = {NavigatorArea::archive, NavigatorArea::person,  NavigatorArea::department,
                                       NavigatorArea::plan,    NavigatorArea::project, NavigatorArea::unit};
 
-TEST(CommandTable, EveryCommandHasOnePictureAndOneId) {
-  std::map<int, int> pictures;
+TEST(CommandTable, TheNavigatorsIdsAreEachGivenOnceAndHaveNoGap) {
+  std::vector<int> ids;
   for (const NavigatorArea area : allAreas) {
-    for (const PicturePlace& picture : picturesOf(area)) ++pictures[picture.command];
+    for (const Command& command : commandsOf(area)) {
+      ids.push_back(command.id);
+      EXPECT_EQ(findCommand(command.id), &command);
+    }
   }
-  std::set<int> ids;
-  std::set<std::string> handlers;
-  for (const Command& command : allCommands()) {
-    EXPECT_TRUE(ids.insert(command.id).second) << command.id;
-    EXPECT_TRUE(handlers.insert(command.handler).second) << command.handler;
-    EXPECT_EQ(pictures[command.id], 1) << command.id;
-    EXPECT_EQ(findCommand(command.id), &command);
+  for (const AreaPicture& area : areaPictures()) {
+    ids.push_back(area.command);
+    EXPECT_EQ(findCommand(area.command), nullptr);
   }
-  EXPECT_EQ(ids.size(), pictures.size());
-  // With the six areas and the exit, the navigator's ids have no gap.
-  for (const AreaPicture& area : areaPictures()) ids.insert(area.command);
-  ids.insert(exitPicture(Layout::standard).command);
-  EXPECT_EQ(*ids.begin(), 10177);
-  EXPECT_EQ(*ids.rbegin(), 10239);
-  EXPECT_EQ(ids.size(), 63U);
-  EXPECT_EQ(findCommand(10177), nullptr);
+  ids.push_back(exitPicture(Layout::standard).command);
+  std::ranges::sort(ids);
+  for (std::size_t i = 1; i < ids.size(); ++i) EXPECT_EQ(ids[i], ids[i - 1] + 1);
 }
 
-TEST(CommandTable, RightsGoTogetherWithTheKindOfReport) {
-  for (const Command& command : allCommands()) {
-    EXPECT_GT(command.right, 0) << command.id;
-    EXPECT_EQ(command.opens != Opens::directory, command.window > 0) << command.id;
-    EXPECT_EQ(command.opens == Opens::report, command.pointer != Pointer::none) << command.id;
-    // Reports that drill-down can reach name themselves to the rights check, the others do not.
-    EXPECT_EQ(command.pointer == Pointer::slot, *command.reportName != '\0') << command.id;
+TEST(CommandTable, EveryReportStandsInItsArea) {
+  const std::map<Area, NavigatorArea> areas = {{Area::person, NavigatorArea::person},
+                                               {Area::department, NavigatorArea::department},
+                                               {Area::plan, NavigatorArea::plan},
+                                               {Area::project, NavigatorArea::project},
+                                               {Area::unit, NavigatorArea::unit}};
+  for (const ReportDefinition* report : catalogue()) {
+    SCOPED_TRACE(report->command);
+    const Command* command = findCommand(report->command);
+    ASSERT_NE(command, nullptr);
+    EXPECT_TRUE(command->opens == Opens::report || command->opens == Opens::reportAlone);
+    const auto ofArea = commandsOf(areas.at(report->area));
+    EXPECT_TRUE(command >= ofArea.data() && command < ofArea.data() + ofArea.size());
+    EXPECT_GT(report->right, 0);
   }
-  EXPECT_EQ(findCommand(10190)->right, 4);
-  EXPECT_EQ(findCommand(10190)->window, 518);
-  EXPECT_STREQ(findCommand(10203)->title, "部门管理_科目明细帐");
 }
 
 TEST(CommandTable, CaptionsFitTheirPictures) {
@@ -65,7 +64,7 @@ TEST(CommandTable, CaptionsFitTheirPictures) {
   };
   for (const NavigatorArea area : allAreas) {
     const PictureLook look = standClose(area) ? PictureLook::closeCard : PictureLook::card;
-    for (const PicturePlace& picture : picturesOf(area)) expectFit(picture.bitmap, picture.place, look);
+    for (const Command& command : commandsOf(area)) expectFit(command.bitmap, command.place, look);
   }
   for (const Layout layout : {Layout::standard, Layout::console}) {
     for (const AreaPicture& area : areaPictures()) {
@@ -81,7 +80,7 @@ TEST(CommandTable, PicturesStandInsideTheWindowAndApart) {
     std::vector<QRect> places;
     for (const AreaPicture& main : areaPictures()) places.push_back(main.standardPlace);
     places.push_back(exitPicture(Layout::standard).place);
-    for (const PicturePlace& picture : picturesOf(area)) places.push_back(picture.place);
+    for (const Command& command : commandsOf(area)) places.push_back(command.place);
     for (std::size_t one = 0; one < places.size(); ++one) {
       EXPECT_TRUE(window.contains(places[one]));
       for (std::size_t other = 0; other < one; ++other) EXPECT_FALSE(places[one].intersects(places[other]));
@@ -108,9 +107,7 @@ TEST(Pictures, EachIdDrawsSomethingInTheColoursAsked) {
     EXPECT_TRUE(drawn) << picture.drawing;
     EXPECT_FALSE(pictureIcon(picture.id).pixmap(24, 24).isNull());
   }
-  for (const int toolbar : {280, 300, 301, 303, 305, 306, 307, 308, 316, 320, 322, 404}) {
-    EXPECT_NE(findPicture(toolbar), nullptr) << toolbar;
-  }
+  for (const ReportCommand& command : reportCommands()) EXPECT_FALSE(command.Caption().isEmpty()) << command.bitmap;
   EXPECT_EQ(findPicture(1416), nullptr);
 }
 

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "desktop/frame/globals.h"
+#include "desktop/shell/command_table.h"
 #include "desktop/support/window_script.h"
 #include "desktop/theme/theme.h"
 
@@ -47,7 +48,7 @@ class Navigator : public testing::Test {
   }
   static std::set<int> CommandsOf(NavigatorArea area) {
     std::set<int> commands;
-    for (const PicturePlace& picture : picturesOf(area)) commands.insert(picture.command);
+    for (const Command& command : commandsOf(area)) commands.insert(command.id);
     return commands;
   }
 
