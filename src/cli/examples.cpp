@@ -3,66 +3,66 @@
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
-#include <optional>
+#include <iterator>
 
 #include "core/catalogue/catalogue.h"
 
 namespace tz::cli {
 namespace {
 
-constexpr int firstReport = 10190;
-
-// Values of conditions that lead to a report of the sample company.
+// Members of the sample company, and months in which all of them have lines.
 struct SampleValue {
-  std::optional<Area> area;
-  std::string_view option;
+  ParameterKey key;
   std::string_view value;
-  int report = 0;  // of this report alone
 };
-
-constexpr std::optional<Area> everyArea;
-
-// Those of one report stand before those of its area.
 constexpr std::array sampleValues = {
-    SampleValue{Area::person, "account", "1221", 10191},
-    SampleValue{Area::person, "account", "122101"},
-    SampleValue{Area::person, "dept", "销售部"},
-    SampleValue{Area::person, "person", "李明"},
-    SampleValue{Area::unit, "account", "112201", 10204},
-    SampleValue{Area::unit, "account", "1122"},
-    SampleValue{Area::unit, "dept", "销售部"},
-    SampleValue{Area::unit, "unit", "江淮重工集团"},
-    SampleValue{Area::unit, "unit-class", "国内客户"},
-    SampleValue{Area::unit, "clerk", "李明"},
-    SampleValue{Area::department, "account", "660101", 10231},
-    SampleValue{Area::department, "account", "6601"},
-    SampleValue{Area::department, "dept", "销售部"},
-    SampleValue{Area::project, "account", "6001"},
-    SampleValue{Area::project, "project-class", "01"},
-    SampleValue{Area::project, "project", "江淮数控车床"},
-    SampleValue{everyArea, "from", "1"},
-    SampleValue{everyArea, "to", "3"},
+    SampleValue{ParameterKey::dept, "销售部"},
+    SampleValue{ParameterKey::person, "李明"},
+    SampleValue{ParameterKey::unit, "江淮重工集团"},
+    SampleValue{ParameterKey::unitClass, "国内客户"},
+    SampleValue{ParameterKey::clerk, "李明"},
+    SampleValue{ParameterKey::projectClass, "01"},
+    SampleValue{ParameterKey::project, "江淮数控车床"},
+    SampleValue{ParameterKey::from, "1"},
+    SampleValue{ParameterKey::to, "3"},
+    SampleValue{ParameterKey::cutoff, "2025-03-31"},
 };
 
-const SampleValue* sampleValue(const ReportDefinition& report, std::string_view option) {
-  const auto* const found = std::ranges::find_if(sampleValues, [&](const auto& value) {
-    const bool meant = value.report == 0 ? value.area.value_or(report.area) == report.area  //
-                                         : value.report == report.command;
-    return meant && value.option == option;
-  });
-  return found == sampleValues.end() ? nullptr : found;
+// An account on which the sample company keeps what the area is about.
+std::string_view sampleAccount(Area area) {
+  switch (area) {
+    case Area::person:
+      return "1221";
+    case Area::department:
+    case Area::plan:
+      return "6601";
+    case Area::project:
+      return "6001";
+    case Area::unit:
+      return "1122";
+  }
+  return {};
 }
+
+// Empty for conditions that an example leaves out.
+std::string_view sampleValue(const ReportDefinition& report, ParameterKey key) {
+  if (key == ParameterKey::account) {
+    return report.exampleAccount.empty() ? sampleAccount(report.area) : report.exampleAccount;
+  }
+  const auto* const found = std::ranges::find(sampleValues, key, &SampleValue::key);
+  return found == sampleValues.end() ? std::string_view() : found->value;
+}
+
+const ReportDefinition& anyReport() { return *catalogue().front(); }
 
 // With its conditions in their order.
 std::string reportLine(const ReportDefinition& report) {
-  std::string conditions;
+  auto line = fmt::format("report {} --ledger 示例.db", report.command);
   for (const auto key : parametersOf(report)) {
-    const auto option = parameter(key).option;
-    if (const auto* sample = sampleValue(report, option)) {
-      conditions += fmt::format(" --{} {}", option, sample->value);
-    }
+    const auto value = sampleValue(report, key);
+    if (!value.empty()) fmt::format_to(std::back_inserter(line), " --{} {}", parameter(key).option, value);
   }
-  return fmt::format("report {} --ledger 示例.db{}", report.command, conditions);
+  return line;
 }
 
 void addExample(CLI::App& command, std::string_view line) {
@@ -73,10 +73,12 @@ void addExample(CLI::App& command, std::string_view line) {
 }  // namespace
 
 void addReportExamples(CLI::App& app, int reportId) {
-  const auto* report = findReport(reportId == 0 ? firstReport : reportId);
-  const auto line = reportLine(*report);
-  for (const char* more : {"", " --as json", " --as xlsx -o 明细帐.xlsx"}) {
-    addExample(*app.get_subcommand("report"), line + more);
+  const auto* named = findReport(reportId);
+  const auto& report = named == nullptr ? anyReport() : *named;
+  const auto line = reportLine(report);
+  const auto workbook = fmt::format(" --as xlsx -o {}.xlsx", report.printTitle);
+  for (const std::string_view more : {std::string_view(), std::string_view(" --as json"), std::string_view(workbook)}) {
+    addExample(*app.get_subcommand("report"), fmt::format("{}{}", line, more));
   }
 }
 
@@ -84,7 +86,7 @@ void addExamples(CLI::App& app, int reportId) {
   auto& ledger = *app.get_subcommand("ledger");
   addExample(app, "ledger create 示例.db --sample");
   addExample(app, "reports");
-  addExample(app, reportLine(*findReport(firstReport)));
+  addExample(app, reportLine(anyReport()));
   addExample(ledger, "ledger create 示例.db --sample");
   addExample(*ledger.get_subcommand("create"), "ledger create 示例.db --sample");
   addExample(*ledger.get_subcommand("create"), "ledger create 新帐套.db --empty --year 2025 --name 新帐套");

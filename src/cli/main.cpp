@@ -59,7 +59,7 @@ std::string answerOf(const CLI::App& app, const CLI::Success& asked) {
 }
 
 Status run(int argc, char** argv) {
-  CLI::App app("辅助核算：个人、部门、项目、单位的明细帐、余额表和总帐。不带子命令时打开桌面。", "tzassistant");
+  CLI::App app("辅助核算：个人、部门、项目、单位的帐簿与报表。不带子命令时打开桌面。", "tzassistant");
   translateHelp(app);
   app.set_help_flag("-h,--help", "显示说明");
   app.set_version_flag("--version", TZ_VERSION, "显示版本");

@@ -110,6 +110,7 @@ constexpr auto threeColumnLedger = detail(
         .printTitle = "部门三栏式明细帐",
         .about = "一个部门在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
                  "，随时看到余额。",
+        .exampleAccount = "660101",
         .dialog =
             {
                 .id = 540,

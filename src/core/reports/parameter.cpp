@@ -133,7 +133,7 @@ constexpr std::array parameters = {
               .label = "金额格式",
               .kind = ParameterKind::text,
               .valueName = "NAME",
-              .help = "金额式、数量金额式、外币金额式、数量外币式，明细帐另有外币式；缺省为科目自身的格式"},
+              .help = "金额式、数量金额式、外币金额式、数量外币式，有的报表另有外币式；缺省为科目自身的格式"},
 };
 
 }  // namespace

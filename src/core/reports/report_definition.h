@@ -54,6 +54,8 @@ struct ReportDefinition {
   // holds for the whole family.
   std::string_view about;
   std::span<const std::string_view> rules;
+  // Of the sample company, for the examples of help, where those of its area do not qualify.
+  std::string_view exampleAccount = {};
   DialogSpec dialog = {};
   std::span<const WindowCommand> toolbar;
   PeriodForm period = monthsPeriod;
