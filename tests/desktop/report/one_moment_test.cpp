@@ -1,5 +1,6 @@
 // Another operator renames members while a report is asked for: what stands above the table is of the same moment as
 // the rows.
+#include "core/ledger/detail_report.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/report/report_ledger.h"
 
@@ -31,7 +32,8 @@ class OneMomentInWindow : public ::testing::Test {
   static inline std::function<void()> change;
   ReportLedger ledger_;
   RecordedMessages messages_;
-  ReportDefinition definition_ = *findReport(10190);
+  // With what its family needs: the computation goes by it.
+  DetailReport definition_ = static_cast<const DetailReport&>(*findReport(10190));
   QPointer<ReportWindow> window_;
 };
 

@@ -153,7 +153,7 @@ TEST_F(FeatureTest, WhatAFeatureLeavesTheWindowDoes) {
   RecordingFeature::answers = false;
   ReportWindow& window = open();
   QTest::keyClick(&window.Grid(), Qt::Key_Down);
-  EXPECT_EQ(window.Grid().Current(), (GridCell{1, 0}));
+  EXPECT_EQ(window.Grid().Current(), (GridCell{0, 0}));
   press(window, WindowCommand::close);
   EXPECT_FALSE(window.isVisible());
 }
