@@ -3,11 +3,11 @@
 #pragma once
 
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <initializer_list>
 #include <span>
 #include <stdexcept>
+#include <type_traits>
 
 namespace tz {
 
@@ -18,9 +18,9 @@ class Few {
   // More than the capacity does not compile in a constant and throws elsewhere.
   constexpr Few(std::initializer_list<T> values) { copy(values.begin(), values.size()); }
   // Lists that are made as the program runs.
-  template <class Range>
-  requires(!std::same_as<Range, Few> && std::convertible_to<const Range&, std::span<const T>>) constexpr Few(
-      const Range& values) {  // NOLINT(google-explicit-constructor)
+  template <class Range, class = std::enable_if_t<!std::is_same_v<Range, Few> &&
+                                                  std::is_convertible_v<const Range&, std::span<const T>>>>
+  constexpr Few(const Range& values) {  // NOLINT(google-explicit-constructor): it stands for a list
     copy(std::data(values), std::size(values));
   }
 
