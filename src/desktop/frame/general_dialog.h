@@ -19,7 +19,6 @@ class CGeneralDialog : public QDialog {
   void Begin();
   void SetTextGeneral(const QString& text);
   void End();
-  [[nodiscard]] QPushButton* CancelButton() const { return cancel_; }
 
  signals:
   // By the button, Esc or the caption.

@@ -15,7 +15,7 @@ namespace tz {
 namespace {
 
 QString tipOf(const CToolBarInfo& entry) {
-  const QString tip = QString::fromUtf8(entry.tip);
+  QString tip = QString::fromUtf8(entry.tip);
   if (*entry.shortcut == '\0') return tip;
   return QStringLiteral("%1（%2）").arg(tip, QKeySequence(QLatin1String(entry.shortcut)).toString());
 }

@@ -17,7 +17,7 @@ class HostSettings {
 
   // The latest first.
   [[nodiscard]] QStringList RecentLedgers() const;
-  void RememberLedger(const QString& address);
+  void RememberLedger(const QString& opened);
   void ForgetLedger(const QString& address);
 
   [[nodiscard]] ThemeChoice Theme() const;

@@ -29,7 +29,7 @@ constexpr std::array fileChoices = {
 };
 
 QString startFolder(const ExportFolder& folder) {
-  const QString last = folder.last ? folder.last() : QString();
+  QString last = folder.last ? folder.last() : QString();
   if (!last.isEmpty() && QFileInfo(last).isDir()) return last;
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   return QFileInfo(documents).isDir() ? documents : QDir::homePath();
