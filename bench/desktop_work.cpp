@@ -42,7 +42,7 @@ int paint(QWidget& window) {
 
 int showNavigator() {
   tz::CQnCwAssistantDlg navigator(nullptr);
-  navigator.SetRunner({[](int) { return true; }, [](int) {}, {}});
+  navigator.SetRunner({.obstacle = [](int) { return QString(); }, .run = [](int) {}, .help = {}});
   return paint(navigator);
 }
 

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <fmt/format.h>
 #include <string>
 
 namespace tz {
@@ -126,21 +127,21 @@ void appendExactFigure(std::string& out, double value) {
 }
 
 void appendDate(std::string& out, Date date) {
-  const auto twoDigits = [&out](int number) {
-    out += static_cast<char>('0' + number / 10 % 10);
-    out += static_cast<char>('0' + number % 10);
-  };
-  constexpr int lastOfFourDigits = 9999;
-  if (date.year >= 0 && date.year <= lastOfFourDigits) {
-    twoDigits(date.year / 100);
-    twoDigits(date.year);
-  } else {
-    out += std::to_string(date.year);
+  if (!hasUsualWidth(date)) {
+    out += fmt::format("{}.{:02}.{:02}", date.year, date.month, date.day);
+    return;
   }
-  out += '.';
-  twoDigits(date.month);
-  out += '.';
-  twoDigits(date.day);
+  std::array<char, usualDateWidth> text;
+  const auto put = [&text](std::size_t place, int number) {
+    text.at(place) = static_cast<char>('0' + number / 10 % 10);
+    text.at(place + 1) = static_cast<char>('0' + number % 10);
+  };
+  put(0, date.year / 100);
+  put(2, date.year);
+  text[4] = text[7] = '.';
+  put(5, date.month);
+  put(8, date.day);
+  out.append(text.data(), text.size());
 }
 
 std::string figureText(double value, ColumnKind kind) {

@@ -14,6 +14,9 @@ void appendFigure(std::string& out, double value, ColumnKind kind);
 void appendExactFigure(std::string& out, double value);
 // "2006.01.05".
 void appendDate(std::string& out, Date date);
+// Years of four digits give dates of ten signs.
+inline constexpr int usualDateWidth = 10;
+[[nodiscard]] constexpr bool hasUsualWidth(Date date) { return date.year >= 0 && date.year <= 9999; }
 [[nodiscard]] std::string figureText(double value, ColumnKind kind);
 
 }  // namespace tz

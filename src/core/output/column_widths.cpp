@@ -28,6 +28,10 @@ class WidthOfColumn {
   }
 
   void AddDate(Date date) {
+    if (hasUsualWidth(date)) {
+      width_ = std::max(width_, usualDateWidth);
+      return;
+    }
     scratch_.clear();
     appendDate(scratch_, date);
     width_ = std::max(width_, static_cast<int>(scratch_.size()));
