@@ -15,7 +15,11 @@ class WidthOfColumn {
  public:
   explicit WidthOfColumn(ColumnKind kind) : kind_(kind), growing_(traitsOf(kind).form.fixed) {}
 
-  void AddText(std::string_view text) { width_ = std::max(width_, std::min(measureText(text).width, widestText)); }
+  // No text takes more columns than it has bytes.
+  void AddText(std::string_view text) {
+    if (text.size() <= static_cast<std::size_t>(width_)) return;
+    width_ = std::max(width_, std::min(measureText(text).width, widestText));
+  }
 
   void AddNumber(double number) {
     if (growing_ && std::isfinite(number)) {

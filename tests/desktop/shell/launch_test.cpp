@@ -11,6 +11,7 @@
 
 #include "core/projstat/statistics_launch_checks.h"
 #include "desktop/frame/process_window.h"
+#include "desktop/report/long_work.h"
 #include "desktop/report/report_ledger.h"
 #include "desktop/shell/launch_window_list.h"
 #include "desktop/shell/navigator.h"
@@ -56,6 +57,13 @@ class LaunchTest : public ::testing::Test {
   ReportLauncher launcher_;
   RecordedMessages messages_;
 };
+
+TEST_F(LaunchTest, NothingOpensWhileAReportIsComputed) {
+  const LongWork work(navigator_);
+  launcher_.Launch(personDetail);
+  EXPECT_EQ(launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), nullptr), nullptr);
+  EXPECT_TRUE(launcher_.Windows().empty());
+}
 
 TEST_F(LaunchTest, ACancelledFirstQueryLeavesNothing) {
   launch(cancel);
