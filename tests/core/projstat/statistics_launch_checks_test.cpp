@@ -1,22 +1,11 @@
 #include "core/projstat/statistics_launch_checks.h"
 
-#include "support/test_ledger.h"
+#include "support/launch_refusals.h"
 
 namespace tz::test {
 namespace {
 
-class StatisticsLaunchChecks : public DatabaseTest {
- protected:
-  // What the checks refuse with; nothing where they pass.
-  std::string refusal(std::span<const LaunchCheck> checks) {
-    CQnCwDB db(Access::read);
-    db.Open(ledger_.address());
-    const auto refused = launchRefusal(checks, db);
-    return refused ? refused->text : "";
-  }
-
-  TestLedger ledger_{GetParam()};
-};
+class StatisticsLaunchChecks : public LaunchRefusals {};
 TZ_ON_BOTH_DATABASES(StatisticsLaunchChecks);
 
 TEST_P(StatisticsLaunchChecks, AProjectClassNeedsAnId) {
