@@ -29,13 +29,16 @@ enum class ColumnKind : std::uint8_t {
 // How a number is shown. `scale` is a one with as many zeros as there are decimals.
 struct FigureForm {
   int decimals;
-  bool fixed;  // zeros at the end stay
+  int kept;  // so many of them even where they are zeros
   double scale;
+
+  [[nodiscard]] constexpr bool fixed() const { return kept == decimals; }
 };
-inline constexpr FigureForm wholeForm{0, true, 1};
-inline constexpr FigureForm amountForm{2, true, 1e2};
-inline constexpr FigureForm fourDecimals{4, false, 1e4};
-inline constexpr FigureForm sixDecimals{6, false, 1e6};
+inline constexpr FigureForm wholeForm{0, 0, 1};
+inline constexpr FigureForm amountForm{2, 2, 1e2};
+inline constexpr FigureForm priceForm{4, 2, 1e4};
+inline constexpr FigureForm fourDecimals{4, 0, 1e4};
+inline constexpr FigureForm sixDecimals{6, 0, 1e6};
 
 struct ColumnTraits {
   enum class Content : std::uint8_t { text, date, number };
@@ -66,7 +69,7 @@ inline constexpr std::array columnKinds = [] {
       ColumnTraits{ColumnKind::amount, number, amountForm, "金额"},
       ColumnTraits{ColumnKind::quantity, number, fourDecimals, "数量"},
       ColumnTraits{ColumnKind::foreign, number, amountForm, "外币"},
-      ColumnTraits{ColumnKind::price, number, fourDecimals, "单价"},
+      ColumnTraits{ColumnKind::price, number, priceForm, "单价"},
       ColumnTraits{ColumnKind::rate, number, sixDecimals, "汇率"},
       ColumnTraits{ColumnKind::count, number, wholeForm},
       ColumnTraits{ColumnKind::debitAmount, number, amountForm, "金额", ofLines, "借方"},

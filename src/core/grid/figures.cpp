@@ -21,10 +21,10 @@ void appendScaled(std::string& out, std::uint64_t scaled, const FigureForm& form
   std::array<char, 32> buffer;
   char* place = buffer.data() + buffer.size();
   const char* const end = place;
-  bool digitSeen = form.fixed;
-  for (int i = 0; i < form.decimals; ++i, scaled /= 10) {
+  bool digitSeen = false;
+  for (int i = form.decimals; i > 0; --i, scaled /= 10) {
     const auto digit = static_cast<char>('0' + scaled % 10);
-    digitSeen = digitSeen || digit != '0';
+    digitSeen = digitSeen || digit != '0' || i <= form.kept;
     if (digitSeen) *--place = digit;
   }
   if (place != end) *--place = '.';
@@ -85,7 +85,7 @@ void appendExact(std::string& out, double magnitude, bool negative, const Figure
     if (i != 0 && (whole - i) % 3 == 0) out += ',';
     out += digits[i];
   }
-  if (!form.fixed) digits.erase(std::max(whole, digits.find_last_not_of('0') + 1));
+  digits.erase(std::max(whole + static_cast<std::size_t>(form.kept), digits.find_last_not_of('0') + 1));
   if (digits.size() > whole) out.append(".").append(digits, whole);
 }
 

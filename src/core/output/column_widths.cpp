@@ -13,7 +13,7 @@ namespace {
 // outermost two are written out.
 class WidthOfColumn {
  public:
-  explicit WidthOfColumn(ColumnKind kind) : kind_(kind), growing_(traitsOf(kind).form.fixed) {}
+  explicit WidthOfColumn(ColumnKind kind) : kind_(kind), growing_(traitsOf(kind).form.fixed()) {}
 
   // No text takes more columns than it has bytes.
   void AddText(std::string_view text) {

@@ -13,6 +13,8 @@ const char* numberFormat(XlsxCell cell) {
       return "yyyy.mm.dd";
     case XlsxCell::amount:
       return "#,##0.00;[Red]-#,##0.00";
+    case XlsxCell::price:
+      return "#,##0.00##;[Red]-#,##0.00##";
     case XlsxCell::quantity:
       return "#,##0.####;[Red]-#,##0.####";
     case XlsxCell::rate:
@@ -35,8 +37,9 @@ bool showsWhole(double number, double parts) {
 XlsxCell XlsxFormats::CellFor(double number, ColumnKind kind) {
   const FigureForm& form = traitsOf(kind).form;
   if (!std::isfinite(number)) return XlsxCell::textRight;
-  if (form.decimals == 0 || (!form.fixed && showsWhole(number, form.scale))) return XlsxCell::whole;
-  if (form.fixed) return XlsxCell::amount;
+  if (form.decimals == 0 || (form.kept == 0 && showsWhole(number, form.scale))) return XlsxCell::whole;
+  if (form.fixed()) return XlsxCell::amount;
+  if (form.kept != 0) return XlsxCell::price;
   return form.decimals == fourDecimals.decimals ? XlsxCell::quantity : XlsxCell::rate;
 }
 

@@ -10,7 +10,19 @@ namespace tz {
 
 // What a cell holds, as far as it decides how the cell is written. Whole quantities have a form of their own, since
 // "#,##0.####" would leave them with a point at the end.
-enum class XlsxCell : std::uint8_t { text, textRight, date, amount, quantity, rate, whole, title, caption, group };
+enum class XlsxCell : std::uint8_t {
+  text,
+  textRight,
+  date,
+  amount,
+  price,
+  quantity,
+  rate,
+  whole,
+  title,
+  caption,
+  group
+};
 
 class XlsxFormats {
  public:

@@ -45,10 +45,15 @@ TEST(Figures, WhatRoundsToZeroHasNoMinus) {
   checkFigures(ColumnKind::quantity, {{-0.00001, "0"}});
 }
 
-TEST(Figures, QuantitiesPricesAndRatesDropZerosAtTheEnd) {
+TEST(Figures, QuantitiesAndRatesDropZerosAtTheEndPricesKeepTwo) {
   checkFigures(ColumnKind::quantity,
                {{12, "12"}, {1200, "1,200"}, {12.5, "12.5"}, {-0.12345, "-0.1235"}, {1000.0001, "1,000.0001"}});
-  checkFigures(ColumnKind::price, {{3.14159, "3.1416"}, {0.00005, "0.0001"}, {10, "10"}});
+  checkFigures(ColumnKind::price, {{3.14159, "3.1416"},
+                                   {0.00005, "0.0001"},
+                                   {10, "10.00"},
+                                   {-2.5, "-2.50"},
+                                   {1e13, "10,000,000,000,000.00"},
+                                   {1.125, "1.125"}});
   checkFigures(ColumnKind::rate, {{8.0702, "8.0702"}, {0.1234565, "0.123457"}, {7, "7"}});
   checkFigures(ColumnKind::count, {{3, "3"}, {1234, "1,234"}, {2.5, "3"}});
 }
