@@ -27,7 +27,10 @@ struct GridColumn {
 };
 
 // What a row is, so that every output can set totals apart.
-enum class RowKind : std::uint8_t { line, opening, heading, subtotal, total };
+enum class RowKind : std::uint8_t { line, opening, heading, monthTotal, yearTotal, subtotal, total };
+
+// Rows that add others up, of a month as of a group.
+[[nodiscard]] constexpr bool addsUp(RowKind kind) { return kind >= RowKind::monthTotal; }
 
 using Rgb = std::uint32_t;
 inline constexpr Rgb noColour = 0xFFFFFFFF;

@@ -210,12 +210,12 @@ class DetailRun {
 
   void writeMonthTotals() {
     monthTotal_.summary = "本月合计";
-    auto row = rows_.writeTotal(monthTotal_, balance_, RowKind::subtotal);
+    auto row = rows_.writeTotal(monthTotal_, balance_, RowKind::monthTotal);
     if (columns_) columns_->writeMonth(grid_, row);
     yearTotal_.debit += monthTotal_.debit;
     yearTotal_.credit += monthTotal_.credit;
     yearTotal_.summary = "本年累计";
-    row = rows_.writeTotal(yearTotal_, balance_, RowKind::subtotal);
+    row = rows_.writeTotal(yearTotal_, balance_, RowKind::yearTotal);
     if (columns_) columns_->writeYear(grid_, row);
     yearTotals_ = true;
     block_.debit += monthTotal_.debit;

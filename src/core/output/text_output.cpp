@@ -58,8 +58,6 @@ class Line {
   bool written_ = false;  // a text ends where the line ends
 };
 
-bool isTotal(RowKind kind) { return kind == RowKind::subtotal || kind == RowKind::total; }
-
 class TextWriter {
  public:
   TextWriter(const ComputedReport& report, const TextOptions& options, const Sink& sink)
@@ -146,10 +144,10 @@ class TextWriter {
     RowKind previous = RowKind::heading;
     for (std::int64_t row = 0; row < grid_.GetRows(); ++row) {
       const RowKind kind = grid_.RowKindAt(row);
-      const bool afterTotals = isTotal(previous) && !isTotal(kind);
+      const bool afterTotals = addsUp(previous) && !addsUp(kind);
       const bool newBlock = kind == RowKind::heading && previous != RowKind::heading;
       if (afterTotals || newBlock) EndLine();
-      if (isTotal(kind) && !isTotal(previous) && row > 0) WriteRule(true);
+      if (addsUp(kind) && !addsUp(previous) && row > 0) WriteRule(true);
       WriteRow(row);
       previous = kind;
       if (!writer_.HandOver()) return false;

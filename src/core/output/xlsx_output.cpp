@@ -155,7 +155,7 @@ class XlsxWriter {
 
   void WriteRow(std::int64_t row) {
     const RowKind kind = grid_.RowKindAt(row);
-    const bool bold = kind == RowKind::heading || kind == RowKind::subtotal || kind == RowKind::total;
+    const bool bold = kind == RowKind::heading || addsUp(kind);
     const Rgb ground = grid_.BackgroundAt(row);
     for (int column = 0; column < grid_.GetCols(); ++column) {
       switch (grid_.TypeAt(row, column)) {

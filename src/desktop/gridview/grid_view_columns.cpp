@@ -79,7 +79,7 @@ int GridViewColumns::ContentWidth(const CTzGrid& grid, int column, const GridFon
   int widest = 0;
   for (const std::int64_t row : sampleOf(grid.GetRows())) {
     const RowKind kind = grid.RowKindAt(row);
-    const bool bold = kind == RowKind::subtotal || kind == RowKind::total || kind == RowKind::heading;
+    const bool bold = kind == RowKind::heading || addsUp(kind);
     const QFontMetrics& metrics = bold ? fonts.bold : fonts.line;
     widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(grid.ShownAt(row, column))));
   }

@@ -66,8 +66,17 @@ class RowsOf {
       case RowKind::line:
         addLine(row);
         break;
+      case RowKind::monthTotal:
+        EXPECT_EQ(caption, "本月合计");
+        expectRow(row, monthDebit_, monthCredit_, running_);
+        monthDebit_ = monthCredit_ = 0;
+        break;
+      case RowKind::yearTotal:
+        EXPECT_EQ(caption, "本年累计");
+        expectRow(row, blockDebit_, blockCredit_, running_);
+        break;
       case RowKind::subtotal:
-        checkSubtotal(row, caption);
+        checkSubtotal(row);
         break;
       case RowKind::total:
         expectRow(row, allDebit_, allCredit_, closings_);
@@ -88,13 +97,9 @@ class RowsOf {
     lastIsBlock_ = false;
   }
 
-  void checkSubtotal(std::int64_t row, const std::string& caption) {
-    if (caption == "本月合计") {
-      expectRow(row, monthDebit_, monthCredit_, running_);
-      monthDebit_ = monthCredit_ = 0;
-    } else if (caption == "本年累计") {
-      expectRow(row, blockDebit_, blockCredit_, running_);
-    } else if (!lastIsBlock_ || grid_.RowKindAt(row - 1) != RowKind::subtotal) {
+  // The innermost subtotals alone: those of outer groups follow on them.
+  void checkSubtotal(std::int64_t row) {
+    if (!lastIsBlock_ || grid_.RowKindAt(row - 1) != RowKind::subtotal) {
       expectRow(row, blockDebit_, blockCredit_, running_);
       closings_ += running_;
       allDebit_ += blockDebit_;

@@ -109,11 +109,11 @@ class SubjectRows {
       ASSERT_EQ(subjects_.line(row).has_value(), kind == RowKind::line);
       if (kind == RowKind::line) checkLine(row, ledger);
       if (kind == RowKind::heading) checkHeading(row);
-      if (kind == RowKind::subtotal) checkSubtotal(row);
+      if (addsUp(kind) && kind != RowKind::total) checkSubtotal(row);
       if (kind == RowKind::total) {
         EXPECT_EQ(subjects_.level(row), RowSubjects::wholeReport);
       }
-      if (kind != RowKind::subtotal && kind != RowKind::total) {
+      if (!addsUp(kind)) {
         EXPECT_EQ(subjects_.level(row), innermost());
       }
     }

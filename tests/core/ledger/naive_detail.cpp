@@ -216,11 +216,11 @@ class Computation {
         take(block.unposted, m, true, month, sums.balance);
         if (block.posted.size() + block.unposted.size() == before) continue;
         progress = true;
-        addSums(RowKind::subtotal, month, sums.balance);
+        addSums(RowKind::monthTotal, month, sums.balance);
         if (columns_) columns_->monthTotal(answer_.rows.back());
         sums.moved.add(month);
         month = {};
-        addSums(RowKind::subtotal, sums.moved, sums.balance);
+        addSums(RowKind::yearTotal, sums.moved, sums.balance);
         yearTotals_ = true;
         if (columns_) columns_->yearTotal(answer_.rows.back());
       }

@@ -49,14 +49,14 @@ inline ComputedReport ledgerReport() {
   CTzGridControl::AddCol(grid, "余额", 100, ColumnKind::amount);
   addRow(grid, {none, none, "个人期初", none, none, "借", 250.0}, RowKind::opening);
   addRow(grid, {Date{2006, 1, 5}, "记-0001", "预借差旅费", 1000.0, none, "借", 1250.0});
-  addRow(grid, {none, none, "本月合计", 1000.0, none, "借", 1250.0}, RowKind::subtotal);
-  addRow(grid, {none, none, "本年累计", 1000.0, none, "借", 1250.0}, RowKind::subtotal);
+  addRow(grid, {none, none, "本月合计", 1000.0, none, "借", 1250.0}, RowKind::monthTotal);
+  addRow(grid, {none, none, "本年累计", 1000.0, none, "借", 1250.0}, RowKind::yearTotal);
   addRow(grid, {Date{2006, 2, 3}, "记-0012", "冲销多借", -30.5, none, "借", 1219.5});
   const std::int64_t unposted = addRow(grid, {Date{2006, 2, 10}, "记-0020", "还款", none, 1219.5, "平", none});
   grid.SetBackground(unposted, lightGreen);
   grid.SetRowData(unposted, 1);
-  addRow(grid, {none, none, "本月合计", -30.5, 1219.5, "平", none}, RowKind::subtotal);
-  addRow(grid, {none, none, "本年累计", 969.5, 1219.5, "平", none}, RowKind::subtotal);
+  addRow(grid, {none, none, "本月合计", -30.5, 1219.5, "平", none}, RowKind::monthTotal);
+  addRow(grid, {none, none, "本年累计", 969.5, 1219.5, "平", none}, RowKind::yearTotal);
   return report;
 }
 
