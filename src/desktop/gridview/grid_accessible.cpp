@@ -15,12 +15,12 @@ int clamped(std::int64_t number) {
 // One cell; it lives until the grid's contents change.
 class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellInterface {
  public:
-  CellAccessible(const GridAccessible& table, GridCell cell) : table_(table), cell_(cell) {}
+  CellAccessible(const GridAccessible& table, GridCell place) : table_(table), place_(place) {}
 
-  [[nodiscard]] GridCell Cell() const { return cell_; }
+  [[nodiscard]] GridCell Place() const { return place_; }
 
   [[nodiscard]] bool isValid() const override {
-    return table_.isValid() && cell_.row < table_.View().RowCount() && cell_.column < table_.columnCount();
+    return table_.isValid() && place_.row < table_.rowCount() && place_.column < table_.columnCount();
   }
   [[nodiscard]] QObject* object() const override { return nullptr; }
   [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
@@ -30,21 +30,21 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
   [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
     if (!isValid()) return {};
-    if (kind == QAccessible::Description) return table_.columnDescription(cell_.column);
-    return kind == QAccessible::Name ? table_.View().ShownText(cell_.row, cell_.column) : QString();
+    if (kind == QAccessible::Description) return table_.columnDescription(place_.column);
+    return kind == QAccessible::Name ? table_.View().ShownText(Row(), place_.column) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
   [[nodiscard]] QRect rect() const override {
-    const QRect place = table_.View().CellRect(cell_.row, cell_.column);
+    const QRect place = table_.View().CellRect(Row(), place_.column);
     return {table_.View().viewport()->mapToGlobal(place.topLeft()), place.size()};
   }
   [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Cell; }
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state;
-    const QRect place = table_.View().CellRect(cell_.row, cell_.column);
+    const QRect place = table_.View().CellRect(Row(), place_.column);
     state.focusable = state.selectable = state.readOnly = true;
     state.selected = isSelected();
-    state.focused = table_.View().hasFocus() && table_.View().Current() == cell_;
+    state.focused = table_.View().hasFocus() && table_.View().Current() == GridCell{Row(), place_.column};
     state.offscreen = !table_.View().viewport()->rect().intersects(place);
     return state;
   }
@@ -52,18 +52,22 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
     return type == QAccessible::TableCellInterface ? static_cast<QAccessibleTableCellInterface*>(this) : nullptr;
   }
 
-  [[nodiscard]] bool isSelected() const override { return table_.View().Selection().contains(cell_.row, cell_.column); }
+  [[nodiscard]] bool isSelected() const override {
+    return table_.View().Selection().contains(place_.row, place_.column);
+  }
   [[nodiscard]] QList<QAccessibleInterface*> columnHeaderCells() const override { return {}; }
   [[nodiscard]] QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
-  [[nodiscard]] int columnIndex() const override { return cell_.column; }
-  [[nodiscard]] int rowIndex() const override { return clamped(cell_.row); }
+  [[nodiscard]] int columnIndex() const override { return place_.column; }
+  [[nodiscard]] int rowIndex() const override { return clamped(place_.row); }
   [[nodiscard]] int columnExtent() const override { return 1; }
   [[nodiscard]] int rowExtent() const override { return 1; }
   [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
 
  private:
+  [[nodiscard]] std::int64_t Row() const { return isValid() ? table_.View().Rows().RowAt(place_.row) : -1; }
+
   const GridAccessible& table_;
-  GridCell cell_;
+  GridCell place_;
 };
 
 QAccessibleInterface* makeGridInterface(const QString& /*className*/, QObject* object) {
@@ -95,7 +99,7 @@ void* GridAccessible::interface_cast(QAccessible::InterfaceType type) {
   return QAccessibleWidget::interface_cast(type);
 }
 
-int GridAccessible::childCount() const { return clamped(View().RowCount() * columnCount()); }
+int GridAccessible::childCount() const { return clamped(View().Rows().Count() * columnCount()); }
 
 QAccessibleInterface* GridAccessible::child(int index) const {
   const int columns = columnCount();
@@ -104,23 +108,23 @@ QAccessibleInterface* GridAccessible::child(int index) const {
 
 int GridAccessible::indexOfChild(const QAccessibleInterface* cell) const {
   const auto* one = dynamic_cast<const CellAccessible*>(cell);
-  return one == nullptr ? -1 : clamped(one->Cell().row * columnCount() + one->Cell().column);
+  return one == nullptr ? -1 : clamped(one->Place().row * columnCount() + one->Place().column);
 }
 
 QAccessibleInterface* GridAccessible::childAt(int x, int y) const {
   const QPoint place = View().viewport()->mapFromGlobal(QPoint(x, y));
   const GridCell cell = View().CellAt(place);
   const bool hit = cell.valid() && View().CellRect(cell.row, cell.column).contains(place);
-  return hit ? cellAt(clamped(cell.row), cell.column) : nullptr;
+  return hit ? cellAt(PlaceOfRow(cell.row), cell.column) : nullptr;
 }
 
 QAccessibleInterface* GridAccessible::focusChild() const {
   const GridCell cell = View().Current();
-  return cell.valid() && View().hasFocus() ? cellAt(clamped(cell.row), cell.column) : nullptr;
+  return cell.valid() && View().hasFocus() ? cellAt(PlaceOfRow(cell.row), cell.column) : nullptr;
 }
 
 QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
-  if (row < 0 || column < 0 || row >= View().RowCount() || column >= columnCount()) return nullptr;
+  if (row < 0 || column < 0 || row >= rowCount() || column >= columnCount()) return nullptr;
   constexpr int columnBits = 16;
   auto& id = cells_[(static_cast<qint64>(row) << columnBits) + column];
   if (id == 0) id = QAccessible::registerAccessibleInterface(new CellAccessible(*this, {row, column}));
@@ -129,7 +133,9 @@ QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
 
 int GridAccessible::columnCount() const { return View().ColumnWidths().Count(); }
 
-int GridAccessible::rowCount() const { return clamped(View().RowCount()); }
+int GridAccessible::rowCount() const { return clamped(View().Rows().Count()); }
+
+int GridAccessible::PlaceOfRow(std::int64_t row) const { return clamped(View().Rows().PlaceOf(row)); }
 
 QString GridAccessible::columnDescription(int column) const {
   const GridViewColumns& columns = View().ColumnWidths();
@@ -181,8 +187,8 @@ QList<int> GridAccessible::selectedRows() const {
 
 bool GridAccessible::isColumnSelected(int column) const {
   const GridRange selected = View().Selection();
-  return !selected.empty() && selected.top == 0 && selected.bottom == View().RowCount() - 1 &&
-         selected.left <= column && column <= selected.right;
+  return !selected.empty() && selected.top == 0 && selected.bottom == rowCount() - 1 && selected.left <= column &&
+         column <= selected.right;
 }
 
 bool GridAccessible::isRowSelected(int row) const {
@@ -191,11 +197,9 @@ bool GridAccessible::isRowSelected(int row) const {
          row <= selected.bottom;
 }
 
-bool GridAccessible::selectRow(int row) { return View().SelectRange({row, 0}, {row, columnCount() - 1}); }
+bool GridAccessible::selectRow(int row) { return View().SelectPlaces({row, row, 0, columnCount() - 1}); }
 
-bool GridAccessible::selectColumn(int column) {
-  return View().SelectRange({0, column}, {View().RowCount() - 1, column});
-}
+bool GridAccessible::selectColumn(int column) { return View().SelectPlaces({0, rowCount() - 1, column, column}); }
 
 void GridAccessible::modelChange(QAccessibleTableModelChangeEvent* /*event*/) { Forget(); }
 

@@ -1,5 +1,5 @@
-// What a screen reader sees of a grid view: a table of all its rows, columns and cells, also of those out of sight. A
-// cell is named by its text and described by its column's caption; cells are made when they are asked for.
+// What a screen reader sees of a grid view: a table of all the rows and columns that are shown, also of those out of
+// sight. A cell is named by its text and described by its column's caption; cells are made when they are asked for.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -55,6 +55,7 @@ class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
 
  private:
   void Forget();
+  [[nodiscard]] int PlaceOfRow(std::int64_t row) const;
 
   mutable QHash<qint64, QAccessible::Id> cells_;
 };

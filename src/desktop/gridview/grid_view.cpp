@@ -26,7 +26,7 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new G
   installGridAccessibility();
   connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
   connect(header_, &GridViewHeader::columnClicked, this, [this](int column) {
-    SelectRange({0, column}, {RowCount() - 1, column});
+    SelectPlaces({0, rows_.Count() - 1, column, column});
   });
 }
 
@@ -52,6 +52,7 @@ void GridView::Refresh() {
   static const CTzGrid nothing;
   columns_.Measure(grid_ != nullptr ? *grid_ : nothing, {QFontMetrics(font()), QFontMetrics(bold)});
   rowHeight_ = std::max(smallestRow, fontMetrics().height() + 5);
+  rows_.ShowAll(RowCount());
   const auto keep = [this](GridCell cell) {
     if (!cell.valid() || Empty()) return GridCell{};
     return GridCell{std::min(cell.row, RowCount() - 1), std::min(cell.column, columns_.Count() - 1)};
@@ -80,7 +81,7 @@ void GridView::LayOut() {
   header_->update();
 
   // A scroll bar counts in int; grids of more than eighty million rows do not occur.
-  const std::int64_t height = RowCount() * rowHeight_;
+  const std::int64_t height = rows_.Count() * rowHeight_;
   const auto limit = static_cast<std::int64_t>(std::numeric_limits<int>::max());
   verticalScrollBar()->setRange(0, static_cast<int>(std::clamp<std::int64_t>(height - view.height(), 0, limit)));
   verticalScrollBar()->setPageStep(view.height());
@@ -91,18 +92,37 @@ void GridView::LayOut() {
   viewport()->update();
 }
 
-QRect GridView::CellRect(std::int64_t row, int column) const {
-  const std::int64_t top = row * rowHeight_ - verticalScrollBar()->value();
+int GridView::TopOf(std::int64_t place) const {
   constexpr std::int64_t far = std::numeric_limits<int>::max() / 2;
-  return {columns_.LeftOf(column) - horizontalScrollBar()->value(), static_cast<int>(std::clamp(top, -far, far)),
-          columns_.WidthOf(column), rowHeight_};
+  return static_cast<int>(std::clamp(place * rowHeight_ - verticalScrollBar()->value(), -far, far));
+}
+
+QRect GridView::CellRect(std::int64_t row, int column) const {
+  if (!rows_.Shows(row)) return {};
+  return {columns_.LeftOf(column) - horizontalScrollBar()->value(), TopOf(rows_.PlaceOf(row)), columns_.WidthOf(column),
+          rowHeight_};
+}
+
+GridCell GridView::PlaceOf(GridCell cell) const {
+  return cell.valid() ? GridCell{rows_.PlaceOf(cell.row), cell.column} : GridCell{};
+}
+
+GridCell GridView::CellOfPlace(GridCell place) const {
+  return place.valid() ? GridCell{rows_.RowAt(place.row), place.column} : GridCell{};
+}
+
+GridPart GridView::SelectedPart() const {
+  const GridRange selected = Selection();
+  GridPart part{.rows = &rows_, .top = selected.top, .bottom = selected.bottom};
+  for (int column = selected.left; column <= selected.right; ++column) part.columns.push_back(column);
+  return part;
 }
 
 GridCell GridView::CellAt(QPoint place) const {
   if (Empty()) return {};
   const std::int64_t row = (static_cast<std::int64_t>(verticalScrollBar()->value()) + place.y()) / rowHeight_;
-  return {std::clamp<std::int64_t>(row, 0, RowCount() - 1),
-          columns_.ColumnAt(horizontalScrollBar()->value() + place.x())};
+  return CellOfPlace({std::clamp<std::int64_t>(row, 0, rows_.Count() - 1),
+                      columns_.ColumnAt(horizontalScrollBar()->value() + place.x())});
 }
 
 bool GridView::SetCurrent(std::int64_t row, int column) {
@@ -111,14 +131,13 @@ bool GridView::SetCurrent(std::int64_t row, int column) {
   return true;
 }
 
-void GridView::SelectAll() { SelectRange({0, 0}, {RowCount() - 1, columns_.Count() - 1}); }
+void GridView::SelectAll() { SelectPlaces({0, rows_.Count() - 1, 0, columns_.Count() - 1}); }
 
-bool GridView::SelectRange(GridCell anchor, GridCell current) {
-  const auto exists = [this](GridCell cell) {
-    return cell.valid() && cell.row < RowCount() && cell.column < columns_.Count();
-  };
-  if (!exists(anchor) || !exists(current)) return false;
-  Select(anchor, current);
+bool GridView::SelectPlaces(const GridRange& places) {
+  const bool inside =
+      places.top >= 0 && places.left >= 0 && places.bottom < rows_.Count() && places.right < columns_.Count();
+  if (places.empty() || !inside) return false;
+  Select(CellOfPlace({places.top, places.left}), CellOfPlace({places.bottom, places.right}));
   return true;
 }
 
@@ -153,14 +172,15 @@ void GridView::ShowCell(GridCell cell) {
 }
 
 void GridView::SumUp() {
-  sum_ = grid_ == nullptr ? RangeSum() : RangeSum(*grid_, Selection());
+  sum_ = grid_ == nullptr ? RangeSum() : RangeSum(*grid_, SelectedPart());
   summing_.start(0, this);
 }
 
 void GridView::TellCurrent() {
   if (!QAccessible::isActive()) return;
   QAccessibleEvent event(this, QAccessible::Focus);
-  event.setChild(static_cast<int>(current_.row) * columns_.Count() + current_.column);
+  const GridCell place = PlaceOf(current_);
+  event.setChild(static_cast<int>(place.row) * columns_.Count() + place.column);
   QAccessible::updateAccessibility(&event);
 }
 
@@ -176,13 +196,13 @@ void GridView::timerEvent(QTimerEvent* event) {
   }
 }
 
-GridCell GridView::CellFor(const QKeyEvent& event) const {
+GridCell GridView::PlaceFor(const QKeyEvent& event) const {
   // Before any cell is current, the first key goes to the first one.
   const bool first = !current_.valid();
-  GridCell cell = first ? GridCell{0, 0} : current_;
+  GridCell cell = first ? GridCell{0, 0} : PlaceOf(current_);
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const std::int64_t page = std::max(viewport()->height() / rowHeight_ - 1, 1);
-  const std::int64_t lastRow = RowCount() - 1;
+  const std::int64_t lastRow = rows_.Count() - 1;
   const int lastColumn = columns_.Count() - 1;
   switch (event.key()) {
     case Qt::Key_Up:
@@ -231,7 +251,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     SelectAll();
   } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current_.valid()) {
     emit rowActivated(current_.row);
-  } else if (const GridCell cell = CellFor(*event); cell.valid()) {
+  } else if (const GridCell cell = CellOfPlace(PlaceFor(*event)); cell.valid()) {
     MoveTo(cell, shift);
   } else {
     event->ignore();

@@ -1,6 +1,9 @@
 // Shows a CTzGrid: a head of one or two levels and rows of one height, of which only the visible ones are ever painted,
 // so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh. Its
 // context menu ends with the actions that were added to it as to any widget.
+//
+// Not every row need be shown. Cells are named by the grid's own rows and columns everywhere but in the selection,
+// which is a rectangle of places: rows counted as they are shown.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -8,6 +11,7 @@
 
 #include "desktop/gridview/grid_view_columns.h"
 #include "desktop/gridview/grid_view_selection.h"
+#include "desktop/gridview/shown_rows.h"
 
 namespace tz {
 
@@ -36,20 +40,23 @@ class GridView : public QAbstractScrollArea {
   // Makes a cell current, alone selected and visible; false outside the grid.
   bool SetCurrent(std::int64_t row, int column);
   [[nodiscard]] GridCell Current() const { return current_; }
-  [[nodiscard]] GridRange Selection() const { return GridRange::between(anchor_, current_); }
+  // In places; empty when there is none.
+  [[nodiscard]] GridRange Selection() const { return GridRange::between(PlaceOf(anchor_), PlaceOf(current_)); }
+  [[nodiscard]] GridPart SelectedPart() const;
   void SelectAll();
-  // From one corner to the other, which becomes current; false outside the grid.
-  bool SelectRange(GridCell anchor, GridCell current);
+  // From the upper left corner to the lower right one, which becomes current; false outside what is shown.
+  bool SelectPlaces(const GridRange& places);
   // Puts the selected cells on the clipboard; with headings, under what stands above the report's table.
   void Copy() const;
   void CopyWithHeadings() const;
 
-  // In pixels of the viewport.
+  // In pixels of the viewport; nothing for a row that is hidden.
   [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
   // The cell at a place of the viewport, the nearest one outside of all; none in an empty grid.
   [[nodiscard]] GridCell CellAt(QPoint place) const;
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
   [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
+  [[nodiscard]] const ShownRows& Rows() const { return rows_; }
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
   [[nodiscard]] GridViewHeader* Header() const { return header_; }
   [[nodiscard]] GridViewColumns& ColumnWidths() { return columns_; }
@@ -79,8 +86,14 @@ class GridView : public QAbstractScrollArea {
  private:
   struct Style;
 
-  [[nodiscard]] bool Empty() const { return RowCount() == 0 || columns_.Count() == 0; }
-  [[nodiscard]] GridCell CellFor(const QKeyEvent& event) const;
+  [[nodiscard]] bool Empty() const { return rows_.Count() == 0 || columns_.Count() == 0; }
+  // Between the grid's cells and their places.
+  [[nodiscard]] GridCell PlaceOf(GridCell cell) const;
+  [[nodiscard]] GridCell CellOfPlace(GridCell place) const;
+  // The line of pixels at which a place begins, in the viewport.
+  [[nodiscard]] int TopOf(std::int64_t place) const;
+  // The place that a key leads to.
+  [[nodiscard]] GridCell PlaceFor(const QKeyEvent& event) const;
   void MoveTo(GridCell cell, bool extend);
   void Select(GridCell anchor, GridCell current);
   void ShowCell(GridCell cell);
@@ -92,11 +105,12 @@ class GridView : public QAbstractScrollArea {
   void OpenMenuAtCurrent();
 
   void PaintNothing(QPainter& painter) const;
-  void PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const;
-  void PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const;
+  void PaintRow(QPainter& painter, std::int64_t place, int firstColumn, int lastColumn) const;
+  void PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const;
 
   CTzGrid* grid_ = nullptr;
   const ComputedReport* report_ = nullptr;
+  ShownRows rows_;
   GridViewColumns columns_;
   GridViewHeader* header_;
   int rowHeight_ = 24;

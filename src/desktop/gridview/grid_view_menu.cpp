@@ -11,12 +11,12 @@ namespace tz {
 
 void GridView::Copy() const {
   if (grid_ == nullptr || Selection().empty()) return;
-  QGuiApplication::clipboard()->setText(toQt(copyText(*grid_, Selection())));
+  QGuiApplication::clipboard()->setText(toQt(copyText(*grid_, SelectedPart())));
 }
 
 void GridView::CopyWithHeadings() const {
   if (report_ == nullptr || Selection().empty()) return;
-  QGuiApplication::clipboard()->setText(toQt(copyTable(*report_, Selection())));
+  QGuiApplication::clipboard()->setText(toQt(copyTable(*report_, SelectedPart())));
 }
 
 // A right click takes the cell below it, unless that is one of those selected.
@@ -25,10 +25,11 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
     OpenMenuAtCurrent();
     return;
   }
-  const QPoint place = viewport()->mapFromGlobal(event->globalPos());
-  const GridCell cell = CellAt(place);
-  const bool hit = cell.valid() && CellRect(cell.row, cell.column).contains(place);
-  if (hit && !Selection().contains(cell.row, cell.column)) MoveTo(cell, false);
+  const QPoint point = viewport()->mapFromGlobal(event->globalPos());
+  const GridCell cell = CellAt(point);
+  const bool hit = cell.valid() && CellRect(cell.row, cell.column).contains(point);
+  const GridCell place = PlaceOf(cell);
+  if (hit && !Selection().contains(place.row, place.column)) MoveTo(cell, false);
   OpenMenu(event->globalPos());
 }
 

@@ -12,8 +12,6 @@ namespace {
 // Columns of one or two signs, such as the direction, read best in the middle.
 constexpr int narrowColumn = 60;
 
-bool setApart(RowKind kind) { return kind == RowKind::subtotal || kind == RowKind::total; }
-
 }  // namespace
 
 struct GridView::Style {
@@ -32,10 +30,10 @@ void GridView::paintEvent(QPaintEvent* event) {
   const int offset = horizontalScrollBar()->value();
   const std::int64_t scrolled = verticalScrollBar()->value();
   const std::int64_t first = (scrolled + area.top()) / rowHeight_;
-  const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, RowCount() - 1);
+  const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, rows_.Count() - 1);
   const int firstColumn = columns_.ColumnAt(area.left() + offset);
   const int lastColumn = columns_.ColumnAt(area.right() + offset);
-  for (std::int64_t row = first; row <= last; ++row) PaintRow(painter, row, firstColumn, lastColumn);
+  for (std::int64_t place = first; place <= last; ++place) PaintRow(painter, place, firstColumn, lastColumn);
 
   if (!current_.valid() || !hasFocus()) return;
   painter.setPen(QPen(currentTheme().accent, 2));
@@ -48,16 +46,19 @@ void GridView::PaintNothing(QPainter& painter) const {
   painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
 }
 
-void GridView::PaintRow(QPainter& painter, std::int64_t row, int firstColumn, int lastColumn) const {
+void GridView::PaintRow(QPainter& painter, std::int64_t place, int firstColumn, int lastColumn) const {
   const Theme& theme = currentTheme();
+  const std::int64_t row = rows_.RowAt(place);
   const RowKind kind = grid_->RowKindAt(row);
   const Rgb colour = grid_->BackgroundAt(row);
-  const QRect first = CellRect(row, 0);
-  const QRect line(first.left(), first.top(), columns_.TotalWidth(), rowHeight_);
-  painter.fillRect(line, colour == noColour && setApart(kind) ? theme.header : rowColour(colour));
+  const QRect line(-horizontalScrollBar()->value(), TopOf(place), columns_.TotalWidth(), rowHeight_);
+  const auto cellAt = [&](int column) {
+    return QRect(line.left() + columns_.LeftOf(column), line.top(), columns_.WidthOf(column), rowHeight_);
+  };
+  painter.fillRect(line, colour == noColour && addsUp(kind) ? theme.header : rowColour(colour));
 
   const GridRange selected = Selection();
-  if (row >= selected.top && row <= selected.bottom) {
+  if (place >= selected.top && place <= selected.bottom) {
     const int left = columns_.LeftOf(selected.left);
     const int width = columns_.LeftOf(selected.right + 1) - left;
     painter.fillRect(QRect(line.left() + left, line.top(), width, rowHeight_), theme.selection);
@@ -66,17 +67,19 @@ void GridView::PaintRow(QPainter& painter, std::int64_t row, int firstColumn, in
   Style style{font(), theme.text};
   if (kind == RowKind::heading) style.text = theme.accent;
   if (kind == RowKind::opening) style.text = theme.mutedText;
-  if (kind == RowKind::heading || setApart(kind)) style.font.setWeight(QFont::DemiBold);
+  if (kind == RowKind::heading || addsUp(kind)) style.font.setWeight(QFont::DemiBold);
   painter.setFont(style.font);
-  for (int column = firstColumn; column <= lastColumn; ++column) PaintCell(painter, row, column, style);
+  for (int column = firstColumn; column <= lastColumn; ++column) {
+    PaintCell(painter, cellAt(column), row, column, style);
+  }
 
   painter.setPen(theme.rule);
   painter.drawLine(line.bottomLeft(), line.bottomRight());
   for (int column = firstColumn; column <= lastColumn; ++column) {
-    const QRect cell = CellRect(row, column);
+    const QRect cell = cellAt(column);
     painter.drawLine(cell.topRight(), cell.bottomRight());
   }
-  if (setApart(kind)) {
+  if (addsUp(kind)) {
     painter.setPen(QPen(theme.strongRule, kind == RowKind::total ? 2 : 1));
     painter.drawLine(line.topLeft(), line.topRight());
   }
@@ -84,14 +87,14 @@ void GridView::PaintRow(QPainter& painter, std::int64_t row, int firstColumn, in
 
 QString GridView::ShownText(std::int64_t row, int column) const {
   const bool number = grid_->TypeAt(row, column) == CTzGrid::CellType::number;
-  const bool hidden = hideZeros_ && number && grid_->NumberAt(row, column) == 0 && !setApart(grid_->RowKindAt(row));
+  const bool hidden = hideZeros_ && number && grid_->NumberAt(row, column) == 0 && !addsUp(grid_->RowKindAt(row));
   return hidden ? QString() : QString::fromStdString(grid_->ShownAt(row, column));
 }
 
-void GridView::PaintCell(QPainter& painter, std::int64_t row, int column, const Style& style) const {
+void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const {
   const CTzGrid::CellType type = grid_->TypeAt(row, column);
   if (type == CTzGrid::CellType::empty) return;
-  const QRect room = CellRect(row, column).adjusted(GridViewColumns::margin, 0, -GridViewColumns::margin, 0);
+  const QRect room = cell.adjusted(GridViewColumns::margin, 0, -GridViewColumns::margin, 0);
   QString text = ShownText(row, column);
   const QFontMetrics metrics(style.font);
   if (type == CTzGrid::CellType::number) {

@@ -1,5 +1,7 @@
 #include "desktop/gridview/grid_view_selection.h"
 
+#include <utility>
+
 namespace tz {
 namespace {
 
@@ -13,36 +15,34 @@ void appendCell(std::string& text, const CTzGrid& grid, std::int64_t row, int co
   appendText(text, shown);
 }
 
-void appendRow(std::string& text, const CTzGrid& grid, const GridRange& range, std::int64_t row) {
-  for (int column = range.left; column <= range.right; ++column) {
-    if (column > range.left) text += '\t';
+void appendRow(std::string& text, const CTzGrid& grid, const GridPart& part, std::int64_t row) {
+  for (const int column : part.columns) {
+    if (column != part.columns.front()) text += '\t';
     appendCell(text, grid, row, column);
   }
 }
 
-void appendCaptions(std::string& text, const CTzGrid& grid, const GridRange& range, std::string GridColumn::*level,
+void appendCaptions(std::string& text, const CTzGrid& grid, const GridPart& part, std::string GridColumn::*level,
                     std::string_view mark) {
-  for (int column = range.left; column <= range.right; ++column) {
-    if (column > range.left) text += '\t';
+  for (const int column : part.columns) {
+    if (column != part.columns.front()) text += '\t';
     appendText(text, grid.Columns()[static_cast<std::size_t>(column)].*level);
   }
   text += mark;
   text += '\n';
 }
 
-void appendHead(std::string& text, const ComputedReport& report, const GridRange& range) {
+void appendHead(std::string& text, const ComputedReport& report, const GridPart& part) {
   for (const HeadLine& line : headLines(report)) {
     if (line.text.empty()) continue;
     appendText(text, line.text);
     text += '\n';
   }
-  bool grouped = false;
-  for (int column = range.left; column <= range.right; ++column) {
-    grouped = grouped || !report.grid.Columns()[static_cast<std::size_t>(column)].group.empty();
-  }
-  if (grouped) appendCaptions(text, report.grid, range, &GridColumn::group, "");
+  const bool grouped = std::ranges::any_of(
+      part.columns, [&](int column) { return !report.grid.Columns()[static_cast<std::size_t>(column)].group.empty(); });
+  if (grouped) appendCaptions(text, report.grid, part, &GridColumn::group, "");
   const std::string mark = report.highlightMeaning.empty() ? "" : "\t" + std::string(markCaption);
-  appendCaptions(text, report.grid, range, &GridColumn::caption, mark);
+  appendCaptions(text, report.grid, part, &GridColumn::caption, mark);
 }
 
 // The side of a line whose amount stands again in a column: that on which it stands first.
@@ -53,20 +53,21 @@ ColumnKind sideOf(const CTzGrid& grid, std::int64_t row, int creditColumn) {
 
 }  // namespace
 
-std::string copyText(const CTzGrid& grid, const GridRange& range) {
+std::string copyText(const CTzGrid& grid, const GridPart& part) {
   std::string text;
-  for (std::int64_t row = range.top; row <= range.bottom; ++row) {
-    if (row > range.top) text += '\n';
-    appendRow(text, grid, range, row);
+  for (std::int64_t place = part.top; place <= part.bottom; ++place) {
+    if (place > part.top) text += '\n';
+    appendRow(text, grid, part, part.rows->RowAt(place));
   }
   return text;
 }
 
-std::string copyTable(const ComputedReport& report, const GridRange& range) {
+std::string copyTable(const ComputedReport& report, const GridPart& part) {
   std::string text;
-  appendHead(text, report, range);
-  for (std::int64_t row = range.top; row <= range.bottom; ++row) {
-    appendRow(text, report.grid, range, row);
+  appendHead(text, report, part);
+  for (std::int64_t place = part.top; place <= part.bottom; ++place) {
+    const std::int64_t row = part.rows->RowAt(place);
+    appendRow(text, report.grid, part, row);
     if (!report.highlightMeaning.empty() && report.grid.BackgroundAt(row) != noColour) {
       text += '\t';
       appendText(text, report.highlightMeaning);
@@ -80,14 +81,15 @@ std::string copyTable(const ComputedReport& report, const GridRange& range) {
   return text;
 }
 
-RangeSum::RangeSum(const CTzGrid& grid, const GridRange& range) : range_(range), next_(range.top) {
+RangeSum::RangeSum(const CTzGrid& grid, GridPart part) : part_(std::move(part)), next_(part_.top) {
   bool amounts = false;
-  for (int place = 0; place < grid.GetCols(); ++place) {
-    const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(place)].kind;
-    if (kind == ColumnKind::creditAmount) creditColumn_ = place;
-    if (traitsOf(kind).sum == ColumnTraits::Sum::none || place < range.left || place > range.right) continue;
+  for (int column = 0; column < grid.GetCols(); ++column) {
+    const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(column)].kind;
+    if (kind == ColumnKind::creditAmount) creditColumn_ = column;
+    const bool taken = std::ranges::find(part_.columns, column) != part_.columns.end();
+    if (traitsOf(kind).sum == ColumnTraits::Sum::none || !taken) continue;
     amounts = amounts || kind == ColumnKind::debitAmount || kind == ColumnKind::creditAmount;
-    columns_.push_back({place, kind});
+    columns_.push_back({column, kind});
   }
   // An amount that stands again beside itself counts once.
   const auto repeats = [](const Column& column) { return traitsOf(column.kind).sum == ColumnTraits::Sum::bySide; };
@@ -95,13 +97,14 @@ RangeSum::RangeSum(const CTzGrid& grid, const GridRange& range) : range_(range),
 }
 
 bool RangeSum::Add(const CTzGrid& grid, std::int64_t cells) {
-  if (range_.empty()) return true;
+  if (part_.empty()) return true;
   const auto perRow = static_cast<std::int64_t>(columns_.size()) + 1;
-  const std::int64_t end = std::min(range_.bottom + 1, next_ + std::max<std::int64_t>(cells / perRow, 1));
+  const std::int64_t end = std::min(part_.bottom + 1, next_ + std::max<std::int64_t>(cells / perRow, 1));
   for (; next_ < end; ++next_) {
-    if (grid.RowKindAt(next_) == RowKind::line) AddRow(grid, next_);
+    const std::int64_t row = part_.rows->RowAt(next_);
+    if (grid.RowKindAt(row) == RowKind::line) AddRow(grid, row);
   }
-  return next_ > range_.bottom;
+  return next_ > part_.bottom;
 }
 
 void RangeSum::AddRow(const CTzGrid& grid, std::int64_t row) {
@@ -116,7 +119,7 @@ void RangeSum::AddRow(const CTzGrid& grid, std::int64_t row) {
 }
 
 LineSums RangeSum::Sums() const {
-  LineSums sums{.rows = range_.empty() ? 0 : range_.bottom - range_.top + 1, .lines = lines_};
+  LineSums sums{.rows = part_.empty() ? 0 : part_.bottom - part_.top + 1, .lines = lines_};
   for (std::size_t kind = 0; kind < sums_.size(); ++kind) {
     sums.figures.at(kind) = {static_cast<double>(sums_.at(kind)), counts_.at(kind)};
   }

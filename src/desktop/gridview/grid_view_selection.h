@@ -1,6 +1,6 @@
-// The selected cells of a grid: one rectangle between the cell where the selection began and the current cell. It never
-// lists its cells, so that millions of rows select at once. Its sums are formed in slices, so that a window stays
-// alive.
+// The selected cells of a grid: one rectangle of places (rows and columns counted as they are shown) between the cell
+// where the selection began and the current cell. What is hidden is never in it. It does not list its cells, so that
+// millions of rows select at once. Its sums are formed in slices, so that a window stays alive.
 #pragma once
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/output/report_output.h"
+#include "desktop/gridview/shown_rows.h"
 
 namespace tz {
 
@@ -41,13 +42,23 @@ struct GridRange {
   }
 };
 
+// A part of a grid as it is shown: places of rows, both ends included, and the grid's own columns from left to right.
+struct GridPart {
+  const ShownRows* rows = nullptr;
+  std::int64_t top = 0;
+  std::int64_t bottom = -1;
+  std::vector<int> columns;
+
+  [[nodiscard]] bool empty() const { return bottom < top || columns.empty(); }
+};
+
 // Cells apart by tabs, rows by newlines. Figures come without thousands separators, so that spreadsheets take them as
 // numbers; a tab or newline inside a text becomes a blank.
-[[nodiscard]] std::string copyText(const CTzGrid& grid, const GridRange& range);
+[[nodiscard]] std::string copyText(const CTzGrid& grid, const GridPart& part);
 // The same under what stands above the report's table and its captions, coloured rows marked, remarks below.
-[[nodiscard]] std::string copyTable(const ComputedReport& report, const GridRange& range);
+[[nodiscard]] std::string copyTable(const ComputedReport& report, const GridPart& part);
 
-// The voucher lines of a range, the figures of each kind apart. Rows of totals, openings and headings are no lines, and
+// The voucher lines of a part, the figures of each kind apart. Rows of totals, openings and headings are no lines, and
 // balances, prices and rates do not add up.
 struct LineSums {
   struct Figures {
@@ -65,13 +76,13 @@ struct LineSums {
   [[nodiscard]] const Figures& of(ColumnKind kind) const { return figures.at(static_cast<std::size_t>(kind)); }
 };
 
-// Sums the lines of a range, slice by slice.
+// Sums the lines of a part, slice by slice; it starts anew when other rows are shown.
 class RangeSum {
  public:
   RangeSum() = default;
-  RangeSum(const CTzGrid& grid, const GridRange& range);
+  RangeSum(const CTzGrid& grid, GridPart part);
 
-  // Adds about `cells` cells further down. Returns true when the whole range is summed.
+  // Adds about `cells` cells further down. Returns true when the whole part is summed.
   bool Add(const CTzGrid& grid, std::int64_t cells);
   [[nodiscard]] LineSums Sums() const;
 
@@ -83,10 +94,10 @@ class RangeSum {
 
   void AddRow(const CTzGrid& grid, std::int64_t row);
 
-  GridRange range_;
-  std::vector<Column> columns_;  // those of the range that add up
+  GridPart part_;
+  std::vector<Column> columns_;  // those of the part that add up
   int creditColumn_ = -1;        // of the grid
-  std::int64_t next_ = 0;
+  std::int64_t next_ = 0;        // a place
   std::int64_t lines_ = 0;
   std::array<long double, columnKinds.size()> sums_ = {};
   std::array<std::int64_t, columnKinds.size()> counts_ = {};

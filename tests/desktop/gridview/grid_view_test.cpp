@@ -285,12 +285,12 @@ TEST_F(GridViewTest, AmountsThatStandTwiceCountOnceAndBalancesNever) {
   Show(std::move(grid));
   QSignalSpy summed(&view_, &GridView::selectionSummaryChanged);
   for (const auto& [left, right] : {std::pair{0, 4}, {3, 4}, {0, 1}}) {
-    view_.SelectRange({0, left}, {1, right});
+    view_.SelectPlaces({0, 1, left, right});
     ASSERT_TRUE(summed.wait());
     EXPECT_EQ(lastOf(summed).of(ColumnKind::debitAmount), (LineSums::Figures{7, 1})) << left;
     EXPECT_EQ(lastOf(summed).of(ColumnKind::creditAmount), (LineSums::Figures{5, 1})) << left;
   }
-  view_.SelectRange({0, 2}, {1, 2});
+  view_.SelectPlaces({0, 1, 2, 2});
   ASSERT_TRUE(summed.wait());
   EXPECT_EQ(lastOf(summed).lines, 2);
   EXPECT_EQ(lastOf(summed).figures, LineSums{}.figures);
