@@ -31,21 +31,20 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
     if (!isValid()) return {};
     if (kind == QAccessible::Description) return table_.columnDescription(place_.column);
-    return kind == QAccessible::Name ? table_.View().ShownText(Row(), place_.column) : QString();
+    return kind == QAccessible::Name ? table_.View().ShownText(Own().row, Own().column) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
   [[nodiscard]] QRect rect() const override {
-    const QRect place = table_.View().CellRect(Row(), place_.column);
+    const QRect place = table_.View().CellRect(Own().row, Own().column);
     return {table_.View().viewport()->mapToGlobal(place.topLeft()), place.size()};
   }
   [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Cell; }
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state;
-    const QRect place = table_.View().CellRect(Row(), place_.column);
     state.focusable = state.selectable = state.readOnly = true;
     state.selected = isSelected();
-    state.focused = table_.View().hasFocus() && table_.View().Current() == GridCell{Row(), place_.column};
-    state.offscreen = !table_.View().viewport()->rect().intersects(place);
+    state.focused = table_.View().hasFocus() && table_.View().Current() == Own();
+    state.offscreen = !table_.View().VisiblePart(Own()).isValid();
     return state;
   }
   void* interface_cast(QAccessible::InterfaceType type) override {
@@ -64,7 +63,7 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
   [[nodiscard]] QAccessibleInterface* table() const override { return parent(); }
 
  private:
-  [[nodiscard]] std::int64_t Row() const { return isValid() ? table_.View().Rows().RowAt(place_.row) : -1; }
+  [[nodiscard]] GridCell Own() const { return isValid() ? table_.View().CellOfPlace(place_) : GridCell{}; }
 
   const GridAccessible& table_;
   GridCell place_;
@@ -114,13 +113,17 @@ int GridAccessible::indexOfChild(const QAccessibleInterface* cell) const {
 QAccessibleInterface* GridAccessible::childAt(int x, int y) const {
   const QPoint place = View().viewport()->mapFromGlobal(QPoint(x, y));
   const GridCell cell = View().CellAt(place);
-  const bool hit = cell.valid() && View().CellRect(cell.row, cell.column).contains(place);
-  return hit ? cellAt(PlaceOfRow(cell.row), cell.column) : nullptr;
+  return View().VisiblePart(cell).contains(place) ? CellOf(cell) : nullptr;
 }
 
 QAccessibleInterface* GridAccessible::focusChild() const {
   const GridCell cell = View().Current();
-  return cell.valid() && View().hasFocus() ? cellAt(PlaceOfRow(cell.row), cell.column) : nullptr;
+  return cell.valid() && View().hasFocus() ? CellOf(cell) : nullptr;
+}
+
+QAccessibleInterface* GridAccessible::CellOf(GridCell cell) const {
+  const GridCell place = View().PlaceOf(cell);
+  return cellAt(clamped(place.row), place.column);
 }
 
 QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
@@ -131,18 +134,13 @@ QAccessibleInterface* GridAccessible::cellAt(int row, int column) const {
   return QAccessible::accessibleInterface(id);
 }
 
-int GridAccessible::columnCount() const { return View().ColumnWidths().Count(); }
+int GridAccessible::columnCount() const { return View().Columns().ShownCount(); }
 
 int GridAccessible::rowCount() const { return clamped(View().Rows().Count()); }
 
-int GridAccessible::PlaceOfRow(std::int64_t row) const { return clamped(View().Rows().PlaceOf(row)); }
-
 QString GridAccessible::columnDescription(int column) const {
-  const GridViewColumns& columns = View().ColumnWidths();
-  const auto& groups = columns.Groups();
-  const auto group =
-      std::ranges::find_if(groups, [column](const auto& one) { return one.first <= column && column <= one.last; });
-  return group == groups.end() ? columns.CaptionOf(column) : group->caption + u' ' + columns.CaptionOf(column);
+  const GridViewColumns& columns = View().Columns();
+  return columns.FullCaptionOf(columns.ColumnAtPlace(column));
 }
 
 QString GridAccessible::rowDescription(int row) const { return QStringLiteral("第%1行").arg(row + 1); }

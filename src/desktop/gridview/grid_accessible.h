@@ -55,7 +55,8 @@ class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterfac
 
  private:
   void Forget();
-  [[nodiscard]] int PlaceOfRow(std::int64_t row) const;
+  // Of one of the grid's own cells.
+  [[nodiscard]] QAccessibleInterface* CellOf(GridCell cell) const;
 
   mutable QHash<qint64, QAccessible::Id> cells_;
 };

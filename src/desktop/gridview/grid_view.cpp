@@ -25,8 +25,10 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new G
   setAccessibleName(QStringLiteral("报表"));
   installGridAccessibility();
   connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
+  connect(header_, &GridViewHeader::fitWanted, this, &GridView::FitColumn);
   connect(header_, &GridViewHeader::columnClicked, this, [this](int column) {
-    SelectPlaces({0, rows_.Count() - 1, column, column});
+    const int place = columns_.PlaceOf(column);
+    SelectPlaces({0, rows_.Count() - 1, place, place});
   });
 }
 
@@ -47,15 +49,14 @@ void GridView::SetGrid(CTzGrid* grid) {
 }
 
 void GridView::Refresh() {
-  QFont bold = font();
-  bold.setWeight(QFont::DemiBold);
   static const CTzGrid nothing;
-  columns_.Measure(grid_ != nullptr ? *grid_ : nothing, {QFontMetrics(font()), QFontMetrics(bold)});
+  columns_.Measure(grid_ != nullptr ? *grid_ : nothing, Fonts());
   rowHeight_ = std::max(smallestRow, fontMetrics().height() + 5);
   rows_.ShowAll(RowCount());
   const auto keep = [this](GridCell cell) {
     if (!cell.valid() || Empty()) return GridCell{};
-    return GridCell{std::min(cell.row, RowCount() - 1), std::min(cell.column, columns_.Count() - 1)};
+    return GridCell{std::min(cell.row, RowCount() - 1),
+                    columns_.NearestShown(std::min(cell.column, columns_.Count() - 1))};
   };
   current_ = keep(current_);
   anchor_ = keep(anchor_);
@@ -89,6 +90,7 @@ void GridView::LayOut() {
   horizontalScrollBar()->setRange(0, std::max(0, columns_.TotalWidth() - view.width()));
   horizontalScrollBar()->setPageStep(view.width());
   horizontalScrollBar()->setSingleStep(rowHeight_);
+  columns_.SetOffset(horizontalScrollBar()->value());
   viewport()->update();
 }
 
@@ -98,44 +100,55 @@ int GridView::TopOf(std::int64_t place) const {
 }
 
 QRect GridView::CellRect(std::int64_t row, int column) const {
-  if (!rows_.Shows(row)) return {};
-  return {columns_.LeftOf(column) - horizontalScrollBar()->value(), TopOf(rows_.PlaceOf(row)), columns_.WidthOf(column),
-          rowHeight_};
+  const GridCell place = PlaceOf({row, column});
+  if (!place.valid() || !rows_.Shows(row)) return {};
+  return {columns_.XOf(place.column), TopOf(place.row), columns_.WidthOf(place.column), rowHeight_};
+}
+
+QRect GridView::VisiblePart(GridCell cell) const {
+  const GridCell place = PlaceOf(cell);
+  if (!place.valid()) return {};
+  QRect view = viewport()->rect();
+  if (!columns_.IsFrozen(place.column)) view.setLeft(columns_.FrozenWidth());
+  return CellRect(cell.row, cell.column).intersected(view);
 }
 
 GridCell GridView::PlaceOf(GridCell cell) const {
-  return cell.valid() ? GridCell{rows_.PlaceOf(cell.row), cell.column} : GridCell{};
+  if (!cell.valid() || cell.column >= columns_.Count() || !columns_.IsShown(cell.column)) return {};
+  return {rows_.PlaceOf(cell.row), columns_.PlaceOf(cell.column)};
 }
 
 GridCell GridView::CellOfPlace(GridCell place) const {
-  return place.valid() ? GridCell{rows_.RowAt(place.row), place.column} : GridCell{};
+  if (!place.valid() || place.column >= columns_.ShownCount()) return {};
+  return {rows_.RowAt(place.row), columns_.ColumnAtPlace(place.column)};
 }
 
 GridPart GridView::SelectedPart() const {
   const GridRange selected = Selection();
   GridPart part{.rows = &rows_, .top = selected.top, .bottom = selected.bottom};
-  for (int column = selected.left; column <= selected.right; ++column) part.columns.push_back(column);
+  if (selected.empty()) return part;
+  const auto first = columns_.Shown().begin();
+  part.columns.assign(first + selected.left, first + selected.right + 1);
   return part;
 }
 
 GridCell GridView::CellAt(QPoint place) const {
   if (Empty()) return {};
   const std::int64_t row = (static_cast<std::int64_t>(verticalScrollBar()->value()) + place.y()) / rowHeight_;
-  return CellOfPlace({std::clamp<std::int64_t>(row, 0, rows_.Count() - 1),
-                      columns_.ColumnAt(horizontalScrollBar()->value() + place.x())});
+  return CellOfPlace({std::clamp<std::int64_t>(row, 0, rows_.Count() - 1), columns_.PlaceAt(place.x())});
 }
 
 bool GridView::SetCurrent(std::int64_t row, int column) {
   if (grid_ == nullptr || !grid_->ActivateCell(row, column)) return false;
-  MoveTo({row, column}, false);
+  MoveTo({row, columns_.NearestShown(column)}, false);
   return true;
 }
 
-void GridView::SelectAll() { SelectPlaces({0, rows_.Count() - 1, 0, columns_.Count() - 1}); }
+void GridView::SelectAll() { SelectPlaces({0, rows_.Count() - 1, 0, columns_.ShownCount() - 1}); }
 
 bool GridView::SelectPlaces(const GridRange& places) {
   const bool inside =
-      places.top >= 0 && places.left >= 0 && places.bottom < rows_.Count() && places.right < columns_.Count();
+      places.top >= 0 && places.left >= 0 && places.bottom < rows_.Count() && places.right < columns_.ShownCount();
   if (places.empty() || !inside) return false;
   Select(CellOfPlace({places.top, places.left}), CellOfPlace({places.bottom, places.right}));
   return true;
@@ -164,11 +177,10 @@ void GridView::ShowCell(GridCell cell) {
   const QRect place = CellRect(cell.row, cell.column);
   const QRect view = viewport()->rect();
   QScrollBar* vertical = verticalScrollBar();
-  QScrollBar* horizontal = horizontalScrollBar();
   if (place.top() < 0) vertical->setValue(vertical->value() + place.top());
   if (place.bottom() > view.bottom()) vertical->setValue(vertical->value() + place.bottom() - view.bottom());
-  if (place.right() > view.right()) horizontal->setValue(horizontal->value() + place.right() - view.right());
-  if (CellRect(cell.row, cell.column).left() < 0) horizontal->setValue(columns_.LeftOf(cell.column));
+  const int column = PlaceOf(cell).column;
+  if (column >= 0) horizontalScrollBar()->setValue(columns_.OffsetToShow(column));
 }
 
 void GridView::SumUp() {
@@ -180,7 +192,7 @@ void GridView::TellCurrent() {
   if (!QAccessible::isActive()) return;
   QAccessibleEvent event(this, QAccessible::Focus);
   const GridCell place = PlaceOf(current_);
-  event.setChild(static_cast<int>(place.row) * columns_.Count() + place.column);
+  event.setChild(static_cast<int>(place.row) * columns_.ShownCount() + place.column);
   QAccessible::updateAccessibility(&event);
 }
 
@@ -203,7 +215,7 @@ GridCell GridView::PlaceFor(const QKeyEvent& event) const {
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const std::int64_t page = std::max(viewport()->height() / rowHeight_ - 1, 1);
   const std::int64_t lastRow = rows_.Count() - 1;
-  const int lastColumn = columns_.Count() - 1;
+  const int lastColumn = columns_.ShownCount() - 1;
   switch (event.key()) {
     case Qt::Key_Up:
       cell.row = control ? 0 : cell.row - 1;
@@ -263,7 +275,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || Empty()) return;
   const GridCell cell = CellAt(pointer_);
   MoveTo(cell, event->modifiers().testFlag(Qt::ShiftModifier));
-  if (cell.valid() && CellRect(cell.row, cell.column).contains(pointer_)) emit cellClicked(cell.row, cell.column);
+  if (VisiblePart(cell).contains(pointer_)) emit cellClicked(cell.row, cell.column);
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
@@ -283,14 +295,17 @@ void GridView::mouseReleaseEvent(QMouseEvent* /*event*/) { dragging_.stop(); }
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const GridCell cell = CellAt(place);
-  if (event->button() == Qt::LeftButton && cell.valid() && CellRect(cell.row, cell.column).contains(place)) {
+  if (event->button() == Qt::LeftButton && VisiblePart(cell).contains(place)) {
     MoveTo(cell, false);
     emit rowActivated(cell.row);
   }
 }
 
 void GridView::scrollContentsBy(int dx, int /*dy*/) {
-  if (dx != 0) header_->SetOffset(horizontalScrollBar()->value());
+  if (dx != 0) {
+    columns_.SetOffset(horizontalScrollBar()->value());
+    header_->update();
+  }
   viewport()->update();
 }
 
@@ -309,7 +324,7 @@ bool GridView::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const GridCell cell = CellAt(help->pos());
-  const QRect place = cell.valid() ? CellRect(cell.row, cell.column) : QRect();
+  const QRect place = VisiblePart(cell);
   const QString text = place.contains(help->pos()) ? ShownText(cell.row, cell.column) : QString();
   const bool fits = fontMetrics().horizontalAdvance(text) <= place.width() - 2 * GridViewColumns::margin;
   QToolTip::showText(help->globalPos(), fits ? QString() : text.toHtmlEscaped(), viewport(), place);

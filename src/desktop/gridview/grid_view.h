@@ -2,8 +2,9 @@
 // so that millions scroll as well as ten. The grid stays its owner's; after a change of its contents call Refresh. Its
 // context menu ends with the actions that were added to it as to any widget.
 //
-// Not every row need be shown. Cells are named by the grid's own rows and columns everywhere but in the selection,
-// which is a rectangle of places: rows counted as they are shown.
+// Cells are named by the grid's own rows and columns in all that the view says and is told. What is shown, and where,
+// are places: rows and columns counted as they are shown. A selection is a rectangle of places, and copies and sums are
+// of what is shown.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -50,8 +51,14 @@ class GridView : public QAbstractScrollArea {
   void Copy() const;
   void CopyWithHeadings() const;
 
-  // In pixels of the viewport; nothing for a row that is hidden.
+  // Where a cell is shown, and which cell is shown at a place. A hidden row has the place of the next one above it that
+  // is shown; a hidden column has none.
+  [[nodiscard]] GridCell PlaceOf(GridCell cell) const;
+  [[nodiscard]] GridCell CellOfPlace(GridCell place) const;
+  // In pixels of the viewport, beyond its edges and below the columns that do not scroll too; empty for what is hidden.
   [[nodiscard]] QRect CellRect(std::int64_t row, int column) const;
+  // What of it can be seen.
+  [[nodiscard]] QRect VisiblePart(GridCell cell) const;
   // The cell at a place of the viewport, the nearest one outside of all; none in an empty grid.
   [[nodiscard]] GridCell CellAt(QPoint place) const;
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
@@ -59,7 +66,19 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] const ShownRows& Rows() const { return rows_; }
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
   [[nodiscard]] GridViewHeader* Header() const { return header_; }
-  [[nodiscard]] GridViewColumns& ColumnWidths() { return columns_; }
+
+  [[nodiscard]] const GridViewColumns& Columns() const { return columns_; }
+  // What a person made of the columns, to be kept and given back.
+  [[nodiscard]] const ColumnArrangement& Arrangement() const { return columns_.Arrangement(); }
+  void SetArrangement(const ColumnArrangement& arrangement);
+  void SetColumnWidth(int column, int width);
+  void FitColumn(int column);
+  void FitColumns();
+  void ShowColumn(int column, bool shown);
+  // Before the column that stands at that place, or behind all; by so many places.
+  void MoveColumn(int column, int before);
+  void ShiftColumn(int column, int places);
+  void ResetColumns();
 
  signals:
   void currentChanged(qint64 row, int column);
@@ -87,9 +106,6 @@ class GridView : public QAbstractScrollArea {
   struct Style;
 
   [[nodiscard]] bool Empty() const { return rows_.Count() == 0 || columns_.Count() == 0; }
-  // Between the grid's cells and their places.
-  [[nodiscard]] GridCell PlaceOf(GridCell cell) const;
-  [[nodiscard]] GridCell CellOfPlace(GridCell place) const;
   // The line of pixels at which a place begins, in the viewport.
   [[nodiscard]] int TopOf(std::int64_t place) const;
   // The place that a key leads to.
@@ -100,12 +116,19 @@ class GridView : public QAbstractScrollArea {
   void LayOut();
   void SumUp();
   void TellCurrent();
+  [[nodiscard]] GridFonts Fonts() const;
+  // The columns stand otherwise: what is current and selected stays where it can.
+  void ColumnsChanged();
   // Copying and selecting, then the view's own actions.
   void OpenMenu(QPoint global);
   void OpenMenuAtCurrent();
 
+  struct Part;
+
   void PaintNothing(QPainter& painter) const;
-  void PaintRow(QPainter& painter, std::int64_t place, int firstColumn, int lastColumn) const;
+  void PaintPart(QPainter& painter, const QRect& area, const Part& part) const;
+  // At a height of the viewport.
+  void PaintRow(QPainter& painter, std::int64_t place, int top, const Part& part) const;
   void PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const;
 
   CTzGrid* grid_ = nullptr;

@@ -1,6 +1,7 @@
 #include "desktop/gridview/grid_view_columns.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tz {
 namespace {
@@ -10,10 +11,18 @@ constexpr int narrowest = 24;
 constexpr int widestMeasured = 320;
 // Nor may room to spare part them from their dates.
 constexpr int widestElastic = 480;
+// Wider than any screen is of no use.
+constexpr int widestFitted = 1200;
 // Dates and voucher numbers gain nothing from more room.
 constexpr int shortTexts = 90;
 constexpr int edgeReach = 4;
 constexpr std::int64_t sampleSize = 100;
+// Some milliseconds.
+constexpr std::int64_t fittedRows = 100'000;
+// Of texts alike in length not the longest is the widest.
+constexpr std::size_t fittedCandidates = 64;
+// Of the viewport, in hundredths: key columns leave the others room.
+constexpr int frozenShare = 55;
 
 // The first and the last rows, and some in between.
 std::vector<std::int64_t> sampleOf(std::int64_t rows) {
@@ -30,30 +39,93 @@ std::vector<std::int64_t> sampleOf(std::int64_t rows) {
   return sample;
 }
 
+int contentWidth(const CTzGrid& grid, int column, const std::vector<std::int64_t>& rows, const GridFonts& fonts) {
+  int widest = 0;
+  for (const std::int64_t row : rows) {
+    const RowKind kind = grid.RowKindAt(row);
+    const bool bold = kind == RowKind::heading || addsUp(kind);
+    const QFontMetrics& metrics = bold ? fonts.bold : fonts.line;
+    widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(grid.ShownAt(row, column))));
+  }
+  return widest + 2 * GridViewColumns::margin + 1;
+}
+
+// How many signs a figure takes, nearly, without forming its text.
+double figureLength(double number, const FigureForm& form) {
+  const double size = std::abs(number);
+  double length = size < 1 ? 1 : std::floor(std::log10(size)) + 1;
+  if (number < 0) length += 1;
+  if (form.fixed()) return length;
+  int decimals = form.decimals;
+  for (double rest = std::round(size * form.scale); decimals > form.kept && std::fmod(rest, 10) == 0; rest /= 10) {
+    --decimals;
+  }
+  return length + decimals;
+}
+
+double roughLength(const CTzGrid& grid, std::int64_t row, int column) {
+  if (grid.TypeAt(row, column) != CTzGrid::CellType::number) {
+    return static_cast<double>(grid.TextAt(row, column).size());
+  }
+  const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(column)].kind;
+  return figureLength(grid.NumberAt(row, column), traitsOf(kind).form);
+}
+
+// The rows that may be the widest in a column: longest texts, longest figures.
+std::vector<std::int64_t> widestRows(const CTzGrid& grid, int column) {
+  struct Candidate {
+    double length;
+    std::int64_t row;
+  };
+  const auto longer = [](const Candidate& one, const Candidate& other) { return one.length > other.length; };
+  std::vector<Candidate> texts;
+  std::vector<Candidate> numbers;
+  const std::int64_t step = std::max<std::int64_t>(1, grid.GetRows() / fittedRows);
+  for (std::int64_t row = 0; row < grid.GetRows(); row += step) {
+    auto& heap = grid.TypeAt(row, column) == CTzGrid::CellType::number ? numbers : texts;
+    const Candidate candidate{roughLength(grid, row, column), row};
+    if (heap.size() == fittedCandidates && !longer(candidate, heap.front())) continue;
+    if (heap.size() == fittedCandidates) {
+      std::ranges::pop_heap(heap, longer);
+      heap.pop_back();
+    }
+    heap.push_back(candidate);
+    std::ranges::push_heap(heap, longer);
+  }
+  std::vector<std::int64_t> rows = sampleOf(grid.GetRows());
+  for (const auto& heap : {texts, numbers}) {
+    for (const Candidate& candidate : heap) rows.push_back(candidate.row);
+  }
+  return rows;
+}
+
 }  // namespace
 
 void GridViewColumns::Measure(const CTzGrid& grid, const GridFonts& fonts) {
   captions_.clear();
+  groupOf_.clear();
   keys_.clear();
-  groups_.clear();
+  keyColumn_.clear();
   measured_.clear();
+  QHash<QString, int> alike;
+  const auto sample = sampleOf(grid.GetRows());
   for (const GridColumn& column : grid.Columns()) {
     const int index = Count();
-    const QString group = QString::fromStdString(column.group);
     captions_.push_back(QString::fromStdString(column.caption));
-    keys_.push_back(group + QLatin1Char('\n') + captions_.back());
-    measured_.push_back(std::max({column.width, std::min(ContentWidth(grid, index, fonts), widestMeasured),
+    groupOf_.push_back(QString::fromStdString(column.group));
+    const QString name = groupOf_.back() + QLatin1Char('\n') + captions_.back();
+    const int before = alike[name]++;
+    keys_.push_back(before == 0 ? name : name + QLatin1Char('\n') + QString::number(before + 1));
+    keyColumn_.push_back(column.group.empty() && !traitsOf(column.kind).isNumber());
+    measured_.push_back(std::max({column.width, std::min(contentWidth(grid, index, sample, fonts), widestMeasured),
                                   fonts.line.horizontalAdvance(captions_.back()) + 2 * margin}));
-    if (group.isEmpty()) continue;
-    const bool continues = !groups_.empty() && groups_.back().last == index - 1 && groups_.back().caption == group;
-    if (continues) {
-      groups_.back().last = index;
-    } else {
-      groups_.push_back({group, index, index});
-    }
   }
   elastic_ = WidestText(grid);
-  Place();
+  Arrange();
+}
+
+QString GridViewColumns::FullCaptionOf(int column) const {
+  return InGroup(column) ? groupOf_[static_cast<std::size_t>(column)] + u' ' + CaptionOf(column) : CaptionOf(column);
 }
 
 int GridViewColumns::WidestText(const CTzGrid& grid) const {
@@ -70,58 +142,138 @@ int GridViewColumns::WidestText(const CTzGrid& grid) const {
   return found;
 }
 
+void GridViewColumns::Arrange() {
+  order_ = orderedColumns(keys_, arrangement_.moved);
+  shown_.clear();
+  for (const int column : order_) {
+    if (!arrangement_.hidden.contains(keys_[static_cast<std::size_t>(column)])) shown_.push_back(column);
+  }
+  // A table without columns would be a riddle.
+  if (shown_.empty() && !order_.empty()) {
+    for (const QString& key : keys_) arrangement_.hidden.remove(key);
+    shown_ = order_;
+  }
+  places_.assign(captions_.size(), -1);
+  groups_.clear();
+  for (int place = 0; place < ShownCount(); ++place) {
+    const auto column = static_cast<std::size_t>(ColumnAtPlace(place));
+    places_[column] = place;
+    const QString& group = groupOf_[column];
+    if (group.isEmpty()) continue;
+    if (!groups_.empty() && groups_.back().last == place - 1 && groups_.back().caption == group) {
+      groups_.back().last = place;
+    } else {
+      groups_.push_back({group, place, place});
+    }
+  }
+  Place();
+}
+
 void GridViewColumns::FillRoom(int width) {
   room_ = width;
   Place();
 }
 
-int GridViewColumns::ContentWidth(const CTzGrid& grid, int column, const GridFonts& fonts) {
-  int widest = 0;
-  for (const std::int64_t row : sampleOf(grid.GetRows())) {
-    const RowKind kind = grid.RowKindAt(row);
-    const bool bold = kind == RowKind::heading || addsUp(kind);
-    const QFontMetrics& metrics = bold ? fonts.bold : fonts.line;
-    widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(grid.ShownAt(row, column))));
-  }
-  return widest + 2 * margin + 1;
-}
-
-bool GridViewColumns::InGroup(int column) const {
-  return std::ranges::any_of(groups_,
-                             [&](const Group& group) { return group.first <= column && column <= group.last; });
-}
-
 void GridViewColumns::Place() {
   lefts_.assign(1, 0);
-  for (std::size_t column = 0; column < measured_.size(); ++column) {
-    lefts_.push_back(lefts_.back() + drawn_.value(keys_[column], measured_[column]));
+  for (const int column : shown_) {
+    const auto index = static_cast<std::size_t>(column);
+    lefts_.push_back(lefts_.back() + arrangement_.widths.value(keys_[index], measured_[index]));
   }
-  if (elastic_ < 0 || drawn_.contains(keys_[static_cast<std::size_t>(elastic_)])) return;
-  const int wanted = std::min(WidthOf(elastic_) + std::max(0, room_ - TotalWidth()), widestElastic);
-  const int more = std::max(0, wanted - WidthOf(elastic_));
-  for (auto edge = lefts_.begin() + elastic_ + 1; edge != lefts_.end(); ++edge) *edge += more;
+  const int elastic = elastic_ < 0 ? -1 : PlaceOf(elastic_);
+  if (elastic >= 0 && !arrangement_.widths.contains(KeyAt(elastic))) {
+    const int wanted = std::min(WidthOf(elastic) + std::max(0, room_ - TotalWidth()), widestElastic);
+    const int more = std::max(0, wanted - WidthOf(elastic));
+    for (auto edge = lefts_.begin() + elastic + 1; edge != lefts_.end(); ++edge) *edge += more;
+  }
+  Freeze();
 }
 
-int GridViewColumns::ColumnAt(int x) const {
-  const auto after = std::upper_bound(lefts_.begin(), lefts_.end(), x);
-  return std::clamp(static_cast<int>(after - lefts_.begin()) - 1, 0, std::max(Count() - 1, 0));
+void GridViewColumns::Freeze() {
+  frozen_ = 0;
+  const int most = room_ * frozenShare / 100;
+  while (frozen_ < ShownCount() && keyColumn_[static_cast<std::size_t>(ColumnAtPlace(frozen_))] &&
+         LeftOf(frozen_ + 1) <= most) {
+    ++frozen_;
+  }
+}
+
+int GridViewColumns::NearestShown(int column) const {
+  if (column < 0 || column >= Count() || IsShown(column)) return column;
+  const auto place = std::ranges::find(order_, column);
+  const auto shown = [this](int other) { return IsShown(other); };
+  const auto after = std::find_if(place, order_.end(), shown);
+  return after != order_.end() ? *after : shown_.back();
+}
+
+int GridViewColumns::OffsetToShow(int place) const {
+  if (IsFrozen(place)) return offset_;
+  const int least = LeftOf(place + 1) - room_;
+  const int most = LeftOf(place) - FrozenWidth();
+  return std::min(std::max(offset_, least), most);
+}
+
+int GridViewColumns::PlaceAt(int x) const {
+  const int along = x < FrozenWidth() ? x : x + offset_;
+  const auto after = std::ranges::upper_bound(lefts_, along);
+  return std::clamp(static_cast<int>(after - lefts_.begin()) - 1, 0, std::max(ShownCount() - 1, 0));
 }
 
 int GridViewColumns::EdgeAt(int x) const {
-  for (int column = Count() - 1; column >= 0; --column) {
-    if (std::abs(LeftOf(column + 1) - x) <= edgeReach) return column;
+  int found = -1;
+  int reach = edgeReach;
+  for (int place = ShownCount() - 1; place >= 0; --place) {
+    const int edge = XOf(place) + WidthOf(place);
+    const bool covered = !IsFrozen(place) && edge < FrozenWidth();
+    if (covered || std::abs(edge - x) > reach) continue;
+    found = place;
+    reach = std::abs(edge - x) - 1;
   }
-  return -1;
+  return found;
 }
 
-void GridViewColumns::SetWidth(int column, int width) {
-  drawn_[keys_[static_cast<std::size_t>(column)]] = std::max(width, narrowest);
+void GridViewColumns::SetWidth(int place, int width) {
+  arrangement_.widths[KeyAt(place)] = std::max(width, narrowest);
   Place();
 }
 
-void GridViewColumns::ResetWidth(int column) {
-  drawn_.remove(keys_[static_cast<std::size_t>(column)]);
+void GridViewColumns::Fit(const CTzGrid& grid, int column, const GridFonts& fonts) {
+  const auto index = static_cast<std::size_t>(column);
+  const int caption = fonts.line.horizontalAdvance(captions_[index]) + 2 * margin;
+  const int needed = std::min(contentWidth(grid, column, widestRows(grid, column), fonts), widestFitted);
+  arrangement_.widths[keys_[index]] = std::max({needed, caption, narrowest});
   Place();
+}
+
+void GridViewColumns::Move(int from, int before) {
+  if (from < 0 || from >= ShownCount() || before < 0 || before > ShownCount()) return;
+  if (before == from || before == from + 1) return;
+  const int column = ColumnAtPlace(from);
+  std::vector<int> order = order_;
+  std::erase(order, column);
+  // Behind what stands before it, so that hidden columns keep their neighbours.
+  if (before == 0) {
+    order.insert(order.begin(), column);
+  } else {
+    order.insert(std::ranges::find(order, ColumnAtPlace(before - 1)) + 1, column);
+  }
+  arrangement_.moved = movesTo(order, keys_, arrangement_.moved);
+  Arrange();
+}
+
+void GridViewColumns::SetShown(int column, bool shown) {
+  const QString& key = keys_[static_cast<std::size_t>(column)];
+  if (shown) {
+    arrangement_.hidden.remove(key);
+  } else if (CanHide(column)) {
+    arrangement_.hidden.insert(key);
+  }
+  Arrange();
+}
+
+void GridViewColumns::Reset() {
+  arrangement_ = {};
+  Arrange();
 }
 
 }  // namespace tz

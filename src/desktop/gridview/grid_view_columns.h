@@ -1,13 +1,15 @@
-// The columns of a grid as they are shown: widths and places in pixels, and the captions above groups of neighbours.
-// A column is as wide as its definition asks or as the rows of a sample need; a width that a person drew stays.
+// The columns of a grid as they are shown. A column is one of the grid's own; a place is where one stands from left to
+// right, without those that are hidden. Places have widths and, in pixels of the viewport, a left edge: those of the
+// key columns (date, voucher, summary) stay where they are while the others scroll.
+//
+// A column is as wide as its definition asks or as the rows of a sample need; what a person drew, moved and hid stays.
 #pragma once
 
 #include <QFontMetrics>
-#include <QHash>
-#include <QString>
 #include <vector>
 
 #include "core/grid/tz_grid.h"
+#include "desktop/gridview/column_arrangement.h"
 
 namespace tz {
 
@@ -18,7 +20,7 @@ struct GridFonts {
 
 class GridViewColumns {
  public:
-  // Neighbours with the same caption above them.
+  // Places beside each other whose columns have the same caption above them.
   struct Group {
     QString caption;
     int first;
@@ -27,44 +29,86 @@ class GridViewColumns {
 
   void Measure(const CTzGrid& grid, const GridFonts& fonts);
 
+  // The grid's own columns.
   [[nodiscard]] int Count() const { return static_cast<int>(captions_.size()); }
   [[nodiscard]] const QString& CaptionOf(int column) const { return captions_[static_cast<std::size_t>(column)]; }
-  [[nodiscard]] const std::vector<Group>& Groups() const { return groups_; }
-  [[nodiscard]] bool InGroup(int column) const;
+  // With that of its group, where it has one.
+  [[nodiscard]] QString FullCaptionOf(int column) const;
+  [[nodiscard]] bool InGroup(int column) const { return !groupOf_[static_cast<std::size_t>(column)].isEmpty(); }
 
-  [[nodiscard]] int LeftOf(int column) const { return lefts_[static_cast<std::size_t>(column)]; }
-  [[nodiscard]] int WidthOf(int column) const { return LeftOf(column + 1) - LeftOf(column); }
+  [[nodiscard]] int ShownCount() const { return static_cast<int>(shown_.size()); }
+  [[nodiscard]] int ColumnAtPlace(int place) const { return shown_[static_cast<std::size_t>(place)]; }
+  [[nodiscard]] const std::vector<int>& Shown() const { return shown_; }
+  // -1 for a column that is hidden.
+  [[nodiscard]] int PlaceOf(int column) const { return places_[static_cast<std::size_t>(column)]; }
+  [[nodiscard]] bool IsShown(int column) const { return PlaceOf(column) >= 0; }
+  // The column itself where it is shown, else one beside it.
+  [[nodiscard]] int NearestShown(int column) const;
+  [[nodiscard]] const std::vector<Group>& Groups() const { return groups_; }
+
+  [[nodiscard]] int WidthOf(int place) const { return LeftOf(place + 1) - LeftOf(place); }
   [[nodiscard]] int TotalWidth() const { return lefts_.back(); }
   // Room to the right of all columns goes to the widest column of texts, unless a person has drawn it.
   void FillRoom(int width);
-  // The column at a distance from the left edge of the first; the nearest one outside of all.
-  [[nodiscard]] int ColumnAt(int x) const;
-  // The column whose right edge lies there, to be drawn wider; -1 for none.
+  // How far the columns are scrolled to the left.
+  void SetOffset(int offset) { offset_ = offset; }
+
+  // The places that do not scroll: the first so many.
+  [[nodiscard]] int FrozenCount() const { return frozen_; }
+  [[nodiscard]] int FrozenWidth() const { return LeftOf(frozen_); }
+  [[nodiscard]] bool IsFrozen(int place) const { return place < frozen_; }
+  // Where a place begins in the viewport.
+  [[nodiscard]] int XOf(int place) const { return LeftOf(place) - (IsFrozen(place) ? 0 : offset_); }
+  // How far the columns are to be scrolled for a place to be seen in full, or from its beginning where it has no room.
+  [[nodiscard]] int OffsetToShow(int place) const;
+  // The place there in the viewport; the nearest one outside of all.
+  [[nodiscard]] int PlaceAt(int x) const;
+  // The place whose right edge lies there, to be drawn wider; -1 for none.
   [[nodiscard]] int EdgeAt(int x) const;
 
-  void SetWidth(int column, int width);
-  // As wide as its contents ask again.
-  void ResetWidth(int column);
-  // The widths that a person drew, by group and caption, to be kept and given back before the next measuring.
-  [[nodiscard]] const QHash<QString, int>& Drawn() const { return drawn_; }
-  void SetDrawn(const QHash<QString, int>& drawn) { drawn_ = drawn; }
+  void SetWidth(int place, int width);
+  // As wide as all its contents ask, or a great many of them.
+  void Fit(const CTzGrid& grid, int column, const GridFonts& fonts);
+  // Between the places around it; those from there on stand one further right.
+  void Move(int from, int before);
+  // False for the last one that is shown.
+  [[nodiscard]] bool CanHide(int column) const { return IsShown(column) && ShownCount() > 1; }
+  void SetShown(int column, bool shown);
+  // As the report has them.
+  void Reset();
+
+  // To be kept, and given back before the next measuring.
+  [[nodiscard]] const ColumnArrangement& Arrangement() const { return arrangement_; }
+  void SetArrangement(ColumnArrangement arrangement) { arrangement_ = std::move(arrangement); }
 
   // Room between a cell's edge and its text.
   static constexpr int margin = 7;
 
  private:
+  [[nodiscard]] int LeftOf(int place) const { return lefts_[static_cast<std::size_t>(place)]; }
+  [[nodiscard]] const QString& KeyAt(int place) const { return keys_[static_cast<std::size_t>(ColumnAtPlace(place))]; }
   [[nodiscard]] int WidestText(const CTzGrid& grid) const;
-  [[nodiscard]] static int ContentWidth(const CTzGrid& grid, int column, const GridFonts& fonts);
+  // Which columns are shown, in which order, and the captions above them.
+  void Arrange();
   void Place();
+  void Freeze();
 
   std::vector<QString> captions_;
-  std::vector<QString> keys_;  // group and caption: what a drawn width is remembered by
-  std::vector<Group> groups_;
+  std::vector<QString> groupOf_;
+  std::vector<QString> keys_;  // group and caption; of columns that share both, the later ones with a number
+  std::vector<bool> keyColumn_;
   std::vector<int> measured_;
   int elastic_ = -1;  // the column that takes the room; -1 for none
+
+  std::vector<int> order_;   // all columns
+  std::vector<int> shown_;   // by place
+  std::vector<int> places_;  // by column
+  std::vector<Group> groups_;
+  std::vector<int> lefts_{0};  // one more than there are places
+  int frozen_ = 0;
   int room_ = 0;
-  std::vector<int> lefts_{0};  // one more than there are columns
-  QHash<QString, int> drawn_;
+  int offset_ = 0;
+  ColumnArrangement arrangement_;
 };
 
 }  // namespace tz

@@ -13,15 +13,16 @@ class GridViewHeader : public QWidget {
  public:
   GridViewHeader(GridViewColumns& columns, QWidget* parent);
 
-  // How far the columns are scrolled to the left.
-  void SetOffset(int offset);
   [[nodiscard]] int HeightNeeded() const;
-  // Where a caption stands: over both levels when no group stands above it.
+  // Where a caption stands: over both levels when no group stands above it; empty for a hidden column.
   [[nodiscard]] QRect CaptionRect(int column) const;
   [[nodiscard]] QRect GroupRect(const GridViewColumns::Group& group) const;
+  // What of it is neither below the columns that do not scroll nor out of the window: there its caption stands.
+  [[nodiscard]] QRect VisiblePart(const GridViewColumns::Group& group) const;
 
  signals:
   void widthsChanged();
+  void fitWanted(int column);
   void columnClicked(int column);
 
  protected:
@@ -33,10 +34,11 @@ class GridViewHeader : public QWidget {
 
  private:
   [[nodiscard]] int LevelHeight() const;
+  void PaintCaptions(QPainter& painter, int firstPlace, int lastPlace);
+  void PaintCaption(QPainter& painter, const QRect& place, const QRect& seen, const QString& caption);
 
   GridViewColumns& columns_;
-  int offset_ = 0;
-  int drawnColumn_ = -1;
+  int drawnPlace_ = -1;
   int grip_ = 0;  // from the pointer to the edge it took
 };
 

@@ -27,16 +27,15 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
   }
   const QPoint point = viewport()->mapFromGlobal(event->globalPos());
   const GridCell cell = CellAt(point);
-  const bool hit = cell.valid() && CellRect(cell.row, cell.column).contains(point);
   const GridCell place = PlaceOf(cell);
+  const bool hit = VisiblePart(cell).contains(point);
   if (hit && !Selection().contains(place.row, place.column)) MoveTo(cell, false);
   OpenMenu(event->globalPos());
 }
 
 void GridView::OpenMenuAtCurrent() {
   const QRect view = viewport()->rect();
-  const QRect cell = current_.valid() ? CellRect(current_.row, current_.column) : view;
-  const QRect seen = cell.intersected(view);
+  const QRect seen = current_.valid() ? VisiblePart(current_) : view;
   OpenMenu(viewport()->mapToGlobal(seen.isEmpty() ? view.center() : seen.center()));
 }
 

@@ -19,26 +19,44 @@ struct GridView::Style {
   QColor text;
 };
 
+// The columns that scroll, or those that do not: which places, and from where to where in the viewport.
+struct GridView::Part {
+  int firstPlace;
+  int lastPlace;
+  int left;
+  int width;
+};
+
 void GridView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  painter.fillRect(event->rect(), currentTheme().ground);
+  const QRect area = event->rect();
+  painter.fillRect(area, currentTheme().ground);
   if (Empty()) {
     PaintNothing(painter);
     return;
   }
-  const QRect area = event->rect();
-  const int offset = horizontalScrollBar()->value();
+  const int frozen = columns_.FrozenWidth();
+  const int end = std::min(columns_.TotalWidth() - horizontalScrollBar()->value(), viewport()->width());
+  if (area.right() >= frozen && end > frozen) {
+    PaintPart(painter, area,
+              {columns_.PlaceAt(std::max(area.left(), frozen)), columns_.PlaceAt(area.right()), frozen, end - frozen});
+  }
+  if (area.left() < frozen) PaintPart(painter, area, {0, columns_.FrozenCount() - 1, 0, frozen});
+}
+
+void GridView::PaintPart(QPainter& painter, const QRect& area, const Part& part) const {
+  painter.setClipRect(part.left, area.top(), part.width, area.height());
   const std::int64_t scrolled = verticalScrollBar()->value();
   const std::int64_t first = (scrolled + area.top()) / rowHeight_;
   const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, rows_.Count() - 1);
-  const int firstColumn = columns_.ColumnAt(area.left() + offset);
-  const int lastColumn = columns_.ColumnAt(area.right() + offset);
-  for (std::int64_t place = first; place <= last; ++place) PaintRow(painter, place, firstColumn, lastColumn);
-
-  if (!current_.valid() || !hasFocus()) return;
-  painter.setPen(QPen(currentTheme().accent, 2));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(CellRect(current_.row, current_.column).adjusted(1, 0, -2, -1));
+  for (std::int64_t place = first; place <= last; ++place) PaintRow(painter, place, TopOf(place), part);
+  const GridCell current = PlaceOf(current_);
+  if (hasFocus() && current.column >= part.firstPlace && current.column <= part.lastPlace) {
+    painter.setPen(QPen(currentTheme().accent, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(CellRect(current_.row, current_.column).adjusted(1, 0, -2, -1));
+  }
+  painter.setClipping(false);
 }
 
 void GridView::PaintNothing(QPainter& painter) const {
@@ -46,22 +64,20 @@ void GridView::PaintNothing(QPainter& painter) const {
   painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
 }
 
-void GridView::PaintRow(QPainter& painter, std::int64_t place, int firstColumn, int lastColumn) const {
+void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Part& part) const {
   const Theme& theme = currentTheme();
   const std::int64_t row = rows_.RowAt(place);
   const RowKind kind = grid_->RowKindAt(row);
   const Rgb colour = grid_->BackgroundAt(row);
-  const QRect line(-horizontalScrollBar()->value(), TopOf(place), columns_.TotalWidth(), rowHeight_);
-  const auto cellAt = [&](int column) {
-    return QRect(line.left() + columns_.LeftOf(column), line.top(), columns_.WidthOf(column), rowHeight_);
-  };
+  const QRect line(part.left, top, part.width, rowHeight_);
   painter.fillRect(line, colour == noColour && addsUp(kind) ? theme.header : rowColour(colour));
 
+  const auto cellAt = [&](int shown) { return QRect(columns_.XOf(shown), top, columns_.WidthOf(shown), rowHeight_); };
   const GridRange selected = Selection();
-  if (place >= selected.top && place <= selected.bottom) {
-    const int left = columns_.LeftOf(selected.left);
-    const int width = columns_.LeftOf(selected.right + 1) - left;
-    painter.fillRect(QRect(line.left() + left, line.top(), width, rowHeight_), theme.selection);
+  const int left = std::max(selected.left, part.firstPlace);
+  const int right = std::min(selected.right, part.lastPlace);
+  if (place >= selected.top && place <= selected.bottom && left <= right) {
+    painter.fillRect(cellAt(left).united(cellAt(right)), theme.selection);
   }
 
   Style style{font(), theme.text};
@@ -69,14 +85,14 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int firstColumn, 
   if (kind == RowKind::opening) style.text = theme.mutedText;
   if (kind == RowKind::heading || addsUp(kind)) style.font.setWeight(QFont::DemiBold);
   painter.setFont(style.font);
-  for (int column = firstColumn; column <= lastColumn; ++column) {
-    PaintCell(painter, cellAt(column), row, column, style);
+  for (int shown = part.firstPlace; shown <= part.lastPlace; ++shown) {
+    PaintCell(painter, cellAt(shown), row, columns_.ColumnAtPlace(shown), style);
   }
 
   painter.setPen(theme.rule);
   painter.drawLine(line.bottomLeft(), line.bottomRight());
-  for (int column = firstColumn; column <= lastColumn; ++column) {
-    const QRect cell = cellAt(column);
+  for (int shown = part.firstPlace; shown <= part.lastPlace; ++shown) {
+    const QRect cell = cellAt(shown);
     painter.drawLine(cell.topRight(), cell.bottomRight());
   }
   if (addsUp(kind)) {

@@ -137,9 +137,9 @@ void Desktop::Welcome(ProcessWindow* window) {
 void Desktop::WelcomeReport(ReportWindow& window) {
   window.KeepFolder({.last = [this] { return settings_.ExportFolder(); },
                      .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
-  window.Grid().ColumnWidths().SetDrawn(settings_.ColumnWidths(window.Key()));
+  window.Grid().SetArrangement(settings_.Columns(window.Key()));
   connect(&window, &ReportWindow::closed, this,
-          [this, &window] { settings_.SetColumnWidths(window.Key(), window.Grid().ColumnWidths().Drawn()); });
+          [this, &window] { settings_.SetColumns(window.Key(), window.Grid().Arrangement()); });
 }
 
 void Desktop::Finish() {

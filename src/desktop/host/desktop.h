@@ -44,7 +44,7 @@ class Desktop : public QObject {
   // Beside the exit, with as much of the ledger's name as there is room for.
   void PlaceBar();
   void Welcome(ProcessWindow* window);
-  // What a report keeps besides its size: the folder of its files, the widths of its columns.
+  // What a report keeps besides its size: the folder of its files, what was made of its columns.
   void WelcomeReport(ReportWindow& window);
   void Finish();
 

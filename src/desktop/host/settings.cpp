@@ -16,6 +16,8 @@ const auto operatorKey = QStringLiteral("operator");
 
 QString sizeKey(int command) { return QStringLiteral("window/%1").arg(command); }
 QString widthsKey(int command) { return QStringLiteral("columns/%1").arg(command); }
+QString movedKey(int command) { return QStringLiteral("movedColumns/%1").arg(command); }
+QString hiddenKey(int command) { return QStringLiteral("hiddenColumns/%1").arg(command); }
 
 }  // namespace
 
@@ -63,17 +65,29 @@ void HostSettings::SetExportFolder(const QString& folder) { settings_.setValue(e
 QSize HostSettings::WindowSize(int command) const { return settings_.value(sizeKey(command)).toSize(); }
 void HostSettings::SetWindowSize(int command, QSize size) { settings_.setValue(sizeKey(command), size); }
 
-QHash<QString, int> HostSettings::ColumnWidths(int command) const {
-  QHash<QString, int> widths;
-  const QVariantMap kept = settings_.value(widthsKey(command)).toMap();
-  for (auto it = kept.begin(); it != kept.end(); ++it) widths.insert(it.key(), it.value().toInt());
-  return widths;
+ColumnArrangement HostSettings::Columns(int command) const {
+  ColumnArrangement arrangement;
+  const QVariantMap widths = settings_.value(widthsKey(command)).toMap();
+  for (auto it = widths.begin(); it != widths.end(); ++it) arrangement.widths.insert(it.key(), it.value().toInt());
+  // Each column, then the one behind which it stands.
+  const QStringList moved = settings_.value(movedKey(command)).toStringList();
+  for (qsizetype place = 0; place + 1 < moved.size(); place += 2) {
+    arrangement.moved.append({moved[place], moved[place + 1]});
+  }
+  for (const QString& key : settings_.value(hiddenKey(command)).toStringList()) arrangement.hidden.insert(key);
+  return arrangement;
 }
 
-void HostSettings::SetColumnWidths(int command, const QHash<QString, int>& widths) {
-  QVariantMap kept;
-  for (auto it = widths.begin(); it != widths.end(); ++it) kept.insert(it.key(), it.value());
-  settings_.setValue(widthsKey(command), kept);
+void HostSettings::SetColumns(int command, const ColumnArrangement& arrangement) {
+  QVariantMap widths;
+  for (auto it = arrangement.widths.begin(); it != arrangement.widths.end(); ++it) widths.insert(it.key(), it.value());
+  QStringList moved;
+  for (const auto& [key, after] : arrangement.moved) moved << key << after;
+  QStringList hidden(arrangement.hidden.begin(), arrangement.hidden.end());
+  hidden.sort();
+  settings_.setValue(widthsKey(command), widths);
+  settings_.setValue(movedKey(command), moved);
+  settings_.setValue(hiddenKey(command), hidden);
 }
 
 std::filesystem::path HostSettings::ConditionFile() const {

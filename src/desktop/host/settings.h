@@ -1,12 +1,12 @@
-// What the desktop remembers between two starts: recent ledgers, the theme, the places and column widths of windows.
-// The module itself keeps nothing.
+// What the desktop remembers between two starts: recent ledgers, the theme, the places of windows and what was made of
+// their columns. The module itself keeps nothing.
 #pragma once
 
-#include <QHash>
 #include <QSettings>
 #include <QStringList>
 #include <filesystem>
 
+#include "desktop/gridview/column_arrangement.h"
 #include "desktop/theme/theme.h"
 
 namespace tz {
@@ -35,9 +35,9 @@ class HostSettings {
   [[nodiscard]] QSize WindowSize(int command) const;
   void SetWindowSize(int command, QSize size);
 
-  // The column widths that were drawn in a report.
-  [[nodiscard]] QHash<QString, int> ColumnWidths(int command) const;
-  void SetColumnWidths(int command, const QHash<QString, int>& widths);
+  // What was made of the columns of a report.
+  [[nodiscard]] ColumnArrangement Columns(int command) const;
+  void SetColumns(int command, const ColumnArrangement& arrangement);
 
   // Where conditions are kept under names.
   [[nodiscard]] std::filesystem::path ConditionFile() const;

@@ -273,7 +273,7 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   click(*navigator, "10190");
   auto* window = navigator->findChild<ReportWindow*>();
   ASSERT_NE(window, nullptr);
-  window->Grid().ColumnWidths().SetWidth(2, 333);
+  window->Grid().SetColumnWidth(2, 333);
   inModal([&](QWidget& dialog) {
     auto& name = control<QLineEdit>(dialog, "fileNameEdit");
     name.setText(home_.filePath(QStringLiteral("明细帐.csv")));
@@ -285,7 +285,7 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   EXPECT_EQ(finished.size(), 1);
   EXPECT_FALSE(window->isVisible());
   deleteClosed();
-  EXPECT_TRUE(settings.ColumnWidths(10190).values().contains(333));
+  EXPECT_TRUE(settings.Columns(10190).widths.values().contains(333));
 }
 
 }  // namespace

@@ -1,0 +1,71 @@
+#include "desktop/gridview/column_arrangement.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tz {
+namespace {
+
+int columnOfKey(const std::vector<QString>& keys, const QString& key) {
+  const auto found = std::ranges::find(keys, key);
+  return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
+}
+
+// Which columns stand in the order of the table, as many of them as possible: those that were not moved.
+std::vector<bool> unmovedOf(const std::vector<int>& order) {
+  const std::size_t count = order.size();
+  std::vector<int> lengths(count, 1);
+  std::vector<std::size_t> before(count);
+  std::iota(before.begin(), before.end(), std::size_t{0});
+  for (std::size_t place = 0; place < count; ++place) {
+    for (std::size_t earlier = 0; earlier < place; ++earlier) {
+      if (order[earlier] > order[place] || lengths[earlier] < lengths[place]) continue;
+      lengths[place] = lengths[earlier] + 1;
+      before[place] = earlier;
+    }
+  }
+  std::vector<bool> unmoved(count, false);
+  if (count == 0) return unmoved;
+  auto place = static_cast<std::size_t>(std::ranges::max_element(lengths) - lengths.begin());
+  unmoved[static_cast<std::size_t>(order[place])] = true;
+  while (before[place] != place) {
+    place = before[place];
+    unmoved[static_cast<std::size_t>(order[place])] = true;
+  }
+  return unmoved;
+}
+
+}  // namespace
+
+std::vector<int> orderedColumns(const std::vector<QString>& keys, const QList<ColumnArrangement::Moved>& moved) {
+  std::vector<int> order(keys.size());
+  std::iota(order.begin(), order.end(), 0);
+  for (const auto& [key, after] : moved) {
+    const int column = columnOfKey(keys, key);
+    const int anchor = columnOfKey(keys, after);
+    if (column < 0 || column == anchor || (anchor < 0 && !after.isEmpty())) continue;
+    std::erase(order, column);
+    order.insert(anchor < 0 ? order.begin() : std::ranges::find(order, anchor) + 1, column);
+  }
+  return order;
+}
+
+QList<ColumnArrangement::Moved> movesTo(const std::vector<int>& order, const std::vector<QString>& keys,
+                                        const QList<ColumnArrangement::Moved>& before) {
+  QList<ColumnArrangement::Moved> moves;
+  for (const auto& move : before) {
+    const bool elsewhere = columnOfKey(keys, move.key) < 0;
+    if (elsewhere || (!move.after.isEmpty() && columnOfKey(keys, move.after) < 0)) moves.append(move);
+  }
+  const auto unmoved = unmovedOf(order);
+  for (std::size_t place = 0; place < order.size(); ++place) {
+    const auto column = static_cast<std::size_t>(order[place]);
+    if (unmoved[column]) continue;
+    const QString& key = keys[column];
+    moves.removeIf([&](const ColumnArrangement::Moved& move) { return move.key == key; });
+    moves.append({key, place == 0 ? QString() : keys[static_cast<std::size_t>(order[place - 1])]});
+  }
+  return moves;
+}
+
+}  // namespace tz

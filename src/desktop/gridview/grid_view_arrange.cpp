@@ -1,0 +1,77 @@
+// What a person does with the columns of a grid view: draws them wider, fits, moves, hides and puts them back.
+#include <QAccessible>
+
+#include "desktop/gridview/grid_view.h"
+#include "desktop/gridview/grid_view_header.h"
+
+namespace tz {
+
+GridFonts GridView::Fonts() const {
+  QFont bold = font();
+  bold.setWeight(QFont::DemiBold);
+  return {QFontMetrics(font()), QFontMetrics(bold)};
+}
+
+void GridView::SetArrangement(const ColumnArrangement& arrangement) {
+  columns_.SetArrangement(arrangement);
+  Refresh();
+}
+
+void GridView::SetColumnWidth(int column, int width) {
+  if (!columns_.IsShown(column)) return;
+  columns_.SetWidth(columns_.PlaceOf(column), width);
+  LayOut();
+}
+
+void GridView::FitColumn(int column) {
+  if (grid_ == nullptr) return;
+  columns_.Fit(*grid_, column, Fonts());
+  LayOut();
+}
+
+void GridView::FitColumns() {
+  if (grid_ == nullptr) return;
+  for (const int column : columns_.Shown()) columns_.Fit(*grid_, column, Fonts());
+  LayOut();
+}
+
+void GridView::ShowColumn(int column, bool shown) {
+  columns_.SetShown(column, shown);
+  ColumnsChanged();
+}
+
+void GridView::MoveColumn(int column, int before) {
+  if (!columns_.IsShown(column)) return;
+  columns_.Move(columns_.PlaceOf(column), before);
+  ColumnsChanged();
+}
+
+void GridView::ShiftColumn(int column, int places) {
+  if (column < 0 || !columns_.IsShown(column)) return;
+  const int place = columns_.PlaceOf(column);
+  MoveColumn(column, places > 0 ? place + places + 1 : place + places);
+  if (column == current_.column) ShowCell(current_);
+}
+
+void GridView::ResetColumns() {
+  columns_.Reset();
+  ColumnsChanged();
+}
+
+void GridView::ColumnsChanged() {
+  const GridCell before = current_;
+  if (anchor_.valid()) anchor_.column = columns_.NearestShown(anchor_.column);
+  if (current_.valid()) current_.column = columns_.NearestShown(current_.column);
+  LayOut();
+  SumUp();
+  if (QAccessible::isActive()) {
+    QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessible::updateAccessibility(&reset);
+  }
+  if (current_ == before) return;
+  grid_->ActivateCell(current_.row, current_.column);
+  TellCurrent();
+  emit currentChanged(current_.row, current_.column);
+}
+
+}  // namespace tz
