@@ -11,6 +11,7 @@
 #include "desktop/frame/globals.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/logon_dialog.h"
+#include "desktop/host/text_size.h"
 #include "desktop/report/report_window.h"
 #include "desktop/shell/launch_window_list.h"
 #include "desktop/shell/navigator_help.h"
@@ -43,10 +44,16 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
   connect(&navigator_, &QDialog::finished, this, &Desktop::Finish);
   addWindowKeys(navigator_, launcher_);
+  addTextSizeKeys(navigator_, settings_, navigator_);
   AddBar();
 }
 
 Desktop::~Desktop() = default;
+
+void Desktop::Show() {
+  navigator_.RefreshDisplay();
+  applyTextSize(settings_, navigator_);
+}
 
 void Desktop::AddBar() {
   bar_ = new QWidget(&navigator_);
@@ -76,6 +83,7 @@ void Desktop::FillLedgerMenu(QMenu* menu) {
     }
   });
   AddThemes(menu->addMenu(QStringLiteral("外观")));
+  fillTextSizes(menu->addMenu(QStringLiteral("文字大小")), settings_, navigator_);
   menu->addSeparator();
   menu->addAction(QStringLiteral("打开其他帐套…"), this, &Desktop::anotherWanted);
   menu->addAction(QStringLiteral("退出"), &navigator_, &QWidget::close);
@@ -128,6 +136,7 @@ void Desktop::Welcome(ProcessWindow* window) {
   const QSize size = settings_.WindowSize(key);
   if (size.isValid()) window->resize(size);
   addWindowList(*window, launcher_);
+  addTextSizeKeys(*window, settings_, navigator_);
   if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeReport(*report);
   connect(window, &ProcessWindow::closed, this, [this, window, key] {
     if (!window->isMaximized()) settings_.SetWindowSize(key, window->size());

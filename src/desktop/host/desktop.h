@@ -22,7 +22,7 @@ class Desktop : public QObject {
   Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who);
   ~Desktop() override;
 
-  void Show() { navigator_.RefreshDisplay(); }
+  void Show();
 
   // Closes the reports and the navigator without saying that the desktop is finished.
   void Close();

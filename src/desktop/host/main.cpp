@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
   tz::g_lpArgument = arguments.startUp;
   tz::Host host;
   tz::applyTheme(host.Settings().Theme());
+  tz::setTextSize(host.Settings().TextSize());
   if (!host.Start(arguments.ledger)) return 0;
   QObject::connect(&host, &tz::Host::finished, &application, &QApplication::quit);
   return QApplication::exec();

@@ -4,6 +4,7 @@
 #include <QSize>
 
 #include "desktop/host/open_ledger.h"
+#include "desktop/theme/fonts.h"
 
 namespace tz {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 constexpr qsizetype mostRecent = 10;
 const auto recentKey = QStringLiteral("recent");
 const auto themeKey = QStringLiteral("theme");
+const auto textSizeKey = QStringLiteral("textSize");
 const auto exportFolderKey = QStringLiteral("exportFolder");
 const auto operatorKey = QStringLiteral("operator");
 
@@ -55,6 +57,9 @@ void HostSettings::SetTheme(ThemeChoice choice) {
   const char* name = choice == ThemeChoice::light ? "light" : choice == ThemeChoice::dark ? "dark" : "system";
   settings_.setValue(themeKey, QString::fromLatin1(name));
 }
+
+int HostSettings::TextSize() const { return settings_.value(textSizeKey, usualTextSize).toInt(); }
+void HostSettings::SetTextSize(int percent) { settings_.setValue(textSizeKey, percent); }
 
 QString HostSettings::LastOperator() const { return settings_.value(operatorKey).toString(); }
 void HostSettings::SetLastOperator(const QString& name) { settings_.setValue(operatorKey, name); }

@@ -23,6 +23,10 @@ class HostSettings {
   [[nodiscard]] ThemeChoice Theme() const;
   void SetTheme(ThemeChoice choice);
 
+  // Percent of the usual size.
+  [[nodiscard]] int TextSize() const;
+  void SetTextSize(int percent);
+
   // Who logged on last.
   [[nodiscard]] QString LastOperator() const;
   void SetLastOperator(const QString& name);

@@ -31,7 +31,7 @@ QString entryOf(const QString& address) {
 
 QLabel* heading(const QString& text, QWidget* parent) {
   auto* label = new QLabel(text, parent);
-  label->setFont(uiFont(titlePixels, QFont::DemiBold));
+  label->setFont(uiFont(titlePixels * textSize() / usualTextSize, QFont::DemiBold));
   return label;
 }
 

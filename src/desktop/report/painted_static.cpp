@@ -1,5 +1,6 @@
 #include "desktop/report/painted_static.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include "desktop/theme/fonts.h"
@@ -9,7 +10,7 @@ namespace tz {
 namespace {
 
 constexpr int titlePixels = 30;
-constexpr int labelPixels = 12;
+constexpr int labelPixels = 13;
 
 QFont fontOf(PaintedStatic::Look look) {
   if (look == PaintedStatic::Look::label) return songFont(labelPixels);
@@ -21,10 +22,17 @@ QFont fontOf(PaintedStatic::Look look) {
 
 }  // namespace
 
-PaintedStatic::PaintedStatic(int id, Look look, QWidget* parent) : QLabel(parent) {
+PaintedStatic::PaintedStatic(int id, Look look, QWidget* parent) : QLabel(parent), look_(look) {
   setObjectName(QString::number(id));
   setFont(fontOf(look));
   setTextFormat(Qt::PlainText);
+  window()->installEventFilter(this);
+}
+
+// A widget with a font of its own hears nothing of the application's; its window does.
+bool PaintedStatic::eventFilter(QObject* window, QEvent* event) {
+  if (event->type() == QEvent::ApplicationFontChange) setFont(fontOf(look_));
+  return QLabel::eventFilter(window, event);
 }
 
 void PaintedStatic::paintEvent(QPaintEvent* /*event*/) {

@@ -17,7 +17,11 @@ class PaintedStatic : public QLabel {
   PaintedStatic(int id, Look look, QWidget* parent);
 
  protected:
+  bool eventFilter(QObject* window, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Look look_;
 };
 
 }  // namespace tz

@@ -1,7 +1,6 @@
 #include "desktop/report/report_window.h"
 
 #include <QAction>
-#include <QGroupBox>
 #include <QPainter>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -70,9 +69,8 @@ void ReportWindow::LayOut() {
   toolBar_ = new QToolBar(this);
   heading_ = new ReportHeading(definition_, this);
   warnings_ = new NoticeBar(this);
-  auto* frame = new QGroupBox(this);
+  auto* frame = new QWidget(this);
   frame->setObjectName(QString::number(gridFrameId));
-  frame->setStyleSheet(QStringLiteral("QGroupBox { border: none; margin: 0; padding: 0; }"));
   view_ = new GridView(frame);
   view_->setObjectName(QString::number(gridId));
   body_ = new QVBoxLayout(frame);

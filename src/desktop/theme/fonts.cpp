@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <algorithm>
+#include <cstdlib>
 
 namespace tz {
 namespace {
@@ -14,20 +16,32 @@ const QStringList& uiFamilies() {
   return families;
 }
 
+int presentSize = usualTextSize;
+
+int scaled(int pixels) { return (pixels * presentSize + 50) / 100; }
+
 QFont fontOf(const QString& family, int pixels) {
   QFont font(family);
-  font.setPixelSize(pixels);
+  font.setPixelSize(scaled(pixels));
   return font;
 }
 
 }  // namespace
 
 void installFonts() {
-  const QStringList song{QStringLiteral("AR PL UMing CN"), QStringLiteral("Noto Serif CJK SC")};
+  // UMing comes in a light cut alone, whose strokes break up at the size of labels.
+  const QStringList song{QStringLiteral("Noto Serif CJK SC"), QStringLiteral("AR PL UMing CN")};
   const QStringList kai{QStringLiteral("AR PL UKai CN"), QStringLiteral("Noto Serif CJK SC")};
   for (const char* name : {"宋体", "SimSun", "NSimSun"}) QFont::insertSubstitutions(QString::fromUtf8(name), song);
   for (const char* name : {"楷体_GB2312", "楷体", "KaiTi"}) QFont::insertSubstitutions(QString::fromUtf8(name), kai);
-  QApplication::setFont(uiFont(uiPixels));
+  QApplication::setFont(uiFont(scaled(uiPixels)));
+}
+
+int textSize() { return presentSize; }
+
+void setTextSize(int percent) {
+  presentSize = *std::ranges::min_element(textSizes, {}, [percent](int size) { return std::abs(size - percent); });
+  QApplication::setFont(uiFont(scaled(uiPixels)));
 }
 
 QFont songFont(int pixels) { return fontOf(QStringLiteral("宋体"), pixels); }

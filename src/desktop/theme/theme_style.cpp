@@ -12,6 +12,8 @@ namespace tz {
 namespace {
 
 constexpr int controlHeight = 28;
+// Above and below its text.
+constexpr int controlMargins = 9;
 constexpr int buttonWidth = 84;
 constexpr int textMargin = 4;
 constexpr int scrollBarExtent = 12;
@@ -161,8 +163,9 @@ QRect ThemeStyle::subElementRect(SubElement element, const QStyleOption* option,
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
   QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
-  if (type == CT_PushButton) needed = needed.expandedTo({buttonWidth, controlHeight});
-  if (type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox) needed.setHeight(controlHeight);
+  const int height = std::max(controlHeight, option->fontMetrics.height() + controlMargins);
+  if (type == CT_PushButton) needed = needed.expandedTo({buttonWidth, height});
+  if (type == CT_LineEdit || type == CT_ComboBox || type == CT_SpinBox) needed.setHeight(height);
   return needed;
 }
 

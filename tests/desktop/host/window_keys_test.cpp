@@ -1,5 +1,7 @@
 // The keys that help promises, from every place of every window: the navigator, a report's grid and its fields.
 #include <QComboBox>
+#include <QLabel>
+#include <QMenu>
 #include <QTextBrowser>
 
 #include "desktop/gridview/grid_view.h"
@@ -110,6 +112,49 @@ TEST_F(WindowKeys, TheToolbarsKeysAreTheWindowsInEveryField) {
   press(account, Qt::Key_W, Qt::ControlModifier);
   deleteClosed();
   EXPECT_TRUE(closed.isNull());
+}
+
+// For all windows at once, remembered, and from fields that would keep such keys.
+TEST_F(WindowKeys, TextsGrowAndShrinkByKeysAndByTheMenu) {
+  const auto* label = first_->findChild<QLabel*>("1006");
+  const int usualRow = second_->Grid().RowHeight();
+  const int usualLabel = label->font().pixelSize();
+  const QSize usualNavigator = navigator_->size();
+  for (QWidget* place : placesOf(*first_)) {
+    focus(*place);
+    press(*place, Qt::Key_Equal, Qt::ControlModifier);
+    press(*place, Qt::Key_Plus, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(HostSettings().TextSize(), 130);
+    EXPECT_EQ(label->font().pixelSize(), (usualLabel * 130 + 50) / 100);
+    EXPECT_GT(second_->Grid().RowHeight(), usualRow) << "windows that do not have the focus too";
+    EXPECT_GE(place->height(), place->fontMetrics().height());
+    EXPECT_GT(navigator_->width(), usualNavigator.width());
+    press(*place, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(HostSettings().TextSize(), 115);
+    press(*place, Qt::Key_0, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(label->font().pixelSize(), usualLabel);
+    EXPECT_EQ(second_->Grid().RowHeight(), usualRow);
+    EXPECT_EQ(navigator_->size(), usualNavigator);
+  }
+  const auto choose = [&](const QString& size) {
+    for (auto* menu : navigator_->findChildren<QMenu*>()) {
+      if (menu->title() != QStringLiteral("文字大小")) continue;
+      menu->popup(navigator_->pos());
+      for (QAction* action : menu->actions()) {
+        if (action->text() != size) continue;
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        return;
+      }
+    }
+    ADD_FAILURE() << fromQt(size);
+  };
+  choose("150 %");
+  EXPECT_EQ(HostSettings().TextSize(), 150);
+  choose("100 %");
+  QApplication::processEvents();
+  EXPECT_EQ(label->font().pixelSize(), usualLabel);
 }
 
 // Also while a report's own help is open, and from each area.

@@ -40,5 +40,26 @@ TEST(Fonts, SongAndKaiAreFacesOfTheirOwn) {
   EXPECT_NE(drawn(songFont(12)), drawn(uiFont(12)));
 }
 
+// How much a text darkens its ground.
+double inkOf(const QFont& font) {
+  QImage image(400, 20, QImage::Format_Grayscale8);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  painter.setFont(font);
+  painter.drawText(image.rect(), Qt::AlignVCenter, QStringLiteral("科目：部门：月份: 2006.1--2006.12 单位：元"));
+  painter.end();
+  double ink = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) ink += 255 - qGray(image.pixel(x, y));
+  }
+  return ink;
+}
+
+// A light cut, thin and broken at the size of labels, has half the ink of the windows' face.
+TEST(Fonts, LabelsAreNoThinnerThanTheTextsBesideThem) {
+  constexpr int labelPixels = 13;
+  EXPECT_GT(inkOf(songFont(labelPixels)), 0.65 * inkOf(uiFont(labelPixels)));
+}
+
 }  // namespace
 }  // namespace tz
