@@ -1,5 +1,5 @@
 // Draws the pictures of the manual: docs_images FOLDER; with --all every window in all its states, to look them over.
-// Each is drawn in light and dark, at the scale of QT_SCALE_FACTOR. Then, with --against KEPT, they are held against
+// Each is drawn in light and dark, at the scale of QT_SCALE_FACTOR, with texts of --text-size percent. Then, with --against KEPT, they are held against
 // those of a folder (exit status 1 when they differ, 77 when the fonts do); with --keep KEPT, those that the test
 // wants beside the manual's are put there.
 #include <QApplication>
@@ -57,12 +57,15 @@ int main(int argc, char** argv) {
   const QCommandLineOption all(QStringLiteral("all"));
   const QCommandLineOption against(QStringLiteral("against"), {}, QStringLiteral("KEPT"));
   const QCommandLineOption keep(QStringLiteral("keep"), {}, QStringLiteral("KEPT"));
-  words.addOptions({all, against, keep});
+  const QCommandLineOption textSize(QStringLiteral("text-size"), {}, QStringLiteral("PERCENT"),
+                                    QString::number(tz::usualTextSize));
+  words.addOptions({all, against, keep, textSize});
   if (!words.parse(QApplication::arguments()) || words.positionalArguments().size() != 1) {
-    QTextStream(stderr) << "usage: docs_images [--all] [--against KEPT]... [--keep KEPT] FOLDER\n";
+    QTextStream(stderr) << "usage: docs_images [--all] [--text-size PERCENT] [--against KEPT]... [--keep KEPT] FOLDER\n";
     return 2;
   }
   tz::installFonts();
+  tz::setTextSize(words.value(textSize).toInt());
   tz::installLanguage();
   const QDir folder(words.positionalArguments().front());
   try {
