@@ -87,6 +87,14 @@ ReportStatus::ReportStatus(QWidget* parent)
   layout->addLayout(line);
   SetMessage({}, false);
   EndWork();
+  KeepHeight();
+}
+
+// Buttons that come and go leave what stands above the line where it is.
+void ReportStatus::KeepHeight() {
+  int height = 0;
+  for (const QWidget* button : {openFile_, openFolder_, stop_}) height = std::max(height, button->sizeHint().height());
+  message_->setMinimumHeight(height);
 }
 
 QWidget* ReportStatus::StopButton() const { return stop_; }
@@ -131,6 +139,7 @@ void ReportStatus::PaintMessage() {
 void ReportStatus::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) PaintMessage();
   QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) KeepHeight();
 }
 
 void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {

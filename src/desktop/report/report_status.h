@@ -51,6 +51,7 @@ class ReportStatus : public QWidget {
  private:
   void SetMessage(const QString& text, bool failure);
   void PaintMessage();
+  void KeepHeight();
   void Open(const QString& path);
 
   QLabel* remarks_;

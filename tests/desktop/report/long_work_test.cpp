@@ -53,13 +53,15 @@ TEST_F(LongWorkTest, EscStopsItAndLeavesWhatWasShown) {
   EXPECT_TRUE(window_->isVisible());
 }
 
-TEST_F(LongWorkTest, ProgressAndTheStopButtonAppearAfterAMoment) {
+TEST_F(LongWorkTest, ProgressAndTheStopButtonAppearAfterAMomentAndMoveNothing) {
+  const QRect grid = window_->Grid().geometry();
   auto& stop = control<QToolButton>(*window_, "stop");
   EXPECT_TRUE(stop.isHidden());
   QTimer clicker;
   QObject::connect(&clicker, &QTimer::timeout, [&] {
     if (stop.isHidden()) return;
     EXPECT_NE(status().find("正在计算"), std::string::npos);
+    EXPECT_EQ(window_->Grid().geometry(), grid);
     QTest::mouseClick(&stop, Qt::LeftButton);
   });
   clicker.start(20);
