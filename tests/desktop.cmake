@@ -18,6 +18,12 @@ set_tests_properties(
   desktop-small-screen
   PROPERTIES TIMEOUT 300
              ENVIRONMENT QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/support/small_screen.json)
+# And on a usual one: off the screen it is otherwise narrower than a report.
+add_test(NAME desktop-wide-screen COMMAND desktop_tests --gtest_filter=Windows.*)
+set_tests_properties(
+  desktop-wide-screen
+  PROPERTIES TIMEOUT 300
+             ENVIRONMENT QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_CURRENT_LIST_DIR}/support/wide_screen.json)
 # Kept pictures, drawn again and compared: every window and state at 100 %, those of the manual at 200 % too.
 set(TZ_PICTURES ${CMAKE_CURRENT_LIST_DIR}/pictures)
 function(tz_pictures_test percent scale)

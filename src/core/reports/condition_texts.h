@@ -20,6 +20,10 @@ namespace tz {
 [[nodiscard]] std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
                                                    const Session& session);
 
+// What the report is about and of when, "122101 职工借款 李明 2025.01–2025.03": how one window is told from another of
+// the same report. Empty where neither is asked for.
+[[nodiscard]] std::string subjectText(const ReportDefinition& report, const Conditions& conditions, int year);
+
 // "应收余额 122101 职工借款 李明 2025.01-03": a name that every file system takes, without an ending.
 [[nodiscard]] std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year);
 

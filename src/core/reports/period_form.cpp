@@ -21,6 +21,11 @@ std::string months::inFileName(const Conditions& conditions, int year) {
   return fmt::format("{}.{:02}-{:02}", year, conditions.from, conditions.to);
 }
 
+std::string months::inSubject(const Conditions& conditions, int year) {
+  if (conditions.from == conditions.to) return fmt::format("{}.{:02}", year, conditions.from);
+  return fmt::format("{}.{:02}–{}.{:02}", year, conditions.from, year, conditions.to);
+}
+
 std::string periodIn(PeriodForm::Text form, const Conditions& conditions, int year) {
   return form == nullptr ? std::string() : form(conditions, year);
 }

@@ -17,17 +17,20 @@ struct PeriodForm {
   Text painted = nullptr;     // above the grid of its window
   Text printed = nullptr;     // on the page
   Text inFileName = nullptr;  // at the end of the proposed name
+  Text inSubject = nullptr;   // behind what the report is about, in lists of windows
   // The condition that it tells, which is then not told a second time among the others.
   std::optional<ParameterKey> tells = {};
 };
 
-// "月份: 2006.01 - 2006.03", painted and printed "月份: 2006.1--2006.3", in names "2006.01-03".
+// "月份: 2006.01 - 2006.03", painted and printed "月份: 2006.1--2006.3", in names "2006.01-03", in lists
+// "2006.01–2006.03".
 namespace months {
 [[nodiscard]] std::string text(const Conditions& conditions, int year);
 [[nodiscard]] std::string painted(const Conditions& conditions, int year);
 // The same with the wide colon of the units' ledgers: "月份：2006.1--2006.3".
 [[nodiscard]] std::string printedWide(const Conditions& conditions, int year);
 [[nodiscard]] std::string inFileName(const Conditions& conditions, int year);
+[[nodiscard]] std::string inSubject(const Conditions& conditions, int year);
 }  // namespace months
 
 inline constexpr PeriodForm monthsPeriod{
@@ -35,6 +38,7 @@ inline constexpr PeriodForm monthsPeriod{
     .painted = months::painted,
     .printed = months::painted,
     .inFileName = months::inFileName,
+    .inSubject = months::inSubject,
     .tells = ParameterKey::from,
 };
 inline constexpr PeriodForm noPeriod{};

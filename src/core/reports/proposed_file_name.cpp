@@ -29,15 +29,28 @@ std::string harmless(std::string_view text, std::size_t room) {
   return name;
 }
 
-}  // namespace
-
-std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year) {
-  std::string name(report.printTitle);
+// The members that the conditions name, in the order of the dialog, each behind a blank.
+std::string membersNamed(const ReportDefinition& report, const Conditions& conditions) {
+  std::string names;
   for (const auto& control : report.dialog.controls) {
     const auto inFileName = controlKind(control.kind).inFileName;
-    const auto subject = inFileName == nullptr ? "" : inFileName(report.dialog, conditions);
-    if (!subject.empty()) name += " " + subject;
+    const auto member = inFileName == nullptr ? "" : inFileName(report.dialog, conditions);
+    if (!member.empty()) names.append(" ").append(member);
   }
+  return names;
+}
+
+}  // namespace
+
+std::string subjectText(const ReportDefinition& report, const Conditions& conditions, int year) {
+  std::string text = membersNamed(report, conditions);
+  const auto told = periodIn(report.period.inSubject, conditions, year);
+  if (!told.empty()) text.append(" ").append(told);
+  return text.empty() ? text : text.substr(1);
+}
+
+std::string proposedFileName(const ReportDefinition& report, const Conditions& conditions, int year) {
+  const auto name = std::string(report.printTitle) + membersNamed(report, conditions);
   const auto told = harmless(periodIn(report.period.inFileName, conditions, year), longestName / 2);
   if (told.empty()) return harmless(name, longestName);
   return harmless(name, longestName - told.size() - 1) + " " + told;

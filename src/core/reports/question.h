@@ -15,6 +15,7 @@ struct Question {
   MessageIcon icon = MessageIcon::question;
   std::string_view yes = "是";
   std::string_view no = "否";
+  bool defaultsToNo = false;  // where a stray Enter would lose something
 };
 
 // True where the person answers `yes`. Who gives no answer says no.

@@ -44,6 +44,7 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.unit = unitText(conditions.format, conditions.amounts);
   if (report.formats != nullptr) computed.format = conditions.format;
   computed.conditions = conditionTexts(report, conditions);
+  computed.subject = subjectText(report, conditions, session.logon.year);
   computed.fileName = proposedFileName(report, conditions, session.logon.year);
   if (report.colours.apply == nullptr || report.colours.apply(conditions)) {
     computed.highlightMeaning = report.colours.meaning;

@@ -11,14 +11,6 @@ namespace {
 // What a window manager puts around a window, before it has told.
 constexpr QMargins usualFrame(6, 34, 6, 6);
 
-QMargins frameOf(const QWidget& window) {
-  const QRect inside = window.geometry();
-  const QRect outside = window.frameGeometry();
-  if (outside == inside) return usualFrame;
-  return {inside.left() - outside.left(), inside.top() - outside.top(), outside.right() - inside.right(),
-          outside.bottom() - inside.bottom()};
-}
-
 // Layouts hear of a change inside them only later; here at once, from the inside out. Returns the window.
 QWidget& settled(QWidget& changed) {
   QWidget* window = &changed;
@@ -30,6 +22,16 @@ QWidget& settled(QWidget& changed) {
 }
 
 }  // namespace
+
+// A window that has not shown gets what stands around the one that it belongs to.
+QMargins frameOf(const QWidget& window) {
+  const QRect inside = window.geometry();
+  const QRect outside = window.frameGeometry();
+  const QWidget* owner = window.parentWidget();
+  if (outside == inside) return owner == nullptr ? usualFrame : frameOf(*owner->window());
+  return {inside.left() - outside.left(), inside.top() - outside.top(), outside.right() - inside.right(),
+          outside.bottom() - inside.bottom()};
+}
 
 QSize roomFor(const QWidget& window) { return window.screen()->availableSize().shrunkBy(frameOf(window)); }
 

@@ -8,6 +8,8 @@ class QDialog;
 
 namespace tz {
 
+// What stands around the contents of a window, guessed until its frame is there.
+[[nodiscard]] QMargins frameOf(const QWidget& window);
 // What the contents of a window may take on its screen.
 [[nodiscard]] QSize roomFor(const QWidget& window);
 // Moves a window that reaches beyond its screen back onto it.

@@ -41,6 +41,8 @@ class CImgDlg : public QDialog {
   void InsertSubImage(const RCII& image, PictureLook look = PictureLook::card);
 
   void setVisible(bool visible) override;
+  // How much larger than at 100 % the layout is drawn.
+  [[nodiscard]] double Scale() const;
 
  protected:
   // Runs once, before the window is first shown.
@@ -58,7 +60,6 @@ class CImgDlg : public QDialog {
   void SetCurrentCommand(int id);
   [[nodiscard]] PictureButton* ButtonOf(int id) const;
 
-  [[nodiscard]] double Scale() const;
   // Where the layout's top left corner lies in the window.
   [[nodiscard]] QPointF Origin() const;
 

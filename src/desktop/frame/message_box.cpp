@@ -75,7 +75,11 @@ bool showBox(QWidget* parent, const ShownMessage& message) {
   QPushButton* yes = box.addButton(answerText(message.yes), QMessageBox::AcceptRole);
   box.setDefaultButton(yes);
   if (!message.detail.empty()) box.setDetailedText(toQt(message.detail));
-  if (message.asks()) box.setEscapeButton(box.addButton(answerText(message.no), QMessageBox::RejectRole));
+  if (message.asks()) {
+    QPushButton* no = box.addButton(answerText(message.no), QMessageBox::RejectRole);
+    box.setEscapeButton(no);
+    if (message.defaultsToNo) box.setDefaultButton(no);
+  }
   constexpr int margin = 20;
   box.layout()->setContentsMargins(margin, margin, margin, margin);
   box.exec();
@@ -99,7 +103,8 @@ bool AfxMessageBox(QWidget* parent, const Question& question) {
                            .caption = captionOr(question.caption),
                            .icon = question.icon,
                            .yes = std::string(question.yes),
-                           .no = std::string(question.no)});
+                           .no = std::string(question.no),
+                           .defaultsToNo = question.defaultsToNo});
 }
 
 void AfxMessageBox(QWidget* parent, const Refusal& refusal) {

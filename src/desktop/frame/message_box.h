@@ -19,6 +19,7 @@ struct ShownMessage {
   std::string detail = {};  // for whoever looks after the ledger: unfolds below; empty for none
   std::string yes = "确定";
   std::string no = {};  // empty: it tells and does not ask
+  bool defaultsToNo = false;
 
   [[nodiscard]] bool asks() const { return !no.empty(); }
 };

@@ -1,12 +1,9 @@
 #include "desktop/frame/process.h"
 
 #include <QAction>
-#include <QGuiApplication>
 #include <QLayout>
-#include <QScreen>
 #include <QToolBar>
 
-#include "desktop/frame/fit_window.h"
 #include "desktop/frame/result_dialog.h"
 #include "desktop/res/pictures.h"
 #include "desktop/theme/picture_icon.h"
@@ -28,21 +25,7 @@ bool CProcess::CreateTheDialog(QWidget* parent) {
   return window_->OnInitDialog();
 }
 
-void CProcess::ShowCenterWindow() {
-  if (!shown_) {
-    const QScreen* screen = window_->screen() != nullptr ? window_->screen() : QGuiApplication::primaryScreen();
-    const QRect available = screen->availableGeometry();
-    window_->resize(window_->size().boundedTo(roomFor(*window_)).expandedTo(window_->minimumSize()));
-    QRect place = window_->rect();
-    place.moveCenter(available.center());
-    window_->move(place.topLeft());
-    shown_ = true;
-  }
-  if (window_->isMinimized()) window_->showNormal();
-  window_->show();
-  window_->raise();
-  window_->activateWindow();
-}
+void CProcess::ShowCenterWindow() { window_->ShowPlaced(); }
 
 void CProcess::ProcessInitDialog() { window_->setAttribute(Qt::WA_QuitOnClose, false); }
 

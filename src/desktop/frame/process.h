@@ -40,7 +40,7 @@ class CProcess {
   [[nodiscard]] bool IsCreated() const { return created_; }
 
  protected:
-  // Shows the window, the first time in the middle of its screen.
+  // Shows the window, the first time in the middle of its screen, aside of others that stand there.
   void ShowCenterWindow();
   // Once per window, when it is initialised.
   void ProcessInitDialog();
@@ -52,7 +52,6 @@ class CProcess {
  private:
   CTzResultDialog* window_;
   bool created_ = false;
-  bool shown_ = false;
 };
 
 }  // namespace tz

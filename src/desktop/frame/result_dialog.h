@@ -1,5 +1,5 @@
 // CTzResultDialog: the base of report windows, a modeless dialog that Enter and Esc never close. Its template gives the
-// smallest size.
+// smallest size. It knows which size and place the program gave it and which a person: what a person drew stays.
 #pragma once
 
 #include <QDialog>
@@ -25,6 +25,20 @@ class CTzResultDialog : public QDialog {
   // What follows when the window has ended, closed by whatever way.
   virtual void PostNcDestroy() = 0;
 
+  // Before the window first shows: the size in which a person left it.
+  void RestoreSize(QSize size);
+  // Shows the window, the first time in the middle of its screen or aside of the windows that stand there.
+  void ShowPlaced();
+  // Lets a window that nobody has sized grow to a width, as far as there is room. It never shrinks.
+  void OpenWide(int width);
+  // Takes a place among other windows, frame included.
+  void Arrange(const QRect& place);
+  // Without its being maximised.
+  [[nodiscard]] QSize NormalSize() const;
+  [[nodiscard]] bool SizedByHand() const { return NormalSize() != given_; }
+  // The least that it takes among other windows, frame included.
+  [[nodiscard]] QSize LeastPlace() const;
+
  signals:
   // The window has ended; its object goes once control is back in the event loop.
   void closed();
@@ -41,7 +55,13 @@ class CTzResultDialog : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void MoveToFreePlace();
+
   bool ended_ = false;
+  bool placed_ = false;
+  bool mayGrow_ = true;  // nobody has given it a size or a place of its own
+  QSize given_;
+  QPoint givenPlace_;
 };
 
 }  // namespace tz

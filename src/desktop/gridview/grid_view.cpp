@@ -73,6 +73,10 @@ void GridView::SetHideZeros(bool hide) {
   viewport()->update();
 }
 
+int GridView::AskedWidth() const {
+  return columns_.AskedWidth() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+}
+
 void GridView::LayOut() {
   const int headerHeight = header_->HeightNeeded();
   setViewportMargins(0, headerHeight, 0, 0);

@@ -64,6 +64,8 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
   [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
   [[nodiscard]] const ShownRows& Rows() const { return rows_; }
+  // How wide the view would be to show every column.
+  [[nodiscard]] int AskedWidth() const;
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
   [[nodiscard]] GridViewHeader* Header() const { return header_; }
 

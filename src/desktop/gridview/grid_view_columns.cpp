@@ -180,6 +180,7 @@ void GridViewColumns::Place() {
     const auto index = static_cast<std::size_t>(column);
     lefts_.push_back(lefts_.back() + arrangement_.widths.value(keys_[index], measured_[index]));
   }
+  asked_ = lefts_.back();
   const int elastic = elastic_ < 0 ? -1 : PlaceOf(elastic_);
   if (elastic >= 0 && !arrangement_.widths.contains(KeyAt(elastic))) {
     const int wanted = std::min(WidthOf(elastic) + std::max(0, room_ - TotalWidth()), widestElastic);

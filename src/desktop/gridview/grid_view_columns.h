@@ -48,6 +48,8 @@ class GridViewColumns {
 
   [[nodiscard]] int WidthOf(int place) const { return LeftOf(place + 1) - LeftOf(place); }
   [[nodiscard]] int TotalWidth() const { return lefts_.back(); }
+  // The same without the room that is left to fill.
+  [[nodiscard]] int AskedWidth() const { return asked_; }
   // Room to the right of all columns goes to the widest column of texts, unless a person has drawn it.
   void FillRoom(int width);
   // How far the columns are scrolled to the left.
@@ -107,6 +109,7 @@ class GridViewColumns {
   std::vector<int> lefts_{0};  // one more than there are places
   int frozen_ = 0;
   int room_ = 0;
+  int asked_ = 0;
   int offset_ = 0;
   ColumnArrangement arrangement_;
 };

@@ -1,15 +1,16 @@
 #include "desktop/host/desktop.h"
 
 #include <QActionGroup>
-#include <QEvent>
-#include <QHBoxLayout>
+#include <QGuiApplication>
 #include <QMenu>
-#include <QToolButton>
+#include <QSessionManager>
 #include <array>
 
 #include "core/catalogue/catalogue.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/message_box.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/host/desktop_bar.h"
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/text_size.h"
 #include "desktop/report/report_window.h"
@@ -18,16 +19,6 @@
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
-namespace {
-
-constexpr int exitPictureCommand = 10239;
-constexpr int barGap = 12;
-
-// Right of the areas' pictures begins the card that the bar stands on.
-constexpr int personAreaCommand = 10182;
-constexpr int cardInset = 38;
-
-}  // namespace
 
 Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
     : settings_(settings),
@@ -40,9 +31,12 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
   launcher_.OfferSaved(conditions_);
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
-                        [this](unsigned) { showNavigatorHelp(&navigator_); }});
+                        [this](unsigned) { showNavigatorHelp(&navigator_); },
+                        [this] { return MayLeave(QStringLiteral("退出")); }});
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
+  connect(&launcher_, &ReportLauncher::windowsChanged, this, [this] { leaves_ = false; });
   connect(&navigator_, &QDialog::finished, this, &Desktop::Finish);
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &Desktop::OnSessionEnd, Qt::DirectConnection);
   addWindowKeys(navigator_, launcher_);
   addTextSizeKeys(navigator_, settings_, navigator_);
   AddBar();
@@ -56,30 +50,25 @@ void Desktop::Show() {
 }
 
 void Desktop::AddBar() {
-  bar_ = new QWidget(&navigator_);
-  auto* menu = new QMenu(bar_);
+  auto* menu = new QMenu;
   FillLedgerMenu(menu);
-  ledger_ = menuButton(menu, bar_);
-  ledger_->setToolTip(QStringLiteral("帐套：%1").arg(openLedger_.Name()));
-  auto* list = new QMenu(bar_);
+  auto* list = new QMenu;
   listWindows(list, launcher_);
-  windows_ = menuButton(list, bar_);
-  windows_->setText(QStringLiteral("窗口 ▾"));
-  windows_->setToolTip(QStringLiteral("打开的窗口"));
-  auto* row = new QHBoxLayout(bar_);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(4);
-  row->addWidget(ledger_);
-  row->addWidget(windows_);
-  row->addStretch(1);
-  navigator_.installEventFilter(this);
+  bar_ = new DesktopBar(navigator_, menu, list);
+  bar_->SetLedger(openLedger_.Name());
+  ShowWho();
+}
+
+void Desktop::ShowWho() {
+  const QString date = toQt(isoText(g_tmLogonTime));
+  bar_->SetWho(operatorName_.isEmpty() ? date : operatorName_ + QStringLiteral(" · ") + date);
 }
 
 void Desktop::FillLedgerMenu(QMenu* menu) {
   menu->addAction(QStringLiteral("登录日期…"), this, [this] {
     if (const auto date = askLogonDate(&navigator_, g_tmLogonTime, openLedger_.AccountYear())) {
       g_tmLogonTime = *date;
-      PlaceBar();
+      ShowWho();
     }
   });
   AddThemes(menu->addMenu(QStringLiteral("外观")));
@@ -107,39 +96,35 @@ void Desktop::AddThemes(QMenu* menu) {
   }
 }
 
-void Desktop::PlaceBar() {
-  const auto* exit = navigator_.findChild<QWidget*>(QString::number(exitPictureCommand));
-  const auto* area = navigator_.findChild<QWidget*>(QString::number(personAreaCommand));
-  if (exit == nullptr || area == nullptr) return;
-  const int left = area->geometry().right() + cardInset;
-  const int width = exit->x() - barGap - left;
-  const int height = bar_->sizeHint().height();
-  bar_->setGeometry(left, exit->geometry().center().y() - height / 2, width, height);
-
-  QString shown = toQt(isoText(g_tmLogonTime)) + QStringLiteral(" · ") + openLedger_.Name();
-  if (!operatorName_.isEmpty()) shown = operatorName_ + QStringLiteral(" · ") + shown;
-  constexpr int arrowAndMargins = 40;
-  const int room = width - windows_->sizeHint().width() - arrowAndMargins;
-  ledger_->setText(ledger_->fontMetrics().elidedText(shown, Qt::ElideRight, room) + QStringLiteral(" ▾"));
-  bar_->layout()->activate();
+bool Desktop::MayLeave(const QString& why) {
+  const auto open = launcher_.Windows().size();
+  if (open == 0 || leaves_) return true;
+  if (asking_) return false;
+  asking_ = true;
+  const QString text = QStringLiteral("还有 %1 个报表窗口开着，要全部关闭并%2吗？").arg(open).arg(why);
+  const bool leaves = AfxMessageBox(&navigator_, Question{.text = fromQt(text), .defaultsToNo = true});
+  asking_ = false;
+  return leaves;
 }
 
-bool Desktop::eventFilter(QObject* receiver, QEvent* event) {
-  if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
-    QMetaObject::invokeMethod(this, &Desktop::PlaceBar, Qt::QueuedConnection);
-  }
-  return QObject::eventFilter(receiver, event);
+void Desktop::OnSessionEnd(QSessionManager& manager) {
+  if (launcher_.Windows().empty() || !manager.allowsInteraction()) return;
+  leaves_ = MayLeave(QStringLiteral("退出"));
+  manager.release();
+  if (!leaves_) manager.cancel();
 }
 
 void Desktop::Welcome(ProcessWindow* window) {
   const int key = window->Key();
-  const QSize size = settings_.WindowSize(key);
-  if (size.isValid()) window->resize(size);
+  if (const QSize size = settings_.WindowSize(key); size.isValid()) window->RestoreSize(size);
+  if (settings_.Maximized(key)) window->setWindowState(window->windowState() | Qt::WindowMaximized);
   addWindowList(*window, launcher_);
   addTextSizeKeys(*window, settings_, navigator_);
   if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeReport(*report);
   connect(window, &ProcessWindow::closed, this, [this, window, key] {
-    if (!window->isMaximized()) settings_.SetWindowSize(key, window->size());
+    // A minimised window goes back to what it was.
+    settings_.SetMaximized(key, window->windowState().testFlag(Qt::WindowMaximized));
+    if (window->SizedByHand()) settings_.SetWindowSize(key, window->NormalSize());
   });
 }
 

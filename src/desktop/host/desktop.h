@@ -1,5 +1,5 @@
 // One open ledger on the screen: the navigator, its report windows, and what the host adds to them: the ledger's name
-// and menu, the list of windows, and what is remembered.
+// and menu, the list of windows, and what is remembered; and the question before all of it closes.
 #pragma once
 
 #include <memory>
@@ -11,9 +11,11 @@
 #include "desktop/shell/navigator.h"
 
 class QMenu;
-class QToolButton;
+class QSessionManager;
 
 namespace tz {
+
+class DesktopBar;
 
 class Desktop : public QObject {
   Q_OBJECT
@@ -24,6 +26,9 @@ class Desktop : public QObject {
 
   void Show();
 
+  // Whether the windows may be closed for something else, "退出": asks once when reports are open, and never twice at
+  // the same time.
+  [[nodiscard]] bool MayLeave(const QString& why);
   // Closes the reports and the navigator without saying that the desktop is finished.
   void Close();
   [[nodiscard]] QWidget* Navigator() { return &navigator_; }
@@ -34,15 +39,12 @@ class Desktop : public QObject {
   // Another ledger is to be chosen; this one stays until that one is open.
   void anotherWanted();
 
- protected:
-  bool eventFilter(QObject* receiver, QEvent* event) override;
-
  private:
   void AddBar();
+  void ShowWho();
   void FillLedgerMenu(QMenu* menu);
   void AddThemes(QMenu* menu);
-  // Beside the exit, with as much of the ledger's name as there is room for.
-  void PlaceBar();
+  void OnSessionEnd(QSessionManager& manager);
   void Welcome(ProcessWindow* window);
   // What a report keeps besides its size: the folder of its files, what was made of its columns.
   void WelcomeReport(ReportWindow& window);
@@ -54,9 +56,9 @@ class Desktop : public QObject {
   CQnCwAssistantDlg navigator_;
   ReportLauncher launcher_;
   const OpenLedger& openLedger_;
-  QWidget* bar_ = nullptr;
-  QToolButton* ledger_ = nullptr;
-  QToolButton* windows_ = nullptr;
+  DesktopBar* bar_ = nullptr;
+  bool asking_ = false;
+  bool leaves_ = false;  // the session ends, and that was agreed to
 };
 
 }  // namespace tz

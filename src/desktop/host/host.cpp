@@ -34,7 +34,12 @@ bool Host::Start(const QString& address) {
 }
 
 void Host::OpenAnother() {
-  if (Ask(desktop_->Navigator(), {}, {})) ShowChosen();
+  if (!Ask(desktop_->Navigator(), {}, {})) return;
+  if (desktop_->MayLeave(QStringLiteral("打开“%1”").arg(chosen_->ledger->Name()))) {
+    ShowChosen();
+  } else {
+    chosen_.reset();
+  }
 }
 
 bool Host::Ask(QWidget* parent, const QString& failed, const Failure& failure) {

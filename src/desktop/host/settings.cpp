@@ -17,6 +17,7 @@ const auto exportFolderKey = QStringLiteral("exportFolder");
 const auto operatorKey = QStringLiteral("operator");
 
 QString sizeKey(int command) { return QStringLiteral("window/%1").arg(command); }
+QString maximizedKey(int command) { return QStringLiteral("maximized/%1").arg(command); }
 QString widthsKey(int command) { return QStringLiteral("columns/%1").arg(command); }
 QString movedKey(int command) { return QStringLiteral("movedColumns/%1").arg(command); }
 QString hiddenKey(int command) { return QStringLiteral("hiddenColumns/%1").arg(command); }
@@ -69,6 +70,9 @@ void HostSettings::SetExportFolder(const QString& folder) { settings_.setValue(e
 
 QSize HostSettings::WindowSize(int command) const { return settings_.value(sizeKey(command)).toSize(); }
 void HostSettings::SetWindowSize(int command, QSize size) { settings_.setValue(sizeKey(command), size); }
+
+bool HostSettings::Maximized(int command) const { return settings_.value(maximizedKey(command)).toBool(); }
+void HostSettings::SetMaximized(int command, bool maximized) { settings_.setValue(maximizedKey(command), maximized); }
 
 ColumnArrangement HostSettings::Columns(int command) const {
   ColumnArrangement arrangement;

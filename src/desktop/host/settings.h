@@ -35,9 +35,11 @@ class HostSettings {
   [[nodiscard]] QString ExportFolder() const;
   void SetExportFolder(const QString& folder);
 
-  // The size that a report's window had when it was last closed; empty when it never was.
+  // The size that a person gave a report's window; empty when nobody did. And whether it was maximised when it closed.
   [[nodiscard]] QSize WindowSize(int command) const;
   void SetWindowSize(int command, QSize size);
+  [[nodiscard]] bool Maximized(int command) const;
+  void SetMaximized(int command, bool maximized);
 
   // What was made of the columns of a report.
   [[nodiscard]] ColumnArrangement Columns(int command) const;

@@ -44,6 +44,7 @@ QString selectionText(const LineSums& sums) {
 ReportStatus::ReportStatus(QWidget* parent)
     : QWidget(parent),
       remarks_(new QLabel(this)),
+      subject_(new ElidedLabel(this)),
       message_(new ElidedLabel(this)),
       openFile_(new QToolButton(this)),
       openFolder_(new QToolButton(this)),
@@ -55,6 +56,8 @@ ReportStatus::ReportStatus(QWidget* parent)
   remarks_->setWordWrap(true);
   remarks_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   remarks_->hide();
+  subject_->setObjectName(QStringLiteral("subject"));
+  subject_->hide();
   message_->setObjectName(QStringLiteral("status"));
   message_->setMinimumWidth(narrowestMessage);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -76,6 +79,7 @@ ReportStatus::ReportStatus(QWidget* parent)
 
   auto* line = new QHBoxLayout;
   line->setSpacing(12);
+  line->addWidget(subject_);
   line->addWidget(message_, 1);
   for (QWidget* part : std::initializer_list<QWidget*>{openFile_, openFolder_, progress_, stop_, selection_}) {
     line->addWidget(part);
@@ -150,6 +154,11 @@ void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notice
   }
   remarks_->setText(lines.join(QLatin1Char('\n')));
   remarks_->setVisible(!lines.isEmpty());
+}
+
+void ReportStatus::ShowSubject(const QString& text) const {
+  subject_->SetShown(text);
+  subject_->setVisible(!text.isEmpty());
 }
 
 void ReportStatus::ShowSelection(const LineSums& sums) const {

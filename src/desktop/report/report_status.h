@@ -1,5 +1,5 @@
-// The status line of a report: how many rows, what is selected, what failed or was exported; while work runs, how far
-// it is and how to stop it. Above it stand the report's remarks.
+// The status line of a report: what it is about, how many rows, what is selected, what failed or was exported; while
+// work runs, how far it is and how to stop it. Above it stand the report's remarks.
 #pragma once
 
 #include <QWidget>
@@ -28,6 +28,8 @@ class ReportStatus : public QWidget {
   explicit ReportStatus(QWidget* parent);
 
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
+  // What the report is about.
+  void ShowSubject(const QString& text) const;
   // Which lines are selected.
   void ShowSelection(const LineSums& sums) const;
   // Instead of the number of rows, until the next report.
@@ -55,6 +57,7 @@ class ReportStatus : public QWidget {
   void Open(const QString& path);
 
   QLabel* remarks_;
+  ElidedLabel* subject_;
   ElidedLabel* message_;
   QToolButton* openFile_;
   QToolButton* openFolder_;

@@ -147,9 +147,20 @@ void ReportWindow::Recompute() {
   });
 }
 
+QString ReportWindow::Subject() const {
+  if (!shown_ || awaitsPerson_) return {};
+  const QString subject = toQt(shown_->report.subject).simplified();
+  return subject.isEmpty() ? toQt(shown_->report.subtitle).simplified() : subject;
+}
+
 QString ReportWindow::ListEntry() const {
-  const QString subject = shown_ ? toQt(shown_->report.subtitle).simplified() : QString();
-  return subject.isEmpty() ? windowTitle() : windowTitle() + QStringLiteral("　") + subject;
+  const QString subject = Subject();
+  return subject.isEmpty() ? windowTitle() : windowTitle() + QStringLiteral(" — ") + subject;
+}
+
+void ReportWindow::TellSubject() {
+  status_->ShowSubject(Subject());
+  setAccessibleDescription(Subject());
 }
 
 void ReportWindow::TellStopped() {
@@ -199,6 +210,8 @@ void ReportWindow::Show(ComputedReport computed) {
   view_->SetEmptyText(QStringLiteral("没有记录"));
   view_->SetReport(&shown_->report);
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
+  TellSubject();
+  OpenWide(width() - view_->width() + view_->AskedWidth());
   update();
 }
 

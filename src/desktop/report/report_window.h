@@ -67,6 +67,8 @@ class ReportWindow : public ProcessWindow {
   [[nodiscard]] int Key() const override { return definition_.command; }
   // Its title and, once it shows something, of whom.
   [[nodiscard]] QString ListEntry() const override;
+  // What is shown, "122101 职工借款 李明 2025.01–2025.03"; empty before the first report.
+  [[nodiscard]] QString Subject() const;
   [[nodiscard]] QToolBar* CommandBar() const override { return toolBar_; }
 
   // Computes with the conditions as they are; what was shown stays when that comes to nothing.
@@ -99,6 +101,7 @@ class ReportWindow : public ProcessWindow {
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();
+  void TellSubject();
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.
   void Attempt(const std::function<void()>& work);
   void TellFailure(const std::exception& error);

@@ -78,6 +78,7 @@ void ReportWindow::AwaitPerson(bool personsChange) {
   view_->Refresh();
   ShowRows(0, {});
   status_->ShowMessage(PersonWanted());
+  TellSubject();
   EnableCommands();
 }
 

@@ -2,11 +2,14 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
 
+#include "desktop/frame/fit_window.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/process_window.h"
+#include "desktop/frame/window_places.h"
 #include "desktop/shell/launch.h"
 
 namespace tz {
@@ -25,22 +28,72 @@ void goRound(const QWidget* from, const ReportLauncher& launcher, bool forward) 
   bringToFront(all[(here + (forward ? 1 : all.size() - 1)) % all.size()]);
 }
 
-void fill(QMenu* menu, const ReportLauncher& launcher) {
+// The first nine are opened by their figure.
+QString entryOf(const QWidget& window, int number) {
+  const auto* launched = qobject_cast<const ProcessWindow*>(&window);
+  QString entry = launched == nullptr ? window.windowTitle() : launched->ListEntry();
+  entry.replace(QLatin1Char('&'), QStringLiteral("&&"));
+  constexpr int mostFigures = 9;
+  return number > mostFigures ? entry : QStringLiteral("&%1　%2").arg(number).arg(entry);
+}
+
+void fill(QMenu* menu, ReportLauncher& launcher) {
   menu->clear();
-  for (QWidget* window : allWindows(launcher)) {
-    const auto* launched = qobject_cast<ProcessWindow*>(window);
-    QString entry = launched == nullptr ? window->windowTitle() : launched->ListEntry();
-    auto* action = menu->addAction(entry.replace(QLatin1Char('&'), QStringLiteral("&&")));
+  const QWidget* here = menu->parentWidget();
+  for (int number = 0; QWidget * window : allWindows(launcher)) {
+    auto* action = menu->addAction(entryOf(*window, ++number));
     action->setCheckable(true);
-    action->setChecked(window->isActiveWindow());
+    action->setChecked(here != nullptr && window == here->window());
     QObject::connect(action, &QAction::triggered, window, [window] { bringToFront(window); });
   }
+  menu->addSeparator();
+  const bool any = !launcher.Windows().empty();
+  const auto add = [&](const char* name, const QString& text, auto&& command) {
+    auto* action = menu->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    action->setEnabled(any);
+    QObject::connect(action, &QAction::triggered, &launcher, command);
+  };
+  add("sideBySide", QStringLiteral("并排(&T)"), [&launcher, here] { layOutSideBySide(launcher, *here); });
+  add("oneBehindTheOther", QStringLiteral("层叠(&S)"), [&launcher, here] { layOutOneBehindTheOther(launcher, *here); });
+  add("closeAll", QStringLiteral("全部关闭(&A)"), [&launcher] {
+    launcher.CloseAll();
+    if (g_pDlgWnd != nullptr) bringToFront(g_pDlgWnd);
+  });
 }
+
+QRect screenOf(const QWidget& here) { return here.screen()->availableGeometry(); }
 
 }  // namespace
 
+void layOutSideBySide(const ReportLauncher& launcher, const QWidget& here) {
+  QSize least;
+  for (const ProcessWindow* window : launcher.Windows()) least = least.expandedTo(window->LeastPlace());
+  const auto places = sideBySide(screenOf(here), static_cast<int>(launcher.Windows().size()), least);
+  for (std::size_t at = 0; at < places.size(); ++at) launcher.Windows()[at]->Arrange(places[at]);
+  for (QWidget* window : launcher.Windows()) window->raise();
+  // Whoever asked for it keeps the keyboard.
+  auto* asking = qobject_cast<ProcessWindow*>(here.window());
+  if (!places.empty()) bringToFront(asking != nullptr ? asking : launcher.Windows().front());
+}
+
+void layOutOneBehindTheOther(const ReportLauncher& launcher, const QWidget& here) {
+  std::vector<QSize> sizes;
+  int step = 0;
+  for (const ProcessWindow* window : launcher.Windows()) {
+    sizes.push_back(window->NormalSize().grownBy(frameOf(*window)));
+    step = std::max(step, frameOf(*window).top());
+  }
+  const auto places = oneBehindTheOther(screenOf(here), sizes, step);
+  for (std::size_t at = 0; at < places.size(); ++at) {
+    launcher.Windows()[at]->Arrange(places[at]);
+    launcher.Windows()[at]->raise();
+  }
+  if (!places.empty()) bringToFront(launcher.Windows().back());
+}
+
 void bringToFront(QWidget* window) {
-  if (window->isMinimized()) window->showNormal();
+  if (window->isMinimized()) window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
   window->raise();
   window->activateWindow();
 }
@@ -48,9 +101,24 @@ void bringToFront(QWidget* window) {
 QToolButton* menuButton(QMenu* menu, QWidget* parent) {
   auto* button = new QToolButton(parent);
   button->setAutoRaise(true);
-  QObject::connect(button, &QToolButton::clicked, menu,
-                   [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
+  QObject::connect(button, &QToolButton::clicked, menu, [button, menu] {
+    // A toolbar without room for its end hides it; its key opens the menu all the same.
+    const QWidget* shown = button->isVisible() ? button : button->parentWidget();
+    menu->popup(shown->mapToGlobal(shown->rect().bottomLeft()));
+  });
   return button;
+}
+
+void nameWindowButton(QToolButton& button) {
+  button.setObjectName(QStringLiteral("windows"));
+  button.setText(QStringLiteral("窗口 ▾"));
+  button.setAccessibleName(QStringLiteral("窗口"));
+  button.setToolTip(QStringLiteral("打开的窗口：切换、并排、层叠、全部关闭（Alt+W；Ctrl+Tab 换到下一个）"));
+  auto* key = new QAction(button.window());
+  key->setObjectName(QStringLiteral("windowList"));
+  key->setShortcut(Qt::ALT | Qt::Key_W);
+  QObject::connect(key, &QAction::triggered, &button, &QToolButton::click);
+  button.window()->addAction(key);
 }
 
 void listWindows(QMenu* menu, ReportLauncher& launcher) {
@@ -67,9 +135,8 @@ void addWindowList(ProcessWindow& window, ReportLauncher& launcher) {
   auto* menu = new QMenu(bar);
   listWindows(menu, launcher);
   QToolButton* button = menuButton(menu, bar);
-  button->setText(QStringLiteral("窗口 ▾"));
-  button->setToolTip(QStringLiteral("打开的窗口（Ctrl+Tab）"));
   bar->addWidget(button);
+  nameWindowButton(*button);
 }
 
 void addWindowKeys(QWidget& window, ReportLauncher& launcher) {

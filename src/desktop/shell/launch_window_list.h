@@ -1,4 +1,5 @@
-// The list of open windows: a menu that switches between the navigator and its windows, and the keys that go round.
+// The list of open windows: a menu that switches between the navigator and its windows, lays them out and closes them,
+// and the keys that go round.
 #pragma once
 
 class QMenu;
@@ -19,5 +20,11 @@ void addWindowList(ProcessWindow& window, ReportLauncher& launcher);
 void bringToFront(QWidget* window);
 // A flat button that drops a menu down.
 [[nodiscard]] QToolButton* menuButton(QMenu* menu, QWidget* parent);
+// The button of the list, which Alt+W opens.
+void nameWindowButton(QToolButton& button);
+
+// Beside and below each other, or one behind the other, on the screen of `here`.
+void layOutSideBySide(const ReportLauncher& launcher, const QWidget& here);
+void layOutOneBehindTheOther(const ReportLauncher& launcher, const QWidget& here);
 
 }  // namespace tz

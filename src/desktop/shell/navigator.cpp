@@ -117,7 +117,9 @@ void CQnCwAssistantDlg::OpenArea(NavigatorArea area) {
   SetCurrentCommand(pictureOf(area).command);
 }
 
-void CQnCwAssistantDlg::OnTzAssistantExit() { EndDialog(Accepted); }
+void CQnCwAssistantDlg::OnTzAssistantExit() {
+  if (MayLeave()) EndDialog(Accepted);
+}
 
 void CQnCwAssistantDlg::OnHelpInfo() {
   if (runner_.help) runner_.help(helpContext);
@@ -138,8 +140,9 @@ void CQnCwAssistantDlg::OnCommand(int id) {
 }
 
 void CQnCwAssistantDlg::closeEvent(QCloseEvent* event) {
-  EndDialog(Rejected);
-  event->accept();
+  const bool leaves = MayLeave();
+  event->setAccepted(leaves);
+  if (leaves) EndDialog(Rejected);
 }
 
 void CQnCwAssistantDlg::paintEvent(QPaintEvent* /*event*/) {

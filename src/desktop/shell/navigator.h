@@ -15,6 +15,7 @@ struct CommandRunner {
   std::function<QString(int command)> obstacle;  // why a command cannot be run; empty when it can
   std::function<void(int command)> run;
   std::function<void(unsigned context)> help;  // may be empty
+  std::function<bool()> mayLeave;              // asked once, before it closes; may be empty
 };
 
 class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg, public CProcess {
@@ -51,6 +52,7 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg, public CProcess {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] bool MayLeave() const { return !runner_.mayLeave || runner_.mayLeave(); }
   void InitAssistantWnd();
   void ClearAssistant();
   void InitArea(NavigatorArea area);

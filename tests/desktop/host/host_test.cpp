@@ -258,6 +258,7 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   HostSettings settings;
   OpenLedger open(address());
   open.MakeCurrent({2006, 3, 31});
+  const RecordedMessages messages;  // whether the report may be closed
   Desktop desktop(settings, open, everybody());
   const QSignalSpy finished(&desktop, &Desktop::finished);
   desktop.Show();

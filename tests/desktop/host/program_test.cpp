@@ -96,7 +96,26 @@ TEST_F(Program, TitlesAreTheGivenTextsAlone) {
   ASSERT_TRUE(display_.WaitForTitles(shown)) << fromQt(display_.Titles().join('|'));
   EXPECT_TRUE(display_.WaitForPicture(display_.Find(report)));
 
-  display_.Close(display_.Find(navigatorTitle));
+  // As wide as its columns ask, on a screen that has room for them.
+  EXPECT_GE(display_.PlaceOf(display_.Find(report)).width(), 980);
+  EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(display_.PlaceOf(display_.Find(report))));
+
+  // With a report open, leaving is asked about; "否" has the focus.
+  const QStringList asked = [&] {
+    QStringList titles = shown + QStringList{navigatorTitle};
+    titles.sort();
+    return titles;
+  }();
+  for (const char* answer : {"Return", "alt+y"}) {
+    const auto navigator = display_.Find(navigatorTitle);
+    display_.Close(navigator);
+    ASSERT_TRUE(display_.WaitForTitles(asked)) << fromQt(display_.Titles().join('|'));
+    display_.Activate(display_.Find(navigatorTitle));
+    display_.Press({answer});
+    if (answer == std::string("Return")) {
+      ASSERT_TRUE(display_.WaitForTitles(shown));
+    }
+  }
   EXPECT_EQ(program.Ended(), 0);
   EXPECT_FALSE(program.LeavesProcesses());
 }

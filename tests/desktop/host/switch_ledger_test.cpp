@@ -72,6 +72,7 @@ class SwitchLedger : public HostTest {
   Host host_;
   QPointer<CQnCwAssistantDlg> navigator_;
   QPointer<ReportWindow> report_;
+  RecordedMessages messages_;
 };
 
 TEST_F(SwitchLedger, WhatIsOpenStaysUntilTheOtherIs) {
@@ -114,14 +115,23 @@ TEST_F(SwitchLedger, WhatIsOpenStaysUntilTheOtherIs) {
 
 TEST_F(SwitchLedger, TheOtherTakesOverOnceItsOperatorIsLoggedOn) {
   openFirst();
-  openAnother([&](QWidget& start) {
+  const auto logsOn = [&](QWidget& start) {
     inModal([](QWidget& logon) {
       control<QLineEdit>(logon, "password").setText("秘密");
       click(logon, "1");
       EXPECT_TRUE(QTest::qWaitFor([&] { return !logon.isVisible(); })) << "the password is checked beside the window";
     });
     chooseRecent(start, toQt(other_.address()));
-  });
+  };
+  messages_.answer = false;
+  openAnother(logsOn);
+  EXPECT_EQ(messages_.takeLast(), "还有 1 个报表窗口开着，要全部关闭并打开“东方商贸”吗？");
+  ASSERT_FALSE(navigator_.isNull() || report_.isNull());
+  EXPECT_TRUE(navigator_->isVisible() && report_->isVisible());
+  EXPECT_EQ(g_lpszQnZwDBName, fromQt(address()));
+  messages_.answer = true;
+  openAnother(logsOn);
+  EXPECT_EQ(messages_.all.size(), 1) << "asked once";
   deleteClosed();
   EXPECT_TRUE(navigator_.isNull());
   EXPECT_TRUE(report_.isNull());

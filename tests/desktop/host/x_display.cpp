@@ -101,6 +101,11 @@ XDisplay::Window XDisplay::Find(const QString& title) const {
   return found;
 }
 
+QRect XDisplay::PlaceOf(Window window) const {
+  const auto size = owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
+  return size == nullptr ? QRect() : QRect(size->x, size->y, size->width, size->height);
+}
+
 bool XDisplay::WaitForPicture(Window window) const {
   return waitFor([&] {
     const auto size = owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));

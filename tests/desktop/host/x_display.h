@@ -4,6 +4,7 @@
 
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QStringList>
 #include <cstdint>
 #include <memory>
@@ -30,6 +31,7 @@ class XDisplay {
   [[nodiscard]] bool WaitForTitles(const QStringList& wanted) const;
   // The window of that title that came last; 0 for none.
   [[nodiscard]] Window Find(const QString& title) const;
+  [[nodiscard]] QRect PlaceOf(Window window) const;
   // Whether a window's picture becomes more than one colour.
   [[nodiscard]] bool WaitForPicture(Window window) const;
 

@@ -95,7 +95,7 @@ TEST_F(FeatureTest, AReportWithoutMonthsShowsItsOwnPeriodAndHelp) {
   ReportWindow& window = open();
   EXPECT_EQ(fromQt(control<QLabel>(window, "1007").text()), "截止 2006-03-31");
   EXPECT_EQ(fromQt(control<QLabel>(window, "1013").text()), "") << "told already";
-  EXPECT_EQ(window.ListEntry(), "欠款一览　全部单位");
+  EXPECT_EQ(window.ListEntry(), "欠款一览 — 全部单位");
   press(window, WindowCommand::help);
   const auto help = window.findChild<QTextBrowser*>()->toPlainText();
   EXPECT_TRUE(help.contains("浅绿色的行已过期，红色数字为红字。")) << fromQt(help);

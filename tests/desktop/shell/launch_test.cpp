@@ -197,15 +197,12 @@ TEST_F(LaunchTest, AWindowThatIsNoReportLivesAmongTheReports) {
   EXPECT_EQ(launcher_.SlotOf(PlainWindow::key), plain);
   EXPECT_EQ(launcher_.Windows().size(), 2);
 
-  const auto buttons = plain->CommandBar()->findChildren<QToolButton*>();
-  const auto list = std::ranges::find(buttons, QStringLiteral("窗口 ▾"), &QToolButton::text);
-  ASSERT_NE(list, buttons.end());
-  QTest::mouseClick(*list, Qt::LeftButton);
+  QTest::mouseClick(plain->CommandBar()->findChild<QToolButton*>("windows"), Qt::LeftButton);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(menu, nullptr);
-  ASSERT_EQ(menu->actions().size(), 3);
-  EXPECT_EQ(menu->actions()[2]->text(), "查找");
-  EXPECT_TRUE(menu->actions()[1]->text().startsWith("个人往来_三栏明细帐　科目：122101"));
+  ASSERT_GT(menu->actions().size(), 3);
+  EXPECT_EQ(menu->actions()[2]->text(), "&3　查找");
+  EXPECT_EQ(menu->actions()[1]->text(), "&2　个人往来_三栏明细帐 — 122101 职工借款 张三 2006.01–2006.03");
   menu->close();
   QTest::keyClick(plain, Qt::Key_Tab, Qt::ControlModifier);
   // Itself: to the toolkit a window is active also while one that belongs to it is.
