@@ -6,7 +6,8 @@ add_executable(desktop_tests ${TZ_DESKTOP_TESTS} support/test_ledger.cpp support
                              support/every_report.cpp support/watchdog.cpp)
 set_target_properties(desktop_tests PROPERTIES AUTOMOC ON)
 target_link_libraries(desktop_tests PRIVATE tzhost tz_once Qt6::Test GTest::gtest PkgConfig::SODIUM PkgConfig::XCB)
-target_compile_definitions(desktop_tests PRIVATE TZ_DESKTOP_PROGRAM="$<TARGET_FILE:tzassistant-desktop>")
+target_compile_definitions(desktop_tests PRIVATE TZ_DESKTOP_PROGRAM="$<TARGET_FILE:tzassistant-desktop>"
+                                                 TZ_MANUAL="${PROJECT_SOURCE_DIR}/docs/manual")
 add_dependencies(desktop_tests tzassistant-desktop)
 target_include_directories(desktop_tests PRIVATE ${CMAKE_CURRENT_LIST_DIR})
 target_precompile_headers(desktop_tests PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets> <string> <vector>)

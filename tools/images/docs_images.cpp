@@ -1,7 +1,7 @@
 // Draws the pictures of the manual: docs_images FOLDER; with --all every window in all its states, to look them over.
-// Each is drawn in light and dark, at the scale of QT_SCALE_FACTOR, with texts of --text-size percent. Then, with --against KEPT, they are held against
-// those of a folder (exit status 1 when they differ, 77 when the fonts do); with --keep KEPT, those that the test
-// wants beside the manual's are put there.
+// Each is drawn in light and dark, at the scale of QT_SCALE_FACTOR, with texts of --text-size percent. Then, with
+// --against KEPT, they are held against those of a folder (exit status 1 when they differ, 77 when the fonts do); with
+// --keep KEPT, those that the test wants beside the manual's are put there.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QTextStream>
@@ -61,7 +61,8 @@ int main(int argc, char** argv) {
                                     QString::number(tz::usualTextSize));
   words.addOptions({all, against, keep, textSize});
   if (!words.parse(QApplication::arguments()) || words.positionalArguments().size() != 1) {
-    QTextStream(stderr) << "usage: docs_images [--all] [--text-size PERCENT] [--against KEPT]... [--keep KEPT] FOLDER\n";
+    QTextStream(stderr)
+        << "usage: docs_images [--all] [--text-size PERCENT] [--against KEPT]... [--keep KEPT] FOLDER\n";
     return 2;
   }
   tz::installFonts();

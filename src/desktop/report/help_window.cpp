@@ -8,6 +8,7 @@
 
 #include "core/reports/report_definition.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/report/key_table.h"
 #include "desktop/report/window_commands.h"
 #include "desktop/theme/qt_text.h"
 
@@ -98,9 +99,12 @@ QString page(const ReportDefinition& report) {
              "<h3>条件</h3><table>%4</table><ul>%5</ul>"
              "<h3>说明</h3><ul>%6</ul>"
              "<h3>工具栏</h3><table>%7</table>"
-             "<h3>表格</h3><ul>%8</ul>")
-      .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report), typing(report),
-           rules(report), commands(report), table(report));
+             "<h3>表格</h3><ul>%8</ul>"
+             "<h3>按键</h3>")
+             .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report),
+                  typing(report), rules(report), commands(report), table(report)) +
+         keysAsHtml({KeyPlace::grid, KeyPlace::filter, KeyPlace::locate, KeyPlace::report, KeyPlace::conditions,
+                     KeyPlace::field, KeyPlace::everywhere});
 }
 
 }  // namespace

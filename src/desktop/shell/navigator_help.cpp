@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "desktop/report/help_window.h"
+#include "desktop/report/key_table.h"
 #include "desktop/res/pictures.h"
 #include "desktop/shell/area_layout.h"
 
@@ -19,14 +20,14 @@ void showNavigatorHelp(QWidget* navigator) {
                                          "<p>左边选择核算的方面，右边打开它的帐表；每张帐表先询问条件，再列示。</p>"
                                          "<h3>核算的方面</h3><table>%1</table>"
                                          "<h3>操作</h3><ul>"
-                                         "<li>Tab 和方向键移动，Enter 或空格键打开。</li>"
-                                         "<li>可以同时打开多张帐表，Ctrl+Tab 和 Ctrl+Shift+Tab 在窗口之间切换。</li>"
-                                         "<li>Alt+W 打开窗口列表：列出每个窗口的内容，按数字切换；T 并排，S 层叠，"
-                                         "A 全部关闭。</li>"
+                                         "<li>可以同时打开多张帐表；窗口列表写明每个窗口的内容，可以并排、层叠或"
+                                         "全部关闭。</li>"
                                          "<li>每张帐表记住窗口的大小和是否最大化。还有帐表开着时退出，先询问一次。</li>"
                                          "<li>灰色的功能没有权限或尚未提供，选中它就说明原因。</li>"
-                                         "<li>下方的帐套菜单（F10）更改登录日期和外观，或打开其他帐套。</li></ul>")
-                              .arg(areas));
+                                         "<li>下方的帐套菜单更改登录日期、外观和文字大小，或打开其他帐套。</li></ul>"
+                                         "<h3>按键</h3>")
+                                  .arg(areas) +
+                              keysAsHtml({KeyPlace::navigator, KeyPlace::start, KeyPlace::everywhere}));
 }
 
 }  // namespace tz

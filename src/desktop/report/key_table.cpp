@@ -1,0 +1,75 @@
+#include "desktop/report/key_table.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tz {
+namespace {
+
+constexpr KeyEntry everywhereKeys[] = {
+    {"F1", "打开本窗口的说明"},
+    {"Ctrl+Tab、Ctrl+Shift+Tab", "到下一个、上一个打开的窗口"},
+    {"Alt+W", "打开窗口列表：按数字到那个窗口，T 并排，S 层叠，A 全部关闭"},
+    {"Ctrl++、Ctrl+-", "放大、缩小所有窗口的文字"},
+    {"Ctrl+0", "文字恢复通常的大小"},
+};
+
+constexpr KeyEntry navigatorKeys[] = {
+    {"方向键、Tab", "在各个方面和功能之间移动"},
+    {"Enter、空格", "打开"},
+    {"F10", "打开帐套菜单"},
+};
+
+constexpr KeyEntry conditionsKeys[] = {
+    {"Enter", "到下一项；在最后一项上确定"},
+    {"Esc", "放弃"},
+};
+
+constexpr KeyEntry fieldKeys[] = {
+    {"输入文字", "按编码、名称的一部分或拼音首字母查找"},
+    {"Enter、Tab", "选中找到的一项"},
+    {"Esc", "恢复原来的选择"},
+    {"F2", "打开参照窗口"},
+};
+
+constexpr KeyEntry gridKeys[] = {
+    {"方向键、PageUp、PageDown", "移动当前单元格；同时按 Shift 扩大选择"},
+    {"Home、End", "到本行的第一栏、最后一栏"},
+    {"Ctrl+方向键、Ctrl+Home、Ctrl+End", "到表格的边上"},
+    {"Enter、双击", "查看当前行的明细"},
+    {"Ctrl+A", "全选"},
+    {"Ctrl+C", "复制选中的单元格"},
+    {"Ctrl+Shift+C", "连同标题、条件和栏目名复制"},
+    {"菜单键、Shift+F10、右键", "打开菜单"},
+};
+
+constexpr KeyEntry reportKeys[] = {
+    {"Esc", "停止正在进行的计算或输出"},
+    {"Alt+O、Alt+D", "输出以后打开文件、打开它所在的文件夹"},
+};
+
+constexpr KeyGroup keyGroups[] = {
+    {KeyPlace::everywhere, "每个窗口", everywhereKeys}, {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
+    {KeyPlace::conditions, "条件窗口", conditionsKeys}, {KeyPlace::field, "列表和参照", fieldKeys},
+    {KeyPlace::report, "帐表窗口", reportKeys},         {KeyPlace::grid, "表格", gridKeys},
+};
+
+}  // namespace
+
+std::span<const KeyGroup> keyTable() { return keyGroups; }
+
+QString keysAsHtml(std::initializer_list<KeyPlace> places) {
+  QString html;
+  for (const KeyGroup& group : keyGroups) {
+    if (std::ranges::find(places, group.place) == places.end()) continue;
+    html += QStringLiteral("<p><b>%1</b></p><table>").arg(QString::fromUtf8(group.caption));
+    for (const KeyEntry& entry : group.entries) {
+      html += QStringLiteral("<tr><td style='padding-right:16px'>%1</td><td>%2</td></tr>")
+                  .arg(QString::fromUtf8(entry.keys).toHtmlEscaped(), QString::fromUtf8(entry.does).toHtmlEscaped());
+    }
+    html += QStringLiteral("</table>");
+  }
+  return html;
+}
+
+}  // namespace tz
