@@ -65,6 +65,12 @@ void drawWindow(const PictureBook& book, int command, const Request& request, co
 
 ReportWindow& reportOf(QWidget& window) { return static_cast<ReportWindow&>(window); }
 
+// The key columns beside the last ones.
+void scrollToTheEnd(QWidget& window) {
+  GridView& grid = reportOf(window).Grid();
+  grid.SetCurrent(7, static_cast<int>(reportOf(window).Shown()->report.grid.Columns().size()) - 1);
+}
+
 // What a report shows besides its figures.
 void drawStates(const PictureBook& book) {
   const auto draw = [&](const char* name, Request request, const PictureBook::Step& first) {
@@ -107,6 +113,7 @@ void drawStates(const PictureBook& book) {
 
 void drawReports(const PictureBook& book, SampleLedger& ledger) {
   for (const ReportView& view : reportViews) drawWindow(book, 10190, requestOf(view), QLatin1String(view.name));
+  drawWindow(book, 10190, requestOf(reportViews[3]), QStringLiteral("scrolled"), scrollToTheEnd);
   test::Reader reader(ledger.File());
   for (auto& [report, request] : test::everyReport(reader)) {
     if (!book.All() && std::ranges::find(reportsInManual, report->command) == reportsInManual.end()) continue;
