@@ -39,10 +39,12 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
   painter.restore();
 }
 
-void drawFrame(QPainter& painter, const QRect& rect) {
-  painter.setPen(QPen(currentTheme().edge, 1));
+void drawFrame(QPainter& painter, const QRect& rect, bool focus) {
+  const double width = focus ? 2 : 1;
+  painter.setPen(
+      QPen(focus ? currentTheme().accent : currentTheme().edge, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+  painter.drawRect(QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2));
 }
 
 void drawButton(QPainter& painter, const QStyleOption& option) {
@@ -118,6 +120,7 @@ void drawArrow(QPainter& painter, const QRect& place, Qt::ArrowType arrow, bool 
 }
 
 void drawToolPanel(QPainter& painter, const QStyleOption& option) {
+  if (!isIn(option, QStyle::State_AutoRaise)) return drawButton(painter, option);
   const Theme& theme = currentTheme();
   if (isIn(option, QStyle::State_Sunken) || isIn(option, QStyle::State_On)) {
     drawBox(painter, option.rect, theme.pressed, Qt::transparent);

@@ -15,7 +15,7 @@ namespace tz {
 // A rounded box whose edge lies inside the given rectangle.
 void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth = 1);
 // A frame of one line, whole at every scale.
-void drawFrame(QPainter& painter, const QRect& rect);
+void drawFrame(QPainter& painter, const QRect& rect, bool focus);
 void drawButton(QPainter& painter, const QStyleOption& option);
 void drawField(QPainter& painter, const QStyleOption& option);
 void drawCheckBox(QPainter& painter, const QStyleOption& option);

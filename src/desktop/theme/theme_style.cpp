@@ -1,8 +1,13 @@
 #include "desktop/theme/theme_style.h"
 
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QComboBox>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolButton>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "desktop/theme/theme.h"
@@ -16,6 +21,7 @@ constexpr int controlHeight = 28;
 constexpr int controlMargins = 9;
 constexpr int buttonWidth = 84;
 constexpr int textMargin = 4;
+constexpr int listFrame = 2;
 constexpr int scrollBarExtent = 12;
 constexpr int shortestSlider = 28;
 
@@ -35,9 +41,34 @@ QRect sliderRect(const QStyleOptionSlider& option) {
                     : QRect(option.rect.left(), option.rect.top() + start, option.rect.width(), slider);
 }
 
+// Who rolls past a field that has not the focus does not change it: what it stands in scrolls.
+class WheelGuard : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* field, QEvent* event) override {
+    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(field)->hasFocus()) return false;
+    event->ignore();
+    return true;
+  }
+};
+
+// A list of its own, not one that opens below a field.
+bool isList(const QWidget* widget) {
+  return qobject_cast<const QAbstractItemView*>(widget) != nullptr && widget->window()->windowType() != Qt::Popup;
+}
+
 }  // namespace
 
-ThemeStyle::ThemeStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+ThemeStyle::ThemeStyle()
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))), wheelGuard_(new WheelGuard(this)) {}
+
+void ThemeStyle::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  if (qobject_cast<QComboBox*>(widget) == nullptr && qobject_cast<QAbstractSpinBox*>(widget) == nullptr) return;
+  // The wheel does not bring the focus either.
+  if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
+  widget->installEventFilter(wheelGuard_);
+}
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
@@ -53,6 +84,9 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_FrameGroupBox:
       return drawGroupFrame(*painter, *option, widget);
     case PE_FrameFocusRect:
+      // The focus of a button with an edge is that edge.
+      if (const auto* button = qobject_cast<const QToolButton*>(widget); button != nullptr && !button->autoRaise())
+        return;
       return drawBox(*painter, option->rect, Qt::transparent, currentTheme().accent);
     case PE_IndicatorToolBarSeparator:
       return drawToolSeparator(*painter, *option);
@@ -63,8 +97,10 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorArrowDown:
       return drawArrow(*painter, option->rect, Qt::DownArrow, isIn(*option, State_Enabled));
     case PE_Frame:
+      // A list shows its focus also where it has no row to show it on.
+      return drawFrame(*painter, option->rect, isList(widget) && isIn(*option, State_HasFocus));
     case PE_FrameMenu:
-      return drawFrame(*painter, option->rect);
+      return drawFrame(*painter, option->rect, false);
     case PE_PanelLineEdit: {
       // Without a frame the field lies in a box that has one already.
       const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
@@ -171,6 +207,8 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   switch (metric) {
+    case PM_DefaultFrameWidth:
+      return isList(widget) ? listFrame : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ScrollBarExtent:
       return scrollBarExtent;
     case PM_IndicatorWidth:

@@ -12,6 +12,8 @@ class ThemeStyle : public QProxyStyle {
  public:
   ThemeStyle();
 
+  using QProxyStyle::polish;
+  void polish(QWidget* widget) override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -24,6 +26,9 @@ class ThemeStyle : public QProxyStyle {
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                          const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+
+ private:
+  QObject* wheelGuard_;
 };
 
 }  // namespace tz
