@@ -22,7 +22,7 @@ namespace tz {
 
 Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
     : settings_(settings),
-      conditions_(settings.ConditionFile()),
+      conditions_(settings.ConditionFile(), fromQt(ledger.Address())),
       operatorName_(toQt(who.name)),
       navigator_(nullptr),
       launcher_(who, findReport),

@@ -20,6 +20,11 @@ OpenLedger::OpenLedger(const QString& address) : address_(fromQt(address)) {
   if (name_.isEmpty()) name_ = QFileInfo(shownAddress(address)).completeBaseName();
 }
 
+QString OpenLedger::Address() const {
+  const QString address = toQt(address_);
+  return isServerAddress(address_) ? shownAddress(address) : QFileInfo(address).absoluteFilePath();
+}
+
 OpenLedger::~OpenLedger() {
   if (g_pDB != &db_) return;
   g_pDB = nullptr;

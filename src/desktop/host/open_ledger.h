@@ -22,6 +22,8 @@ class OpenLedger {
   void MakeCurrent(Date logon);
 
   [[nodiscard]] const CQnCwDB& Database() const { return db_; }
+  // One file or server always has the same, however it was named; without a password.
+  [[nodiscard]] QString Address() const;
   // The account set's name.
   [[nodiscard]] QString Name() const { return name_; }
   // The logon date that is proposed.

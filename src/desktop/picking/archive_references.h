@@ -1,5 +1,5 @@
-// The reference windows of the archives: departments, persons, units, project items. An archive is read when its window
-// is made, which throws DbError when it cannot be.
+// The reference windows of the archives: departments, persons, units, project items. An archive that was not read yet
+// is read when its window is made, which throws DbError when it cannot be.
 #pragma once
 
 #include <string>
@@ -14,8 +14,9 @@ class CDeptReferenceDlg : public ReferenceDialog {
 
  public:
   CDeptReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetDept(const MemberChoice& dept);
-  [[nodiscard]] MemberChoice Dept() const;
+  CDeptReferenceDlg(Names depts, QWidget* parent);
+  void SetDept(const MemberChoice& dept) { OpenAt(dept); }
+  [[nodiscard]] MemberChoice Dept() const { return Chosen(); }
 };
 
 // Persons under their departments.
@@ -24,10 +25,11 @@ class CPersonReferenceDlg : public ReferenceDialog {
 
  public:
   CPersonReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetNames(const MemberChoice& dept, const MemberChoice& person);
+  CPersonReferenceDlg(Names persons, QWidget* parent);
+  void SetNames(const MemberChoice& dept, const MemberChoice& person) { OpenAt(person, dept); }
   // Empty for a person whose department does not exist.
-  [[nodiscard]] MemberChoice Dept() const;
-  [[nodiscard]] MemberChoice Person() const;
+  [[nodiscard]] MemberChoice Dept() const { return ChosenGroup(); }
+  [[nodiscard]] MemberChoice Person() const { return Chosen(); }
 };
 
 // Units under their classes.
@@ -36,8 +38,9 @@ class CUnitReferenceDlg : public ReferenceDialog {
 
  public:
   CUnitReferenceDlg(const CQnCwDB& db, QWidget* parent);
-  void SetUnit(const MemberChoice& unit);
-  [[nodiscard]] MemberChoice Unit() const;
+  CUnitReferenceDlg(Names units, QWidget* parent);
+  void SetUnit(const MemberChoice& unit) { OpenAt(unit); }
+  [[nodiscard]] MemberChoice Unit() const { return Chosen(); }
 };
 
 // The items of one project class.
@@ -46,8 +49,9 @@ class CItemReferenceDlg : public ReferenceDialog {
 
  public:
   CItemReferenceDlg(const CQnCwDB& db, const std::string& classId, QWidget* parent);
-  void SetItem(const MemberChoice& item);
-  [[nodiscard]] MemberChoice Item() const;
+  CItemReferenceDlg(Names items, QWidget* parent);
+  void SetItem(const MemberChoice& item) { OpenAt(item); }
+  [[nodiscard]] MemberChoice Item() const { return Chosen(); }
 };
 
 }  // namespace tz

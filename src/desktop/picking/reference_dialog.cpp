@@ -11,7 +11,9 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "desktop/frame/dialog_keys.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/picking/search_model.h"
 #include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
 
@@ -19,8 +21,6 @@ namespace tz {
 namespace {
 
 constexpr int rowPixels = 26;
-
-QString withCode(const SearchEntry& entry) { return entry.code + u' ' + entry.name; }
 
 }  // namespace
 
@@ -31,8 +31,6 @@ class ReferenceModel : public SearchModel {
 
   ReferenceModel(QString groupCaption, QObject* parent) : SearchModel(parent), groupCaption_(std::move(groupCaption)) {}
 
-  std::vector<ReferenceGroup> groups;
-  std::vector<int> depths;  // of all entries; may be empty
   bool indents = true;
 
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override {
@@ -55,19 +53,20 @@ class ReferenceModel : public SearchModel {
     return GroupName(entry.group);
   }
   [[nodiscard]] QString GroupName(int place) const {
-    return place < 0 ? QString() : groups[static_cast<std::size_t>(place)].name;
+    return place < 0 ? QString() : List().groups[static_cast<std::size_t>(place)].name;
   }
 
  private:
   [[nodiscard]] QString Indent(int row) const {
-    if (!indents || depths.empty()) return {};
-    return QString(depths[PlaceOf(row)], u'　');
+    if (!indents || List().depths.empty()) return {};
+    return QString(List().depths[PlaceOf(row)], u'　');
   }
   QString groupCaption_;
 };
 
-ReferenceDialog::ReferenceDialog(const QString& title, const QString& groupCaption, QWidget* parent)
+ReferenceDialog::ReferenceDialog(const QString& title, const QString& groupCaption, Names names, QWidget* parent)
     : QDialog(parent),
+      names_(std::move(names)),
       model_(new ReferenceModel(groupCaption, this)),
       search_(new QLineEdit(this)),
       groupList_(new QListWidget(this)),
@@ -93,8 +92,12 @@ ReferenceDialog::ReferenceDialog(const QString& title, const QString& groupCapti
   groupList_->setPalette(colours);
   count_->setTextFormat(Qt::PlainText);
   count_->setForegroundRole(QPalette::PlaceholderText);
+  ShowGroups();
+  model_->SetNames(names_);
   SetUpList();
   LayOut();
+  FitCodes();
+  ShowRows({});
   connect(search_, &QLineEdit::textEdited, this, &ReferenceDialog::OnTyped);
   // The clear button is no typing.
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -132,6 +135,7 @@ void ReferenceDialog::LayOut() {
   cancel->setAutoDefault(false);
   connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  giveDialogKeys(*ok_, *cancel);
   groupList_->setFixedWidth(groupsWidth);
   auto* lists = new QHBoxLayout;
   lists->addWidget(groupList_);
@@ -149,36 +153,27 @@ void ReferenceDialog::LayOut() {
   resize((groupList_->isHidden() ? plainSize : groupedSize).boundedTo(roomFor(*this)));
 }
 
-void ReferenceDialog::SetGroups(std::vector<ReferenceGroup> groups) {
-  const QSignalBlocker quiet(groupList_);
-  groupList_->clear();
+void ReferenceDialog::ShowGroups() {
   groupList_->addItem(QStringLiteral("全部"));
-  for (const auto& group : groups) groupList_->addItem(QString(group.depth, u'　') + group.name);
+  for (const auto& group : names_->groups) groupList_->addItem(QString(group.depth, u'　') + group.name);
   for (int row = 0; row < groupList_->count(); ++row) groupList_->item(row)->setSizeHint({0, rowPixels});
   groupList_->setCurrentRow(0);
-  model_->groups = std::move(groups);
 }
 
-void ReferenceDialog::SetEntries(std::vector<SearchEntry> entries, std::vector<int> depths) {
-  model_->depths = std::move(depths);
-  model_->SetEntries(std::move(entries));
-  const auto longest = std::ranges::max_element(model_->Entries(), {}, [](const auto& e) { return e.code.size(); });
+void ReferenceDialog::FitCodes() {
+  const auto& entries = names_->entries;
+  const auto longest = std::ranges::max_element(entries, {}, [](const auto& e) { return e.code.size(); });
   constexpr int padding = 24;
   constexpr int least = 72;
-  const int wanted = longest == model_->Entries().end() ? 0 : fontMetrics().horizontalAdvance(longest->code) + padding;
+  const bool coded = longest != entries.end() && !longest->code.isEmpty();
+  const int wanted = coded ? fontMetrics().horizontalAdvance(longest->code) + padding : 0;
   list_->setColumnWidth(ReferenceModel::code, std::clamp(wanted, least, 2 * least));
-  ShowRows({});
+  list_->setColumnHidden(ReferenceModel::code, !coded && !entries.empty());
 }
 
 void ReferenceDialog::OpenAt(const MemberChoice& member, const MemberChoice& group) {
-  const auto& groups = model_->groups;
-  const auto isGroup = [&](const ReferenceGroup& one) {
-    return group.id != 0 ? one.id == group.id : fromQt(one.name) == group.text;
-  };
-  const auto found = std::ranges::find_if(groups, isGroup);
-  if (found != groups.end() && !group.text.empty()) {
-    groupList_->setCurrentRow(static_cast<int>(found - groups.begin()) + 1);
-  }
+  const int place = names_->PlaceOfGroup(group);
+  if (place >= 0) groupList_->setCurrentRow(place + 1);
   const QString name = toQt(member.text);
   if (name.isEmpty()) return;
   const auto isIt = [&](const SearchEntry& entry) {
@@ -193,20 +188,6 @@ void ReferenceDialog::OpenAt(const MemberChoice& member, const MemberChoice& gro
   search_->setText(name);
   OnTyped(name);
   if (model_->rowCount() == 0) search_->clear();
-}
-
-MemberChoice ReferenceDialog::Chosen(NamesOf range) const {
-  const auto bearsItsName = [&](const SearchEntry& entry) {
-    return entry.name == chosen_.name && (range == NamesOf::archive || entry.group == chosen_.group);
-  };
-  const bool alone = std::ranges::count_if(model_->Entries(), bearsItsName) == 1;
-  return {fromQt(alone ? chosen_.name : withCode(chosen_)), chosen_.id};
-}
-
-MemberChoice ReferenceDialog::ChosenGroup() const {
-  if (chosen_.group < 0) return {};
-  const auto& group = model_->groups[static_cast<std::size_t>(chosen_.group)];
-  return {fromQt(group.name), group.id};
 }
 
 bool ReferenceDialog::DoModal() {

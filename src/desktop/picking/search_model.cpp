@@ -23,20 +23,40 @@ Found Typed::find(const SearchEntry& entry) const {
   return place > 0 ? Found::inside : Found::no;
 }
 
-void SearchModel::SetEntries(std::vector<SearchEntry> entries) {
-  entries_ = std::move(entries);
+void SearchModel::SetNames(Names names) {
+  names_ = std::move(names);
+  rows_.clear();
+  searched_.clear();
   Search({});
+}
+
+void SearchModel::SetEntries(std::vector<SearchEntry> entries) {
+  SetNames(std::make_shared<const NameList>(NameList{.entries = std::move(entries)}));
+}
+
+std::vector<std::size_t> SearchModel::Candidates(const QString& text, int onlyGroup) const {
+  const bool goesOn = !searched_.isEmpty() && text.startsWith(searched_) && onlyGroup == searchedGroup_ &&
+                      looksLikePinyin(text) == looksLikePinyin(searched_);
+  if (goesOn) return rows_;
+  std::vector<std::size_t> all;
+  all.reserve(names_->entries.size());
+  for (std::size_t place = 0; place < names_->entries.size(); ++place) {
+    if (onlyGroup < 0 || names_->entries[place].group == onlyGroup) all.push_back(place);
+  }
+  return all;
 }
 
 int SearchModel::Search(const QString& text, int onlyGroup, int preferredGroup) {
   const Typed typed(text);
+  const auto candidates = Candidates(text.trimmed(), onlyGroup);
+  searched_ = text.trimmed();
+  searchedGroup_ = onlyGroup;
   beginResetModel();
   rows_.clear();
   int best = -1;
   int bestWorth = -1;
-  for (std::size_t place = 0; place < entries_.size(); ++place) {
-    const SearchEntry& entry = entries_[place];
-    if (onlyGroup >= 0 && entry.group != onlyGroup) continue;
+  for (const std::size_t place : candidates) {
+    const SearchEntry& entry = names_->entries[place];
     const Found found = typed.isEmpty() ? Found::whole : typed.find(entry);
     if (found == Found::no) continue;
     const int worth = 2 * static_cast<int>(found) + (preferredGroup >= 0 && entry.group == preferredGroup ? 1 : 0);

@@ -3,19 +3,11 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QString>
 #include <vector>
 
-#include "core/data/records.h"
+#include "desktop/picking/name_list.h"
 
 namespace tz {
-
-struct SearchEntry {
-  QString code;  // may be empty
-  QString name;
-  Id id = 0;
-  int group = -1;  // place of its group in a list of groups; -1 = none
-};
 
 // How an entry answers to what was typed, the better the greater.
 enum class Found { no, bySound, inside, bySoundOfStart, atEnd, atStart, byCode, whole };
@@ -36,21 +28,26 @@ class SearchModel : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
 
+  void SetNames(Names names);
   void SetEntries(std::vector<SearchEntry> entries);
   // Shows what the text finds, all for an empty one, of one group only unless it is -1. Returns the best row, among
-  // equals one of the preferred group; -1 when there is none.
+  // equals one of the preferred group; -1 when there is none. More behind what was typed looks through what was found.
   int Search(const QString& text, int onlyGroup = -1, int preferredGroup = -1);
-  [[nodiscard]] const SearchEntry& EntryAt(int row) const { return entries_[PlaceOf(row)]; }
+  [[nodiscard]] const SearchEntry& EntryAt(int row) const { return names_->entries[PlaceOf(row)]; }
   // The entry's place among all entries.
   [[nodiscard]] std::size_t PlaceOf(int row) const { return rows_[static_cast<std::size_t>(row)]; }
-  [[nodiscard]] const std::vector<SearchEntry>& Entries() const { return entries_; }
+  [[nodiscard]] const NameList& List() const { return *names_; }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
 
  private:
-  std::vector<SearchEntry> entries_;
+  [[nodiscard]] std::vector<std::size_t> Candidates(const QString& text, int onlyGroup) const;
+
+  Names names_ = std::make_shared<const NameList>();
   std::vector<std::size_t> rows_;  // places of the entries shown
+  QString searched_;               // what they were found by
+  int searchedGroup_ = -1;
 };
 
 }  // namespace tz

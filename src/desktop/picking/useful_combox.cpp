@@ -1,26 +1,23 @@
 #include "desktop/picking/useful_combox.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCompleter>
+#include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QWheelEvent>
+#include <QListView>
 #include <algorithm>
 
-#include "desktop/picking/search_model.h"
+#include "desktop/picking/search_popup.h"
 #include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
 
 namespace tz {
-namespace {
 
-constexpr int rowsAtOnce = 14;
-constexpr int listRowPixels = 24;
-
-// "122101 职工借款" and "122101<tab>职工借款" are a code and a name, any other text is a name.
 SearchEntry entryOf(const ComboEntry& entry) {
   const QString text = toQt(entry.text);
+  if (!entry.beside.empty()) {
+    const QString code = toQt(entry.beside);
+    return {code, text.startsWith(code + u' ') ? text.mid(code.size() + 1) : text, entry.datum};
+  }
   const auto isCodeSign = [](QChar sign) { return sign.unicode() < 0x80 && sign.isLetterOrNumber(); };
   const auto end = std::ranges::find_if_not(text, isCodeSign);
   const auto length = end - text.begin();
@@ -28,64 +25,83 @@ SearchEntry entryOf(const ComboEntry& entry) {
   return {text.left(length), text.mid(length + 1), entry.datum};
 }
 
-// Shows the texts as the combo box holds them.
-class FoundTexts : public SearchModel {
+// The entries of a combo, however many, without an object for each.
+class ComboEntries : public QAbstractListModel {
  public:
-  explicit FoundTexts(QComboBox* combo) : SearchModel(combo), combo_(combo) {}
+  using QAbstractListModel::QAbstractListModel;
+
+  void Set(const ComboList& list) {
+    beginResetModel();
+    list_ = list;
+    endResetModel();
+  }
+  [[nodiscard]] const ComboList& List() const { return list_; }
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(list_.size());
+  }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-    if (role == Qt::SizeHintRole) return QSize(0, listRowPixels);
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
-    return combo_->itemText(static_cast<int>(PlaceOf(index.row())));
+    if (!index.isValid()) return {};
+    const ComboEntry& entry = list_[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return toQt(entry.text);
+    return role == Qt::UserRole ? QVariant::fromValue<qlonglong>(entry.datum) : QVariant();
   }
 
  private:
-  QComboBox* combo_;
+  ComboList list_;
 };
 
-bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
-
-}  // namespace
-
 CUsefulCombox::CUsefulCombox(QWidget* parent, Leaving leaving)
-    : QComboBox(parent), found_(new FoundTexts(this)), popup_(new QCompleter(found_, this)), leaving_(leaving) {
+    : QComboBox(parent),
+      entries_(new ComboEntries(this)),
+      found_(new FoundTexts(
+          [this](std::size_t place) {
+            const ComboEntry& entry = entries_->List()[place];
+            const bool hasCode = entry.beside.empty() || entry.text.starts_with(entry.beside + " ");
+            return toQt(hasCode ? entry.text : entry.beside + " " + entry.text);
+          },
+          this)),
+      popup_(new SearchPopup(*found_, *this)),
+      leaving_(leaving) {
+  setModel(entries_);
   setEditable(true);
   setInsertPolicy(NoInsert);
   setCompleter(nullptr);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-  setMaxVisibleItems(rowsAtOnce);
+  setMaxVisibleItems(SearchPopup::rowsAtOnce);
   setFocusPolicy(Qt::StrongFocus);
-  popup_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-  popup_->setMaxVisibleItems(rowsAtOnce);
-  popup_->setWidget(this);
-  popup_->popup()->installEventFilter(this);
-  popup_->popup()->setTextElideMode(Qt::ElideRight);
+  if (auto* rows = qobject_cast<QListView*>(view())) rows->setUniformItemSizes(true);
+  view()->installEventFilter(this);
   connect(lineEdit(), &QLineEdit::textEdited, this, &CUsefulCombox::Search);
-  connect(popup_, qOverload<const QModelIndex&>(&QCompleter::activated), this,
-          [this](const QModelIndex& index) { Choose(static_cast<int>(found_->PlaceOf(index.row()))); });
-  connect(this, &QComboBox::activated, this, &CUsefulCombox::Choose);
+  connect(popup_, &SearchPopup::taken, this, [this](std::size_t place) { Choose(static_cast<int>(place)); });
+  connect(popup_, &SearchPopup::clicked, this, &CUsefulCombox::clicked);
+  connect(popup_, &SearchPopup::escaped, this, &CUsefulCombox::OnEscape);
+  connect(this, &QComboBox::activated, this, &CUsefulCombox::OnActivated);
 }
 
 void CUsefulCombox::Fill(const ComboList& list) {
   const QSignalBlocker quiet(this);
-  clear();
+  popup_->Close();
+  entries_->Set(list);
   yearPart_.clear();
-  std::vector<SearchEntry> entries;
-  entries.reserve(list.size());
-  for (const auto& entry : list) {
-    addItem(toQt(entry.text), QVariant::fromValue<qlonglong>(entry.datum));
-    entries.push_back(entryOf(entry));
-  }
-  found_->SetEntries(std::move(entries));
+  readyToFind_ = false;
   SelectIndex(-1);
 }
 
+const ComboList& CUsefulCombox::Entries() const { return entries_->List(); }
+
 void CUsefulCombox::FillMonths(int year) {
-  const auto months = CInitComboFun::InitMonthCombox(year);
-  Fill(months);
+  Fill(CInitComboFun::InitMonthCombox(year));
   yearPart_ = QStringLiteral("%1.").arg(year);
+}
+
+void CUsefulCombox::ReadyToFind() {
+  if (readyToFind_) return;
+  readyToFind_ = true;
   std::vector<SearchEntry> entries;
-  for (const auto& month : months) {
-    entries.push_back({QString::number(month.datum), {}, month.datum});
+  entries.reserve(entries_->List().size());
+  for (const auto& entry : entries_->List()) {
+    entries.push_back(yearPart_.isEmpty() ? entryOf(entry)
+                                          : SearchEntry{QString::number(entry.datum), {}, entry.datum});
   }
   found_->SetEntries(std::move(entries));
 }
@@ -128,6 +144,7 @@ bool CUsefulCombox::BeginsMonth(const QString& typed) const {
 int CUsefulCombox::OnlyMeaning(const QString& typed) {
   if (const int whole = findText(typed.trimmed(), Qt::MatchExactly); whole >= 0) return whole;
   const QString text = Meant(typed);
+  ReadyToFind();
   const int best = found_->Search(text);
   if (best < 0) return -1;
   const auto isWhole = [&](int row) {
@@ -141,19 +158,14 @@ int CUsefulCombox::OnlyMeaning(const QString& typed) {
 }
 
 void CUsefulCombox::Search(const QString& typed) {
+  ReadyToFind();
   int best = found_->Search(Meant(typed));
   const bool begins = best < 0 && BeginsMonth(typed);
   if (begins) best = found_->Search({});
   SetMiss(best < 0);
-  if (best < 0) {
-    popup_->popup()->hide();
-    return;
-  }
-  popup_->complete();
-  // The row is only marked: the line keeps what is being typed.
-  const QSignalBlocker quiet(popup_);
+  if (best < 0) return popup_->Close();
   const bool marked = !begins && !typed.trimmed().isEmpty();
-  popup_->popup()->setCurrentIndex(marked ? popup_->completionModel()->index(best, 0) : QModelIndex());
+  popup_->Open(marked ? best : -1);
 }
 
 void CUsefulCombox::Choose(int index) {
@@ -182,37 +194,35 @@ void CUsefulCombox::Settle() {
   SetMiss(true);
 }
 
+void CUsefulCombox::showPopup() {
+  listIsOpen_ = true;
+  QComboBox::showPopup();
+}
+
+// What is chosen in the list comes after the list has closed.
 bool CUsefulCombox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == popup_->popup() && event->type() == QEvent::KeyPress) {
-    if (OnKeyInPopup(static_cast<QKeyEvent*>(event)->key())) return true;
+  if (watched == view() && event->type() == QEvent::Hide) {
+    QMetaObject::invokeMethod(
+        this, [this] { listIsOpen_ = view()->isVisible(); }, Qt::QueuedConnection);
   }
   return QComboBox::eventFilter(watched, event);
 }
 
-bool CUsefulCombox::OnKeyInPopup(int key) {
-  if (!isEnter(key) && key != Qt::Key_Tab && key != Qt::Key_Escape) return false;
-  const QModelIndex current = popup_->popup()->currentIndex();
-  popup_->popup()->hide();
-  if (key == Qt::Key_Escape) {
-    OnEscape();
-    return true;
-  }
-  if (current.isValid()) Choose(static_cast<int>(found_->PlaceOf(current.row())));
-  // The same key then means to the window what it means in any other field.
-  QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier);
-  QApplication::sendEvent(this, &again);
-  return true;
+void CUsefulCombox::OnActivated(int index) {
+  Choose(index);
+  if (std::exchange(listIsOpen_, false)) emit clicked();
 }
 
 void CUsefulCombox::keyPressEvent(QKeyEvent* event) {
-  const bool taken = isEnter(event->key()) ? OnEnter() : event->key() == Qt::Key_Escape ? OnEscape() : false;
+  const bool taken = isEnterKey(event->key()) ? OnEnter() : event->key() == Qt::Key_Escape ? OnEscape() : false;
   if (taken) return event->accept();
-  if (!isEnter(event->key())) return QComboBox::keyPressEvent(event);
+  if (!isEnterKey(event->key())) return QComboBox::keyPressEvent(event);
   event->ignore();  // it is the window's
 }
 
 // A dialog goes on from text that stands for nothing, and refuses it in the end; elsewhere it stays to be mended.
 bool CUsefulCombox::OnEnter() {
+  if (popup_->IsOpen() && popup_->TakeMarked()) return false;
   if (!IsBeingTyped()) return false;
   if (leaving_ == Leaving::keeps) {
     Settle();
@@ -248,15 +258,6 @@ void CUsefulCombox::SetMiss(bool miss) {
   QPalette colours;
   if (miss) colours.setColor(QPalette::Text, currentTheme().negative);
   lineEdit()->setPalette(colours);
-}
-
-// Rolling over a dialog must not change its conditions.
-void CUsefulCombox::wheelEvent(QWheelEvent* event) {
-  if (hasFocus()) {
-    QComboBox::wheelEvent(event);
-  } else {
-    event->ignore();
-  }
 }
 
 }  // namespace tz

@@ -6,12 +6,17 @@
 #include <QComboBox>
 
 #include "core/data/init_combo_fun.h"
-
-class QCompleter;
+#include "desktop/picking/name_list.h"
 
 namespace tz {
 
-class SearchModel;
+// What an entry is found by: "122101 职工借款" and "122101<tab>职工借款" are a code and a name; a name that comes with
+// its code is that name.
+[[nodiscard]] SearchEntry entryOf(const ComboEntry& entry);
+
+class ComboEntries;
+class FoundTexts;
+class SearchPopup;
 
 class CUsefulCombox : public QComboBox {
   Q_OBJECT
@@ -27,11 +32,14 @@ class CUsefulCombox : public QComboBox {
 
   // Replaces the entries; none is chosen. Filling and selecting by program do not count as choosing.
   void Fill(const ComboList& list);
+  [[nodiscard]] const ComboList& Entries() const;
   // The months of a year, found by their number.
   void FillMonths(int year);
   void SelectIndex(int index);
   // By the id that an entry stands for; without such an entry, none is chosen.
   void SelectDatum(Id datum);
+  // As if the person had chosen it.
+  void Choose(int index);
   // A text that stands for no entry, as if it had been typed.
   void ShowUnknown(const QString& text);
   // Typed text that can mean one entry alone becomes that entry; other text is given up or stays, as on leaving.
@@ -43,9 +51,13 @@ class CUsefulCombox : public QComboBox {
   // The text that stands for no entry; empty when there is none.
   [[nodiscard]] std::string UnknownText() const;
 
+  void showPopup() override;
+
  signals:
   // The person chose an entry other than the one before; choosing the same again does nothing.
   void entryChanged();
+  // An entry was taken from a list by the mouse or in the list that drops down: no key leads on to the next field.
+  void clicked();
   // Of a combo that restores: Enter was pressed on text that finds nothing; the focus left a text that was not taken.
   void notFound(const QString& text);
   void givenUp(const QString& text);
@@ -54,7 +66,6 @@ class CUsefulCombox : public QComboBox {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   // What to look for: of a month its number, without the year and the zero in front.
@@ -63,19 +74,23 @@ class CUsefulCombox : public QComboBox {
   [[nodiscard]] bool BeginsMonth(const QString& typed) const;
   // The entry that a text can mean alone; -1 for none.
   int OnlyMeaning(const QString& typed);
+  // What is looked through, made when somebody first types.
+  void ReadyToFind();
   void Search(const QString& typed);
-  void Choose(int index);
   void ShowChosen();
+  void OnActivated(int index);
   // True when they took the key.
-  bool OnKeyInPopup(int key);
   bool OnEnter();
   bool OnEscape();
   [[nodiscard]] bool IsBeingTyped() const;
   void SetMiss(bool miss);
 
-  SearchModel* found_;
-  QCompleter* popup_;
+  ComboEntries* entries_;
+  FoundTexts* found_;
+  SearchPopup* popup_;
   Leaving leaving_;
+  bool readyToFind_ = false;
+  bool listIsOpen_ = false;
   QString yearPart_;  // of months: "2006."
   int chosen_ = -1;
 };

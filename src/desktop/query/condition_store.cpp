@@ -61,7 +61,18 @@ Request requestOf(const QJsonObject& values) {
   return request;
 }
 
+Request requestIn(const QJsonObject& values, const QString& name, const std::filesystem::path& file) {
+  try {
+    return requestOf(values);
+  } catch (const WrongUse& error) {
+    fail(QStringLiteral("不能读取保存的条件“%1”").arg(name), nameOf(file), toQt(error.withLabel()));
+  }
+}
+
 }  // namespace
+
+FileConditionStore::FileConditionStore(std::filesystem::path file, std::string ledger)
+    : file_(std::move(file)), lastFile_(file_.parent_path() / "last-conditions.json"), ledger_(std::move(ledger)) {}
 
 std::vector<std::string> FileConditionStore::Names(int report) const {
   std::vector<std::string> names;
@@ -76,11 +87,7 @@ Request FileConditionStore::Load(int report, std::string_view name) const {
   const QString wanted = toQt(name);
   if (!saved.contains(wanted))
     fail(QStringLiteral("没有保存的条件“%1”").arg(wanted), nameOf(file_), QStringLiteral("已被删除"));
-  try {
-    return requestOf(saved.value(wanted).toObject());
-  } catch (const WrongUse& error) {
-    fail(QStringLiteral("不能读取保存的条件“%1”").arg(wanted), nameOf(file_), toQt(error.withLabel()));
-  }
+  return requestIn(saved.value(wanted).toObject(), wanted, file_);
 }
 
 void FileConditionStore::Save(int report, std::string_view name, const Request& request) {
@@ -99,6 +106,26 @@ void FileConditionStore::Remove(int report, std::string_view name) {
   saved.remove(toQt(name));
   all.insert(key, saved);
   writeAll(file_, all);
+}
+
+std::optional<Request> FileConditionStore::Last(int report) const {
+  const auto ofLedger = readAll(lastFile_).value(toQt(ledger_)).toObject();
+  const auto last = ofLedger.constFind(QString::number(report));
+  if (last == ofLedger.constEnd()) return std::nullopt;
+  return requestIn(last->toObject(), QStringLiteral("上次条件"), lastFile_);
+}
+
+void FileConditionStore::KeepLast(int report, const Request& request) {
+  QJsonObject all;
+  try {
+    all = readAll(lastFile_);
+  } catch (const StoreError&) {
+    // Only the last conditions stood there: they begin anew.
+  }
+  auto ofLedger = all.value(toQt(ledger_)).toObject();
+  ofLedger.insert(QString::number(report), jsonOf(request));
+  all.insert(toQt(ledger_), ofLedger);
+  writeAll(lastFile_, all);
 }
 
 }  // namespace tz

@@ -10,8 +10,10 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/frame/dialog_keys.h"
 #include "desktop/frame/fit_window.h"
 #include "desktop/frame/message_box.h"
+#include "desktop/picking/name_edit.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_fields.h"
 #include "desktop/query/saved_conditions_bar.h"
@@ -29,12 +31,13 @@ QPushButton* textButton(int id, const QString& text, QWidget* parent) {
   return button;
 }
 
-// Accounts and classes: others offer what belongs to them.
-bool ownsOthers(const QueryField& field) {
-  return std::ranges::any_of(keysOf(field.Spec()), [](ParameterKey key) {
-    return key == ParameterKey::account || key == ParameterKey::projectClass;
-  });
+bool asksFor(const QueryField& field, std::initializer_list<ParameterKey> conditions) {
+  return std::ranges::any_of(keysOf(field.Spec()),
+                             [&](ParameterKey key) { return std::ranges::find(conditions, key) != conditions.end(); });
 }
+
+// Accounts and classes: others offer what belongs to them.
+bool ownsOthers(const QueryField& field) { return asksFor(field, {ParameterKey::account, ParameterKey::projectClass}); }
 
 }  // namespace
 
@@ -42,16 +45,30 @@ CTzQueryDialog::CTzQueryDialog(const DialogSpec& dialog, Session& session, QWidg
     : QDialog(parent), dialog_(dialog), session_(session) {
   setObjectName(QString::number(dialog.id));
   setWindowTitle(toQt(dialog.title));
-  for (const auto& control : dialog.controls) {
-    fields_.push_back(makeField(control, this));
-    QueryField* field = fields_.back().get();
-    connect(field, &QueryField::referenceWanted, this, [this, field] { OnReference(*field); });
-    connect(field, &QueryField::ownerChanged, this, &CTzQueryDialog::OnOwnerChanged);
-  }
+  for (const auto& control : dialog.controls) fields_.push_back(makeField(control, this));
+  ConnectFields();
   LayOut();
 }
 
 CTzQueryDialog::~CTzQueryDialog() = default;
+
+void CTzQueryDialog::ConnectFields() {
+  for (const auto& one : fields_) {
+    QueryField* field = one.get();
+    field->SetOwners([this] { return Owners(); });
+    connect(field, &QueryField::referenceWanted, this, [this, field] { OnReference(*field); });
+    connect(field, &QueryField::ownerChanged, this, &CTzQueryDialog::OnOwnerChanged);
+    connect(field, &QueryField::pickedWithOthers, this, [this, field] { OnPickedWithOthers(*field); });
+    connect(field, &QueryField::unreadable, this, [this](const DbError& error) { AfxMessageBox(this, error); });
+    for (QWidget* stop : field->Stops()) {
+      if (auto* combo = qobject_cast<CUsefulCombox*>(stop)) {
+        connect(combo, &CUsefulCombox::clicked, this, [this, combo] { GoOnFrom(combo); });
+      } else if (auto* name = qobject_cast<NameEdit*>(stop)) {
+        connect(name, &NameEdit::clicked, this, [this, name] { GoOnFrom(name); });
+      }
+    }
+  }
+}
 
 void CTzQueryDialog::LayOut() {
   constexpr int margin = 20;
@@ -78,6 +95,7 @@ void CTzQueryDialog::LayOut() {
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, [this] { OnOK(); });
   connect(cancel, &QPushButton::clicked, this, [this] { OnCancel(); });
+  giveDialogKeys(*ok, *cancel);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(betweenRows);
   buttons->addStretch();
@@ -110,9 +128,11 @@ void CTzQueryDialog::OfferSaved(ConditionStore& store, int report) {
   QPalette colours;
   colours.setColor(QPalette::WindowText, currentTheme().rule);
   rule->setPalette(colours);
-  auto* rows = static_cast<QVBoxLayout*>(layout());
-  rows->insertWidget(0, saved_);
-  rows->insertWidget(1, rule);
+  auto* head = new QVBoxLayout;
+  head->setSpacing(2);
+  head->addWidget(saved_);
+  head->addWidget(rule);
+  static_cast<QVBoxLayout*>(layout())->insertLayout(0, head);
 }
 
 bool CTzQueryDialog::DoModal() { return OnInitDialog() && exec() == Accepted; }
@@ -173,13 +193,9 @@ void CTzQueryDialog::TellNotOpen() {
 
 void CTzQueryDialog::DoDataExchange(bool takes) {
   if (takes) {
-    for (auto* combo : findChildren<CUsefulCombox*>()) combo->Settle();
-    Request taken = request_;
-    for (const auto& field : fields_) {
-      field->Demand();
-      field->Take(taken);
-    }
-    request_ = std::move(taken);
+    SettleTexts();
+    for (const auto& field : fields_) field->Demand();
+    request_ = Taken();
     return;
   }
   Request owners = request_;
@@ -190,6 +206,25 @@ void CTzQueryDialog::DoDataExchange(bool takes) {
   }
 }
 
+void CTzQueryDialog::SettleTexts() {
+  for (auto* combo : findChildren<CUsefulCombox*>()) combo->Settle();
+  for (auto* name : findChildren<NameEdit*>()) name->Settle();
+}
+
+Request CTzQueryDialog::Taken() const {
+  Request taken = request_;
+  for (const auto& field : fields_) field->Take(taken);
+  return taken;
+}
+
+Request CTzQueryDialog::Owners() const {
+  Request owners = request_;
+  for (const auto& field : fields_) {
+    if (ownsOthers(*field) || asksFor(*field, {ParameterKey::dept})) field->Take(owners);
+  }
+  return owners;
+}
+
 void CTzQueryDialog::OnOwnerChanged() {
   Attempt([this] {
     Request owners = request_;
@@ -197,6 +232,15 @@ void CTzQueryDialog::OnOwnerChanged() {
       field->Follow(owners, session_);
       if (ownsOthers(*field)) field->Take(owners);
     }
+  });
+}
+
+void CTzQueryDialog::OnPickedWithOthers(const QueryField& field) {
+  Attempt([&] {
+    Request taken = Taken();
+    field.TakePicked(taken);
+    request_ = std::move(taken);
+    DoDataExchange(false);
   });
 }
 
@@ -217,11 +261,28 @@ void CTzQueryDialog::OnOK() {
 }
 
 void CTzQueryDialog::OnReference(QueryField& field) {
+  const auto stops = field.Stops();
+  QWidget* at = std::ranges::count(stops, focusWidget()) != 0 ? focusWidget() : stops.back();
+  bool picked = false;
   const bool asked = Attempt([&] {
-    DoDataExchange(true);
-    if (field.Refer(request_, session_)) DoDataExchange(false);
+    SettleTexts();
+    request_ = Taken();
+    picked = field.Refer(request_, session_);
+    if (picked) DoDataExchange(false);
   });
-  if (asked) field.Stops().front()->setFocus(Qt::TabFocusReason);
+  if (picked) {
+    GoOnFrom(at);
+  } else if (asked) {
+    at->setFocus(Qt::TabFocusReason);
+  }
+}
+
+void CTzQueryDialog::GoOnFrom(QWidget* control) {
+  const auto stops = Stops();
+  const auto here = std::ranges::find(stops, control);
+  if (here == stops.end()) return;
+  QWidget* next = here + 1 == stops.end() ? findChild<QWidget*>(QString::number(IDOK)) : *(here + 1);
+  next->setFocus(Qt::TabFocusReason);
 }
 
 void CTzQueryDialog::FocusOn(ParameterKey key) {
@@ -249,8 +310,13 @@ QueryField* CTzQueryDialog::FocusedField() const {
 }
 
 void CTzQueryDialog::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && event->modifiers().testFlag(Qt::ControlModifier)) {
+    OnOK();
+  } else if (enter) {
     OnEnter();
+  } else if (event->modifiers() != Qt::NoModifier && clickButtonOf(*this, *event)) {
+    event->accept();
   } else if (QueryField* field = FocusedField(); event->key() == Qt::Key_F2 && field != nullptr) {
     OnReference(*field);
   } else {
@@ -262,8 +328,11 @@ void CTzQueryDialog::OnEnter() {
   const auto stops = Stops();
   const auto here = std::ranges::find(stops, focusWidget());
   if (here == stops.end()) {
-    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->click();
-    if (saved_ != nullptr && saved_->isAncestorOf(focusWidget())) stops.front()->setFocus(Qt::TabFocusReason);
+    if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) {
+      button->click();
+    } else if (saved_ != nullptr && saved_->isAncestorOf(focusWidget())) {
+      stops.front()->setFocus(Qt::TabFocusReason);
+    }
   } else if (here + 1 != stops.end()) {
     (*(here + 1))->setFocus(Qt::TabFocusReason);
   } else {

@@ -1,7 +1,7 @@
 // CTzQueryDialog: the modal dialog in which a report asks for its conditions, built from the report's DialogSpec. Its
 // controls carry their ids as object names; OK is "1", Cancel "2". What the person may not ask is said by message box,
-// and the dialog stays as it is. Enter goes from field to field and confirms on the last, Esc cancels, F2 opens the
-// reference window of a field.
+// and the dialog stays as it is. Enter goes from field to field and confirms on the last, Ctrl+Enter and Alt+O confirm
+// from any, Esc and Alt+C cancel, F2 opens the reference window of a field. What is picked leads on to the next field.
 #pragma once
 
 #include <QDialog>
@@ -50,6 +50,7 @@ class CTzQueryDialog : public QDialog {
 
  private:
   void LayOut();
+  void ConnectFields();
   bool FillFields();
   // Fields that offer what belongs to an account or class offer what belongs to those chosen now.
   void OnOwnerChanged();
@@ -57,7 +58,14 @@ class CTzQueryDialog : public QDialog {
   bool Attempt(const std::function<void()>& work);
   void TellNotOpen();
   void OnReference(QueryField& field);
+  void OnPickedWithOthers(const QueryField& field);
+  // What the fields hold.
+  [[nodiscard]] Request Taken() const;
+  [[nodiscard]] Request Owners() const;
+  void SettleTexts();
   void FocusOn(ParameterKey key);
+  // To the field behind a control, from the last one to OK.
+  void GoOnFrom(QWidget* control);
   void OnEnter();
   [[nodiscard]] std::vector<QWidget*> Stops() const;
   [[nodiscard]] QueryField* FocusedField() const;  // null when the focus is elsewhere

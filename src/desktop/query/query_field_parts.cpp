@@ -2,7 +2,9 @@
 
 #include <QLineEdit>
 #include <QToolButton>
+#include <algorithm>
 
+#include "desktop/picking/reference_dialog.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/theme/picture_icon.h"
 #include "desktop/theme/qt_text.h"
@@ -13,12 +15,9 @@ namespace {
 constexpr int viewPicture = 303;
 
 bool holds(const CUsefulCombox& combo, const ComboList& list) {
-  if (combo.count() != static_cast<int>(list.size())) return false;
-  for (int i = 0; i < combo.count(); ++i) {
-    const auto& entry = list[static_cast<std::size_t>(i)];
-    if (combo.itemData(i).toLongLong() != entry.datum || fromQt(combo.itemText(i)) != entry.text) return false;
-  }
-  return true;
+  return std::ranges::equal(combo.Entries(), list, [](const ComboEntry& one, const ComboEntry& other) {
+    return one.datum == other.datum && one.text == other.text;
+  });
 }
 
 }  // namespace
@@ -92,6 +91,25 @@ void refill(CUsefulCombox& combo, const ComboList& list) {
 void refill(CUsefulCombox& combo, const ComboList& list, int place) {
   if (!holds(combo, list)) combo.Fill(list);
   combo.SelectIndex(place);
+}
+
+bool pickFromList(CUsefulCombox& combo, const QString& caption, bool nests, QWidget* window) {
+  const ComboList& offer = combo.Entries();
+  NameList names;
+  for (std::size_t place = 0; place < offer.size(); ++place) {
+    const QString text = toQt(offer[place].text);
+    if (text.isEmpty()) continue;  // an end of a range left open
+    SearchEntry entry = entryOf(offer[place]);
+    entry.id = static_cast<Id>(place);
+    names.entries.push_back(std::move(entry));
+  }
+  if (nests) names.depths = depthsOf(names.entries);
+  ReferenceDialog reference(QString(caption).remove(u' ') + QStringLiteral("参照"), {},
+                            std::make_shared<const NameList>(std::move(names)), window);
+  reference.OpenAt({fromQt(combo.currentText().trimmed())});
+  if (!reference.DoModal()) return false;
+  combo.Choose(static_cast<int>(reference.ChosenEntry().id));
+  return true;
 }
 
 MemberChoice chosenIn(const CUsefulCombox& combo, ParameterKey key) {

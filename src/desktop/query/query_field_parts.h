@@ -57,6 +57,9 @@ void demandChoice(const CUsefulCombox& combo, ParameterKey about);
 void refill(CUsefulCombox& combo, const ComboList& list);
 // Other entries, and the one at this place chosen; none for -1.
 void refill(CUsefulCombox& combo, const ComboList& list, int place);
+// Lets the person choose an entry in a reference window, which opens with what stands in the combo; `nests` shows each
+// code below the one that it continues. False when he cancelled.
+[[nodiscard]] bool pickFromList(CUsefulCombox& combo, const QString& caption, bool nests, QWidget* window);
 // The entry that is chosen, as a request carries it.
 [[nodiscard]] MemberChoice chosenIn(const CUsefulCombox& combo, ParameterKey key);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -37,14 +38,25 @@ class QueryField : public QObject {
   virtual void Demand() const {}
   // Lets the person pick from a reference window. False when nothing was picked, or there is no such window.
   virtual bool Refer(Request& /*request*/, Session& /*session*/) { return false; }
+  // What was just picked from the list below the field, where it fills in other fields as well.
+  virtual void TakePicked(Request& /*request*/) const {}
+
+  // The conditions that others belong to, as the fields hold them at the moment.
+  void SetOwners(std::function<Request()> owners) { owners_ = std::move(owners); }
 
  signals:
   void referenceWanted();
   // Another account or class was chosen by hand: fields that offer what belongs to it follow.
   void ownerChanged();
+  void pickedWithOthers();
+  void unreadable(const tz::DbError& error);
+
+ protected:
+  [[nodiscard]] Request Owners() const { return owners_ ? owners_() : Request(); }
 
  private:
   const ControlSpec& spec_;
+  std::function<Request()> owners_;
 };
 
 [[nodiscard]] std::unique_ptr<QueryField> makeField(const ControlSpec& spec, QWidget* dialog);

@@ -1,13 +1,18 @@
 // A pick of accounts.
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <tuple>
 
+#include "desktop/picking/search_model.h"
+#include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/query/query_folded_field.h"
 #include "desktop/theme/qt_text.h"
+#include "desktop/theme/theme.h"
 
 namespace tz {
 namespace {
@@ -28,7 +33,34 @@ std::vector<MoveButton> moveButtons(bool folds) {
           {"removeAll", QStringLiteral("<<"), QStringLiteral("移出全部科目")}};
 }
 
-// Accounts offered on the left, picked on the right; both in the order of the chart of accounts.
+// Letters that are typed find an account by code, part of the name or its sound.
+class FindingList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void keyboardSearch(const QString& letters) override {
+    constexpr int together = 1000;  // milliseconds from one letter to the next
+    if (!typing_.isValid() || typing_.elapsed() > together) typed_.clear();
+    typing_.start();
+    typed_ += letters;
+    const Typed typed(typed_);
+    int best = -1;
+    auto bestFound = Found::no;
+    for (int row = 0; row < count(); ++row) {
+      const auto found = typed.find(entryOf({fromQt(item(row)->text())}));
+      if (found > bestFound) std::tie(best, bestFound) = std::pair(row, found);
+    }
+    if (best >= 0) setCurrentRow(best);
+  }
+
+ private:
+  QElapsedTimer typing_;
+  QString typed_;
+};
+
+// Accounts offered on the left, picked on the right; both in the order of the chart of accounts. One that was picked
+// once and is not offered any more stays among the picked, to be refused or taken out.
 class AccountListsField : public FoldedField {
  public:
   AccountListsField(const ControlSpec& spec, QWidget* dialog)
@@ -55,7 +87,7 @@ class AccountListsField : public FoldedField {
   [[nodiscard]] bool HasLabel() const override { return false; }
   void Fill(const DialogSpec& dialog, Session& session) override {
     accounts_.clear();
-    for (const auto& entry : offered(dialog, Spec().key, {}, session.db)) accounts_.push_back({entry.text, false});
+    for (const auto& entry : offered(dialog, Spec().key, {}, session.db)) accounts_.push_back({entry.text});
   }
   void Show(const Request& request) override {
     const auto wanted = request.list(Spec().key);
@@ -63,7 +95,13 @@ class AccountListsField : public FoldedField {
       return std::ranges::any_of(
           wanted, [&](const std::string& one) { return valueOf(Spec().key, one) == valueOf(Spec().key, account); });
     };
+    std::erase_if(accounts_, &Account::gone);
     for (Account& account : accounts_) account.picked = isWanted(account.text);
+    for (const auto& one : wanted) {
+      const auto code = valueOf(Spec().key, one);
+      const auto isIt = [&](const Account& account) { return valueOf(Spec().key, account.text) == code; };
+      if (std::ranges::none_of(accounts_, isIt)) accounts_.push_back({code, true, true});
+    }
     ShowLists();
     Unfold(!wanted.empty());
   }
@@ -80,13 +118,14 @@ class AccountListsField : public FoldedField {
  private:
   struct Account {
     std::string text;
-    bool picked;
+    bool picked = false;
+    bool gone = false;  // no longer offered
   };
 
   QListWidget* MadeList(int id, const QString& name) {
     // No higher than the buttons between the lists: on a small screen the dialog unfolds without scrolling.
     constexpr QSize smallest(180, 122);
-    auto* list = madeControl<QListWidget>(id, Body());
+    auto* list = madeControl<FindingList>(id, Body());
     list->setAccessibleName(name);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);
@@ -125,6 +164,7 @@ class AccountListsField : public FoldedField {
       if (!all && !source.item(i)->isSelected()) continue;
       accounts_[static_cast<std::size_t>(source.item(i)->data(Qt::UserRole).toInt())].picked = picks;
     }
+    std::erase_if(accounts_, [](const Account& account) { return account.gone && !account.picked; });
     ShowLists();
     source.setCurrentRow(std::min(row, source.count() - 1));
   }
@@ -134,6 +174,9 @@ class AccountListsField : public FoldedField {
     for (std::size_t i = 0; i < accounts_.size(); ++i) {
       auto* item = new QListWidgetItem(toQt(accounts_[i].text), accounts_[i].picked ? picked_ : offered_);
       item->setData(Qt::UserRole, static_cast<int>(i));
+      if (!accounts_[i].gone) continue;
+      item->setForeground(currentTheme().negative);
+      item->setToolTip(QStringLiteral("没有这个科目"));
     }
   }
 

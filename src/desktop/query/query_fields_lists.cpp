@@ -1,10 +1,13 @@
 // Conditions chosen from a list: account, department, unit class, clerk, project class, months.
+#include <QButtonGroup>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <algorithm>
 
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
+#include "desktop/query/quick_months.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -45,6 +48,12 @@ class ComboField : public QueryField {
     if (place < 0 && !wanted.empty()) combo_->ShowUnknown(toQt(valueOf(Spec().key, wanted)));
   }
   void Take(Request& request) const override { setMember(request, Spec().key, choice_.Value()); }
+  bool Refer(Request& request, Session& /*session*/) override {
+    const bool nests = Spec().key == ParameterKey::account;
+    if (!pickFromList(*combo_, toQt(Spec().caption), nests, combo_->window())) return false;
+    Take(request);
+    return true;
+  }
   void Demand() const override {
     // Of an account the dialog has its own words.
     if (!Spec().all && Spec().kind != ControlSpec::Kind::accountCombo) demandChoice(*combo_, Spec().key);
@@ -58,6 +67,8 @@ class ComboField : public QueryField {
   ComboList offer_;
 };
 
+// Two months, with the months that are asked for most as buttons beside them: these are one stop of the Tab key, the
+// arrow keys move among them.
 class MonthsField : public QueryField {
  public:
   MonthsField(const ControlSpec& spec, QWidget* dialog)
@@ -67,10 +78,13 @@ class MonthsField : public QueryField {
         last_(madeCombo(spec.companion, row_)) {
     first_->setAccessibleName(QStringLiteral("起始月份"));
     last_->setAccessibleName(QStringLiteral("终止月份"));
+    constexpr int signs = 7;  // "2006.01"
+    for (CUsefulCombox* month : {first_, last_}) month->setMinimumContentsLength(signs);
     auto* layout = rowLayout(row_);
     layout->addWidget(first_, 1);
     layout->addWidget(new QLabel(QStringLiteral("至"), row_));
     layout->addWidget(last_, 1);
+    for (const QuickMonths& one : quickMonths) layout->addWidget(MadeButton(one));
   }
   QWidget* Row() override { return row_; }
   std::vector<QWidget*> Stops() override { return {first_, last_}; }
@@ -78,6 +92,9 @@ class MonthsField : public QueryField {
     first_->FillMonths(session.logon.year);
     last_->FillMonths(session.logon.year);
     logonMonth_ = session.logon.month;
+    for (std::size_t i = 0; i < quickMonths.size(); ++i) {
+      buttons_[i]->setEnabled(!quickMonths[i].of(logonMonth_).IsEmpty());
+    }
   }
   void Show(const Request& request) override {
     first_->SelectDatum(MonthOr(request, Spec().key));
@@ -93,6 +110,24 @@ class MonthsField : public QueryField {
   }
 
  private:
+  QPushButton* MadeButton(const QuickMonths& months) {
+    constexpr int width = 42;
+    auto* button = new QPushButton(months.Caption(), row_);
+    button->setObjectName(QString::fromLatin1(months.name));
+    button->setShortcut(QKeySequence(QString::fromLatin1(months.key)));
+    button->setToolTip(months.Tip());
+    button->setAutoDefault(false);
+    button->setFixedWidth(width);
+    button->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
+    connect(button, &QPushButton::clicked, this, [this, &months] {
+      const MonthSpan span = months.of(logonMonth_);
+      first_->Choose(first_->findData(span.from));
+      last_->Choose(last_->findData(span.to));
+    });
+    group_->addButton(button);
+    buttons_.push_back(button);
+    return button;
+  }
   static void TakeMonth(Request& request, ParameterKey key, const CUsefulCombox& month) {
     const auto unknown = month.UnknownText();
     if (!unknown.empty()) throw WrongUse(key, messages::notListed(unknown));
@@ -105,6 +140,8 @@ class MonthsField : public QueryField {
   QWidget* row_;
   CUsefulCombox* first_;
   CUsefulCombox* last_;
+  QButtonGroup* group_ = new QButtonGroup(this);
+  std::vector<QPushButton*> buttons_;
   int logonMonth_ = 1;
 };
 

@@ -40,6 +40,12 @@ class ProjectRangeField : public FoldedField {
     setText(request, ParameterKey::projectFrom, IsFolded() ? std::string() : first_.Value().text);
     setText(request, ParameterKey::projectTo, IsFolded() ? std::string() : last_.Value().text);
   }
+  bool Refer(Request& request, Session& /*session*/) override {
+    if (IsFolded()) return false;
+    if (!pickFromList(to_->hasFocus() ? *to_ : *from_, QStringLiteral("项目"), false, Row()->window())) return false;
+    Take(request);
+    return true;
+  }
 
  private:
   CUsefulCombox* from_;

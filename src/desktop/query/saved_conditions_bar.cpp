@@ -1,97 +1,165 @@
 #include "desktop/query/saved_conditions_bar.h"
 
 #include <QComboBox>
-#include <QCompleter>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QToolButton>
+#include <QPushButton>
 
+#include "desktop/frame/announce.h"
+#include "desktop/frame/elided_label.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
 namespace {
 
-QToolButton* textButton(const QString& name, const QString& text, const QString& tip, QWidget* parent) {
-  auto* button = new QToolButton(parent);
-  button->setObjectName(name);
-  button->setText(text);
+QString lastName() { return QStringLiteral("上次条件"); }
+
+QPushButton* namedButton(const char* name, const QString& text, const QString& tip, QWidget* parent) {
+  constexpr int sides = 20;
+  auto* button = new QPushButton(text, parent);
+  button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(tip);
-  button->setFocusPolicy(Qt::TabFocus);
+  button->setAccessibleDescription(tip);
+  button->setAutoDefault(false);
+  button->setFixedWidth(button->fontMetrics().horizontalAdvance(text) + sides);
   return button;
 }
 
 }  // namespace
 
 SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, Current current, QWidget* parent)
-    : QWidget(parent), store_(store), report_(report), current_(std::move(current)), names_(new QComboBox(this)) {
-  const QString caption = QStringLiteral("保存的条件");
-  auto* label = new QLabel(caption, this);
-  label->setForegroundRole(QPalette::PlaceholderText);
-  label->setBuddy(names_);
+    : QWidget(parent),
+      store_(store),
+      report_(report),
+      current_(std::move(current)),
+      names_(new QComboBox(this)),
+      takeLast_(namedButton("lastConditions", QStringLiteral("上次"), QStringLiteral("填入这张帐表上次的条件 (Alt+L)"),
+                            this)),
+      told_(new ElidedLabel(this)) {
   names_->setObjectName(QStringLiteral("savedConditions"));
-  names_->setAccessibleName(caption);
+  names_->setAccessibleName(QStringLiteral("保存的条件"));
   names_->setEditable(true);
   names_->setInsertPolicy(QComboBox::NoInsert);
   names_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  names_->lineEdit()->setPlaceholderText(QStringLiteral("选一个名称，或输入新名称"));
-  auto* save = textButton(QStringLiteral("saveConditions"), QStringLiteral("保存"),
-                          QStringLiteral("以这个名称保存下面的条件"), this);
-  auto* remove = textButton(QStringLiteral("removeConditions"), QStringLiteral("删除"),
-                            QStringLiteral("删除以这个名称保存的条件"), this);
-  auto* layout = new QHBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(label);
-  layout->addWidget(names_, 1);
-  layout->addWidget(save);
-  layout->addWidget(remove);
-  connect(names_, &QComboBox::activated, this, [this](int index) { Load(names_->itemText(index)); });
-  connect(save, &QToolButton::clicked, this, &SavedConditionsBar::Save);
-  connect(remove, &QToolButton::clicked, this, &SavedConditionsBar::Remove);
+  names_->lineEdit()->setPlaceholderText(QStringLiteral("选择或输入名称"));
+  takeLast_->setAccessibleName(lastName());
+  takeLast_->setShortcut(QKeySequence(QStringLiteral("Alt+L")));
+  told_->setObjectName(QStringLiteral("conditionsTold"));
+  told_->setForegroundRole(QPalette::PlaceholderText);
+  LayOut();
+  connect(names_, &QComboBox::activated, this, &SavedConditionsBar::OnActivated);
+  connect(takeLast_, &QPushButton::clicked, this, &SavedConditionsBar::TakeLast);
+}
+
+void SavedConditionsBar::LayOut() {
+  auto* label = new QLabel(names_->accessibleName(), this);
+  label->setForegroundRole(QPalette::PlaceholderText);
+  label->setBuddy(names_);
+  auto* save = namedButton("saveConditions", QStringLiteral("保存"), QStringLiteral("以这个名称保存下面的条件"), this);
+  auto* remove =
+      namedButton("removeConditions", QStringLiteral("删除"), QStringLiteral("删除以这个名称保存的条件"), this);
+  connect(save, &QPushButton::clicked, this, &SavedConditionsBar::Save);
+  connect(remove, &QPushButton::clicked, this, &SavedConditionsBar::Remove);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(6);
+  row->addWidget(label);
+  row->addWidget(names_, 1);
+  for (QPushButton* button : {takeLast_, save, remove}) row->addWidget(button);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(2);
+  rows->addLayout(row);
+  rows->addWidget(told_);  // its line is always there: nothing moves when it speaks
 }
 
 void SavedConditionsBar::Refresh() {
+  told_->clear();
+  ReadNames();
+}
+
+void SavedConditionsBar::ReadNames() {
   names_->clear();
+  ReadLast();
+  if (last_) names_->addItem(lastName());
+  takeLast_->setEnabled(last_.has_value());
   Attempt([this] {
     for (const auto& name : store_.Names(report_)) names_->addItem(toQt(name));
   });
   names_->setCurrentIndex(-1);
 }
 
-void SavedConditionsBar::Load(const QString& name) {
-  Attempt([&] { emit chosen(store_.Load(report_, fromQt(name))); });
+// Conditions that cannot be read are none to offer; the next query puts others in their place.
+void SavedConditionsBar::ReadLast() {
+  last_.reset();
+  try {
+    last_ = store_.Last(report_);
+  } catch (const StoreError& error) {
+    Tell(toQt(error.what()));
+  }
+}
+
+void SavedConditionsBar::OnActivated(int index) {
+  if (IsLast(index)) return TakeLast();
+  const QString name = names_->itemText(index);
+  Attempt([&] { Take(store_.Load(report_, fromQt(name)), name); });
+}
+
+void SavedConditionsBar::TakeLast() {
+  if (!last_) return;
+  names_->setCurrentIndex(0);
+  Take(*last_, lastName());
+}
+
+void SavedConditionsBar::Take(const Request& request, const QString& name) {
+  emit chosen(request);
+  Tell(QStringLiteral("已填入“%1”").arg(name));
 }
 
 void SavedConditionsBar::Save() {
   const QString name = Name();
-  if (name.isEmpty()) {
+  if (name.isEmpty() || name == lastName()) {
+    Tell(QStringLiteral("请输入要保存的名称"));
     names_->setFocus();
+    names_->lineEdit()->selectAll();
     return;
   }
   const auto question = QStringLiteral("“%1”已经保存过，换成现在的条件吗？").arg(name);
-  if (IsKept(name) && !AfxMessageBox(window(), Question{fromQt(question)})) return;
+  if (PlaceOf(name) >= 0 && !AfxMessageBox(window(), Question{fromQt(question)})) return;
   const auto request = current_();
   if (!request || !Attempt([&] { store_.Save(report_, fromQt(name), *request); })) return;
-  Refresh();
-  names_->setCurrentIndex(names_->findText(name, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+  ReadNames();
+  names_->setCurrentIndex(PlaceOf(name));
+  Tell(QStringLiteral("已保存为“%1”").arg(name));
 }
 
 void SavedConditionsBar::Remove() {
   const QString name = Name();
-  if (!IsKept(name)) {
+  if (PlaceOf(name) < 0) {
+    Tell(QStringLiteral("请选择要删除的名称"));
     names_->setFocus();
     return;
   }
   const auto question = QStringLiteral("删除保存的条件“%1”吗？").arg(name);
-  if (!AfxMessageBox(window(), Question{fromQt(question)})) return;
-  if (Attempt([&] { store_.Remove(report_, fromQt(name)); })) Refresh();
+  if (!AfxMessageBox(window(), Question{.text = fromQt(question), .noByDefault = true})) return;
+  if (!Attempt([&] { store_.Remove(report_, fromQt(name)); })) return;
+  ReadNames();
+  Tell(QStringLiteral("已删除“%1”").arg(name));
+}
+
+void SavedConditionsBar::Tell(const QString& what) {
+  told_->SetShown(what);
+  announce(told_);
 }
 
 QString SavedConditionsBar::Name() const { return names_->currentText().trimmed(); }
 
-bool SavedConditionsBar::IsKept(const QString& name) const {
-  return names_->findText(name, Qt::MatchFixedString | Qt::MatchCaseSensitive) >= 0;
+int SavedConditionsBar::PlaceOf(const QString& name) const {
+  for (int i = last_ ? 1 : 0; i < names_->count(); ++i) {
+    if (names_->itemText(i) == name) return i;
+  }
+  return -1;
 }
 
 bool SavedConditionsBar::Attempt(const std::function<void()>& work) {

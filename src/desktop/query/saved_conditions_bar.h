@@ -1,5 +1,5 @@
-// The row "保存的条件" above the fields of a condition dialog: take what was kept under a name, keep what the fields
-// hold, give up a name.
+// The row "保存的条件" above the fields of a condition dialog: take the last conditions, or what was kept under a name,
+// keep what the fields hold, give up a name. What was done stands below it.
 #pragma once
 
 #include <QWidget>
@@ -9,8 +9,11 @@
 #include "desktop/query/condition_store.h"
 
 class QComboBox;
+class QPushButton;
 
 namespace tz {
+
+class ElidedLabel;
 
 class SavedConditionsBar : public QWidget {
   Q_OBJECT
@@ -20,25 +23,36 @@ class SavedConditionsBar : public QWidget {
   using Current = std::function<std::optional<Request>()>;
   SavedConditionsBar(ConditionStore& store, int report, Current current, QWidget* parent);
 
-  // Reads the names anew and shows none of them as chosen.
+  // Reads the names and the last conditions anew and shows none of them as chosen.
   void Refresh();
 
  signals:
   void chosen(const Request& request);
 
  private:
-  void Load(const QString& name);
+  void LayOut();
+  void ReadNames();
+  void ReadLast();
+  void OnActivated(int index);
+  void TakeLast();
+  void Take(const Request& request, const QString& name);
   void Save();
   void Remove();
   [[nodiscard]] QString Name() const;
-  [[nodiscard]] bool IsKept(const QString& name) const;
+  // The place of what was kept under a name; -1 where nothing was.
+  [[nodiscard]] int PlaceOf(const QString& name) const;
+  [[nodiscard]] bool IsLast(int index) const { return last_ && index == 0; }
+  void Tell(const QString& what);
   // Says why when the store fails.
   bool Attempt(const std::function<void()>& work);
 
   ConditionStore& store_;
   int report_;
   Current current_;
+  std::optional<Request> last_;
   QComboBox* names_;
+  QPushButton* takeLast_;
+  ElidedLabel* told_;
 };
 
 }  // namespace tz

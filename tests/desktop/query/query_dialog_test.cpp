@@ -139,6 +139,8 @@ TEST_F(QueryDialog, ViewButtonsFillDepartmentAndPerson) {
     EXPECT_EQ(control<QLineEdit>(window, "2111").text(), "张三");
     EXPECT_EQ(control<QLineEdit>(window, "8052").text(), "销售部");  // the person's, not the one before
     inModal([](QWidget& reference) { QTest::keyClick(&reference, Qt::Key_Escape); });
+    EXPECT_EQ(focused(window), "2201") << "what was picked leads on";
+    control<QLineEdit>(window, "2111").setFocus();
     QTest::keyClick(&control<QLineEdit>(window, "2111"), Qt::Key_F2);
     EXPECT_EQ(control<QLineEdit>(window, "2111").text(), "张三");
     EXPECT_EQ(focused(window), "2111");

@@ -1,0 +1,83 @@
+#include "desktop/picking/search_popup.h"
+
+#include <QApplication>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QListView>
+
+namespace tz {
+namespace {
+
+constexpr int listRowPixels = 24;
+
+bool isTab(int key) { return key == Qt::Key_Tab || key == Qt::Key_Backtab; }
+
+}  // namespace
+
+QVariant FoundTexts::data(const QModelIndex& index, int role) const {
+  if (role == Qt::SizeHintRole) return QSize(0, listRowPixels);
+  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+  return text_(PlaceOf(index.row()));
+}
+
+SearchPopup::SearchPopup(FoundTexts& found, QWidget& field)
+    : QObject(&field), found_(found), field_(field), list_(new QCompleter(&found, this)) {
+  list_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  list_->setMaxVisibleItems(rowsAtOnce);
+  list_->setWidget(&field);
+  QAbstractItemView* view = list_->popup();
+  view->installEventFilter(this);
+  view->setTextElideMode(Qt::ElideRight);
+  // However many are found, only those in sight cost anything.
+  if (auto* rows = qobject_cast<QListView*>(view)) rows->setUniformItemSizes(true);
+  connect(list_, qOverload<const QModelIndex&>(&QCompleter::activated), this, [this](const QModelIndex& index) {
+    emit taken(found_.PlaceOf(index.row()));
+    emit clicked();
+  });
+}
+
+void SearchPopup::Open(int marked) {
+  list_->complete();
+  // The row is only marked: the field keeps what is being typed.
+  const QSignalBlocker quiet(list_);
+  list_->popup()->setCurrentIndex(marked < 0 ? QModelIndex() : list_->completionModel()->index(marked, 0));
+}
+
+void SearchPopup::Close() { list_->popup()->hide(); }
+
+bool SearchPopup::IsOpen() const { return list_->popup()->isVisible(); }
+
+bool SearchPopup::TakeMarked() {
+  const QModelIndex marked = list_->popup()->currentIndex();
+  Close();
+  if (!marked.isValid() || marked.row() >= found_.rowCount()) return false;
+  emit taken(found_.PlaceOf(marked.row()));
+  return true;
+}
+
+bool SearchPopup::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) return OnKey(*static_cast<QKeyEvent*>(event));
+  return QObject::eventFilter(watched, event);
+}
+
+bool SearchPopup::OnKey(const QKeyEvent& key) {
+  if (key.key() == Qt::Key_Escape) {
+    Close();
+    emit escaped();
+    return true;
+  }
+  const bool takes = isEnterKey(key.key()) || isTab(key.key());
+  const bool isWindows = key.key() == Qt::Key_F2 || (key.modifiers() & Qt::AltModifier) != 0;
+  if (!takes && !isWindows) return false;
+  if (takes) {
+    TakeMarked();
+  } else {
+    Close();
+  }
+  // The same key then means to the window what it means in any other field.
+  QKeyEvent again(QEvent::KeyPress, key.key(), key.modifiers(), key.text());
+  QApplication::sendEvent(&field_, &again);
+  return true;
+}
+
+}  // namespace tz
