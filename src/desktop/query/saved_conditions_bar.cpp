@@ -142,7 +142,7 @@ void SavedConditionsBar::Remove() {
     return;
   }
   const auto question = QStringLiteral("删除保存的条件“%1”吗？").arg(name);
-  if (!AfxMessageBox(window(), Question{.text = fromQt(question), .noByDefault = true})) return;
+  if (!AfxMessageBox(window(), Question{.text = fromQt(question), .defaultsToNo = true})) return;
   if (!Attempt([&] { store_.Remove(report_, fromQt(name)); })) return;
   ReadNames();
   Tell(QStringLiteral("已删除“%1”").arg(name));

@@ -1,6 +1,7 @@
 #include "desktop/report/condition_combos.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <algorithm>
 #include <array>
@@ -8,6 +9,7 @@
 #include "core/reports/offers.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
+#include "desktop/report/month_combos.h"
 #include "desktop/report/painted_static.h"
 #include "desktop/theme/qt_text.h"
 
@@ -35,23 +37,26 @@ bool alwaysStands(const ControlSpec& control) {
 
 }  // namespace
 
-ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent) : QWidget(parent), dialog_(dialog) {
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(6);
+ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent)
+    : QWidget(parent), dialog_(dialog), row_(new QHBoxLayout) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addLayout(row_);
+  row_->setSpacing(6);
   for (const ControlSpec& control : dialog.controls) {
     const auto* const found = std::ranges::find(windowCombos, control.kind, &WindowCombo::kind);
     if (found != windowCombos.end()) AddCombo(control, found->id);
+    if (control.kind == ControlSpec::Kind::months) AddMonths(control);
   }
-  row->addStretch(1);
+  row_->addStretch(1);
 }
 
 bool ConditionCombos::HasCombo(ControlSpec::Kind kind) {
-  return std::ranges::find(windowCombos, kind, &WindowCombo::kind) != windowCombos.end();
+  return kind == ControlSpec::Kind::months ||
+         std::ranges::find(windowCombos, kind, &WindowCombo::kind) != windowCombos.end();
 }
 
 void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
-  auto* row = static_cast<QHBoxLayout*>(layout());
   const int labelId = labelIds.at(std::min(members_.size(), labelIds.size() - 1));
   auto* label = new PaintedStatic(labelId, PaintedStatic::Look::label, this);
   const QString caption = toQt(control.caption);
@@ -63,9 +68,9 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   combo->setMinimumContentsLength(control.kind == ControlSpec::Kind::accountCombo ? 16 : 8);
   label->setBuddy(combo);
-  if (!members_.empty()) row->addSpacing(10);
-  row->addWidget(label);
-  row->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
+  if (!members_.empty()) row_->addSpacing(10);
+  row_->addWidget(label);
+  row_->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
   members_.push_back({&control, combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, chosenIn(*combo, key)); });
@@ -75,6 +80,48 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
           [this](const QString& text) { emit told(QStringLiteral("没有选定“%1”，条件不变。").arg(text)); });
 }
 
+void ConditionCombos::AddMonths(const ControlSpec& control) {
+  months_ = new MonthCombos(toQt(control.caption), this);
+  if (!members_.empty()) row_->addSpacing(10);
+  placeInRow_ = row_->count();
+  row_->addWidget(months_);
+  connect(months_, &MonthCombos::chosen, this, &ConditionCombos::monthsChosen);
+  connect(months_, &MonthCombos::told, this, &ConditionCombos::told);
+}
+
+// Where the row is too narrow for all, the months have one of their own.
+void ConditionCombos::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (months_ == nullptr) return;
+  const bool below = layout()->indexOf(months_) >= 0;
+  const int needed = row_->minimumSize().width() + (below ? row_->spacing() + months_->minimumSizeHint().width() : 0);
+  if ((needed > width()) == below) return;
+  if (below) {
+    layout()->removeWidget(months_);
+    row_->insertWidget(placeInRow_, months_);
+  } else {
+    row_->removeWidget(months_);
+    static_cast<QVBoxLayout*>(layout())->addWidget(months_, 0, Qt::AlignLeft);
+  }
+  updateGeometry();
+}
+
+void ConditionCombos::ShowMonths(const Request& request, Date logon) {
+  if (months_ == nullptr) return;
+  if (std::exchange(year_, logon.year) != logon.year) months_->Fill(logon.year);
+  months_->SetLogonMonth(logon.month);
+  const auto monthOf = [&](ParameterKey key) { return request.month(key) == 0 ? logon.month : request.month(key); };
+  months_->Show({monthOf(ParameterKey::from), monthOf(ParameterKey::to)});
+}
+
+void ConditionCombos::keyPressEvent(QKeyEvent* event) {
+  const auto focused = std::ranges::find_if(members_, [](const Member& one) { return one.combo->hasFocus(); });
+  if (event->key() != Qt::Key_F2 || focused == members_.end()) return QWidget::keyPressEvent(event);
+  const ControlSpec& control = *focused->control;
+  const bool nests = control.key == ParameterKey::account;
+  (void)pickFromList(*focused->combo, toQt(control.caption), nests, window());
+}
+
 bool ConditionCombos::AskForPerson() const { return Find(ParameterKey::person) != nullptr; }
 
 const ConditionCombos::Member* ConditionCombos::Find(ParameterKey key) const {
@@ -82,12 +129,14 @@ const ConditionCombos::Member* ConditionCombos::Find(ParameterKey key) const {
   return found == members_.end() ? nullptr : &*found;
 }
 
-bool ConditionCombos::Fill(const CQnCwDB& db) {
-  if (asksForAccount(dialog_) && accountsOf(dialog_, db).empty()) return false;
+bool ConditionCombos::HasAccounts(const CQnCwDB& db) const {
+  return !asksForAccount(dialog_) || !accountsOf(dialog_, db).empty();
+}
+
+void ConditionCombos::Fill(const CQnCwDB& db) {
   for (const Member& member : members_) {
     if (!offerFollows(*member.control)) refill(*member.combo, offered(dialog_, member.control->key, {}, db), -1);
   }
-  return true;
 }
 
 ConditionCombos::Lists ConditionCombos::Read(const Request& request, const CQnCwDB& db) const {

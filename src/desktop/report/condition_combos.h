@@ -1,16 +1,20 @@
-// The condition combos above the grid of a report: account, department, person, unit or unit class, clerk, as the
-// report's conditions have them.
-// They show what the grid shows; choosing another entry changes the condition.
+// The condition combos above the grid of a report: account, department, person, unit or unit class, clerk, months, as
+// the report's conditions have them. They show what the grid shows; choosing another entry changes the condition. F2
+// opens a reference window of what a combo offers.
 #pragma once
 
 #include <QWidget>
 #include <vector>
 
 #include "core/reports/offers.h"
+#include "desktop/query/quick_months.h"
+
+class QHBoxLayout;
 
 namespace tz {
 
 class CUsefulCombox;
+class MonthCombos;
 
 class ConditionCombos : public QWidget {
   Q_OBJECT
@@ -21,8 +25,10 @@ class ConditionCombos : public QWidget {
   // Whether a condition of this kind has a combo.
   [[nodiscard]] static bool HasCombo(ControlSpec::Kind kind);
 
-  // Fills the lists that depend on nothing else. False when the report needs an account and none qualifies.
-  bool Fill(const CQnCwDB& db);
+  // False when the report needs an account and none qualifies.
+  [[nodiscard]] bool HasAccounts(const CQnCwDB& db) const;
+  // Fills the lists that depend on nothing else, where no report can be shown that would bring them along.
+  void Fill(const CQnCwDB& db);
   // What each list offers under these conditions, and which of it they name: in each list the first entry when there is
   // no such one; of a name left out none, of a list in which something always stands its first entry.
   struct List {
@@ -32,6 +38,8 @@ class ConditionCombos : public QWidget {
   using Lists = std::vector<List>;
   [[nodiscard]] Lists Read(const Request& request, const CQnCwDB& db) const;
   void Show(const Lists& lists);
+  // The months of a request, which are those of logon where it has none; nothing for a report that asks for no months.
+  void ShowMonths(const Request& request, Date logon);
   // Fills the list of persons with those of the department asked for and selects none of them.
   void RefillPersons(const Request& request, const CQnCwDB& db);
   [[nodiscard]] bool AskForPerson() const;
@@ -42,8 +50,13 @@ class ConditionCombos : public QWidget {
  signals:
   // Another entry than before was chosen by hand.
   void chosen(tz::ParameterKey key, const tz::MemberChoice& member);
+  void monthsChosen(tz::MonthSpan months);
   // Words about text that was typed and stands for nothing.
   void told(const QString& words);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   struct Member {
@@ -51,11 +64,16 @@ class ConditionCombos : public QWidget {
     CUsefulCombox* combo;
   };
   void AddCombo(const ControlSpec& control, int comboId);
+  void AddMonths(const ControlSpec& control);
   [[nodiscard]] const Member* Find(ParameterKey key) const;
   [[nodiscard]] List ReadOne(const Member& member, const Request& request, const CQnCwDB& db) const;
 
   const DialogSpec& dialog_;
   std::vector<Member> members_;
+  QHBoxLayout* row_;
+  MonthCombos* months_ = nullptr;
+  int placeInRow_ = 0;  // of the months
+  int year_ = 0;        // whose months they offer
 };
 
 }  // namespace tz

@@ -39,7 +39,8 @@ QString typing(const ReportDefinition& report) {
     return std::ranges::find(report.dialog.controls, kind, &ControlSpec::kind) != report.dialog.controls.end();
   };
   QString items = QStringLiteral(
-      "<li>在列表里输入编码、名称的一部分或拼音首字母，按 Enter 或 Tab 选中找到的一项；Esc 恢复原来的选择。</li>"
+      "<li>科目、部门、个人、单位、项目都可以输入编码、名称的一部分或拼音首字母查找；选中后光标到下一项。</li>"
+      "<li>“上次”填入这张帐表在本帐套上次的条件；常用的条件可以起名保存，以后从“保存的条件”里选。</li>"
       "<li>列表里没有的文字不会被换成别的：确定时提示，文字留在原处等待更正。必须选择的条件清空了，也会提示；可以不填的"
       "（部门“全部”、项目范围的一端、科目列表），清空就是不限。</li>"
       "<li>"

@@ -22,14 +22,19 @@ constexpr KeyEntry navigatorKeys[] = {
 
 constexpr KeyEntry conditionsKeys[] = {
     {"Enter", "到下一项；在最后一项上确定"},
-    {"Esc", "放弃"},
+    {"Ctrl+Enter、Alt+O", "在任何一项上确定"},
+    {"Esc、Alt+C", "放弃"},
+    {"Alt+L", "填入这张帐表上次的条件"},
+    {"Alt+1、Alt+2、Alt+3、Alt+4", "本月、上月、本季、本年，以登录日期为准；帐表窗口里也可以用"},
 };
 
 constexpr KeyEntry fieldKeys[] = {
     {"输入文字", "按编码、名称的一部分或拼音首字母查找"},
-    {"Enter、Tab", "选中找到的一项"},
+    {"Enter、Tab", "选中找到的一项，到下一项"},
+    {"↓", "在名称栏里打开列表"},
     {"Esc", "恢复原来的选择"},
-    {"F2", "打开参照窗口"},
+    {"F2", "打开参照窗口，科目也可以"},
+    {"Alt+↑、Alt+↓", "在参照窗口里换一个部门或分类"},
 };
 
 constexpr KeyEntry gridKeys[] = {

@@ -12,6 +12,7 @@
 #include "desktop/frame/window_keys.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/query/query_dialog.h"
+#include "desktop/query/quick_months.h"
 #include "desktop/report/condition_combos.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
@@ -53,7 +54,7 @@ bool ReportWindow::OnInitDialog() {
   putWindowKeysFirst(*this);
   Refusal refusal = refusalWith(definition_.noAccountInWindow);
   try {
-    if (heading_->Conditions().Fill(*g_pDB)) return true;
+    if (heading_->Conditions().HasAccounts(*g_pDB)) return true;
   } catch (const DbError& error) {
     TellFailure(error);
     // Without accounts to ask for, there is nothing that would be refused for want of them.
@@ -92,6 +93,7 @@ void ReportWindow::LayOut() {
 
 void ReportWindow::ConnectParts() {
   connect(&heading_->Conditions(), &ConditionCombos::chosen, this, &ReportWindow::OnConditionChosen);
+  connect(&heading_->Conditions(), &ConditionCombos::monthsChosen, this, &ReportWindow::OnMonthsChosen);
   connect(&heading_->Conditions(), &ConditionCombos::told, status_, &ReportStatus::ShowMessage);
   connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
   connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
@@ -201,12 +203,14 @@ void ReportWindow::Show(ComputedReport computed) {
   shown_ = {conditions.request, std::move(computed)};
   request_ = shown_->request;
   awaitsPerson_ = false;
+  if (std::exchange(changedByHand_, false)) KeepLast();
   EnableCommands();
   if (feature_ != nullptr) feature_->AfterComputed(*shown_);
   heading_->SetFormats(shown_->report.formats, shown_->report.format);
   heading_->SetPeriod(shown_->report.paintedPeriod);
   heading_->SetUnits(conditions.amounts, shown_->report.format);
   heading_->SetOthers(conditions);
+  heading_->Conditions().ShowMonths(request_, g_tmLogonTime);
   view_->SetEmptyText(QStringLiteral("没有记录"));
   view_->SetReport(&shown_->report);
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);

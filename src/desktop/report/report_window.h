@@ -28,6 +28,7 @@ class GridView;
 class NoticeBar;
 class ReportHeading;
 class ReportStatus;
+struct MonthSpan;
 
 // What a window shows, and the conditions that it would ask for again.
 struct ShownReport {
@@ -102,6 +103,8 @@ class ReportWindow : public ProcessWindow {
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();
   void TellSubject();
+  // The host keeps what was last asked for by hand.
+  void KeepLast();
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.
   void Attempt(const std::function<void()>& work);
   void TellFailure(const std::exception& error);
@@ -109,7 +112,10 @@ class ReportWindow : public ProcessWindow {
   void TellStopped();
   // Departments change their persons: with none chosen there is nothing to show yet.
   void OnConditionChosen(ParameterKey key, const MemberChoice& member);
+  void OnMonthsChosen(MonthSpan months);
   void OnFormatChosen(AmountFormat format);
+  // After a condition that no list depends on.
+  void RecomputeOrAwait();
   void AwaitPerson(bool personsChange);
   [[nodiscard]] static QString PersonWanted();
   // Whether somebody answers a command, and whether it waits for rows that it takes.
@@ -128,6 +134,7 @@ class ReportWindow : public ProcessWindow {
   bool conditionsSet_ = false;
   bool firstShow_ = true;
   bool awaitsPerson_ = false;
+  bool changedByHand_ = false;
   std::optional<ShownReport> shown_;
   std::unique_ptr<ReportFeature> feature_;
 

@@ -2,7 +2,9 @@
 #include "core/reports/explain_error.h"
 #include "desktop/frame/globals.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/query/condition_store.h"
 #include "desktop/query/query_dialog.h"
+#include "desktop/query/quick_months.h"
 #include "desktop/report/condition_combos.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
@@ -26,7 +28,18 @@ bool ReportWindow::OnCommandQuery() {
   queryDialog_->SetRequest(request_);
   if (!queryDialog_->DoModal()) return false;
   SetConditions(queryDialog_->GetRequest());
+  KeepLast();
   return true;
+}
+
+void ReportWindow::KeepLast() {
+  if (store_ == nullptr) return;
+  try {
+    store_->KeepLast(definition_.command, request_);
+  } catch (const StoreError& error) {
+    // The report is there all the same.
+    logFailure(definition_.windowTitle, error.what());
+  }
 }
 
 void ReportWindow::SetConditions(const Request& request) {
@@ -36,11 +49,20 @@ void ReportWindow::SetConditions(const Request& request) {
 }
 
 void ReportWindow::KeepShown() {
-  if (!shown_) return;
-  request_ = shown_->request;
-  heading_->SetFormats(shown_->report.formats, shown_->report.format);
+  changedByHand_ = false;
+  ConditionCombos& combos = heading_->Conditions();
+  if (shown_) {
+    request_ = shown_->request;
+    heading_->SetFormats(shown_->report.formats, shown_->report.format);
+  }
+  combos.ShowMonths(request_, g_tmLogonTime);
   try {
-    heading_->Conditions().Show(heading_->Conditions().Read(request_, *g_pDB));
+    if (shown_) {
+      combos.Show(combos.Read(request_, *g_pDB));
+    } else if (firstShow_) {
+      // With other conditions there may be something to show.
+      combos.Fill(*g_pDB);
+    }
   } catch (const DbError& error) {
     // The lists cannot be read either: they stay as they are.
     logFailure(definition_.windowTitle, error.what());
@@ -49,6 +71,7 @@ void ReportWindow::KeepShown() {
 
 void ReportWindow::OnConditionChosen(ParameterKey key, const MemberChoice& member) {
   request_.choose(key, member);
+  changedByHand_ = true;
   const bool personsChange = key == ParameterKey::dept && heading_->Conditions().AskForPerson();
   if (personsChange || (awaitsPerson_ && key != ParameterKey::person)) {
     Attempt([this, key, personsChange] {
@@ -86,6 +109,17 @@ QString ReportWindow::PersonWanted() { return QStringLiteral("请选择个人");
 
 void ReportWindow::OnFormatChosen(AmountFormat format) {
   request_.set(ParameterKey::format, formatName(format));
+  RecomputeOrAwait();
+}
+
+void ReportWindow::OnMonthsChosen(MonthSpan months) {
+  request_.set(ParameterKey::from, std::to_string(months.from));
+  request_.set(ParameterKey::to, std::to_string(months.to));
+  RecomputeOrAwait();
+}
+
+void ReportWindow::RecomputeOrAwait() {
+  changedByHand_ = true;
   if (awaitsPerson_) {
     Attempt([this] { AwaitPerson(false); });
   } else {
