@@ -11,22 +11,27 @@ int columnOfKey(const std::vector<QString>& keys, const QString& key) {
   return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
 }
 
-// Which columns stand in the order of the table, as many of them as possible: those that were not moved.
-std::vector<bool> unmovedOf(const std::vector<int>& order) {
+// Which columns stand in the order of the table, as many of them as possible, and rather those that nobody has moved.
+std::vector<bool> unmovedOf(const std::vector<int>& order, const std::vector<bool>& touched) {
   const std::size_t count = order.size();
-  std::vector<int> lengths(count, 1);
+  const auto weightOf = [&](std::size_t place) {
+    return 2 * count + (touched[static_cast<std::size_t>(order[place])] ? 0 : 1);
+  };
+  std::vector<std::size_t> weights(count);
   std::vector<std::size_t> before(count);
-  std::iota(before.begin(), before.end(), std::size_t{0});
   for (std::size_t place = 0; place < count; ++place) {
+    weights[place] = weightOf(place);
+    before[place] = place;
     for (std::size_t earlier = 0; earlier < place; ++earlier) {
-      if (order[earlier] > order[place] || lengths[earlier] < lengths[place]) continue;
-      lengths[place] = lengths[earlier] + 1;
+      const std::size_t joined = weights[earlier] + weightOf(place);
+      if (order[earlier] > order[place] || joined <= weights[place]) continue;
+      weights[place] = joined;
       before[place] = earlier;
     }
   }
   std::vector<bool> unmoved(count, false);
   if (count == 0) return unmoved;
-  auto place = static_cast<std::size_t>(std::ranges::max_element(lengths) - lengths.begin());
+  auto place = static_cast<std::size_t>(std::ranges::max_element(weights) - weights.begin());
   unmoved[static_cast<std::size_t>(order[place])] = true;
   while (before[place] != place) {
     place = before[place];
@@ -50,18 +55,21 @@ std::vector<int> orderedColumns(const std::vector<QString>& keys, const QList<Co
   return order;
 }
 
-QList<ColumnArrangement::Moved> movesTo(const std::vector<int>& order, const std::vector<QString>& keys,
+QList<ColumnArrangement::Moved> movesTo(const std::vector<int>& order, int column, const std::vector<QString>& keys,
                                         const QList<ColumnArrangement::Moved>& before) {
   QList<ColumnArrangement::Moved> moves;
+  std::vector<bool> touched(keys.size(), false);
+  touched[static_cast<std::size_t>(column)] = true;
   for (const auto& move : before) {
-    const bool elsewhere = columnOfKey(keys, move.key) < 0;
-    if (elsewhere || (!move.after.isEmpty() && columnOfKey(keys, move.after) < 0)) moves.append(move);
+    const int known = columnOfKey(keys, move.key);
+    if (known >= 0) touched[static_cast<std::size_t>(known)] = true;
+    if (known < 0 || (!move.after.isEmpty() && columnOfKey(keys, move.after) < 0)) moves.append(move);
   }
-  const auto unmoved = unmovedOf(order);
+  const auto unmoved = unmovedOf(order, touched);
   for (std::size_t place = 0; place < order.size(); ++place) {
-    const auto column = static_cast<std::size_t>(order[place]);
-    if (unmoved[column]) continue;
-    const QString& key = keys[column];
+    const auto one = static_cast<std::size_t>(order[place]);
+    if (unmoved[one]) continue;
+    const QString& key = keys[one];
     moves.removeIf([&](const ColumnArrangement::Moved& move) { return move.key == key; });
     moves.append({key, place == 0 ? QString() : keys[static_cast<std::size_t>(order[place - 1])]});
   }

@@ -31,8 +31,10 @@ struct ColumnArrangement {
 // The places of the columns of these keys, from left to right, as indexes into them.
 [[nodiscard]] std::vector<int> orderedColumns(const std::vector<QString>& keys,
                                               const QList<ColumnArrangement::Moved>& moved);
-// The fewest moves that lead to this order, behind those of `before` that speak of columns which are not there.
-[[nodiscard]] QList<ColumnArrangement::Moved> movesTo(const std::vector<int>& order, const std::vector<QString>& keys,
+// The fewest moves that lead to an order to which `column` was moved last, behind those of `before` that speak of
+// columns which are not there.
+[[nodiscard]] QList<ColumnArrangement::Moved> movesTo(const std::vector<int>& order, int column,
+                                                      const std::vector<QString>& keys,
                                                       const QList<ColumnArrangement::Moved>& before);
 
 }  // namespace tz

@@ -22,10 +22,14 @@ constexpr int dragInterval = 40;  // milliseconds
 
 GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new GridViewHeader(columns_, this)) {
   setFocusPolicy(Qt::StrongFocus);
-  setAccessibleName(QStringLiteral("报表"));
   installGridAccessibility();
+  setAccessibleName(QStringLiteral("报表"));
   connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
   connect(header_, &GridViewHeader::fitWanted, this, &GridView::FitColumn);
+  connect(header_, &GridViewHeader::moveWanted, this, &GridView::MoveColumn);
+  connect(header_, &GridViewHeader::menuWanted, this, &GridView::OpenColumnMenu);
+  connect(header_, &GridViewHeader::scrollWanted, this,
+          [this](int by) { horizontalScrollBar()->setValue(horizontalScrollBar()->value() + by); });
   connect(header_, &GridViewHeader::columnClicked, this, [this](int column) {
     const int place = columns_.PlaceOf(column);
     SelectPlaces({0, rows_.Count() - 1, place, place});
@@ -118,7 +122,7 @@ QRect GridView::VisiblePart(GridCell cell) const {
 }
 
 GridCell GridView::PlaceOf(GridCell cell) const {
-  if (!cell.valid() || cell.column >= columns_.Count() || !columns_.IsShown(cell.column)) return {};
+  if (!cell.valid() || !columns_.IsShown(cell.column)) return {};
   return {rows_.PlaceOf(cell.row), columns_.PlaceOf(cell.column)};
 }
 
@@ -183,8 +187,7 @@ void GridView::ShowCell(GridCell cell) {
   QScrollBar* vertical = verticalScrollBar();
   if (place.top() < 0) vertical->setValue(vertical->value() + place.top());
   if (place.bottom() > view.bottom()) vertical->setValue(vertical->value() + place.bottom() - view.bottom());
-  const int column = PlaceOf(cell).column;
-  if (column >= 0) horizontalScrollBar()->setValue(columns_.OffsetToShow(column));
+  ShowColumnInView(cell.column);
 }
 
 void GridView::SumUp() {
@@ -259,6 +262,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     OpenMenuAtCurrent();
   } else if (Empty()) {
     event->ignore();
+  } else if (ArrangeByKey(*event)) {
+    event->accept();
   } else if (event->matches(QKeySequence::Copy)) {
     Copy();
   } else if (event->key() == Qt::Key_C && event->modifiers() == controlAndShift) {

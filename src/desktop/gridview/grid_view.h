@@ -89,6 +89,10 @@ class GridView : public QAbstractScrollArea {
   void rowActivated(qint64 row);
   // A cell was clicked, and is current now.
   void cellClicked(qint64 row, int column);
+  // Rows like this cell's are to be shown alone; the menu offers it when somebody listens.
+  void filterByWanted(qint64 row, int column);
+  // Columns were moved, hidden or shown.
+  void columnsArranged();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -103,6 +107,8 @@ class GridView : public QAbstractScrollArea {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   struct Style;
@@ -115,14 +121,18 @@ class GridView : public QAbstractScrollArea {
   void MoveTo(GridCell cell, bool extend);
   void Select(GridCell anchor, GridCell current);
   void ShowCell(GridCell cell);
+  void ShowColumnInView(int column);
   void LayOut();
   void SumUp();
   void TellCurrent();
   [[nodiscard]] GridFonts Fonts() const;
   // The columns stand otherwise: what is current and selected stays where it can.
   void ColumnsChanged();
-  // Copying and selecting, then the view's own actions.
+  // Keys that are about columns; false for others.
+  bool ArrangeByKey(const QKeyEvent& event);
+  // What the keys do with cells and columns, then the view's own actions.
   void OpenMenu(QPoint global);
+  void OpenColumnMenu(int column, QPoint global);
   void OpenMenuAtCurrent();
 
   struct Part;

@@ -1,5 +1,7 @@
 // What a person does with the columns of a grid view: draws them wider, fits, moves, hides and puts them back.
 #include <QAccessible>
+#include <QKeyEvent>
+#include <QScrollBar>
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/gridview/grid_view_header.h"
@@ -24,7 +26,7 @@ void GridView::SetColumnWidth(int column, int width) {
 }
 
 void GridView::FitColumn(int column) {
-  if (grid_ == nullptr) return;
+  if (!columns_.Has(column)) return;
   columns_.Fit(*grid_, column, Fonts());
   LayOut();
 }
@@ -35,7 +37,17 @@ void GridView::FitColumns() {
   LayOut();
 }
 
+bool GridView::ArrangeByKey(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Escape) return header_->CancelMove();
+  const bool asked = (event.modifiers() & ~Qt::KeypadModifier) == (Qt::ControlModifier | Qt::ShiftModifier);
+  const bool left = event.key() == Qt::Key_Left;
+  if (!asked || (!left && event.key() != Qt::Key_Right)) return false;
+  if (current_.valid()) ShiftColumn(current_.column, left ? -1 : 1);
+  return true;
+}
+
 void GridView::ShowColumn(int column, bool shown) {
+  if (!columns_.Has(column)) return;
   columns_.SetShown(column, shown);
   ColumnsChanged();
 }
@@ -47,10 +59,14 @@ void GridView::MoveColumn(int column, int before) {
 }
 
 void GridView::ShiftColumn(int column, int places) {
-  if (column < 0 || !columns_.IsShown(column)) return;
+  if (!columns_.IsShown(column)) return;
   const int place = columns_.PlaceOf(column);
   MoveColumn(column, places > 0 ? place + places + 1 : place + places);
-  if (column == current_.column) ShowCell(current_);
+  ShowColumnInView(column);
+}
+
+void GridView::ShowColumnInView(int column) {
+  if (columns_.IsShown(column)) horizontalScrollBar()->setValue(columns_.OffsetToShow(columns_.PlaceOf(column)));
 }
 
 void GridView::ResetColumns() {
@@ -68,6 +84,7 @@ void GridView::ColumnsChanged() {
     QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&reset);
   }
+  emit columnsArranged();
   if (current_ == before) return;
   grid_->ActivateCell(current_.row, current_.column);
   TellCurrent();

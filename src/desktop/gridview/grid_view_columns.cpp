@@ -200,7 +200,7 @@ void GridViewColumns::Freeze() {
 }
 
 int GridViewColumns::NearestShown(int column) const {
-  if (column < 0 || column >= Count() || IsShown(column)) return column;
+  if (!Has(column) || IsShown(column)) return column;
   const auto place = std::ranges::find(order_, column);
   const auto shown = [this](int other) { return IsShown(other); };
   const auto after = std::find_if(place, order_.end(), shown);
@@ -218,6 +218,13 @@ int GridViewColumns::PlaceAt(int x) const {
   const int along = x < FrozenWidth() ? x : x + offset_;
   const auto after = std::ranges::upper_bound(lefts_, along);
   return std::clamp(static_cast<int>(after - lefts_.begin()) - 1, 0, std::max(ShownCount() - 1, 0));
+}
+
+int GridViewColumns::EdgeBefore(int place) const { return place <= frozen_ ? LeftOf(place) : LeftOf(place) - offset_; }
+
+int GridViewColumns::InsertionAt(int x) const {
+  const int place = PlaceAt(x);
+  return x < XOf(place) + WidthOf(place) / 2 ? place : place + 1;
 }
 
 int GridViewColumns::EdgeAt(int x) const {
@@ -258,7 +265,7 @@ void GridViewColumns::Move(int from, int before) {
   } else {
     order.insert(std::ranges::find(order, ColumnAtPlace(before - 1)) + 1, column);
   }
-  arrangement_.moved = movesTo(order, keys_, arrangement_.moved);
+  arrangement_.moved = movesTo(order, column, keys_, arrangement_.moved);
   Arrange();
 }
 

@@ -31,6 +31,7 @@ class GridViewColumns {
 
   // The grid's own columns.
   [[nodiscard]] int Count() const { return static_cast<int>(captions_.size()); }
+  [[nodiscard]] bool Has(int column) const { return column >= 0 && column < Count(); }
   [[nodiscard]] const QString& CaptionOf(int column) const { return captions_[static_cast<std::size_t>(column)]; }
   // With that of its group, where it has one.
   [[nodiscard]] QString FullCaptionOf(int column) const;
@@ -41,7 +42,7 @@ class GridViewColumns {
   [[nodiscard]] const std::vector<int>& Shown() const { return shown_; }
   // -1 for a column that is hidden.
   [[nodiscard]] int PlaceOf(int column) const { return places_[static_cast<std::size_t>(column)]; }
-  [[nodiscard]] bool IsShown(int column) const { return PlaceOf(column) >= 0; }
+  [[nodiscard]] bool IsShown(int column) const { return Has(column) && PlaceOf(column) >= 0; }
   // The column itself where it is shown, else one beside it.
   [[nodiscard]] int NearestShown(int column) const;
   [[nodiscard]] const std::vector<Group>& Groups() const { return groups_; }
@@ -55,16 +56,22 @@ class GridViewColumns {
   // How far the columns are scrolled to the left.
   void SetOffset(int offset) { offset_ = offset; }
 
+  // Whether some places have to be scrolled to beside others that stay.
+  [[nodiscard]] bool Scrolls() const { return frozen_ > 0 && TotalWidth() > room_; }
   // The places that do not scroll: the first so many.
   [[nodiscard]] int FrozenCount() const { return frozen_; }
   [[nodiscard]] int FrozenWidth() const { return LeftOf(frozen_); }
   [[nodiscard]] bool IsFrozen(int place) const { return place < frozen_; }
   // Where a place begins in the viewport.
   [[nodiscard]] int XOf(int place) const { return LeftOf(place) - (IsFrozen(place) ? 0 : offset_); }
+  // Where the edge before a place is seen; behind all there is one more.
+  [[nodiscard]] int EdgeBefore(int place) const;
   // How far the columns are to be scrolled for a place to be seen in full, or from its beginning where it has no room.
   [[nodiscard]] int OffsetToShow(int place) const;
   // The place there in the viewport; the nearest one outside of all.
   [[nodiscard]] int PlaceAt(int x) const;
+  // Before which place a column that is let go there comes to stand.
+  [[nodiscard]] int InsertionAt(int x) const;
   // The place whose right edge lies there, to be drawn wider; -1 for none.
   [[nodiscard]] int EdgeAt(int x) const;
 

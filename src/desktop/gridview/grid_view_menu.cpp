@@ -3,7 +3,9 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMetaMethod>
 
+#include "desktop/gridview/column_menu.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/theme/qt_text.h"
 
@@ -46,15 +48,31 @@ void GridView::OpenMenu(QPoint global) {
   menu->setObjectName(QStringLiteral("gridMenu"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
   const bool selected = !Selection().empty();
+  const GridCell current = current_;
   const auto add = [&](const char* text, bool enabled, auto action) {
     menu->addAction(QString::fromUtf8(text), this, action)->setEnabled(enabled);
   };
   add("复制(&C)\tCtrl+C", selected, [this] { Copy(); });
   add("连同标题复制(&H)\tCtrl+Shift+C", selected && report_ != nullptr, [this] { CopyWithHeadings(); });
-  menu->addSeparator();
   add("全选(&A)\tCtrl+A", !Empty(), [this] { SelectAll(); });
+  menu->addSeparator();
+  if (isSignalConnected(QMetaMethod::fromSignal(&GridView::filterByWanted))) {
+    add("按此筛选(&F)", current.valid(), [=, this] { emit filterByWanted(current.row, current.column); });
+  }
+  add("列宽适合内容(&W)", current.valid(), [=, this] { FitColumn(current.column); });
+  auto* columns = makeColumnMenu(*this, current.column, menu);
+  columns->setTitle(QStringLiteral("列(&L)"));
+  columns->setEnabled(columns_.Count() > 0);
+  menu->addMenu(columns);
   if (!actions().isEmpty()) menu->addSeparator();
   menu->addActions(actions());
+  menu->popup(global);
+}
+
+void GridView::OpenColumnMenu(int column, QPoint global) {
+  if (QApplication::activePopupWidget() != nullptr || columns_.Count() == 0) return;
+  auto* menu = makeColumnMenu(*this, column, this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->popup(global);
 }
 

@@ -4,6 +4,7 @@
 #include <QScrollBar>
 
 #include "desktop/gridview/grid_view.h"
+#include "desktop/theme/pixel_lines.h"
 #include "desktop/theme/theme.h"
 
 namespace tz {
@@ -11,6 +12,13 @@ namespace {
 
 // Columns of one or two signs, such as the direction, read best in the middle.
 constexpr int narrowColumn = 60;
+
+// Half as deep while the keys go elsewhere.
+QColor currentRowGround(bool focus) {
+  QColor ground = currentTheme().currentRow;
+  if (!focus) ground.setAlpha(ground.alpha() / 2);
+  return ground;
+}
 
 }  // namespace
 
@@ -45,18 +53,27 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::PaintPart(QPainter& painter, const QRect& area, const Part& part) const {
-  painter.setClipRect(part.left, area.top(), part.width, area.height());
+  painter.setClipRect(PixelLines(painter).Aligned({part.left, area.top(), part.width, area.height()}));
   const std::int64_t scrolled = verticalScrollBar()->value();
   const std::int64_t first = (scrolled + area.top()) / rowHeight_;
   const std::int64_t last = std::min((scrolled + area.bottom()) / rowHeight_, rows_.Count() - 1);
   for (std::int64_t place = first; place <= last; ++place) PaintRow(painter, place, TopOf(place), part);
   const GridCell current = PlaceOf(current_);
   if (hasFocus() && current.column >= part.firstPlace && current.column <= part.lastPlace) {
-    painter.setPen(QPen(currentTheme().accent, 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(CellRect(current_.row, current_.column).adjusted(1, 0, -2, -1));
+    PixelLines(painter).Frame(CellRect(current_.row, current_.column), currentTheme().accent, 2);
   }
   painter.setClipping(false);
+}
+
+// The current row looks otherwise while the keys go elsewhere.
+void GridView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
 }
 
 void GridView::PaintNothing(QPainter& painter) const {
@@ -72,6 +89,7 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Pa
   const QRect line(part.left, top, part.width, rowHeight_);
   painter.fillRect(line, colour == noColour && addsUp(kind) ? theme.header : rowColour(colour));
 
+  const PixelLines lines(painter);
   const auto cellAt = [&](int shown) { return QRect(columns_.XOf(shown), top, columns_.WidthOf(shown), rowHeight_); };
   const GridRange selected = Selection();
   const int left = std::max(selected.left, part.firstPlace);
@@ -79,6 +97,7 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Pa
   if (place >= selected.top && place <= selected.bottom && left <= right) {
     painter.fillRect(cellAt(left).united(cellAt(right)), theme.selection);
   }
+  if (row == current_.row) painter.fillRect(line, currentRowGround(hasFocus()));
 
   Style style{font(), theme.text};
   if (kind == RowKind::heading) style.text = theme.accent;
@@ -89,16 +108,10 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Pa
     PaintCell(painter, cellAt(shown), row, columns_.ColumnAtPlace(shown), style);
   }
 
-  painter.setPen(theme.rule);
-  painter.drawLine(line.bottomLeft(), line.bottomRight());
-  for (int shown = part.firstPlace; shown <= part.lastPlace; ++shown) {
-    const QRect cell = cellAt(shown);
-    painter.drawLine(cell.topRight(), cell.bottomRight());
-  }
-  if (addsUp(kind)) {
-    painter.setPen(QPen(theme.strongRule, kind == RowKind::total ? 2 : 1));
-    painter.drawLine(line.topLeft(), line.topRight());
-  }
+  lines.Bottom(line, theme.rule);
+  for (int shown = part.firstPlace; shown <= part.lastPlace; ++shown) lines.Right(cellAt(shown), theme.rule);
+  if (addsUp(kind)) lines.Top(line, theme.strongRule, kind == RowKind::total ? 2 : 1);
+  if (part.left == 0 && columns_.Scrolls()) lines.Right(line, theme.strongRule, 2);
 }
 
 QString GridView::ShownText(std::int64_t row, int column) const {

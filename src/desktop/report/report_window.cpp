@@ -102,9 +102,8 @@ void ReportWindow::ConnectParts() {
     if (feature_ != nullptr) feature_->OnClicked(row, column);
   });
   view_->installEventFilter(this);
-  auto* exportAction = new QAction(QStringLiteral("输出(&E)…\tCtrl+E"), view_);
-  connect(exportAction, &QAction::triggered, this, [this] { OnCommand(static_cast<int>(WindowCommand::exportFile)); });
-  view_->addAction(exportAction);
+  OfferInMenu(WindowCommand::detail, "明细(&D)");
+  OfferInMenu(WindowCommand::exportFile, "输出(&E)…");
 }
 
 void ReportWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -99,6 +99,8 @@ class ReportWindow : public ProcessWindow {
   void LayOut();
   void DrawToolBar();
   void ConnectParts();
+  // In the grid's menu, where somebody answers it.
+  void OfferInMenu(WindowCommand command, const char* text);
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void KeepShown();

@@ -33,6 +33,13 @@ void ReportWindow::DrawToolBar() {
   EnableCommands();
 }
 
+void ReportWindow::OfferInMenu(WindowCommand command, const char* text) {
+  const int id = static_cast<int>(command);
+  if (!Answered(id)) return;
+  const QString key = QLatin1String(findReportCommand(id)->shortcut);
+  view_->addAction(QString::fromUtf8(text) + u'\t' + key, this, [this, id] { OnCommand(id); });
+}
+
 QAction* ReportWindow::ActionOf(int command) const {
   return toolBar_->findChild<QAction*>(QString::number(command), Qt::FindDirectChildrenOnly);
 }

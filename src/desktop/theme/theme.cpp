@@ -34,6 +34,7 @@ const Theme& lightTheme() {
       .warning = QColor(0x7A3E00),
       .warningGround = QColor(0xFFF0CC),
       .selection = QColor(0xCDE6F0),
+      .currentRow = QColor(0xFF, 0xB3, 0x00, 0x4C),
   };
   return theme;
 }
@@ -64,6 +65,7 @@ const Theme& darkTheme() {
       .warning = QColor(0xFFC978),
       .warningGround = QColor(0x3A2B10),
       .selection = QColor(0x1E465C),
+      .currentRow = QColor(0xFF, 0xB3, 0x00, 0x3C),
   };
   return theme;
 }

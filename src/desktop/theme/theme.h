@@ -34,7 +34,8 @@ struct Theme {
   QColor negative;    // red entries
   QColor warning;     // what must not be missed, and the ground below it
   QColor warningGround;
-  QColor selection;  // selected cells, under their text
+  QColor selection;   // selected cells, under their text
+  QColor currentRow;  // laid over the grounds of the current row's cells
 };
 
 [[nodiscard]] const Theme& currentTheme();

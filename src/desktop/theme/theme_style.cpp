@@ -23,7 +23,7 @@ constexpr int buttonWidth = 84;
 constexpr int textMargin = 4;
 constexpr int listFrame = 2;
 constexpr int scrollBarExtent = 12;
-constexpr int shortestSlider = 28;
+constexpr int shortestSlider = 38;  // 32 pixels, and the ground around them
 
 // Without arrows at the ends the slider runs along the whole bar.
 QRect sliderRect(const QStyleOptionSlider& option) {
