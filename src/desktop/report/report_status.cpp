@@ -101,6 +101,18 @@ void ReportStatus::KeepHeight() {
   message_->setMinimumHeight(height);
 }
 
+// The subject stands above the grid too, so that it gives way to what is selected.
+void ReportStatus::ShareRoom() const {
+  constexpr int gaps = 40;
+  const int left = width() - narrowestMessage - selection_->sizeHint().width() - gaps;
+  subject_->setMaximumWidth(std::max(left, 0));
+}
+
+void ReportStatus::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  ShareRoom();
+}
+
 QWidget* ReportStatus::StopButton() const { return stop_; }
 
 void ReportStatus::SetMessage(const QString& text, bool failure) {
@@ -164,6 +176,7 @@ void ReportStatus::ShowSubject(const QString& text) const {
 void ReportStatus::ShowSelection(const LineSums& sums) const {
   selection_->SetShown(selectionText(sums));
   selection_->setToolTip(selection_->text() + QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。"));
+  ShareRoom();
   announce(selection_, QAccessible::NameChanged);
 }
 

@@ -49,11 +49,13 @@ class ReportStatus : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void SetMessage(const QString& text, bool failure);
   void PaintMessage();
   void KeepHeight();
+  void ShareRoom() const;
   void Open(const QString& path);
 
   QLabel* remarks_;
