@@ -96,9 +96,11 @@ void NameEdit::Take(std::size_t place) {
 
 void NameEdit::Settle() {
   popup_->Close();
-  if (!IsBeingTyped() || text().trimmed().isEmpty() || !Find(text())) return;
+  if (!IsBeingTyped()) return;
   const QString typed = text().trimmed();
-  if (names_->Knows(typed)) return;
+  if (typed.isEmpty()) return ShowMember({});
+  if (!Find(typed)) return;
+  if (names_->Knows(typed)) return ShowMember({fromQt(typed)});
   int ofCode = 0;
   for (int row = 0; row < found_->rowCount(); ++row) ofCode += found_->EntryAt(row).code == typed ? 1 : 0;
   const bool alone = ofCode == 1 || (ofCode == 0 && found_->rowCount() == 1);

@@ -55,6 +55,22 @@ TEST_F(ConditionStoreTest, BrokenFileIsNeitherReadNorReplaced) {
   }
 }
 
+// Last conditions are nothing to lose: a broken file of theirs begins anew, and named ones do not hang on it.
+TEST_F(ConditionStoreTest, LastConditionsStandApart) {
+  Request request;
+  request.choose(ParameterKey::person, {"0302 李明", 7});
+  store.Save(10190, "甲", {});
+  store.KeepLast(10190, request);
+  EXPECT_EQ(store.Last(10190)->ids(), request.ids());
+  EXPECT_EQ(store.Names(10190), std::vector<std::string>{"甲"});
+  file = file.parent_path() / "last-conditions.json";
+  write("{");
+  EXPECT_THROW(static_cast<void>(store.Last(10190)), StoreError);
+  store.KeepLast(10191, request);
+  EXPECT_TRUE(store.Last(10191));
+  EXPECT_FALSE(store.Last(10190));
+}
+
 TEST_F(ConditionStoreTest, ValueThatIsNoneIsToldWithItsName) {
   store.Save(10190, "甲", {});
   write(R"({"10190": {"甲": {"from": "13"}, "乙": {"later": "1", "to": "4"}}})");

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <array>
 #include <gtest/gtest.h>
@@ -329,6 +330,7 @@ TEST_F(SavedConditions, AreKeptOfferedAndGivenUp) {
     enterText(names, "张三本月");
     click(window, "saveConditions");
     EXPECT_EQ(names.currentText(), "张三本月");
+    EXPECT_EQ(control<QLabel>(window, "conditionsTold").text(), "已保存为“张三本月”");
     click(window, "1");
   }));
   EXPECT_EQ(store.Names(10190), std::vector<std::string>{"张三本月"});
@@ -343,9 +345,11 @@ TEST_F(SavedConditions, AreKeptOfferedAndGivenUp) {
     EXPECT_EQ(control<QLineEdit>(window, "2111").text(), "张三");
     messages.answer = false;
     click(window, "removeConditions");
+    EXPECT_TRUE(messages.all.back().defaultsToNo);
     EXPECT_EQ(store.Names(10190).size(), 1U);
     messages.answer = true;
     click(window, "removeConditions");
+    EXPECT_EQ(control<QLabel>(window, "conditionsTold").text(), "已删除“张三本月”");
     EXPECT_EQ(names.count(), 0);
     click(window, "2");
   }));

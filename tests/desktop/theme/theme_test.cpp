@@ -1,8 +1,15 @@
 #include "desktop/theme/theme.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
+#include <QWheelEvent>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -72,6 +79,52 @@ TEST_P(ThemeTest, TheDefaultButtonAndTheFocusAreToldApart) {
   EXPECT_EQ(edge(plain), theme.accent);
   accepting.setEnabled(false);
   EXPECT_EQ(inside(accepting), theme.ground);
+}
+
+// The wheel goes past fields that have not the focus, and does not bring it.
+TEST_P(ThemeTest, TheWheelChangesOnlyTheFieldInHand) {
+  QWidget window;
+  QComboBox combo(&window);
+  combo.addItems({"1", "2", "3"});
+  QDateEdit date(QDate(2006, 3, 15), &window);
+  QSpinBox number(&window);
+  number.setValue(50);
+  QLineEdit other(&window);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto turnOver = [&](QWidget& field) {
+    const QPointF middle = field.rect().center();
+    QWheelEvent wheel(middle, field.mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, {}, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&field, &wheel);
+    return wheel.isAccepted();
+  };
+  other.setFocus();
+  for (QWidget* field : std::initializer_list<QWidget*>{&combo, &date, &number}) {
+    EXPECT_FALSE(turnOver(*field)) << "it goes to what the field stands in";
+    EXPECT_EQ(field->focusPolicy() & Qt::WheelFocus, Qt::StrongFocus);
+  }
+  EXPECT_EQ(combo.currentIndex(), 0);
+  EXPECT_EQ(date.date(), QDate(2006, 3, 15));
+  EXPECT_EQ(number.value(), 50);
+  combo.setFocus();
+  turnOver(combo);
+  EXPECT_EQ(combo.currentIndex(), 1);
+}
+
+TEST_P(ThemeTest, AListShowsItsFocusAlsoWhenItIsEmpty) {
+  QWidget window;
+  QListWidget list(&window);
+  list.setGeometry(10, 10, 100, 80);
+  QLineEdit other(&window);
+  other.move(10, 120);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const auto edge = [&] { return window.grab().toImage().pixelColor(60, 10); };
+  list.setFocus();
+  EXPECT_EQ(edge(), currentTheme().accent);
+  other.setFocus();
+  EXPECT_EQ(edge(), currentTheme().edge);
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, ThemeTest, testing::Values(ThemeChoice::light, ThemeChoice::dark),
