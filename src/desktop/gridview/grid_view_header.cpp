@@ -73,7 +73,9 @@ void GridViewHeader::PaintCaptions(QPainter& painter, int firstPlace, int lastPl
   for (int place = firstPlace; place <= lastPlace; ++place) {
     const int column = columns_.ColumnAtPlace(place);
     const QRect caption = CaptionRect(column);
-    PaintCaption(painter, caption, caption, columns_.CaptionOf(column));
+    QRect seen = caption;
+    if (!columns_.IsFrozen(place)) seen.setLeft(std::max(seen.left(), columns_.FrozenWidth()));
+    PaintCaption(painter, caption, seen, columns_.CaptionOf(column));
   }
 }
 
@@ -84,6 +86,7 @@ void GridViewHeader::PaintCaption(QPainter& painter, const QRect& place, const Q
   lines.Right(place, theme.rule);
   lines.Bottom(place, theme.rule);
   painter.setPen(theme.text);
+  if (!seen.isValid()) return;
   const QRect room = seen.adjusted(captionMargin, 0, -captionMargin, 0);
   painter.drawText(room, Qt::AlignCenter, fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
 }

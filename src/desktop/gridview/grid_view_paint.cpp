@@ -123,12 +123,13 @@ QString GridView::ShownText(std::int64_t row, int column) const {
 void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const {
   const CTzGrid::CellType type = grid_->TypeAt(row, column);
   if (type == CTzGrid::CellType::empty) return;
-  const QRect room = cell.adjusted(GridViewColumns::margin, 0, -GridViewColumns::margin, 0);
+  QRect room = cell.adjusted(GridViewColumns::margin, 0, -GridViewColumns::margin, 0);
   QString text = ShownText(row, column);
   const QFontMetrics metrics(style.font);
   if (type == CTzGrid::CellType::number) {
     painter.setPen(grid_->NumberAt(row, column) < 0 ? currentTheme().negative : style.text);
-    // A figure that lost its first digits would read as another figure.
+    // A figure that lost its first digits, in a narrow column or below those that stay, would read as another figure.
+    if (!columns_.IsFrozen(columns_.PlaceOf(column))) room.setLeft(std::max(room.left(), columns_.FrozenWidth() + 2));
     if (metrics.horizontalAdvance(text) > room.width()) text = QString(room.width() / 8, QLatin1Char('#'));
     painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
     return;
