@@ -98,6 +98,22 @@ std::string nameFileByDept(const DialogSpec& dialog, const Conditions& c) {
 
 std::string nameFileByProject(const DialogSpec& /*dialog*/, const Conditions& c) { return c.project.fields.at(1); }
 
+// One account or a few; of more, which the first is and how many.
+std::string nameFileByPicked(const DialogSpec& /*dialog*/, const Conditions& c) {
+  constexpr std::size_t most = 3;
+  const auto picked = c.request.list(ParameterKey::account);
+  if (picked.empty()) return {};
+  std::vector<std::string> codes;
+  for (const auto& account : picked) codes.push_back(CGetData::GetCode_Separator(account));
+  if (codes.size() > most) return fmt::format("{}等{}个科目", codes.front(), codes.size());
+  return fmt::format("{}", fmt::join(codes, "、"));
+}
+
+// A project says enough by itself.
+std::string nameFileByClass(const DialogSpec& dialog, const Conditions& c) {
+  return controlOf(dialog, ParameterKey::project) != nullptr ? "" : c.projectClass.sName;
+}
+
 std::string nameFileByRange(const DialogSpec& /*dialog*/, const Conditions& c) {
   if (c.projects.all) return {};
   return rangeEnd(c, ParameterKey::projectFrom) + "-" + rangeEnd(c, ParameterKey::projectTo);
@@ -118,7 +134,10 @@ const std::array kinds = {
                 .member = accountMember,
                 .rename = renameAccount,
                 .inFileName = nameFile<accountMember>},
-    ControlKind{.kind = Kind::accountLists, .offered = offers::accounts, .told = tellPickedAccounts},
+    ControlKind{.kind = Kind::accountLists,
+                .offered = offers::accounts,
+                .told = tellPickedAccounts,
+                .inFileName = nameFileByPicked},
     deptKind(Kind::deptReference),
     deptKind(Kind::deptCombo),
     ControlKind{.kind = Kind::personReference,
@@ -146,7 +165,11 @@ const std::array kinds = {
                 .member = clerkMember,
                 .rename = renameClerk,
                 .inFileName = nameFile<clerkMember>},
-    ControlKind{.kind = Kind::classCombo, .offered = offers::classesOfAccount, .follows = true, .member = classMember},
+    ControlKind{.kind = Kind::classCombo,
+                .offered = offers::classesOfAccount,
+                .follows = true,
+                .member = classMember,
+                .inFileName = nameFileByClass},
     ControlKind{.kind = Kind::projectReference,
                 .keys = projectKeys,
                 .offered = offers::projects,

@@ -1,18 +1,20 @@
 #include "desktop/report/report_status.h"
 
-#include <QDesktopServices>
+#include <QClipboard>
 #include <QEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QPointer>
 #include <QProgressBar>
 #include <QToolButton>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/grid/figures.h"
 #include "desktop/frame/announce.h"
 #include "desktop/frame/elided_label.h"
+#include "desktop/frame/open_path.h"
 #include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
 
@@ -68,6 +70,8 @@ ReportStatus::ReportStatus(QWidget* parent)
   const auto name = [](QToolButton* button, const char* id, const QString& text) {
     button->setObjectName(QString::fromLatin1(id));
     button->setText(text);
+    // Without the letter of its key, which would be read aloud.
+    button->setAccessibleName(text.left(text.indexOf(QLatin1Char('('))).trimmed());
     button->setAutoRaise(true);
   };
   name(stop_, "stop", QStringLiteral("停止 (Esc)"));
@@ -127,14 +131,29 @@ void ReportStatus::SetMessage(const QString& text, bool failure) {
 void ReportStatus::ShowExported(const QString& path) {
   exported_ = QFileInfo(path).absoluteFilePath();
   SetMessage(QStringLiteral("已输出到 ") + path, false);
+  openFile_->setToolTip(exported_);
+  openFolder_->setToolTip(QFileInfo(exported_).absolutePath());
   openFile_->show();
   openFolder_->show();
   announce(message_);
 }
 
 void ReportStatus::Open(const QString& path) {
-  if (QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
-  ShowFailure(QStringLiteral("打不开“%1”：文件已不在，或没有能打开它的程序").arg(path));
+  if (!QFileInfo::exists(path)) {
+    ShowFailure(QStringLiteral("打不开“%1”：它已经不在那里").arg(path));
+    return;
+  }
+  openPath(path, [status = QPointer(this), path] {
+    if (status != nullptr) status->TellNoProgram(path);
+  });
+}
+
+void ReportStatus::TellNoProgram(const QString& path) {
+  QGuiApplication::clipboard()->setText(path);
+  const QString kind = QFileInfo(path).isDir() ? QStringLiteral("文件夹") : QStringLiteral("这种文件");
+  ShowFailure(QStringLiteral("打不开“%1”：没有登记打开%2的程序。它的完整路径已复制，可以粘贴到别处。").arg(path, kind));
+  openFile_->show();
+  openFolder_->show();
 }
 
 void ReportStatus::ShowFailure(const QString& text, const QString& detail) {

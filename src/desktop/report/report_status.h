@@ -57,6 +57,7 @@ class ReportStatus : public QWidget {
   void KeepHeight();
   void ShareRoom() const;
   void Open(const QString& path);
+  void TellNoProgram(const QString& path);
 
   QLabel* remarks_;
   ElidedLabel* subject_;

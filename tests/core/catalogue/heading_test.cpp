@@ -90,13 +90,19 @@ TEST_F(HeadingTest, RangesListsAndFormatsStandThereWhole) {
   const auto ranged = computed(ofProjects);
   EXPECT_NE(headOf(ranged).find("项目范围: " + codes.front() + " 至 " + codes.back()), std::string::npos);
   EXPECT_TRUE(ranged.grid.notices.empty());
-  EXPECT_NE(ranged.fileName.find(codes.front() + "-" + codes.back()), std::string::npos) << ranged.fileName;
+  EXPECT_NE(ranged.fileName.find(className(classId) + " " + codes.front() + "-" + codes.back()), std::string::npos)
+      << ranged.fileName;
 
   ofProjects.request.set(ParameterKey::projectFrom, codes.back());
   ofProjects.request.set(ParameterKey::projectTo, codes.front());
   EXPECT_NE(headOf(computed(ofProjects)).find("※ 起始项目在终止项目之后。"), std::string::npos);
 
   auto ofUnit = questionOf(10204);
+  const auto accounts = reader_->db().Code_GetInfo("sAssBook LIKE '%B%' ORDER BY sCode");
+  ASSERT_GE(accounts.size(), 2U);
+  ofUnit.request.set(ParameterKey::account, accounts[0].sCode + "\n" + accounts[1].sCode);
+  const auto ofTwo = computed(ofUnit).fileName;
+  EXPECT_NE(ofTwo.find(" " + accounts[0].sCode + "、" + accounts[1].sCode + " 2025"), std::string::npos) << ofTwo;
   ofUnit.request.clear(ParameterKey::account);
   EXPECT_NE(headOf(computed(ofUnit)).find("科目: 全部"), std::string::npos);
   ofUnit.request.set(ParameterKey::format, "外币式");

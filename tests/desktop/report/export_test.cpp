@@ -1,4 +1,6 @@
 // Exporting from a report's window: the proposed name and folder, the kind of file, and what opens it afterwards.
+#include <QAccessible>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
@@ -57,19 +59,33 @@ TEST_F(ExportTest, ProposesSubjectAndPeriodInTheLastFolderAndOpensWhatItWrote) {
   EXPECT_EQ(bytesOf(path).substr(0, 2), "PK");
   EXPECT_NE(status().find("已输出到"), std::string::npos);
 
-  const OpenedFiles opened;
   window_->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
-  QTest::keyClick(&window_->Grid(), Qt::Key_O, Qt::AltModifier);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !opened.paths.isEmpty(); })) << "the key shows the button going down first";
   auto& folderButton = control<QToolButton>(*window_, "openFolder");
-  folderButton.setFocus();
-  QTest::keyClick(&folderButton, Qt::Key_Space);
-  EXPECT_EQ(fromQt(opened.paths.join(QLatin1Char('\n'))), path + "\n" + fromQt(kept_));
-
+  {
+    const OpenedFiles opened;
+    QTest::keyClick(&window_->Grid(), Qt::Key_O, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !opened.Paths().isEmpty(); }))
+        << "the key shows the button going down first";
+    folderButton.setFocus();
+    QTest::keyClick(&folderButton, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return opened.Paths().size() == 2; }));
+    EXPECT_EQ(fromQt(opened.Paths().join(QLatin1Char('\n'))), path + "\n" + fromQt(kept_));
+    EXPECT_NE(status().find("已输出到"), std::string::npos) << status();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&folderButton)->text(QAccessible::Name),
+              QStringLiteral("打开文件夹"));
+  }
+  {
+    const OpenedFiles withoutPrograms(3);
+    QTest::keyClick(&window_->Grid(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return status().find("没有登记打开文件夹的程序") != std::string::npos; }))
+        << status();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), kept_);
+    EXPECT_TRUE(folderButton.isVisible());
+  }
   std::filesystem::remove(path);
   click(*window_, "openFile");
-  EXPECT_NE(status().find("打不开"), std::string::npos) << status();
+  EXPECT_NE(status().find("已经不在"), std::string::npos) << status();
   EXPECT_FALSE(folderButton.isVisible());
 }
 

@@ -1,24 +1,25 @@
 // Stands for the programs of the desktop: opens nothing, but remembers which files it was asked to open.
 #pragma once
 
-#include <QObject>
 #include <QStringList>
 
-class QUrl;
+#include "support/test_ledger.h"
 
 namespace tz::test {
 
-class OpenedFiles : public QObject {
-  Q_OBJECT
-
+// The helper that desktops open files with, first in the search path; it ends with that code.
+class OpenedFiles {
  public:
-  OpenedFiles();
-  ~OpenedFiles() override;
+  explicit OpenedFiles(int code = 0);
+  ~OpenedFiles();
+  OpenedFiles(const OpenedFiles&) = delete;
+  OpenedFiles& operator=(const OpenedFiles&) = delete;
 
-  QStringList paths;
+  [[nodiscard]] QStringList Paths() const;
 
- public slots:
-  void Take(const QUrl& url);
+ private:
+  TempFolder folder_;
+  QByteArray searched_;
 };
 
 }  // namespace tz::test
