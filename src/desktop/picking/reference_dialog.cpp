@@ -20,7 +20,7 @@
 namespace tz {
 namespace {
 
-constexpr int rowPixels = 26;
+constexpr int besideText = 8;  // pixels of a row above and below its text
 
 }  // namespace
 
@@ -118,7 +118,7 @@ void ReferenceDialog::SetUpList() {
   list_->setWordWrap(false);
   list_->verticalHeader()->hide();
   list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  list_->verticalHeader()->setDefaultSectionSize(rowPixels);
+  list_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + besideText);
   list_->horizontalHeader()->setHighlightSections(false);
   list_->horizontalHeader()->setSectionResizeMode(ReferenceModel::name, QHeaderView::Stretch);
 }
@@ -156,7 +156,8 @@ void ReferenceDialog::LayOut() {
 void ReferenceDialog::ShowGroups() {
   groupList_->addItem(QStringLiteral("全部"));
   for (const auto& group : names_->groups) groupList_->addItem(QString(group.depth, u'　') + group.name);
-  for (int row = 0; row < groupList_->count(); ++row) groupList_->item(row)->setSizeHint({0, rowPixels});
+  for (int row = 0; row < groupList_->count(); ++row)
+    groupList_->item(row)->setSizeHint({0, fontMetrics().height() + besideText});
   groupList_->setCurrentRow(0);
 }
 

@@ -2,20 +2,21 @@
 
 #include <QApplication>
 #include <QCompleter>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QListView>
 
 namespace tz {
 namespace {
 
-constexpr int listRowPixels = 24;
+constexpr int aroundText = 6;  // pixels of a row above and below its text
 
 bool isTab(int key) { return key == Qt::Key_Tab || key == Qt::Key_Backtab; }
 
 }  // namespace
 
 QVariant FoundTexts::data(const QModelIndex& index, int role) const {
-  if (role == Qt::SizeHintRole) return QSize(0, listRowPixels);
+  if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QApplication::font()).height() + aroundText);
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
   return text_(PlaceOf(index.row()));
 }

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/frame/narrow_button.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/query/quick_months.h"
@@ -111,13 +112,10 @@ class MonthsField : public QueryField {
 
  private:
   QPushButton* MadeButton(const QuickMonths& months) {
-    constexpr int width = 42;
-    auto* button = new QPushButton(months.Caption(), row_);
+    auto* button = new NarrowButton(months.Caption(), row_);
     button->setObjectName(QString::fromLatin1(months.name));
     button->setShortcut(QKeySequence(QString::fromLatin1(months.key)));
     button->setToolTip(months.Tip());
-    button->setAutoDefault(false);
-    button->setFixedWidth(width);
     button->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
     connect(button, &QPushButton::clicked, this, [this, &months] {
       const MonthSpan span = months.of(logonMonth_);

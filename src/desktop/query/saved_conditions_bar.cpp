@@ -9,6 +9,7 @@
 #include "desktop/frame/announce.h"
 #include "desktop/frame/elided_label.h"
 #include "desktop/frame/message_box.h"
+#include "desktop/frame/narrow_button.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -17,13 +18,10 @@ namespace {
 QString lastName() { return QStringLiteral("上次条件"); }
 
 QPushButton* namedButton(const char* name, const QString& text, const QString& tip, QWidget* parent) {
-  constexpr int sides = 20;
-  auto* button = new QPushButton(text, parent);
+  auto* button = new NarrowButton(text, parent);
   button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(tip);
   button->setAccessibleDescription(tip);
-  button->setAutoDefault(false);
-  button->setFixedWidth(button->fontMetrics().horizontalAdvance(text) + sides);
   return button;
 }
 

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/reports/offers.h"
+#include "desktop/picking/search_popup.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/report/month_combos.h"
@@ -74,6 +75,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   members_.push_back({&control, combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, chosenIn(*combo, key)); });
+  connect(combo, &CUsefulCombox::clicked, this, [this, &control] { GoOnFrom(control); });
   connect(combo, &CUsefulCombox::notFound, this,
           [this](const QString& text) { emit told(toQt(messages::notListed(fromQt(text)))); });
   connect(combo, &CUsefulCombox::givenUp, this,
@@ -90,8 +92,7 @@ void ConditionCombos::AddMonths(const ControlSpec& control) {
 }
 
 // Where the row is too narrow for all, the months have one of their own.
-void ConditionCombos::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+void ConditionCombos::PlaceMonths() {
   if (months_ == nullptr) return;
   const bool below = layout()->indexOf(months_) >= 0;
   const int needed = row_->minimumSize().width() + (below ? row_->spacing() + months_->minimumSizeHint().width() : 0);
@@ -106,6 +107,12 @@ void ConditionCombos::resizeEvent(QResizeEvent* event) {
   updateGeometry();
 }
 
+bool ConditionCombos::event(QEvent* event) {
+  const bool answered = QWidget::event(event);
+  if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) PlaceMonths();
+  return answered;
+}
+
 void ConditionCombos::ShowMonths(const Request& request, Date logon) {
   if (months_ == nullptr) return;
   if (std::exchange(year_, logon.year) != logon.year) months_->Fill(logon.year);
@@ -115,11 +122,19 @@ void ConditionCombos::ShowMonths(const Request& request, Date logon) {
 }
 
 void ConditionCombos::keyPressEvent(QKeyEvent* event) {
-  const auto focused = std::ranges::find_if(members_, [](const Member& one) { return one.combo->hasFocus(); });
-  if (event->key() != Qt::Key_F2 || focused == members_.end()) return QWidget::keyPressEvent(event);
+  const auto focused =
+      std::ranges::find_if(members_, [this](const Member& one) { return one.combo == window()->focusWidget(); });
+  const bool enter = isEnterKey(event->key());
+  if ((event->key() != Qt::Key_F2 && !enter) || focused == members_.end()) return QWidget::keyPressEvent(event);
   const ControlSpec& control = *focused->control;
   const bool nests = control.key == ParameterKey::account;
-  (void)pickFromList(*focused->combo, toQt(control.caption), nests, window());
+  if (enter || pickFromList(*focused->combo, toQt(control.caption), nests, window())) GoOnFrom(control);
+}
+
+// The report waits for a person of the department: he is what is asked for next.
+void ConditionCombos::GoOnFrom(const ControlSpec& control) {
+  const Member* person = Find(ParameterKey::person);
+  if (control.key == ParameterKey::dept && person != nullptr) person->combo->setFocus(Qt::TabFocusReason);
 }
 
 bool ConditionCombos::AskForPerson() const { return Find(ParameterKey::person) != nullptr; }

@@ -56,7 +56,7 @@ class ConditionCombos : public QWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   struct Member {
@@ -65,6 +65,8 @@ class ConditionCombos : public QWidget {
   };
   void AddCombo(const ControlSpec& control, int comboId);
   void AddMonths(const ControlSpec& control);
+  void PlaceMonths();
+  void GoOnFrom(const ControlSpec& control);
   [[nodiscard]] const Member* Find(ParameterKey key) const;
   [[nodiscard]] List ReadOne(const Member& member, const Request& request, const CQnCwDB& db) const;
 

@@ -4,9 +4,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QPushButton>
 
 #include "core/reports/messages.h"
+#include "desktop/frame/narrow_button.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/report/painted_static.h"
 #include "desktop/theme/qt_text.h"
@@ -58,8 +58,7 @@ CUsefulCombox* MonthCombos::MadeCombo(const char* name, const QString& accessibl
 
 // The keys of the menu work wherever the focus is in the window.
 void MonthCombos::AddMenu(QHBoxLayout& row) {
-  constexpr int width = 64;
-  auto* button = new QPushButton(QStringLiteral("选月 ▾"), this);
+  auto* button = new NarrowButton(QStringLiteral("选月 ▾"), this);
   auto* menu = new QMenu(button);
   for (const QuickMonths& one : quickMonths) {
     auto* action = new QAction(one.Caption(), this);
@@ -73,8 +72,6 @@ void MonthCombos::AddMenu(QHBoxLayout& row) {
   button->setAccessibleName(QStringLiteral("选择常用的月份"));
   button->setToolTip(QStringLiteral("本月、上月、本季、本年 (Alt+1 至 Alt+4)"));
   button->setAccessibleDescription(button->toolTip());
-  button->setAutoDefault(false);
-  button->setFixedWidth(width);
   connect(button, &QPushButton::clicked, menu,
           [button, menu] { menu->popup(button->mapToGlobal(button->rect().bottomLeft())); });
   row.addWidget(button);

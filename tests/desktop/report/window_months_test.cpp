@@ -86,7 +86,7 @@ TEST_F(WindowMonths, StandWhereTheReportAsksForThem) {
   EXPECT_FALSE(report.window().findChild<QAction*>("lastMonth")->isEnabled());
 }
 
-TEST_F(WindowMonths, F2OpensAReferenceWindowAboveTheTable) {
+TEST_F(WindowMonths, WhatIsPickedAboveTheTableLeadsOn) {
   const OpenReport report(10190, ReportLedger::zhangSan());
   inModal([](QWidget& reference) {
     EXPECT_EQ(reference.windowTitle(), "科目参照");
@@ -97,6 +97,10 @@ TEST_F(WindowMonths, F2OpensAReferenceWindowAboveTheTable) {
   report.combo("2206").setFocus();
   QTest::keyClick(&report.combo("2206"), Qt::Key_F2);
   EXPECT_EQ(report.shown("2206"), "122105 样机款");
+  report.type("2207", "cgb");
+  EXPECT_EQ(report.shown("2207"), "采购部");
+  EXPECT_EQ(report.window().focusWidget(), &report.combo("2208")) << "the person is asked for next";
+  report.type("2208", "zl");
   EXPECT_NE(report.window().Shown()->report.subtitle.find("122105 样机款"), std::string::npos);
 }
 
