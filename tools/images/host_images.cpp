@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QLineEdit>
+#include <QTest>
 #include <QToolButton>
 #include <tuple>
 
@@ -7,6 +8,8 @@
 #include "desktop/frame/globals.h"
 #include "desktop/host/desktop.h"
 #include "desktop/host/logon_dialog.h"
+#include "desktop/host/new_ledger_dialog.h"
+#include "desktop/host/server_dialog.h"
 #include "desktop/host/start_window.h"
 #include "desktop/report/export_file.h"
 #include "desktop/shell/navigator_help.h"
@@ -15,24 +18,47 @@
 namespace tz::images {
 namespace {
 
+// Of the sample company.
+constexpr int accountYear = 2025;
+
+void drawServer(const PictureBook& book) {
+  ServerDialog server([](const QString&, QWidget*) { return Failure{}; }, nullptr);
+  server.SetAddress(QStringLiteral("postgresql://zhang@server:5432/huayuan2024"));
+  server.show();
+  book.Take(server, QStringLiteral("server"));
+  server.ShowFailure(
+      {QStringLiteral("数据库服务器不接受这个用户名或口令。请检查帐套地址中的用户名和口令，或请管理员授权。"),
+       QStringLiteral("fe_sendauth: no password supplied"), DbError::Kind::badLogon});
+  book.Take(server, QStringLiteral("server-password"));
+  server.ShowFailure({QStringLiteral("连不上数据库服务器。请检查主机名和端口，并确认服务器已经启动、网络可以到达。"),
+                      QStringLiteral("connection to server at \"server\" failed: Connection refused"),
+                      DbError::Kind::unreachable});
+  book.Take(server, QStringLiteral("server-refused"));
+}
+
 void drawStart(const PictureBook& book, HostSettings& settings) {
   const auto open = [](const QString&, QWidget*) { return Failure{}; };
   if (book.All()) {
     StartWindow empty(settings, open, nullptr);
-    const QString file = QStringLiteral("/home/zhang/帐套/华源机械制造有限公司/二〇二四年度/huayuan-2024.db");
-    empty.ShowFailure(file, {file + QStringLiteral("：找不到帐套。请检查文件名、文件夹或服务器地址。"),
-                             QStringLiteral("unable to open database file")});
-    const QString server = QStringLiteral("postgresql://zhang@server/huayuan2024");
-    empty.ShowFailure(server,
-                      {server + QStringLiteral("：连不上数据库服务器。请检查主机名和端口，并确认服务器已经启动、"
-                                               "网络可以到达。"),
-                       QStringLiteral("connection to server at \"server\" failed: Connection refused")});
     empty.show();
     book.Take(empty, QStringLiteral("start-empty"));
+    const QString server = QStringLiteral("postgresql://zhang@server/huayuan2024");
+    empty.ShowFailure(server, {QStringLiteral("连不上数据库服务器。请检查主机名和端口，并确认服务器已经启动、"
+                                              "网络可以到达。"),
+                               QStringLiteral("connection to server at \"server\" failed: Connection refused"),
+                               DbError::Kind::unreachable});
+    book.Take(empty, QStringLiteral("start-failed"));
+    drawServer(book);
+    NewLedgerDialog fresh(open, accountYear, nullptr);
+    fresh.show();
+    QTest::mouseClick(fresh.findChild<QAbstractButton*>(QStringLiteral("1")), Qt::LeftButton);
+    fresh.findChild<QLineEdit*>(QStringLiteral("file"))->setText(QStringLiteral("/home/zhang/文档/帐套.db"));
+    book.Take(fresh, QStringLiteral("new-ledger"));
   }
-  for (const char* recent : {"postgresql://zhang@server/huayuan2024", "/home/zhang/帐套/华源2025.db"}) {
-    settings.RememberLedger(QString::fromUtf8(recent));
-  }
+  settings.RememberLedger(QStringLiteral("postgresql://zhang@server/huayuan2024"),
+                          {QStringLiteral("华源机械制造有限公司"), accountYear - 1});
+  settings.RememberLedger(QStringLiteral("/home/zhang/帐套/华源2025.db"),
+                          {QStringLiteral("华源机械制造有限公司"), accountYear});
   StartWindow start(settings, open, nullptr);
   start.show();
   book.Take(start, QStringLiteral("start"));

@@ -39,10 +39,10 @@ void bookYear(Journal& journal, AfterDay&& afterDay) {
   }
 }
 
-void bookGrown(Journal& journal, std::int64_t lines, const Growth& growth) {
+void bookGrown(Journal& journal, const SampleOptions& options, const Growth& growth) {
   Journal counter(nullptr);
   bookYear(counter, [](Date) {});
-  const auto wanted = std::max<std::int64_t>(lines - counter.postedLines(), 0);
+  const auto wanted = std::max<std::int64_t>(options.lines - counter.postedLines(), 0);
   const auto unpostedWanted = wanted / 100;
   GrownBusiness business(growth);
   std::int64_t grownPosted = 0, grownUnposted = 0;
@@ -59,6 +59,8 @@ void bookGrown(Journal& journal, std::int64_t lines, const Growth& growth) {
       business.book(journal, date);
       count += journal.postedLines() + journal.unpostedLines() - before;
     }
+    constexpr int months = 12;
+    if (options.progress && date.day == daysInMonth(date.year, date.month)) options.progress(date.month, months);
   });
 }
 
@@ -74,7 +76,7 @@ void fillSample(Connection& connection, const SampleOptions& options) {
   writeAges(connection);
   writePlans(connection);
   Journal journal(&connection);
-  bookGrown(journal, options.lines, growth);
+  bookGrown(journal, options, growth);
   journal.finish();
 }
 

@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "core/data/connection.h"
 
@@ -19,6 +20,8 @@ namespace tz {
 
 struct SampleOptions {
   std::int64_t lines = 0;  // posted lines wanted; what the readable company has is the least there is
+  // Told after each month of the twelve; what it throws ends the work.
+  std::function<void(int done, int of)> progress = {};
 };
 
 // Fills a ledger whose tables exist and are empty, the item tables of its project classes included; indexes come

@@ -84,4 +84,20 @@ QSize ContentsArea::minimumSizeHint() const {
   return {least.width() + verticalScrollBar()->sizeHint().width(), height};
 }
 
+bool ContentsArea::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == widget() && event->type() == QEvent::LayoutRequest) KeepHeight();
+  return QScrollArea::eventFilter(receiver, event);
+}
+
+void ContentsArea::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  KeepHeight();
+}
+
+void ContentsArea::KeepHeight() {
+  const QLayout* layout = widget()->layout();
+  if (layout == nullptr || !layout->hasHeightForWidth()) return;
+  widget()->setMinimumHeight(layout->totalMinimumHeightForWidth(viewport()->width()));
+}
+
 }  // namespace tz

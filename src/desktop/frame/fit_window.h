@@ -29,6 +29,14 @@ class ContentsArea : public QScrollArea {
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  // Texts that wrap need their height: scrolling, not squeezing, is what saves room.
+  void KeepHeight();
 };
 
 }  // namespace tz

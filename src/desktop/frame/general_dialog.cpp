@@ -44,6 +44,11 @@ void CGeneralDialog::timerEvent(QTimerEvent* /*event*/) { bar_->update(); }
 
 void CGeneralDialog::SetTextGeneral(const QString& text) { text_->setText(text); }
 
+void CGeneralDialog::SetProgress(int done, int of) {
+  bar_->setRange(0, of);
+  bar_->setValue(done);
+}
+
 void CGeneralDialog::End() {
   QGuiApplication::restoreOverrideCursor();
   hide();

@@ -18,6 +18,8 @@ class CGeneralDialog : public QDialog {
 
   void Begin();
   void SetTextGeneral(const QString& text);
+  // Of so many steps; until it is told, the bar only shows that something goes on.
+  void SetProgress(int done, int of);
   void End();
 
  signals:

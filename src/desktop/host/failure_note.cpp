@@ -5,7 +5,10 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "core/reports/explain_error.h"
+#include "desktop/frame/announce.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
 
 namespace tz {
@@ -29,6 +32,8 @@ QString breakable(QString text) {
 
 }  // namespace
 
+Failure failureOf(const DbError& error) { return {toQt(explainInWindow(error)), toQt(wordsOf(error)), error.kind()}; }
+
 FailureNote::FailureNote(QWidget* parent)
     : QWidget(parent),
       text_(plainText(QStringLiteral("failure"), this)),
@@ -47,6 +52,7 @@ FailureNote::FailureNote(QWidget* parent)
   layout->addWidget(text_);
   layout->addWidget(more_, 0, Qt::AlignLeft);
   layout->addWidget(detail_);
+  layout->addStretch(1);  // room to spare is below, not between
   connect(more_, &QToolButton::toggled, this, [this](bool shown) {
     detail_->setVisible(shown);
     growToContents(*detail_);
@@ -64,6 +70,7 @@ void FailureNote::Tell(const Failure& failure) {
   detail_->hide();
   show();
   growToContents(*text_);
+  announce(text_);
 }
 
 void FailureNote::changeEvent(QEvent* event) {

@@ -3,16 +3,25 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
+
+#include "core/data/connection.h"
 
 class QLabel;
 class QToolButton;
 
 namespace tz {
 
+// Empty where nothing failed.
 struct Failure {
   QString text;
-  QString detail = {};  // for whoever looks after the ledger; empty for none
+  QString detail = {};                               // for whoever looks after the ledger; empty for none
+  std::optional<DbError::Kind> kind = std::nullopt;  // of a failure of the database
+
+  [[nodiscard]] bool None() const { return text.isEmpty(); }
 };
+
+[[nodiscard]] Failure failureOf(const DbError& error);
 
 class FailureNote : public QWidget {
   Q_OBJECT

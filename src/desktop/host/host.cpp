@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 
-#include "core/reports/explain_error.h"
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/start_window.h"
 #include "desktop/report/log.h"
@@ -62,11 +61,12 @@ Failure Host::Choose(const QString& address, QWidget* window) {
     }
     chosen_ = std::make_unique<Chosen>(std::move(chosen));
   } catch (const DbError& error) {
-    const QString shown = shownAddress(address);
-    logFailure(fromQt(shown), error.what());
-    return {QStringLiteral("%1：%2").arg(shown, toQt(explainInWindow(error))), toQt(wordsOf(error))};
+    logFailure(fromQt(shownAddress(address)), error.what());
+    return failureOf(error);
   }
-  settings_.RememberLedger(address);
+  const OpenLedger& opened = *chosen_->ledger;
+  settings_.RememberLedger(address, {opened.Name(), opened.AccountYear().value_or(0)});
+  if (isServerAddress(fromQt(address))) settings_.SetLastServer(address);
   return {};
 }
 

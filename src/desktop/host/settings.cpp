@@ -11,6 +11,8 @@ namespace {
 
 constexpr qsizetype mostRecent = 10;
 const auto recentKey = QStringLiteral("recent");
+const auto titlesKey = QStringLiteral("recentTitles");
+const auto serverKey = QStringLiteral("server");
 const auto themeKey = QStringLiteral("theme");
 const auto textSizeKey = QStringLiteral("textSize");
 const auto exportFolderKey = QStringLiteral("exportFolder");
@@ -34,12 +36,24 @@ QStringList HostSettings::RecentLedgers() const {
   return recent;
 }
 
-void HostSettings::RememberLedger(const QString& opened) {
+LedgerTitle HostSettings::TitleOf(const QString& address) const {
+  const QStringList kept = settings_.value(titlesKey).toMap().value(address).toStringList();
+  return kept.size() == 2 ? LedgerTitle{kept[0], kept[1].toInt()} : LedgerTitle{};
+}
+
+void HostSettings::RememberLedger(const QString& opened, const LedgerTitle& title) {
   const QString address = shownAddress(opened);
   QStringList recent = RecentLedgers();
   recent.removeAll(address);
   recent.prepend(address);
-  settings_.setValue(recentKey, QStringList(recent.mid(0, mostRecent)));
+  recent = recent.mid(0, mostRecent);
+  settings_.setValue(recentKey, recent);
+  QVariantMap titles = settings_.value(titlesKey).toMap();
+  titles[address] = QStringList{title.name, QString::number(title.year)};
+  for (const QString& known : titles.keys()) {
+    if (!recent.contains(known)) titles.remove(known);
+  }
+  settings_.setValue(titlesKey, titles);
 }
 
 void HostSettings::ForgetLedger(const QString& address) {
@@ -47,6 +61,9 @@ void HostSettings::ForgetLedger(const QString& address) {
   recent.removeAll(address);
   settings_.setValue(recentKey, recent);
 }
+
+QString HostSettings::LastServer() const { return shownAddress(settings_.value(serverKey).toString()); }
+void HostSettings::SetLastServer(const QString& address) { settings_.setValue(serverKey, shownAddress(address)); }
 
 ThemeChoice HostSettings::Theme() const {
   const QString name = settings_.value(themeKey).toString();

@@ -11,14 +11,26 @@
 
 namespace tz {
 
+// The company and its account year; empty and 0 where they are not known.
+struct LedgerTitle {
+  QString name;
+  int year = 0;
+};
+
 class HostSettings {
  public:
   HostSettings();
 
   // The latest first.
   [[nodiscard]] QStringList RecentLedgers() const;
-  void RememberLedger(const QString& opened);
+  // What a recent ledger said of itself when it was last open.
+  [[nodiscard]] LedgerTitle TitleOf(const QString& address) const;
+  void RememberLedger(const QString& opened, const LedgerTitle& title = {});
   void ForgetLedger(const QString& address);
+
+  // The address of the server that was asked last, without a password; empty before.
+  [[nodiscard]] QString LastServer() const;
+  void SetLastServer(const QString& address);
 
   [[nodiscard]] ThemeChoice Theme() const;
   void SetTheme(ThemeChoice choice);

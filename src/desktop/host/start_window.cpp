@@ -1,18 +1,22 @@
 #include "desktop/host/start_window.h"
 
+#include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "core/data/connection.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/host/new_ledger_dialog.h"
 #include "desktop/host/open_ledger.h"
+#include "desktop/host/recent_list.h"
+#include "desktop/host/server_dialog.h"
 #include "desktop/host/settings.h"
+#include "desktop/report/help_window.h"
+#include "desktop/report/key_table.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/qt_text.h"
 
@@ -21,18 +25,25 @@ namespace {
 
 constexpr int startMargin = 24;
 constexpr int titlePixels = 20;
-constexpr int entryHeight = 48;
+constexpr int choicesWidth = 290;
+constexpr QSize startSize(800, 480);
 
-QString entryOf(const QString& address) {
-  if (isServerAddress(fromQt(address))) return shownAddress(address);
-  const QFileInfo file(address);
-  return QStringLiteral("%1\n%2").arg(file.completeBaseName(), QDir::toNativeSeparators(file.path()));
+Failure named(const QString& address, Failure failure) {
+  if (failure.kind) failure.text.prepend(shownAddress(address) + QStringLiteral("："));
+  return failure;
 }
 
-QLabel* heading(const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  label->setFont(uiFont(titlePixels * textSize() / usualTextSize, QFont::DemiBold));
-  return label;
+QString startHelp() {
+  return QStringLiteral(
+             "<h2>打开帐套</h2><ul>"
+             "<li>最近的帐套写明单位和会计年度；文件已不在原处的也写明。从列表中移除的帐套仍在原处。</li>"
+             "<li>示例单位的帐套第一次打开时建立在本机，以后打开的是同一个。</li>"
+             "<li>新建帐套建立一个空的文件；已有的文件不会被覆盖。</li>"
+             "<li>服务器上的帐套按主机、端口、数据库和用户连接，整个地址也可以粘贴进来。口令在服务器要求时询问，"
+             "不会保存。</li>"
+             "<li>打不开时，原因写在选择它的地方下面；“详细”是数据库的原文，供管理员参考。</li></ul>"
+             "<h3>按键</h3>") +
+         keysAsHtml({KeyPlace::start, KeyPlace::everywhere});
 }
 
 }  // namespace
@@ -41,136 +52,187 @@ StartWindow::StartWindow(HostSettings& settings, Open open, QWidget* parent)
     : QDialog(parent),
       settings_(settings),
       open_(std::move(open)),
-      recent_(new QListWidget(this)),
-      server_(new QLineEdit(this)),
-      fileFailure_(new FailureNote(this)),
-      serverFailure_(new FailureNote(this)) {
+      recent_(new RecentList(settings, this)),
+      recentFailure_(new FailureNote(this)) {
   setWindowTitle(QStringLiteral("辅助核算 — 打开帐套"));
   LayOut();
-  FillRecent();
+  connect(recent_, &RecentList::openWanted, this, &StartWindow::OpenRecent);
+  connect(recent_, &RecentList::changed, this, &StartWindow::EnableRecent);
+  EnableRecent();
 }
 
 void StartWindow::LayOut() {
-  recent_->setAccessibleName(QStringLiteral("最近的帐套"));
-  recent_->setSpacing(2);
-  // Enter is the default button's.
-  connect(recent_, &QListWidget::itemDoubleClicked, this, &StartWindow::OpenChosen);
-  auto* openRecent = new QPushButton(QStringLiteral("打开"), this);
-  openRecent->setDefault(true);
-  connect(openRecent, &QPushButton::clicked, this, &StartWindow::OpenChosen);
-  auto* file = new QPushButton(QStringLiteral("选择文件…"), this);
-  file->setObjectName(QStringLiteral("chooseFile"));
-  openRecent->setObjectName(QStringLiteral("open"));
-  connect(file, &QPushButton::clicked, this, &StartWindow::OpenFile);
-  server_->setObjectName(QStringLiteral("server"));
-  server_->setPlaceholderText(QStringLiteral("postgresql://用户@服务器/数据库"));
-  server_->setAccessibleName(QStringLiteral("服务器地址"));
-  auto* connectServer = new QPushButton(QStringLiteral("连接"), this);
-  connectServer->setAutoDefault(false);
-  connect(connectServer, &QPushButton::clicked, this, &StartWindow::OpenServer);
-  connectServer->setObjectName(QStringLiteral("connect"));
-  fileFailure_->setObjectName(QStringLiteral("fileFailure"));
-  serverFailure_->setObjectName(QStringLiteral("serverFailure"));
+  auto* title = new QLabel(QStringLiteral("打开帐套"), this);
+  title->setFont(uiFont(titlePixels * textSize() / usualTextSize, QFont::DemiBold));
+  auto* recentLabel = new QLabel(QStringLiteral("最近的帐套(&L)"), this);
+  recentLabel->setBuddy(recent_);
+  openRecent_ = new QPushButton(QStringLiteral("打开(&O)"), this);
+  openRecent_->setObjectName(QStringLiteral("open"));
+  forget_ = new QPushButton(QStringLiteral("移除(&R)"), this);
+  forget_->setObjectName(QStringLiteral("forget"));
+  forget_->setToolTip(QStringLiteral("只从列表中移除，帐套仍在原处（Del）"));
+  forget_->setAutoDefault(false);
+  recentFailure_->setObjectName(QStringLiteral("recentFailure"));
+  connect(openRecent_, &QPushButton::clicked, this, &StartWindow::OpenRecent);
+  connect(forget_, &QPushButton::clicked, recent_, &RecentList::Forget);
+  auto* below = new QHBoxLayout;
+  below->addWidget(forget_);
+  below->addStretch(1);
+  below->addWidget(openRecent_);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(startMargin / 3);
+  left->addWidget(recentLabel);
+  left->addWidget(recent_, 1);
+  left->addLayout(below);
+  left->addWidget(recentFailure_);
 
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(file);
-  buttons->addStretch(1);
-  buttons->addWidget(openRecent);
-  auto* server = new QHBoxLayout;
-  server->addWidget(server_, 1);
-  server->addWidget(connectServer);
+  auto* choices = new QWidget;
+  auto* right = new QVBoxLayout(choices);
+  right->setContentsMargins(0, 0, 0, 0);
+  right->setSpacing(startMargin / 6);
+  right->addWidget(new QLabel(QStringLiteral("或者"), choices));
+  sampleChoice_ = AddChoice(*right, "sample", QStringLiteral("示例单位(&S)"),
+                            QStringLiteral("一家机床厂 2025 年的帐，先看一看各种帐表"));
+  auto* fresh = AddChoice(*right, "newLedger", QStringLiteral("新建帐套(&N)…"),
+                          QStringLiteral("空帐套：单位名称、会计年度和文件"));
+  fileChoice_ = AddChoice(*right, "chooseFile", QStringLiteral("打开文件(&F)…"), QStringLiteral("已有的帐套文件"));
+  serverChoice_ = AddChoice(*right, "chooseServer", QStringLiteral("服务器上的帐套(&V)…"),
+                            QStringLiteral("按主机、数据库和用户连接"));
+  right->addStretch(1);
+  connect(sampleChoice_, &QPushButton::clicked, this, &StartWindow::OpenSample);
+  connect(fresh, &QPushButton::clicked, this, &StartWindow::MakeNew);
+  connect(fileChoice_, &QPushButton::clicked, this, &StartWindow::OpenFile);
+  connect(serverChoice_, &QPushButton::clicked, this,
+          [this] { OpenServer(failedServer_.isEmpty() ? settings_.LastServer() : failedServer_, serverFailure_); });
+  choices_ = new ContentsArea(choices, this);
+  choices_->setMinimumWidth(choicesWidth);
+  choices_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(startMargin);
+  columns->addLayout(left, 1);
+  columns->addWidget(choices_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(startMargin, startMargin, startMargin, startMargin);
   layout->setSpacing(startMargin / 2);
-  layout->addWidget(heading(QStringLiteral("打开帐套"), this));
-  layout->addWidget(recent_, 1);
-  layout->addLayout(buttons);
-  layout->addWidget(fileFailure_);
-  layout->addSpacing(startMargin / 2);
-  layout->addWidget(new QLabel(QStringLiteral("服务器上的帐套"), this));
-  layout->addLayout(server);
-  layout->addWidget(serverFailure_);
-  resize(QSize(520, 460).boundedTo(roomFor(*this)));
+  layout->addWidget(title);
+  layout->addLayout(columns, 1);
+  resize(startSize.boundedTo(roomFor(*this)));
 }
 
-void StartWindow::FillRecent() {
-  recent_->clear();
-  for (const QString& address : settings_.RecentLedgers()) {
-    auto* item = new QListWidgetItem(entryOf(address), recent_);
-    item->setData(Qt::UserRole, address);
-    item->setToolTip(shownAddress(address));
-    item->setSizeHint({0, entryHeight});
-  }
-  if (recent_->count() > 0) {
-    recent_->setCurrentRow(0);
-    return;
-  }
-  auto* none = new QListWidgetItem(QStringLiteral("还没有打开过帐套"), recent_);
-  none->setFlags(Qt::NoItemFlags);
+QPushButton* StartWindow::AddChoice(QVBoxLayout& choices, const char* name, const QString& caption,
+                                    const QString& hint) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(QLatin1String(name));
+  button->setAccessibleDescription(hint);
+  auto* told = new QLabel(hint, this);
+  told->setForegroundRole(QPalette::PlaceholderText);
+  auto* note = new FailureNote(this);
+  note->setObjectName(QLatin1String(name) + QStringLiteral("Failure"));
+  choices.addWidget(button);
+  choices.addWidget(told);
+  choices.addWidget(note);
+  choices.addSpacing(startMargin / 3);
+  choiceFailures_.emplace_back(button, note);
+  return button;
 }
 
-void StartWindow::OpenChosen() {
-  if (server_->hasFocus() && !server_->text().isEmpty()) {
-    OpenServer();
-  } else if (const auto* item = recent_->currentItem()) {
-    const QString address = item->data(Qt::UserRole).toString();
-    // Passwords are not remembered; here one can be added.
-    if (isServerAddress(fromQt(address))) server_->setText(address);
-    TryOpen(address, *fileFailure_, recent_);
+// Without a recent ledger the sample company is the first choice.
+void StartWindow::EnableRecent() {
+  const bool any = recent_->count() > 0;
+  openRecent_->setEnabled(any);
+  forget_->setEnabled(any);
+  (any ? openRecent_ : sampleChoice_)->setDefault(true);
+  if (any) {
+    recent_->setFocus();
   } else {
-    OpenFile();
+    sampleChoice_->setFocus();
   }
+}
+
+void StartWindow::OpenRecent() {
+  const QString address = recent_->Address();
+  if (!address.isEmpty()) TryOpen(address, recent_);
+}
+
+void StartWindow::OpenSample() {
+  ClearNotes();
+  const Failure failure = provideSampleLedger(this, sample_);
+  if (failure.None()) {
+    TryOpen(sampleLedgerFile(), sampleChoice_);
+  } else {
+    Tell(sampleChoice_, failure);
+  }
+}
+
+void StartWindow::MakeNew() {
+  ClearNotes();
+  NewLedgerDialog dialog(open_, QDate::currentDate().year(), this);
+  if (dialog.exec() == Accepted) accept();
 }
 
 void StartWindow::OpenFile() {
   const QString file = QFileDialog::getOpenFileName(this, QStringLiteral("打开帐套"), {},
                                                     QStringLiteral("帐套 (*.db *.tz *.sqlite);;所有文件 (*)"));
-  if (!file.isEmpty()) TryOpen(file, *fileFailure_, findChild<QWidget*>(QStringLiteral("chooseFile")));
+  if (!file.isEmpty()) TryOpen(file, fileChoice_);
 }
 
-void StartWindow::OpenServer() {
-  const QString address = server_->text().trimmed();
-  if (!isServerAddress(fromQt(address))) {
-    serverFailure_->Tell(
-        {QStringLiteral("服务器地址应以 postgresql:// 开头，例如 postgresql://zhangsan@server/ledger2025")});
-    server_->setFocus();
-    server_->selectAll();
-    return;
-  }
-  TryOpen(address, *serverFailure_, server_);
+void StartWindow::OpenServer(const QString& address, const Failure& failure) {
+  ClearNotes();
+  ServerDialog dialog(open_, this);
+  dialog.SetAddress(address);
+  if (!failure.None()) dialog.ShowFailure(failure);
+  if (dialog.exec() == Accepted) accept();
 }
 
-void StartWindow::TryOpen(const QString& address, FailureNote& note, QWidget* from) {
-  fileFailure_->Clear();
-  serverFailure_->Clear();
+void StartWindow::TryOpen(const QString& address, QWidget* from) {
+  ClearNotes();
   const Failure failure = open_(address, this);
-  if (failure.text.isEmpty()) {
+  if (failure.None()) {
     accept();
-    return;
+  } else if (isServerAddress(fromQt(address)) && failure.kind) {
+    // Its fields are there, with the one at fault: passwords are not remembered.
+    OpenServer(address, failure);
+  } else {
+    Tell(from, named(address, failure));
+    recent_->Fill();
+    from->setFocus();
   }
-  note.Tell(failure);
-  from->setFocus();
 }
 
-void StartWindow::ShowFailure(const QString& address, const Failure& failure) {
-  fileFailure_->Clear();
-  serverFailure_->Clear();
-  if (!isServerAddress(fromQt(address))) {
-    fileFailure_->Tell(failure);
-    return;
+void StartWindow::Tell(QWidget* from, const Failure& failure) {
+  FailureNote* note = recentFailure_;
+  for (const auto& [button, below] : choiceFailures_) {
+    if (button == from) note = below;
   }
-  server_->setText(shownAddress(address));
-  serverFailure_->Tell(failure);
-  server_->setFocus();
+  note->Tell(failure);
+  from->setFocus();
+  if (note != recentFailure_) choices_->ensureWidgetVisible(note);
 }
 
 void StartWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Delete && recent_->hasFocus() && recent_->currentItem() != nullptr) {
-    settings_.ForgetLedger(recent_->currentItem()->data(Qt::UserRole).toString());
-    FillRecent();
+  if (event->key() == Qt::Key_F1) {
+    showHelpPage(this, startHelp());
+  } else {
+    QDialog::keyPressEvent(event);
+  }
+}
+
+void StartWindow::ClearNotes() {
+  recentFailure_->Clear();
+  for (const auto& [button, note] : choiceFailures_) note->Clear();
+}
+
+void StartWindow::ShowFailure(const QString& address, const Failure& failure) {
+  ClearNotes();
+  if (!isServerAddress(fromQt(address))) {
+    Tell(recent_->count() > 0 ? static_cast<QWidget*>(recent_) : fileChoice_, named(address, failure));
     return;
   }
-  QDialog::keyPressEvent(event);
+  failedServer_ = shownAddress(address);
+  serverFailure_ = failure;
+  Tell(serverChoice_, named(address, failure));
+  serverChoice_->setDefault(true);
 }
 
 }  // namespace tz

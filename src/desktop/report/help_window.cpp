@@ -94,7 +94,7 @@ QString table(const ReportDefinition& report) {
              "<li>表格上方的警示说明哪些分录未列示、哪些数字另有所指，输出和复制时写在表的上面。</li>"
              "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。%2</li>"
              "<li>表格上方可直接改换条件%3。</li>"
-             "<li>Alt+W 打开窗口列表，可以切换、并排、层叠和全部关闭；状态栏左端是本窗口的内容。</li>"
+             "<li>状态栏左端和窗口列表写明本窗口的内容。</li>"
              "<li>计算时间较长时按 Esc 停止，原有内容不变。</li>")
       .arg(colours, marks, formats);
 }

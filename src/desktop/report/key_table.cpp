@@ -20,6 +20,13 @@ constexpr KeyEntry navigatorKeys[] = {
     {"F10", "打开帐套菜单"},
 };
 
+constexpr KeyEntry startKeys[] = {
+    {"Enter", "打开选中的帐套"},
+    {"Del", "把选中的帐套从最近的帐套中移除"},
+    {"Alt+L、Alt+O、Alt+R", "到最近的帐套、打开、从列表中移除"},
+    {"Alt+S、Alt+N、Alt+F、Alt+V", "示例单位、新建帐套、打开文件、服务器上的帐套"},
+};
+
 constexpr KeyEntry conditionsKeys[] = {
     {"Enter", "到下一项；在最后一项上确定"},
     {"Ctrl+Enter、Alt+O", "在任何一项上确定"},
@@ -58,9 +65,13 @@ constexpr KeyEntry reportKeys[] = {
 };
 
 constexpr KeyGroup keyGroups[] = {
-    {KeyPlace::everywhere, "每个窗口", everywhereKeys}, {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
-    {KeyPlace::conditions, "条件窗口", conditionsKeys}, {KeyPlace::field, "列表和参照", fieldKeys},
-    {KeyPlace::report, "帐表窗口", reportKeys},         {KeyPlace::grid, "表格", gridKeys},
+    {KeyPlace::everywhere, "每个窗口", everywhereKeys},
+    {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
+    {KeyPlace::start, "打开帐套的窗口", startKeys},
+    {KeyPlace::conditions, "条件窗口", conditionsKeys},
+    {KeyPlace::field, "列表和参照", fieldKeys},
+    {KeyPlace::report, "帐表窗口", reportKeys},
+    {KeyPlace::grid, "表格", gridKeys},
 };
 
 }  // namespace

@@ -10,7 +10,9 @@
 #include "desktop/frame/fit_window.h"
 #include "desktop/host/host_ledger.h"
 #include "desktop/host/logon_dialog.h"
+#include "desktop/host/new_ledger_dialog.h"
 #include "desktop/host/open_ledger.h"
+#include "desktop/host/server_dialog.h"
 #include "desktop/host/settings.h"
 #include "desktop/host/start_window.h"
 #include "desktop/picking/reference_dialog.h"
@@ -149,8 +151,19 @@ TEST_F(SmallScreen, HoldsWhatTheHostShows) {
     for (auto* more : start.findChildren<QAbstractButton*>("failureMore")) {
       if (more->isVisible()) more->click();
     }
-    expectWhole(start, {"open", "chooseFile", "connect"});
+    expectWhole(start, {"open", "sample"});
   }
+  ServerDialog server([](const QString&, QWidget*) { return Failure{}; }, nullptr);
+  server.SetAddress("postgresql://li@server/x");
+  server.show();
+  for (const auto kind : {DbError::Kind::unreachable, DbError::Kind::notFound, DbError::Kind::badLogon}) {
+    server.ShowFailure({QString("连不上数据库服务器。").repeated(6), QString("words ").repeated(40), kind});
+    expectWhole(server, {"1", "2"});
+  }
+  NewLedgerDialog fresh([](const QString&, QWidget*) { return Failure{}; }, 2025, nullptr);
+  fresh.show();
+  click(fresh, "1");
+  expectWhole(fresh, {"1", "2", "browse"});
 
   addOperator(ledger_.ledger());
   const OpenLedger open(address());
