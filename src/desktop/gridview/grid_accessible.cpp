@@ -45,6 +45,11 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
     state.selected = isSelected();
     state.focused = table_.View().hasFocus() && table_.View().Current() == Own();
     state.offscreen = !table_.View().VisiblePart(Own()).isValid();
+    if (const GridBlock* block = table_.View().Blocks().TitledBy(Own().row)) {
+      state.expandable = true;
+      state.collapsed = block->folded;
+      state.expanded = !block->folded;
+    }
     return state;
   }
   void* interface_cast(QAccessible::InterfaceType type) override {

@@ -24,6 +24,8 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new G
   setFocusPolicy(Qt::StrongFocus);
   installGridAccessibility();
   setAccessibleName(QStringLiteral("报表"));
+  setAttribute(Qt::WA_InputMethodEnabled);
+  MakeBlockMenu();
   connect(header_, &GridViewHeader::widthsChanged, this, &GridView::LayOut);
   connect(header_, &GridViewHeader::fitWanted, this, &GridView::FitColumn);
   connect(header_, &GridViewHeader::moveWanted, this, &GridView::MoveColumn);
@@ -36,14 +38,13 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent), header_(new G
   });
 }
 
-void GridView::SetReport(ComputedReport* report) {
-  SetGrid(report == nullptr ? nullptr : &report->grid);
-  report_ = report;
-}
+void GridView::SetReport(ComputedReport* report) { Show(report == nullptr ? nullptr : &report->grid, report); }
 
-void GridView::SetGrid(CTzGrid* grid) {
+void GridView::SetGrid(CTzGrid* grid) { Show(grid, nullptr); }
+
+void GridView::Show(CTzGrid* grid, const ComputedReport* report) {
   grid_ = grid;
-  report_ = nullptr;
+  report_ = report;
   current_ = anchor_ = {};
   if (grid != nullptr) current_ = anchor_ = {grid->GetCurrentRow(), grid->GetCurrentCol()};
   Refresh();
@@ -56,7 +57,7 @@ void GridView::Refresh() {
   static const CTzGrid nothing;
   columns_.Measure(grid_ != nullptr ? *grid_ : nothing, Fonts());
   rowHeight_ = std::max(smallestRow, fontMetrics().height() + 5);
-  rows_.ShowAll(RowCount());
+  rowState_.Set(grid_, report_ == nullptr ? nullptr : &report_->subjects);
   const auto keep = [this](GridCell cell) {
     if (!cell.valid() || Empty()) return GridCell{};
     return GridCell{std::min(cell.row, RowCount() - 1),
@@ -64,12 +65,15 @@ void GridView::Refresh() {
   };
   current_ = keep(current_);
   anchor_ = keep(anchor_);
+  KeepCurrentShown();
   if (current_.valid()) grid_->ActivateCell(current_.row, current_.column);
   LayOut();
   SumUp();
-  if (!QAccessible::isActive()) return;
-  QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
-  QAccessible::updateAccessibility(&reset);
+  if (QAccessible::isActive()) {
+    QAccessibleTableModelChangeEvent reset(this, QAccessibleTableModelChangeEvent::ModelReset);
+    QAccessible::updateAccessibility(&reset);
+  }
+  emit refreshed();
 }
 
 void GridView::SetHideZeros(bool hide) {
@@ -142,6 +146,11 @@ GridPart GridView::SelectedPart() const {
 
 GridCell GridView::CellAt(QPoint place) const {
   if (Empty()) return {};
+  if (const auto heading = StuckAt(place)) return CellOfPlace({rows_.PlaceOf(*heading), columns_.PlaceAt(place.x())});
+  return CellBelow(place);
+}
+
+GridCell GridView::CellBelow(QPoint place) const {
   const std::int64_t row = (static_cast<std::int64_t>(verticalScrollBar()->value()) + place.y()) / rowHeight_;
   return CellOfPlace({std::clamp<std::int64_t>(row, 0, rows_.Count() - 1), columns_.PlaceAt(place.x())});
 }
@@ -185,7 +194,8 @@ void GridView::ShowCell(GridCell cell) {
   const QRect place = CellRect(cell.row, cell.column);
   const QRect view = viewport()->rect();
   QScrollBar* vertical = verticalScrollBar();
-  if (place.top() < 0) vertical->setValue(vertical->value() + place.top());
+  const int covered = StuckAbove(cell.row) * rowHeight_;
+  if (place.top() < covered) vertical->setValue(vertical->value() + place.top() - covered);
   if (place.bottom() > view.bottom()) vertical->setValue(vertical->value() + place.bottom() - view.bottom());
   ShowColumnInView(cell.column);
 }
@@ -209,7 +219,7 @@ void GridView::timerEvent(QTimerEvent* event) {
     summing_.stop();
     emit selectionSummaryChanged(sum_.Sums());
   } else if (event->timerId() == dragging_.timerId()) {
-    MoveTo(CellAt(pointer_), true);
+    MoveTo(CellBelow(pointer_), true);
   } else {
     QAbstractScrollArea::timerEvent(event);
   }
@@ -261,7 +271,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && shift)) {
     OpenMenuAtCurrent();
   } else if (Empty()) {
-    event->ignore();
+    if (!TakeTyping(*event)) event->ignore();
   } else if (ArrangeByKey(*event)) {
     event->accept();
   } else if (event->matches(QKeySequence::Copy)) {
@@ -272,16 +282,18 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     SelectAll();
   } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && current_.valid()) {
     emit rowActivated(current_.row);
+  } else if (TakeBlockKey(*event)) {
+    event->accept();
   } else if (const GridCell cell = CellOfPlace(PlaceFor(*event)); cell.valid()) {
     MoveTo(cell, shift);
-  } else {
+  } else if (!TakeTyping(*event)) {
     event->ignore();
   }
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
-  if (event->button() != Qt::LeftButton || Empty()) return;
+  if (event->button() != Qt::LeftButton || Empty() || TakeBlockClick(pointer_)) return;
   const GridCell cell = CellAt(pointer_);
   MoveTo(cell, event->modifiers().testFlag(Qt::ShiftModifier));
   if (VisiblePart(cell).contains(pointer_)) emit cellClicked(cell.row, cell.column);
@@ -290,7 +302,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 void GridView::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
   if (!event->buttons().testFlag(Qt::LeftButton) || Empty()) return;
-  MoveTo(CellAt(pointer_), true);
+  MoveTo(CellBelow(pointer_), true);
   // Held outside, the pointer goes on scrolling.
   if (viewport()->rect().contains(pointer_)) {
     dragging_.stop();
@@ -304,7 +316,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* /*event*/) { dragging_.stop(); }
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const GridCell cell = CellAt(place);
-  if (event->button() == Qt::LeftButton && VisiblePart(cell).contains(place)) {
+  if (event->button() == Qt::LeftButton && !TakeBlockClick(place) && VisiblePart(cell).contains(place)) {
     MoveTo(cell, false);
     emit rowActivated(cell.row);
   }

@@ -9,10 +9,15 @@
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
+#include <functional>
+#include <optional>
 
+#include "desktop/gridview/cell_matcher.h"
+#include "desktop/gridview/grid_rows.h"
 #include "desktop/gridview/grid_view_columns.h"
 #include "desktop/gridview/grid_view_selection.h"
-#include "desktop/gridview/shown_rows.h"
+
+class QMenu;
 
 namespace tz {
 
@@ -64,6 +69,28 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
   [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
   [[nodiscard]] const ShownRows& Rows() const { return rows_; }
+  [[nodiscard]] const ComputedReport* Report() const { return report_; }
+
+  // Blocks: grid_view_blocks.cpp.
+  [[nodiscard]] const GridBlocks& Blocks() const { return rowState_.Blocks(); }
+  // Folds the innermost open block around the current row, or opens the outermost folded one; false when there is none.
+  bool FoldAtCurrent();
+  bool OpenAtCurrent();
+  // What can be shown: everything, then the totals of ever larger blocks ("全部", "月合计", "个人小计"), and which of
+  // these is chosen. It stays for the reports that follow.
+  [[nodiscard]] QStringList OutlineNames() const;
+  [[nodiscard]] int Outline() const { return rowState_.Outline(); }
+  void SetOutline(int outline);
+  // "本月合计" and "本年累计".
+  [[nodiscard]] bool MonthTotalsHidden() const { return rowState_.MonthTotalsHidden(); }
+  void HideMonthTotals(bool hide);
+  // To the next block or to the one before; false when there is none.
+  bool GoToBlock(bool next);
+  // The lines that a filter keeps; without a value every line. All blocks open for a filter.
+  void SetKept(std::optional<RowBits> kept);
+  // Sets apart the cells that match; an empty one none.
+  void Mark(const CellMatcher& matcher);
+
   // How wide the view would be to show every column.
   [[nodiscard]] int AskedWidth() const;
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
@@ -83,6 +110,17 @@ class GridView : public QAbstractScrollArea {
   void ResetColumns();
 
  signals:
+  // Another grid is shown, or this one anew: every row of it that the outline does not fold.
+  void refreshed();
+  // Other rows of the same grid are shown than before.
+  void shownRowsChanged();
+  // What has happened to the rows, in words.
+  void told(const QString& text);
+  // Somebody begins to type a text, or composes one, while the grid has the focus.
+  void typed(const QString& text);
+  void composing(QInputMethodEvent* event);
+  // Keys that the grid itself has no use for: what narrows its rows or looks through them ends, or goes on.
+  void escaped();
   void currentChanged(qint64 row, int column);
   void selectionSummaryChanged(const tz::LineSums& sums);
   // Enter or a double click on a row.
@@ -106,16 +144,49 @@ class GridView : public QAbstractScrollArea {
   void timerEvent(QTimerEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
   struct Style;
+  // A heading that stays in sight above the lines of its block.
+  struct StuckHeading {
+    std::int64_t row;
+    int top;
+  };
 
   [[nodiscard]] bool Empty() const { return rows_.Count() == 0 || columns_.Count() == 0; }
   // The line of pixels at which a place begins, in the viewport.
   [[nodiscard]] int TopOf(std::int64_t place) const;
+  void Show(CTzGrid* grid, const ComputedReport* report);
+
+  [[nodiscard]] int MostStuck() const;
+  // How many headings stay in sight above a row.
+  [[nodiscard]] int StuckAbove(std::int64_t row) const;
+  // Outer ones first.
+  [[nodiscard]] std::vector<StuckHeading> StuckHeadings() const;
+  [[nodiscard]] std::optional<std::int64_t> StuckAt(QPoint point) const;
+  // The cell below a point, also where a heading covers it.
+  [[nodiscard]] GridCell CellBelow(QPoint point) const;
+  // Where the sign of a row's block stands; nothing for the other rows.
+  [[nodiscard]] QRect SignRect(std::int64_t row, int top) const;
+  // The block whose sign stands there.
+  [[nodiscard]] const GridBlock* SignAt(QPoint point) const;
+  // A click on a sign or on a heading that stays; false for other places.
+  bool TakeBlockClick(QPoint point);
+  bool TakeBlockKey(const QKeyEvent& event);
+  bool TakeTyping(const QKeyEvent& event);
+  void Fold(const GridBlock& block, bool folded);
+  // Shows other rows; the current one, or that which takes its place, stays where it is in the window.
+  void ChangeRows(const std::function<void()>& change);
+  // What is current and selected is among the rows that are shown.
+  void KeepCurrentShown();
+  void ShowAtTop(std::int64_t row);
+  void MakeBlockMenu();
+  void FillBlockMenu(QMenu& menu);
+
   // The place that a key leads to.
   [[nodiscard]] GridCell PlaceFor(const QKeyEvent& event) const;
   void MoveTo(GridCell cell, bool extend);
@@ -141,11 +212,15 @@ class GridView : public QAbstractScrollArea {
   void PaintPart(QPainter& painter, const QRect& area, const Part& part) const;
   // At a height of the viewport.
   void PaintRow(QPainter& painter, std::int64_t place, int top, const Part& part) const;
+  void PaintStuck(QPainter& painter, const Part& part) const;
+  void PaintSign(QPainter& painter, const QRect& sign, bool folded) const;
   void PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const;
 
   CTzGrid* grid_ = nullptr;
   const ComputedReport* report_ = nullptr;
-  ShownRows rows_;
+  GridRows rowState_;
+  const ShownRows& rows_ = rowState_.Shown();
+  CellMatcher mark_;
   GridViewColumns columns_;
   GridViewHeader* header_;
   int rowHeight_ = 24;

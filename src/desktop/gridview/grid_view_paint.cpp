@@ -62,6 +62,7 @@ void GridView::PaintPart(QPainter& painter, const QRect& area, const Part& part)
   if (hasFocus() && current.column >= part.firstPlace && current.column <= part.lastPlace) {
     PixelLines(painter).Frame(CellRect(current_.row, current_.column), currentTheme().accent, 2);
   }
+  PaintStuck(painter, part);
   painter.setClipping(false);
 }
 
@@ -76,9 +77,42 @@ void GridView::focusOutEvent(QFocusEvent* event) {
   viewport()->update();
 }
 
+// Inner headings first, so that one which is pushed out goes below the outer one.
+void GridView::PaintStuck(QPainter& painter, const Part& part) const {
+  const auto headings = StuckHeadings();
+  for (auto heading = headings.rbegin(); heading != headings.rend(); ++heading) {
+    PaintRow(painter, rows_.PlaceOf(heading->row), heading->top, part);
+    PixelLines(painter).Bottom({part.left, heading->top, part.width, rowHeight_}, currentTheme().strongRule);
+  }
+}
+
+// A triangle that points down into an open block and to the side of a folded one.
+void GridView::PaintSign(QPainter& painter, const QRect& sign, bool folded) const {
+  const QPointF middle = QRectF(sign).center();
+  constexpr double half = 4;
+  constexpr double quarter = 2.5;
+  QPolygonF triangle;
+  if (folded) {
+    triangle << middle + QPointF(-quarter, -half) << middle + QPointF(half - 0.5, 0)
+             << middle + QPointF(-quarter, half);
+  } else {
+    triangle << middle + QPointF(-half, -quarter) << middle + QPointF(half, -quarter)
+             << middle + QPointF(0, half - 0.5);
+  }
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(folded ? currentTheme().accent : currentTheme().mutedText);
+  painter.drawPolygon(triangle);
+  painter.restore();
+}
+
 void GridView::PaintNothing(QPainter& painter) const {
   painter.setPen(currentTheme().mutedText);
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
+  const bool filtered = rowState_.Filtered() && RowCount() > 0;
+  const QString text =
+      filtered ? QStringLiteral("没有符合筛选条件的分录，这张表的行都隐藏着。\n按 Esc 清除筛选。") : emptyText_;
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, text);
 }
 
 void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Part& part) const {
@@ -87,7 +121,8 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Pa
   const RowKind kind = grid_->RowKindAt(row);
   const Rgb colour = grid_->BackgroundAt(row);
   const QRect line(part.left, top, part.width, rowHeight_);
-  painter.fillRect(line, colour == noColour && addsUp(kind) ? theme.header : rowColour(colour));
+  const bool stuck = top != TopOf(place);
+  painter.fillRect(line, colour == noColour && (addsUp(kind) || stuck) ? theme.header : rowColour(colour));
 
   const PixelLines lines(painter);
   const auto cellAt = [&](int shown) { return QRect(columns_.XOf(shown), top, columns_.WidthOf(shown), rowHeight_); };
@@ -105,7 +140,12 @@ void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Pa
   if (kind == RowKind::heading || addsUp(kind)) style.font.setWeight(QFont::DemiBold);
   painter.setFont(style.font);
   for (int shown = part.firstPlace; shown <= part.lastPlace; ++shown) {
-    PaintCell(painter, cellAt(shown), row, columns_.ColumnAtPlace(shown), style);
+    QRect cell = cellAt(shown);
+    if (const QRect sign = shown == 0 ? SignRect(row, top) : QRect(); sign.isValid()) {
+      PaintSign(painter, sign, Blocks().TitledBy(row)->folded);
+      cell.setLeft(sign.right() - GridViewColumns::margin / 2);
+    }
+    PaintCell(painter, cell, row, columns_.ColumnAtPlace(shown), style);
   }
 
   lines.Bottom(line, theme.rule);
@@ -123,6 +163,9 @@ QString GridView::ShownText(std::int64_t row, int column) const {
 void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const {
   const CTzGrid::CellType type = grid_->TypeAt(row, column);
   if (type == CTzGrid::CellType::empty) return;
+  if (!mark_.empty() && mark_.Matches(*grid_, row, column)) {
+    painter.fillRect(cell.adjusted(0, 0, -1, -1), currentTheme().warningGround);
+  }
   QRect room = cell.adjusted(GridViewColumns::margin, 0, -GridViewColumns::margin, 0);
   QString text = ShownText(row, column);
   const QFontMetrics metrics(style.font);

@@ -24,16 +24,11 @@ void RowBits::SetRange(std::int64_t first, std::int64_t last) {
   }
 }
 
-bool RowBits::AnyIn(std::int64_t first, std::int64_t last) const {
-  for (std::int64_t word = first / wordBits; word * wordBits <= last; ++word) {
-    if ((words_[static_cast<std::size_t>(word)] & bitsOf(word, first, last)) != 0) return true;
-  }
-  return false;
-}
-
-std::int64_t RowBits::Count() const {
+std::int64_t RowBits::CountIn(std::int64_t first, std::int64_t last) const {
   std::int64_t count = 0;
-  for (const std::uint64_t word : words_) count += std::popcount(word);
+  for (std::int64_t word = first / wordBits; word * wordBits <= last; ++word) {
+    count += std::popcount(words_[static_cast<std::size_t>(word)] & bitsOf(word, first, last));
+  }
   return count;
 }
 
@@ -44,6 +39,14 @@ std::int64_t RowBits::Next(std::int64_t row, bool set) const {
     if (found != 0) return word * wordBits + std::countr_zero(found);
   }
   return rows_;
+}
+
+std::int64_t RowBits::Previous(std::int64_t row) const {
+  for (std::int64_t word = row / wordBits; row >= 0 && word >= 0; --word) {
+    const std::uint64_t found = words_[static_cast<std::size_t>(word)] & bitsOf(word, 0, row);
+    if (found != 0) return word * wordBits + wordBits - 1 - std::countl_zero(found);
+  }
+  return -1;
 }
 
 void ShownRows::ShowAll(std::int64_t rows) {
@@ -95,12 +98,6 @@ std::int64_t ShownRows::PlaceOf(std::int64_t row) const {
   if (count_ == 0) return -1;
   const std::size_t run = RunAbove(row);
   return run == runs_.size() ? 0 : runs_[run].place + std::min(row - runs_[run].row, LengthOf(run) - 1);
-}
-
-std::int64_t ShownRows::CountBefore(std::int64_t row) const {
-  if (all_) return std::clamp<std::int64_t>(row, 0, rows_);
-  const std::size_t run = row <= 0 ? runs_.size() : RunAbove(row - 1);
-  return run == runs_.size() ? 0 : runs_[run].place + std::min(row - runs_[run].row, LengthOf(run));
 }
 
 }  // namespace tz

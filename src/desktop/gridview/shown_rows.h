@@ -19,10 +19,13 @@ class RowBits {
   void Set(std::int64_t row) { words_[WordOf(row)] |= 1ULL << (row % 64); }
   // Both ends included.
   void SetRange(std::int64_t first, std::int64_t last);
-  [[nodiscard]] bool AnyIn(std::int64_t first, std::int64_t last) const;
-  [[nodiscard]] std::int64_t Count() const;
+  [[nodiscard]] bool AnyIn(std::int64_t first, std::int64_t last) const { return Next(first, true) <= last; }
+  [[nodiscard]] std::int64_t CountIn(std::int64_t first, std::int64_t last) const;
+  [[nodiscard]] std::int64_t Count() const { return rows_ == 0 ? 0 : CountIn(0, rows_ - 1); }
   // The next row from `row` on whose bit is `set`; Rows() when there is none.
   [[nodiscard]] std::int64_t Next(std::int64_t row, bool set) const;
+  // The next one from `row` upwards whose bit is set; -1 when there is none.
+  [[nodiscard]] std::int64_t Previous(std::int64_t row) const;
 
  private:
   [[nodiscard]] static std::size_t WordOf(std::int64_t row) { return static_cast<std::size_t>(row) / 64; }
@@ -46,8 +49,6 @@ class ShownRows {
   // The place of a row; of one that is hidden that of the next row above it which is shown, or else the first; -1 when
   // none is.
   [[nodiscard]] std::int64_t PlaceOf(std::int64_t row) const;
-  // Of the shown rows above `row`, how many there are.
-  [[nodiscard]] std::int64_t CountBefore(std::int64_t row) const;
 
  private:
   // Neighbours that are shown, by their first row and its place.

@@ -1,0 +1,89 @@
+#include "desktop/gridview/row_filter.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace tz {
+namespace {
+
+// Half of the least that is shown of an amount.
+constexpr double halfCent = 0.005;
+
+bool movesMoney(ColumnKind kind) {
+  const auto& traits = traitsOf(kind);
+  return traits.sum != ColumnTraits::Sum::none && traits.form.decimals == amountForm.decimals;
+}
+
+// What lines move; where no column says so, the balances.
+std::vector<int> amountColumns(const CTzGrid& grid) {
+  std::vector<int> moves;
+  std::vector<int> balances;
+  for (int column = 0; column < grid.GetCols(); ++column) {
+    const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(column)].kind;
+    if (movesMoney(kind)) moves.push_back(column);
+    if (kind == ColumnKind::amount || kind == ColumnKind::foreign) balances.push_back(column);
+  }
+  return moves.empty() ? balances : moves;
+}
+
+}  // namespace
+
+std::optional<double> typedAmount(std::string_view typed) {
+  std::string text = foldedText(typed);
+  std::erase(text, ',');
+  std::erase(text, ' ');
+  double amount = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), amount, std::chars_format::fixed);
+  const bool whole = error == std::errc() && end == text.data() + text.size() && std::isfinite(amount);
+  return whole ? std::optional(amount) : std::nullopt;
+}
+
+FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter)
+    : report_(&report),
+      filter_(filter),
+      text_(filter.text),
+      amounts_(amountColumns(report.grid)),
+      kept_(report.grid.GetRows()) {
+  for (int column = 0; column < report.grid.GetCols(); ++column) {
+    const GridColumn& one = report.grid.Columns()[static_cast<std::size_t>(column)];
+    if (!traitsOf(one.kind).isNumber() && isLookedThrough(one)) texts_.push_back(column);
+  }
+}
+
+bool FilterRun::Add(std::int64_t cells) {
+  if (report_ == nullptr) return true;
+  const CTzGrid& grid = report_->grid;
+  const std::int64_t end = std::min(grid.GetRows(), next_ + std::max<std::int64_t>(cells / grid.GetCols(), 1));
+  for (; next_ < end; ++next_) {
+    if (grid.RowKindAt(next_) != RowKind::line) continue;
+    ++lines_;
+    if (Keeps(next_)) kept_.Set(next_);
+  }
+  return next_ == grid.GetRows();
+}
+
+bool FilterRun::Keeps(std::int64_t row) const {
+  if (filter_.unpostedOnly) {
+    const auto line = report_->subjects.line(row);
+    if (!line || line->book != Book::unposted) return false;
+  }
+  if ((filter_.from || filter_.to) && !HasAmount(row)) return false;
+  return filter_.text.empty() || HasText(row);
+}
+
+bool FilterRun::HasText(std::int64_t row) const {
+  return std::ranges::any_of(texts_, [&](int column) { return text_.MatchesText(report_->grid, row, column); });
+}
+
+bool FilterRun::HasAmount(std::int64_t row) const {
+  const bool signs = (filter_.from && *filter_.from < 0) || (filter_.to && *filter_.to < 0);
+  return std::ranges::any_of(amounts_, [&](int column) {
+    if (report_->grid.TypeAt(row, column) != CTzGrid::CellType::number) return false;
+    const double amount = report_->grid.NumberAt(row, column);
+    const double compared = signs ? amount : std::abs(amount);
+    return (!filter_.from || compared > *filter_.from - halfCent) && (!filter_.to || compared < *filter_.to + halfCent);
+  });
+}
+
+}  // namespace tz
