@@ -57,6 +57,14 @@ constexpr KeyEntry gridKeys[] = {
     {"Ctrl+C", "复制选中的单元格"},
     {"Ctrl+Shift+C", "连同标题、条件和栏目名复制"},
     {"菜单键、Shift+F10、右键", "打开菜单"},
+    {"Ctrl+PageDown、Ctrl+PageUp", "到下一块、上一块；没有分段的帐表按月份"},
+    {"-、+", "折叠、展开当前的块或月份；也可以点它左边的三角"},
+    {"Ctrl+1、Ctrl+2、Ctrl+3、Ctrl+4", "全部展开，折叠到月合计，折叠到各级小计"},
+    {"Ctrl+M", "显示或不显示本月合计、本年累计"},
+    {"Ctrl+Shift+F", "打开或关闭筛选行；筛选行里按 ↓ 到表格"},
+    {"输入文字、/、Ctrl+F", "定位到含有它的行；有“查找”的帐表里 Ctrl+F 是查找"},
+    {"F3、Shift+F3", "到下一处、上一处；定位栏里也可以按 Enter、Shift+Enter"},
+    {"Esc", "关闭定位，清除筛选"},
 };
 
 constexpr KeyEntry reportKeys[] = {

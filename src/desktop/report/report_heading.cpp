@@ -1,7 +1,9 @@
 #include "desktop/report/report_heading.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "core/reports/condition_texts.h"
@@ -47,10 +49,10 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
 
   others_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-  auto* top = new QHBoxLayout;
-  top->addWidget(title);
-  top->addStretch(1);
-  top->addWidget(format_);
+  top_ = new QHBoxLayout;
+  top_->addWidget(title);
+  top_->addStretch(1);
+  top_->addWidget(format_);
   auto* labels = new QHBoxLayout;
   labels->setSpacing(gapBetweenLabels);
   labels->addWidget(period_);
@@ -60,9 +62,20 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(8);
-  layout->addLayout(top);
+  layout->addLayout(top_);
   layout->addWidget(conditions_);
   layout->addLayout(labels);
+}
+
+void ReportHeading::AddButton(QAction* action) {
+  auto* button = new QToolButton(this);
+  button->setDefaultAction(action);
+  button->setObjectName(QStringLiteral("filterButton"));
+  button->setAccessibleName(action->iconText());
+  button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button->setFocusPolicy(Qt::TabFocus);
+  top_->addWidget(button);
+  setTabOrder(format_, button);
 }
 
 void ReportHeading::SetFormats(const std::vector<AmountFormat>& formats, std::optional<AmountFormat> shown) {

@@ -8,7 +8,9 @@
 
 #include "core/reports/report_definition.h"
 
+class QAction;
 class QComboBox;
+class QHBoxLayout;
 
 namespace tz {
 
@@ -22,6 +24,8 @@ class ReportHeading : public QWidget {
   ReportHeading(const ReportDefinition& report, QWidget* parent);
 
   [[nodiscard]] ConditionCombos& Conditions() const { return *conditions_; }
+  // A button beside the amount formats.
+  void AddButton(QAction* action);
   // The formats to choose from and the one that is shown.
   void SetFormats(const std::vector<AmountFormat>& formats, std::optional<AmountFormat> shown);
   void SetPeriod(const std::string& text);
@@ -43,6 +47,7 @@ class ReportHeading : public QWidget {
   PaintedStatic* unit_;
   PaintedStatic* others_;
   QComboBox* format_;
+  QHBoxLayout* top_ = nullptr;
   ConditionCombos* conditions_;
   int rememberedFormat_ = -1;  // its place in the combo
 };

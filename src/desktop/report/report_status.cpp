@@ -128,6 +128,11 @@ void ReportStatus::SetMessage(const QString& text, bool failure) {
   if (failure) announce(message_);
 }
 
+void ReportStatus::ShowNews(const QString& text) {
+  SetMessage(text, false);
+  announce(message_);
+}
+
 void ReportStatus::ShowExported(const QString& path) {
   exported_ = QFileInfo(path).absoluteFilePath();
   SetMessage(QStringLiteral("已输出到 ") + path, false);

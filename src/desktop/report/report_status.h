@@ -34,6 +34,8 @@ class ReportStatus : public QWidget {
   void ShowSelection(const LineSums& sums) const;
   // Instead of the number of rows, until the next report.
   void ShowMessage(const QString& text) { SetMessage(text, false); }
+  // The same, told at once to a screen reader.
+  void ShowNews(const QString& text);
   // The tip also holds the database's own words.
   void ShowFailure(const QString& text, const QString& detail = {});
   // A file that was written, with the buttons that open it and its folder.

@@ -14,6 +14,7 @@
 #include "desktop/query/query_dialog.h"
 #include "desktop/query/quick_months.h"
 #include "desktop/report/condition_combos.h"
+#include "desktop/report/grid_tools.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/notice_bar.h"
@@ -77,6 +78,10 @@ void ReportWindow::LayOut() {
   body_ = new QVBoxLayout(frame);
   body_->setContentsMargins(insideGridFrame);
   body_->addWidget(view_);
+  const auto& commands = definition_.toolbar;
+  const bool findIsFree = std::ranges::find(commands, WindowCommand::find) == commands.end();
+  tools_ = new GridTools(*view_, *body_, findIsFree);
+  heading_->AddButton(tools_->FilterAction());
   status_ = new ReportStatus(this);
 
   auto* layout = new QVBoxLayout(this);
@@ -97,6 +102,7 @@ void ReportWindow::ConnectParts() {
   connect(&heading_->Conditions(), &ConditionCombos::told, status_, &ReportStatus::ShowMessage);
   connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
   connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
+  connect(view_, &GridView::told, status_, &ReportStatus::ShowNews);
   connect(view_, &GridView::rowActivated, this, &ReportWindow::OnRowActivated);
   connect(view_, &GridView::cellClicked, this, [this](qint64 row, int column) {
     if (feature_ != nullptr) feature_->OnClicked(row, column);

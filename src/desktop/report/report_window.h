@@ -24,6 +24,7 @@ namespace tz {
 
 class ConditionStore;
 class CTzQueryDialog;
+class GridTools;
 class GridView;
 class NoticeBar;
 class ReportHeading;
@@ -145,6 +146,7 @@ class ReportWindow : public ProcessWindow {
   ReportHeading* heading_ = nullptr;
   NoticeBar* warnings_ = nullptr;
   GridView* view_ = nullptr;
+  GridTools* tools_ = nullptr;
   ReportStatus* status_ = nullptr;
 };
 
