@@ -232,7 +232,7 @@ TEST_F(NameFields, AccountsAreFoundInTheirListsAndNoneIsDroppedInSilence) {
   EXPECT_TRUE(run(spec, ledger.session(), [&](QWidget& window) {
     auto& offered = control<QListWidget>(window, "2301");
     auto& picked = control<QListWidget>(window, "2302");
-    EXPECT_EQ(picked.count(), 2);
+    ASSERT_EQ(picked.count(), 2);
     click(window, "1");
     EXPECT_EQ(messages.takeLast(), "没有这些科目");
     offered.setFocus();

@@ -112,6 +112,7 @@ TEST_F(WindowMonths, TheLastConditionsAreOfferedFirst) {
     report.window().OfferSaved(store);
     EXPECT_FALSE(store.Last(10190));
     report.choose("monthTo", "2006.02");
+    ASSERT_TRUE(store.Last(10190));
     EXPECT_EQ(store.Last(10190)->values(), report.window().GetRequest().values());
   }
   ReportWindow next(*findReport(10190), nullptr);
