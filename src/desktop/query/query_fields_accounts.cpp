@@ -87,6 +87,7 @@ class AccountListsField : public FoldedField {
   [[nodiscard]] bool HasLabel() const override { return false; }
   void Fill(const DialogSpec& dialog, Session& session) override {
     accounts_.clear();
+    Fold();
     for (const auto& entry : offered(dialog, Spec().key, {}, session.db)) accounts_.push_back({entry.text});
   }
   void Show(const Request& request) override {
@@ -103,7 +104,7 @@ class AccountListsField : public FoldedField {
       if (std::ranges::none_of(accounts_, isIt)) accounts_.push_back({code, true, true});
     }
     ShowLists();
-    Unfold(!wanted.empty());
+    UnfoldFor(!wanted.empty());
   }
   void Take(Request& request) const override {
     std::string codes;

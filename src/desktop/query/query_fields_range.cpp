@@ -23,7 +23,10 @@ class ProjectRangeField : public FoldedField {
     layout->addWidget(to_, 1);
   }
   std::vector<QWidget*> Stops() override { return {from_, to_}; }
-  void Fill(const DialogSpec& dialog, Session& /*session*/) override { dialog_ = &dialog; }
+  void Fill(const DialogSpec& dialog, Session& /*session*/) override {
+    dialog_ = &dialog;
+    Fold();
+  }
   void Follow(const Request& request, Session& session) override {
     auto projects = offered(*dialog_, Spec().key, request, session.db);
     projects.insert(projects.begin(), {"", 0});
@@ -33,7 +36,7 @@ class ProjectRangeField : public FoldedField {
   void Show(const Request& request) override {
     first_.Show(request.text(ParameterKey::projectFrom));
     last_.Show(request.text(ParameterKey::projectTo));
-    Unfold(!request.text(ParameterKey::projectFrom).empty() || !request.text(ParameterKey::projectTo).empty());
+    UnfoldFor(!request.text(ParameterKey::projectFrom).empty() || !request.text(ParameterKey::projectTo).empty());
   }
   void Take(Request& request) const override {
     // An end is a code: whichever item bears it, the range ends there.

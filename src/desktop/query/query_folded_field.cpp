@@ -26,7 +26,9 @@ FoldedField::FoldedField(const ControlSpec& spec, bool folds, QWidget* dialog)
 
 bool FoldedField::IsFolded() const { return body_->isHidden(); }
 
-void FoldedField::Unfold(bool unfolded) { ShowBody(unfolded, Spec().caption); }
+void FoldedField::UnfoldFor(bool holdsSomething) {
+  if (holdsSomething && IsFolded()) ShowBody(true, Spec().caption);
+}
 
 void FoldedField::ShowBody(bool unfolded, std::string_view foldedCaption) {
   if (button_ == nullptr) return;

@@ -19,7 +19,10 @@ class FoldedField : public QueryField {
  protected:
   [[nodiscard]] QWidget* Body() const { return body_; }
   [[nodiscard]] bool IsFolded() const;
-  void Unfold(bool unfolded);
+  // As the dialog opens.
+  void Fold() { ShowBody(false, Spec().caption); }
+  // Shows it where it holds something; what the person has unfolded stays so.
+  void UnfoldFor(bool holdsSomething);
 
  private:
   void OnButton(bool unfolded);

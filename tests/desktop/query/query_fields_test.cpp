@@ -235,6 +235,10 @@ TEST_F(QueryFields, RangeUnfoldsAndOffersTheProjectsOfTheAccount) {
     EXPECT_EQ(from.itemText(1), "001 一号厂房");
     press(window, "2206", Qt::Key_Down);
     EXPECT_EQ(from.itemText(1), "R1 新机型");
+    inModal([](QWidget& reference) { QTest::keyClick(&control<QLineEdit>(reference, "search"), Qt::Key_Return); });
+    control<QWidget>(window, "2206").setFocus();
+    press(window, "2206", Qt::Key_F2);
+    EXPECT_TRUE(from.isVisible()) << "what was unfolded stays so";
     press(window, "2206", Qt::Key_Up);
     press(window, "2214", Qt::Key_Down);
     click(window, "1");

@@ -123,6 +123,14 @@ TEST_F(WindowMonths, TheLastConditionsAreOfferedFirst) {
     QTest::keyClick(dialog.focusWidget(), Qt::Key_L, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return control<QLineEdit>(dialog, "2111").text() == "张三"; }));
     EXPECT_EQ(control<CUsefulCombox>(dialog, "2202").CurrentDatum(), 2);
+    auto& thisMonth = control<QWidget>(dialog, "thisMonth");
+    thisMonth.setFocus();
+    QTest::keyClick(&thisMonth, Qt::Key_Right);
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "lastMonth");
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Right);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(control<CUsefulCombox>(dialog, "2201").CurrentDatum(), 1);
+    EXPECT_EQ(control<CUsefulCombox>(dialog, "2202").CurrentDatum(), 3);
     click(dialog, "thisYear");
     EXPECT_EQ(control<CUsefulCombox>(dialog, "2201").CurrentDatum(), 1);
     EXPECT_EQ(control<CUsefulCombox>(dialog, "2202").CurrentDatum(), 12);
