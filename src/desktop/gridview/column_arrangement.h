@@ -20,7 +20,7 @@ struct ColumnArrangement {
     bool operator==(const Moved&) const = default;
   };
 
-  QHash<QString, int> widths;  // that were drawn
+  QHash<QString, int> widths;  // that were drawn, in pixels at the usual size of texts
   QList<Moved> moved;
   QSet<QString> hidden;
 

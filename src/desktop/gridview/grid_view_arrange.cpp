@@ -85,9 +85,9 @@ void GridView::ColumnsChanged() {
     QAccessible::updateAccessibility(&reset);
   }
   emit columnsArranged();
+  if (current_.valid()) TellCurrent();
   if (current_ == before) return;
   grid_->ActivateCell(current_.row, current_.column);
-  TellCurrent();
   emit currentChanged(current_.row, current_.column);
 }
 

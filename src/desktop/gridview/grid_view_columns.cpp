@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/theme/fonts.h"
+
 namespace tz {
 namespace {
 
@@ -23,6 +25,9 @@ constexpr std::int64_t fittedRows = 100'000;
 constexpr std::size_t fittedCandidates = 64;
 // Of the viewport, in hundredths: key columns leave the others room.
 constexpr int frozenShare = 55;
+
+// Of a width at the usual size of texts.
+int atTextSize(int width) { return width * textSize() / usualTextSize; }
 
 // The first and the last rows, and some in between.
 std::vector<std::int64_t> sampleOf(std::int64_t rows) {
@@ -117,8 +122,9 @@ void GridViewColumns::Measure(const CTzGrid& grid, const GridFonts& fonts) {
     const int before = alike[name]++;
     keys_.push_back(before == 0 ? name : name + QLatin1Char('\n') + QString::number(before + 1));
     keyColumn_.push_back(column.group.empty() && !traitsOf(column.kind).isNumber());
-    measured_.push_back(std::max({column.width, std::min(contentWidth(grid, index, sample, fonts), widestMeasured),
-                                  fonts.line.horizontalAdvance(captions_.back()) + 2 * margin}));
+    const int content = std::min(contentWidth(grid, index, sample, fonts), atTextSize(widestMeasured));
+    measured_.push_back(
+        std::max({atTextSize(column.width), content, fonts.line.horizontalAdvance(captions_.back()) + 2 * margin}));
   }
   elastic_ = WidestText(grid);
   Arrange();
@@ -130,7 +136,7 @@ QString GridViewColumns::FullCaptionOf(int column) const {
 
 int GridViewColumns::WidestText(const CTzGrid& grid) const {
   int found = -1;
-  int width = shortTexts;
+  int width = atTextSize(shortTexts);
   for (int index = 0; const GridColumn& column : grid.Columns()) {
     const int measured = measured_[static_cast<std::size_t>(index)];
     if (traitsOf(column.kind).content == ColumnTraits::Content::text && measured > width) {
@@ -178,12 +184,14 @@ void GridViewColumns::Place() {
   lefts_.assign(1, 0);
   for (const int column : shown_) {
     const auto index = static_cast<std::size_t>(column);
-    lefts_.push_back(lefts_.back() + arrangement_.widths.value(keys_[index], measured_[index]));
+    const auto drawn = arrangement_.widths.constFind(keys_[index]);
+    const int width = drawn == arrangement_.widths.constEnd() ? measured_[index] : atTextSize(*drawn);
+    lefts_.push_back(lefts_.back() + width);
   }
   asked_ = lefts_.back();
   const int elastic = elastic_ < 0 ? -1 : PlaceOf(elastic_);
   if (elastic >= 0 && !arrangement_.widths.contains(KeyAt(elastic))) {
-    const int wanted = std::min(WidthOf(elastic) + std::max(0, room_ - TotalWidth()), widestElastic);
+    const int wanted = std::min(WidthOf(elastic) + std::max(0, room_ - TotalWidth()), atTextSize(widestElastic));
     const int more = std::max(0, wanted - WidthOf(elastic));
     for (auto edge = lefts_.begin() + elastic + 1; edge != lefts_.end(); ++edge) *edge += more;
   }
@@ -240,16 +248,18 @@ int GridViewColumns::EdgeAt(int x) const {
   return found;
 }
 
-void GridViewColumns::SetWidth(int place, int width) {
-  arrangement_.widths[KeyAt(place)] = std::max(width, narrowest);
-  Place();
-}
+void GridViewColumns::SetWidth(int place, int width) { Draw(ColumnAtPlace(place), width); }
 
 void GridViewColumns::Fit(const CTzGrid& grid, int column, const GridFonts& fonts) {
   const auto index = static_cast<std::size_t>(column);
   const int caption = fonts.line.horizontalAdvance(captions_[index]) + 2 * margin;
   const int needed = std::min(contentWidth(grid, column, widestRows(grid, column), fonts), widestFitted);
-  arrangement_.widths[keys_[index]] = std::max({needed, caption, narrowest});
+  Draw(column, std::max(needed, caption));
+}
+
+void GridViewColumns::Draw(int column, int width) {
+  const int atUsualSize = (std::max(width, narrowest) * usualTextSize + textSize() - 1) / textSize();
+  arrangement_.widths[keys_[static_cast<std::size_t>(column)]] = atUsualSize;
   Place();
 }
 

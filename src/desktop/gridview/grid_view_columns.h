@@ -97,6 +97,7 @@ class GridViewColumns {
   [[nodiscard]] int LeftOf(int place) const { return lefts_[static_cast<std::size_t>(place)]; }
   [[nodiscard]] const QString& KeyAt(int place) const { return keys_[static_cast<std::size_t>(ColumnAtPlace(place))]; }
   [[nodiscard]] int WidestText(const CTzGrid& grid) const;
+  void Draw(int column, int width);
   // Which columns are shown, in which order, and the captions above them.
   void Arrange();
   void Place();

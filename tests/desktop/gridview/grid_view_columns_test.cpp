@@ -13,6 +13,7 @@
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/gridview/grid_view_header.h"
+#include "desktop/theme/fonts.h"
 #include "desktop/theme/theme.h"
 
 namespace tz {
@@ -129,6 +130,15 @@ TEST_F(GridViewColumnsTest, KeyColumnsStayWhileTheOthersScroll) {
   EXPECT_EQ(cell->rect().topLeft(), view_.viewport()->mapToGlobal(view_.CellRect(0, firstFigures).topLeft()));
   ScrollToTheEnd();
   EXPECT_TRUE(cell->state().offscreen) << "below the columns that stay";
+
+  // A figure of which only the end could be seen shows no digit.
+  grid_.SetNumber(3, 4, 1234567.5);
+  grid_.SetNumber(4, 4, 7654567.5);
+  Bar().setValue(200);
+  const auto endOf = [&](std::int64_t row) { return view_.viewport()->grab(view_.VisiblePart({row, 4})).toImage(); };
+  ASSERT_LT(view_.VisiblePart({3, 4}).width(), view_.CellRect(3, 4).width());
+  EXPECT_EQ(endOf(3), endOf(4));
+  EXPECT_NE(endOf(3), endOf(5)) << "a short one is seen whole";
 
   // Where they would take more than about half of the room, fewer stay.
   view_.resize(400, 320);
@@ -284,6 +294,12 @@ TEST_F(GridViewColumnsTest, FittedColumnsShowAllTheyHold) {
   Click(QStringLiteral("所有列宽适合内容"));
   EXPECT_GT(widthOf(8), textWidth(QStringLiteral("-98,765,432,109,876.25")));
   EXPECT_EQ(widthOf(1), textWidth(QStringLiteral("记-1")) + 2 * GridViewColumns::margin + 1) << "and no wider";
+  // They grow with the texts.
+  view_.SetColumnWidth(8, 300);
+  setTextSize(150);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return widthOf(8) == 450; }));
+  setTextSize(usualTextSize);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return widthOf(8) == 300; }));
 }
 
 // Another table of the same report has other columns: what is known of them holds, the others stay where they belong.
@@ -348,6 +364,9 @@ TEST_F(GridViewColumnsTest, LinesAreOfOneWidthAtEveryScale) {
       const QImage inside = picture.copy(QRect(QPoint(20, 20), view_.viewport()->size() * scale * 0.9));
       EXPECT_EQ(widthsOf(inside, currentTheme().rule, true), std::set{width});
       EXPECT_EQ(widthsOf(inside, currentTheme().rule, false), std::set{width});
+      Header().render(&picture, {offset, offset});
+      const QRect captions(QPoint(20, 20), QSize(Header().width() - 40, 8) * scale);
+      EXPECT_EQ(widthsOf(picture.copy(captions), currentTheme().rule, false), std::set{width});
     }
   }
   view_.SetGrid(nullptr);

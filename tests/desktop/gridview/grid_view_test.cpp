@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "desktop/gridview/grid_view_header.h"
@@ -312,6 +313,22 @@ TEST_F(GridViewTest, TheMenuOpensByMouseAndKeysAndCopies) {
   ASSERT_NE(menu(), nullptr);
   QTest::keyClick(menu(), Qt::Key_C);
   EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(QStringLiteral("2006.03.01\t3"))) << "all of it";
+
+  // Keys stand beside what they do; what nobody answers is not offered.
+  const auto hasEntry = [&](const QString& text) {
+    return std::ranges::any_of(menu()->actions(), [&](const QAction* one) { return one->text() == text; });
+  };
+  Press(Qt::Key_Menu);
+  EXPECT_TRUE(hasEntry(QStringLiteral("连同标题复制(&H)\tCtrl+Shift+C")));
+  EXPECT_FALSE(hasEntry(QStringLiteral("按此筛选(&F)")));
+  QTest::keyClick(menu(), Qt::Key_Escape);
+  const QSignalSpy filtered(&view_, &GridView::filterByWanted);
+  view_.SetCurrent(1, 2);
+  Press(Qt::Key_Menu);
+  QTest::keyClick(menu(), Qt::Key_F);
+  ASSERT_EQ(filtered.size(), 1);
+  EXPECT_EQ(filtered[0], (QVariantList{qint64{1}, 2}));
+  view_.SelectAll();
 
   // A right click takes the cell below it, but keeps a selection that it belongs to.
   const auto rightClick = [&](std::int64_t row, int column) {

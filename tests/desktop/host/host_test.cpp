@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "desktop/gridview/grid_view.h"
+#include "desktop/gridview/grid_view_header.h"
 #include "desktop/host/desktop.h"
 #include "desktop/host/host_ledger.h"
 #include "desktop/host/logon_dialog.h"
@@ -220,6 +221,10 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   auto* window = navigator->findChild<ReportWindow*>();
   ASSERT_NE(window, nullptr);
   window->Grid().SetColumnWidth(2, 333);
+  window->Grid().MoveColumn(6, 3);
+  window->Grid().ShowColumn(5, false);
+  const ColumnArrangement columns = window->Grid().Arrangement();
+  const auto shown = window->Grid().Columns().Shown();
   inModal([&](QWidget& dialog) {
     auto& name = control<QLineEdit>(dialog, "fileNameEdit");
     name.setText(home_.filePath(QStringLiteral("明细帐.csv")));
@@ -231,7 +236,24 @@ TEST_F(HostTest, TheDesktopEndsWithItsNavigatorAndRemembersWidths) {
   EXPECT_EQ(finished.size(), 1);
   EXPECT_FALSE(window->isVisible());
   deleteClosed();
-  EXPECT_TRUE(settings.Columns(10190).widths.values().contains(333));
+  // Another start finds the columns as they were left.
+  EXPECT_EQ(HostSettings().Columns(10190), columns);
+  HostSettings again;
+  Desktop next(again, open, everybody());
+  next.Show();
+  qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd)->OnTzAssistantPerson();
+  inModal([](QWidget& dialog) {
+    control<QLineEdit>(dialog, "8052").setText("销售部");
+    control<QLineEdit>(dialog, "2111").setText("张三");
+    click(dialog, "1");
+  });
+  click(*g_pDlgWnd, "10190");
+  const auto* reopened = g_pDlgWnd->findChild<ReportWindow*>();
+  ASSERT_NE(reopened, nullptr);
+  EXPECT_EQ(reopened->Grid().Columns().Shown(), shown);
+  EXPECT_EQ(reopened->Grid().Header()->CaptionRect(2).width(), 333);
+  g_pDlgWnd->close();
+  deleteClosed();
 }
 
 }  // namespace

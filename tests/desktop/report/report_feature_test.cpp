@@ -178,6 +178,10 @@ TEST_F(FeatureTest, ARowLeadsWhereTheRecordSays) {
            [&] { QTest::keyClick(&window.Grid(), Qt::Key_Return); },
            [&] { QTest::keyClick(&window.Grid(), Qt::Key_D, Qt::ControlModifier); },
            [&] { press(window, WindowCommand::detail); },
+           [&] {
+             QTest::keyClick(&window.Grid(), Qt::Key_Menu);
+             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_D);
+           },
        }) {
     launcher_->LaunchFromReport(10190, ReportLedger::zhangSan(), nullptr);
     window.activateWindow();
