@@ -33,6 +33,8 @@ class CTzResultDialog : public QDialog {
   void OpenWide(int width);
   // Takes a place among other windows, frame included.
   void Arrange(const QRect& place);
+  // The size that it had before it was arranged, unless a person has sized it since.
+  [[nodiscard]] QSize OwnSize() const { return own_.isValid() && !SizedByHand() ? own_ : NormalSize(); }
   // Without its being maximised.
   [[nodiscard]] QSize NormalSize() const;
   [[nodiscard]] bool SizedByHand() const { return NormalSize() != given_; }
@@ -61,6 +63,7 @@ class CTzResultDialog : public QDialog {
   bool placed_ = false;
   bool mayGrow_ = true;  // nobody has given it a size or a place of its own
   QSize given_;
+  QSize own_;  // before it was arranged
   QPoint givenPlace_;
 };
 

@@ -64,6 +64,7 @@ void CTzResultDialog::OpenWide(int width) {
 }
 
 void CTzResultDialog::Arrange(const QRect& place) {
+  own_ = OwnSize();
   if (isMaximized() || isMinimized() || isFullScreen()) showNormal();
   const QMargins frame = frameOf(*this);
   resize(place.marginsRemoved(frame).size());

@@ -86,6 +86,11 @@ void DesktopBar::PlaceLedger(const QRect& room) {
     ledger_->setText(withoutMnemonics(name) + QStringLiteral(" ▾"));
     return ledger_->sizeHint().width();
   };
+  // A long name is written no larger than it fits, down to its usual size, before it is cut.
+  if (const int wanted = show(name_); wanted > room.width()) {
+    const int pixels = QFontInfo(ledger_->font()).pixelSize() * room.width() / wanted;
+    ledger_->setFont(uiFont(std::max(pixels, barPixels)));
+  }
   if (const int wanted = show(name_); wanted > room.width()) {
     const QFontMetrics metrics = ledger_->fontMetrics();
     const int around = wanted - metrics.horizontalAdvance(name_);

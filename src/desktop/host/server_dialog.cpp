@@ -64,7 +64,7 @@ void ServerDialog::LayOut() {
   auto* place = new QHBoxLayout;
   host_ = new QLineEdit(this);
   host_->setObjectName(QStringLiteral("host"));
-  host_->setPlaceholderText(QStringLiteral("名称或 IP 地址，空着是本机"));
+  host_->setPlaceholderText(QStringLiteral("空着是本机"));
   port_ = new QLineEdit(this);
   port_->setObjectName(QStringLiteral("port"));
   port_->setPlaceholderText(QStringLiteral("5432"));

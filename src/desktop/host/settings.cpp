@@ -3,8 +3,10 @@
 #include <QFileInfo>
 #include <QSize>
 
+#include "core/data/connection.h"
 #include "desktop/host/open_ledger.h"
 #include "desktop/theme/fonts.h"
+#include "desktop/theme/qt_text.h"
 
 namespace tz {
 namespace {
@@ -42,7 +44,9 @@ LedgerTitle HostSettings::TitleOf(const QString& address) const {
 }
 
 void HostSettings::RememberLedger(const QString& opened, const LedgerTitle& title) {
-  const QString address = shownAddress(opened);
+  // Found again from whatever folder the program starts in.
+  const bool server = isServerAddress(fromQt(opened));
+  const QString address = server ? shownAddress(opened) : QFileInfo(opened).absoluteFilePath();
   QStringList recent = RecentLedgers();
   recent.removeAll(address);
   recent.prepend(address);

@@ -203,6 +203,8 @@ void ReportWindow::TellFailure(const std::exception& error) {
 
 void ReportWindow::Show(ComputedReport computed) {
   view_->SetGrid(nullptr);
+  const bool otherColumns = !shown_ || shown_->report.format != computed.format ||
+                            shown_->report.grid.Columns().size() != computed.grid.Columns().size();
   const auto resolved = computed.resolved;
   const Conditions& conditions = *resolved;
   shown_ = {conditions.request, std::move(computed)};
@@ -220,7 +222,7 @@ void ReportWindow::Show(ComputedReport computed) {
   view_->SetReport(&shown_->report);
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   TellSubject();
-  OpenWide(width() - view_->width() + view_->AskedWidth());
+  if (otherColumns) OpenWide(width() - view_->width() + view_->AskedWidth());
   update();
 }
 

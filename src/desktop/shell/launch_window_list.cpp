@@ -81,7 +81,7 @@ void layOutOneBehindTheOther(const ReportLauncher& launcher, const QWidget& here
   std::vector<QSize> sizes;
   int step = 0;
   for (const ProcessWindow* window : launcher.Windows()) {
-    sizes.push_back(window->NormalSize().grownBy(frameOf(*window)));
+    sizes.push_back(window->OwnSize().grownBy(frameOf(*window)));
     step = std::max(step, frameOf(*window).top());
   }
   const auto places = oneBehindTheOther(screenOf(here), sizes, step);

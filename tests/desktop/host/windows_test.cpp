@@ -9,6 +9,7 @@
 #include "desktop/frame/fit_window.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/desktop.h"
+#include "desktop/host/desktop_bar.h"
 #include "desktop/host/host_ledger.h"
 
 namespace tz::test {
@@ -67,7 +68,7 @@ class Windows : public HostTest {
 };
 
 TEST_F(Windows, StepAsideAndSayWhatTheyAreAbout) {
-  const ReportWindow* first = openReport();
+  ReportWindow* first = openReport();
   ReportWindow* second = openReport();
   const QMargins frame = frameOf(*first);
   const QRect outer = first->geometry().marginsAdded(frame);
@@ -100,13 +101,23 @@ TEST_F(Windows, StepAsideAndSayWhatTheyAreAbout) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == second; }));
   EXPECT_EQ(second->pos(), dragged);
 
-  // Other months, another subject; with the person gone there is none.
-  Request quarter = ReportLedger::zhangSan("122104");
-  second->SetConditions(quarter);
-  second->RefreshDisplay();
-  EXPECT_EQ(second->Subject(), "122104 工具款 张三 2006.01–2006.03");
-  EXPECT_EQ(control<QLabel>(*second, "subject").text(), second->Subject());
-  EXPECT_EQ(second->pos(), dragged);
+  // Another subject, in a format with more columns: it gets their room, unless a person has sized the window.
+  for (ReportWindow* window : {second, first}) {
+    const bool sized = window == first;
+    const QSize drawn = first->size() - QSize(11, 7);
+    if (sized) window->resize(drawn);
+    window->SetConditions(ReportLedger::zhangSan("122105"));
+    window->RefreshDisplay();
+    EXPECT_EQ(window->Subject(), "122105 样机款 张三 2006.01–2006.03");
+    EXPECT_EQ(control<QLabel>(*window, "subject").text(), window->Subject());
+    if (sized) {
+      EXPECT_EQ(window->size(), drawn);
+    } else {
+      EXPECT_EQ(window->width(), std::min(window->width() - window->Grid().width() + window->Grid().AskedWidth(),
+                                          roomFor(*window).width()));
+      EXPECT_TRUE(screenOf(*window).width() < 1400 || screenOf(*window).contains(window->frameGeometry()));
+    }
+  }
 }
 
 TEST_F(Windows, AreLaidOutAndClosedFromEveryWindow) {
@@ -119,6 +130,7 @@ TEST_F(Windows, AreLaidOutAndClosedFromEveryWindow) {
       for (const auto& other : reports) EXPECT_TRUE(report == other || report->pos() != other->pos());
     }
   };
+  const QSize own = reports[0]->size();
   reports[1]->showMaximized();
   chooseInList(*reports[1], Qt::Key_T);
   EXPECT_FALSE(reports[1]->isMaximized());
@@ -128,6 +140,7 @@ TEST_F(Windows, AreLaidOutAndClosedFromEveryWindow) {
   EXPECT_TRUE(messages_.all.empty());
   chooseInList(*navigator_, Qt::Key_S);
   expectApart();
+  EXPECT_EQ(reports[0]->size(), own) << "as it was before";
   chooseInList(*reports[2], Qt::Key_A);
   deleteClosed();
   for (const auto& report : reports) EXPECT_TRUE(report.isNull());
@@ -232,6 +245,15 @@ TEST_F(Windows, TheNavigatorsBarGrowsWithIt) {
   EXPECT_LT(control<QWidget>(*navigator_, "who").geometry().right(), exit.left());
   EXPECT_EQ(control<QLabel>(*navigator_, "who").text(), "2006-03-31");
   EXPECT_TRUE(ledger.accessibleName().contains("华源机械"));
+  // A name that is too long for the navigator at its usual size is whole in a larger one.
+  const QString name = QStringLiteral("华东地区汽车零部件研究与制造集团（无锡）股份有限公司 & 子公司");
+  auto& bar = *navigator_->findChild<DesktopBar*>();
+  bar.SetLedger(name);
+  EXPECT_EQ(ledger.text(), QString(name).replace("&", "&&") + " ▾");
+  settle(usual);
+  EXPECT_TRUE(ledger.text().contains("…")) << fromQt(ledger.text());
+  EXPECT_TRUE(ledger.accessibleName().contains(name) && ledger.toolTip().contains(name));
+  EXPECT_LE(ledger.geometry().right(), navigator_->findChild<PictureButton*>("10239")->geometry().right());
   QTest::keyClick(navigator_, Qt::Key_F10);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_NE(menu, nullptr);
