@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QLineEdit>
+#include <QtTest>
 #include <array>
 
 #include "core/catalogue/catalogue.h"
@@ -71,6 +73,32 @@ void scrollToTheEnd(QWidget& window) {
   grid.SetCurrent(7, static_cast<int>(reportOf(window).Shown()->report.grid.Columns().size()) - 1);
 }
 
+void typeInto(QWidget& window, const char* field, const QString& text) {
+  window.findChild<QLineEdit*>(QLatin1String(field))->setText(text);
+  QTest::qWait(300);  // what is typed counts after a pause
+}
+
+// The ledger of all units, which has blocks: somewhere below, folded to its totals, filtered, and a text found.
+void drawBlocks(const PictureBook& book, const Request& request) {
+  const auto draw = [&](const char* name, const PictureBook::Step& first) {
+    drawWindow(book, allUnits, request, QLatin1String(name), first);
+  };
+  draw("below", [](QWidget& window) {
+    reportOf(window).Grid().SetCurrent(0, 0);
+    reportOf(window).Grid().SetCurrent(60, 3);
+  });
+  draw("folded", [](QWidget& window) { QTest::keyClick(&reportOf(window).Grid(), Qt::Key_3, Qt::ControlModifier); });
+  draw("filtered", [](QWidget& window) {
+    QTest::keyClick(&reportOf(window).Grid(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    typeInto(window, "filterText", QStringLiteral("收到"));
+    typeInto(window, "filterFrom", QStringLiteral("100,000"));
+  });
+  draw("located", [](QWidget& window) {
+    QTest::keyClick(&reportOf(window).Grid(), Qt::Key_Slash);
+    typeInto(window, "locate", QStringLiteral("货款"));
+  });
+}
+
 // What a report shows besides its figures.
 void drawStates(const PictureBook& book) {
   const auto draw = [&](const char* name, Request request, const PictureBook::Step& first) {
@@ -117,7 +145,10 @@ void drawReports(const PictureBook& book, SampleLedger& ledger) {
   test::Reader reader(ledger.File());
   for (auto& [report, request] : test::everyReport(reader)) {
     if (!book.All() && std::ranges::find(reportsInManual, report->command) == reportsInManual.end()) continue;
-    if (report->command == allUnits) request.set(ParameterKey::account, "112201");
+    if (report->command == allUnits) {
+      request.set(ParameterKey::account, "112201");
+      drawBlocks(book, request);
+    }
     drawWindow(book, report->command, request, QString::number(report->command));
   }
   if (book.All()) drawStates(book);
