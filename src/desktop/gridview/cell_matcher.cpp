@@ -34,6 +34,9 @@ bool holds(std::string_view text, std::string_view part) {
   return changesFolded(text) && foldedText(text).find(part) != std::string::npos;
 }
 
+// "借" in three bytes.
+bool isOneSign(std::string_view text) { return text.size() == 3 && static_cast<unsigned char>(text.front()) >= 0xE0; }
+
 bool onlyOf(std::string_view text, std::string_view signs) {
   return text.find_first_not_of(signs) == std::string_view::npos;
 }
@@ -47,11 +50,6 @@ std::string foldedText(std::string_view text) {
   return out;
 }
 
-bool isLookedThrough(const GridColumn& column) {
-  constexpr int narrow = 60;
-  return traitsOf(column.kind).content != ColumnTraits::Content::text || column.width > narrow;
-}
-
 CellMatcher::CellMatcher(std::string_view typed) : text_(foldedText(typed)) {
   dated_ = onlyOf(text_, "0123456789.");
   if (!onlyOf(text_, "0123456789.,-")) return;
@@ -61,8 +59,10 @@ CellMatcher::CellMatcher(std::string_view typed) : text_(foldedText(typed)) {
 
 bool CellMatcher::MatchesText(const CTzGrid& grid, std::int64_t row, int column) const {
   switch (grid.TypeAt(row, column)) {
-    case CTzGrid::CellType::text:
-      return holds(grid.TextAt(row, column), text_);
+    case CTzGrid::CellType::text: {
+      const std::string_view text = grid.TextAt(row, column);
+      return !isOneSign(text) && holds(text, text_);
+    }
     case CTzGrid::CellType::date:
       return dated_ && grid.ShownAt(row, column).find(text_) != std::string::npos;
     default:

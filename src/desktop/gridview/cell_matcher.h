@@ -1,5 +1,6 @@
 // Whether a cell shows what somebody typed: a part of its text, in capitals or small, wide or narrow letters, or of its
-// figure, with thousands separators or without, or of its date.
+// figure, with thousands separators or without, or of its date. Cells of a single Chinese sign, such as the direction,
+// are not what anybody looks for.
 #pragma once
 
 #include <string>
@@ -11,9 +12,6 @@ namespace tz {
 
 // As texts are compared: small letters, wide letters and signs as narrow ones.
 [[nodiscard]] std::string foldedText(std::string_view text);
-
-// Whether people look for texts of a column: not where it holds one sign or two, such as the direction.
-[[nodiscard]] bool isLookedThrough(const GridColumn& column);
 
 class CellMatcher {
  public:

@@ -46,8 +46,8 @@ FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter)
       amounts_(amountColumns(report.grid)),
       kept_(report.grid.GetRows()) {
   for (int column = 0; column < report.grid.GetCols(); ++column) {
-    const GridColumn& one = report.grid.Columns()[static_cast<std::size_t>(column)];
-    if (!traitsOf(one.kind).isNumber() && isLookedThrough(one)) texts_.push_back(column);
+    const auto& traits = traitsOf(report.grid.Columns()[static_cast<std::size_t>(column)].kind);
+    if (!traits.isNumber()) texts_.push_back(column);
   }
 }
 

@@ -67,7 +67,7 @@ void GridTools::MakeActions(bool findIsFree) {
     connect(made, &QAction::triggered, this, action);
     return made;
   };
-  filterAction_ = make("筛选行(&L)", Qt::CTRL | Qt::SHIFT | Qt::Key_F, [] {});
+  filterAction_ = make("筛选行(&R)", Qt::CTRL | Qt::SHIFT | Qt::Key_F, [] {});
   filterAction_->setIconText(QStringLiteral("筛选"));
   filterAction_->setToolTip(QStringLiteral("筛选分录，选择显示到哪一级合计 (Ctrl+Shift+F)"));
   filterAction_->setCheckable(true);
@@ -172,10 +172,7 @@ void GridTools::BeginSearch() {
     locateBar_->ShowResult(-1, 0, false);
     return;
   }
-  std::vector<int> columns = view_.Columns().Shown();
-  std::erase_if(columns,
-                [&](int column) { return !isLookedThrough(report->grid.Columns()[static_cast<std::size_t>(column)]); });
-  search_ = RowSearch(report->grid, view_.Rows(), std::move(columns), typed);
+  search_ = RowSearch(report->grid, view_.Rows(), view_.Columns().Shown(), typed);
   searched_ = false;
   searching_.start(0, this);
   GoOnSearching();

@@ -61,10 +61,23 @@ constexpr KeyEntry gridKeys[] = {
     {"-、+", "折叠、展开当前的块或月份；也可以点它左边的三角"},
     {"Ctrl+1、Ctrl+2、Ctrl+3、Ctrl+4", "全部展开，折叠到月合计，折叠到各级小计"},
     {"Ctrl+M", "显示或不显示本月合计、本年累计"},
-    {"Ctrl+Shift+F", "打开或关闭筛选行；筛选行里按 ↓ 到表格"},
+    {"菜单键，再按 S", "复制状态栏里选中分录的合计"},
+    {"Ctrl+Shift+F", "打开或关闭筛选行"},
     {"输入文字、/、Ctrl+F", "定位到含有它的行；有“查找”的帐表里 Ctrl+F 是查找"},
-    {"F3、Shift+F3", "到下一处、上一处；定位栏里也可以按 Enter、Shift+Enter"},
+    {"F3、Shift+F3", "到下一处、上一处"},
     {"Esc", "关闭定位，清除筛选"},
+};
+
+constexpr KeyEntry filterKeys[] = {
+    {"Enter", "马上筛选，不等输入停顿"},
+    {"↓", "到表格"},
+    {"Esc", "清除筛选；已经清除时关闭筛选行"},
+};
+
+constexpr KeyEntry locateKeys[] = {
+    {"Enter、↓、F3", "到下一处"},
+    {"Shift+Enter、↑、Shift+F3", "到上一处"},
+    {"Esc", "关闭定位，回到表格"},
 };
 
 constexpr KeyEntry reportKeys[] = {
@@ -80,6 +93,8 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::field, "列表和参照", fieldKeys},
     {KeyPlace::report, "帐表窗口", reportKeys},
     {KeyPlace::grid, "表格", gridKeys},
+    {KeyPlace::filter, "筛选行", filterKeys},
+    {KeyPlace::locate, "定位栏", locateKeys},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "desktop/report/report_status.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QEvent>
 #include <QFileInfo>
@@ -64,6 +65,10 @@ ReportStatus::ReportStatus(QWidget* parent)
   message_->setMinimumWidth(narrowestMessage);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   selection_->setObjectName(QStringLiteral("selection"));
+  auto* copy = new QAction(QStringLiteral("复制(&C)"), selection_);
+  connect(copy, &QAction::triggered, this, &ReportStatus::CopySelection);
+  selection_->addAction(copy);
+  selection_->setContextMenuPolicy(Qt::ActionsContextMenu);
   progress_->setFixedSize(progressWidth, progressHeight);
   progress_->setTextVisible(false);
   progress_->setAccessibleName(QStringLiteral("进度"));
@@ -202,6 +207,12 @@ void ReportStatus::ShowSelection(const LineSums& sums) const {
   selection_->setToolTip(selection_->text() + QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。"));
   ShareRoom();
   announce(selection_, QAccessible::NameChanged);
+}
+
+void ReportStatus::CopySelection() {
+  if (selection_->text().isEmpty()) return;
+  QGuiApplication::clipboard()->setText(selection_->text());
+  ShowNews(QStringLiteral("已复制：") + selection_->text());
 }
 
 void ReportStatus::BeginWork(const QString& text) {

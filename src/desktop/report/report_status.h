@@ -32,6 +32,8 @@ class ReportStatus : public QWidget {
   void ShowSubject(const QString& text) const;
   // Which lines are selected.
   void ShowSelection(const LineSums& sums) const;
+  // Puts what it says of them on the clipboard.
+  void CopySelection();
   // Instead of the number of rows, until the next report.
   void ShowMessage(const QString& text) { SetMessage(text, false); }
   // The same, told at once to a screen reader.

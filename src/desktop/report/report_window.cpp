@@ -108,6 +108,9 @@ void ReportWindow::ConnectParts() {
     if (feature_ != nullptr) feature_->OnClicked(row, column);
   });
   view_->installEventFilter(this);
+  auto* copySums = new QAction(QStringLiteral("复制选中分录的合计(&S)"), view_);
+  connect(copySums, &QAction::triggered, status_, &ReportStatus::CopySelection);
+  view_->addAction(copySums);
   OfferInMenu(WindowCommand::detail, "明细(&D)");
   OfferInMenu(WindowCommand::exportFile, "输出(&E)…");
 }

@@ -1,5 +1,6 @@
 // Looking for lines in a report's real window: the filter row above its table and locating as one types.
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QToolButton>
 
@@ -74,10 +75,23 @@ TEST_F(ReportFilter, HidesLinesAndSaysSoAndChangesNoTotal) {
   Press(Qt::Key_A, Qt::ControlModifier);
   const std::string selected = "已选 " + std::to_string(found.size()) + " 条分录";
   EXPECT_TRUE(QTest::qWaitFor([&] { return Told("selection").starts_with(selected); })) << Told("selection");
+  for (QAction* action : View().actions()) {
+    if (action->text().startsWith(QStringLiteral("复制选中分录的合计"))) action->trigger();
+  }
+  EXPECT_EQ(fromQt(QApplication::clipboard()->text()), Told("selection"));
   // A new computation takes the filter along, and a report with other rows too.
   Window().Recompute();
   Becomes("filterNote", Note(found.size()));
   EXPECT_EQ(ShownLines(), found);
+
+  // Voucher numbers, wide figures among them; the direction of a line is no text to be found.
+  Type("filterText", "转-００02");
+  const auto voucher = Lines([&](auto row) { return grid.TextAt(row, 1).find("转-0002") != std::string_view::npos; });
+  ASSERT_FALSE(voucher.empty());
+  Becomes("filterNote", Note(voucher.size()));
+  EXPECT_EQ(ShownLines(), voucher);
+  Type("filterText", "借");
+  Becomes("filterNote", Note(WithText("借").size()));
 
   Field("filterText").setFocus();
   QTest::keyClick(&Field("filterText"), Qt::Key_Escape);
