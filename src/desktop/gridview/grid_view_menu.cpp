@@ -61,7 +61,7 @@ void GridView::OpenMenu(QPoint global) {
   }
   add("列宽适合内容(&W)", current.valid(), [=, this] { FitColumn(current.column); });
   auto* columns = makeColumnMenu(*this, current.column, menu);
-  columns->setTitle(QStringLiteral("列(&L)"));
+  columns->setTitle(QStringLiteral("列(&G)"));
   columns->setEnabled(columns_.Count() > 0);
   menu->addMenu(columns);
   if (!actions().isEmpty()) menu->addSeparator();

@@ -205,6 +205,12 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
   return needed;
 }
 
+int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* returned) const {
+  // A menu of a hundred columns would stand beside itself until it leaves the screen.
+  return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   switch (metric) {
     case PM_DefaultFrameWidth:

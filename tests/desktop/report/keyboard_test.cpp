@@ -1,5 +1,6 @@
 // The keyboard alone: Tab and Enter through every condition dialog, the keys of a report's toolbar.
 #include <QLineEdit>
+#include <QMenu>
 #include <set>
 
 #include "core/catalogue/catalogue.h"
@@ -161,6 +162,17 @@ TEST(ToolBarKeys, ReachTheirCommands) {
   press(Qt::Key_F5, Qt::NoModifier);
   press(Qt::Key_E, Qt::ControlModifier);
   EXPECT_EQ(fromQt(opened.join("|")), "个人往来_三栏式明细帐|输出到文件");
+  // Each entry of the grid's menu has a letter of its own, whoever added it.
+  QTest::keyClick(&window->Grid(), Qt::Key_Menu);
+  const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  std::set<QString> letters;
+  for (const QAction* entry : menu->actions()) {
+    if (entry->isSeparator()) continue;
+    const QString letter = entry->text().section(QLatin1Char('&'), 1).left(1);
+    EXPECT_TRUE(!letter.isEmpty() && letters.insert(letter).second) << fromQt(entry->text());
+  }
+  QTest::keyClick(menu, Qt::Key_Escape);
   QTest::keyClick(&window->Grid(), Qt::Key_Escape);
   QTest::keyClick(&window->Grid(), Qt::Key_Return);
   EXPECT_TRUE(window->isVisible());
