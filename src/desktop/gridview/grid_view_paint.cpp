@@ -113,6 +113,7 @@ void GridView::PaintNothing(QPainter& painter) const {
   const QString text =
       filtered ? QStringLiteral("没有符合筛选条件的分录，这张表的行都隐藏着。\n按 Esc 清除筛选。") : emptyText_;
   painter.drawText(viewport()->rect(), Qt::AlignCenter, text);
+  if (hasFocus()) PixelLines(painter).Frame(viewport()->rect(), currentTheme().accent, 2);
 }
 
 void GridView::PaintRow(QPainter& painter, std::int64_t place, int top, const Part& part) const {

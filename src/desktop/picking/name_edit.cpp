@@ -18,7 +18,8 @@ NameEdit::NameEdit(QWidget* parent)
           },
           this)),
       popup_(new SearchPopup(*found_, *this)) {
-  setAccessibleDescription(QStringLiteral("输入编码、名称的一部分或拼音首字母查找，F2 打开参照窗口"));
+  setToolTip(howToFind());
+  setAccessibleDescription(howToFind());
   connect(this, &QLineEdit::textEdited, this, &NameEdit::OnTyped);
   connect(popup_, &SearchPopup::taken, this, &NameEdit::Take);
   connect(popup_, &SearchPopup::clicked, this, &NameEdit::clicked);

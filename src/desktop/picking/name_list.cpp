@@ -6,6 +6,8 @@
 
 namespace tz {
 
+QString howToFind() { return QStringLiteral("输入编码、名称的一部分或拼音首字母查找，F2 打开参照窗口"); }
+
 QString withCode(const SearchEntry& entry) {
   return entry.code.isEmpty() ? entry.name : entry.code + u' ' + entry.name;
 }

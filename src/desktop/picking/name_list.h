@@ -41,6 +41,8 @@ struct NameList {
 };
 using Names = std::shared_ptr<const NameList>;
 
+// What fields that find as one types tell of themselves.
+[[nodiscard]] QString howToFind();
 [[nodiscard]] QString withCode(const SearchEntry& entry);
 // How many of the codes before it, in code order, each code continues.
 [[nodiscard]] std::vector<int> depthsOf(const std::vector<SearchEntry>& entries);

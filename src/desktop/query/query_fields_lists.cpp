@@ -23,6 +23,8 @@ class ComboField : public QueryField {
     constexpr int signs = 28;
     combo_->setMinimumContentsLength(signs);
     combo_->setAccessibleName(toQt(spec.caption));
+    combo_->setToolTip(howToFind());
+    combo_->setAccessibleDescription(howToFind());
     if (spec.all) combo_->lineEdit()->setPlaceholderText(toQt(allMembers));
     // Accounts and classes: other fields follow what is chosen here.
     if (parameter(spec.key).byCode) connect(combo_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);

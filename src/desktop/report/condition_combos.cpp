@@ -65,6 +65,8 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   auto* combo = new CUsefulCombox(this);
   combo->setObjectName(QString::number(comboId));
   combo->setAccessibleName(caption);
+  combo->setToolTip(howToFind());
+  combo->setAccessibleDescription(howToFind());
   combo->lineEdit()->setPlaceholderText(QStringLiteral("请选择"));
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   combo->setMinimumContentsLength(control.kind == ControlSpec::Kind::accountCombo ? 16 : 8);
