@@ -3,7 +3,6 @@
 #include <QActionGroup>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QSessionManager>
 #include <array>
 
 #include "core/catalogue/catalogue.h"

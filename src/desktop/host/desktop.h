@@ -2,6 +2,7 @@
 // and menu, the list of windows, and what is remembered; and the question before all of it closes.
 #pragma once
 
+#include <QSessionManager>
 #include <memory>
 
 #include "desktop/host/open_ledger.h"
@@ -11,7 +12,6 @@
 #include "desktop/shell/navigator.h"
 
 class QMenu;
-class QSessionManager;
 
 namespace tz {
 

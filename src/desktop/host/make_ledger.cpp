@@ -23,7 +23,7 @@ constexpr unsigned long momentBeforeBox = 300;  // milliseconds
 
 // In a thread of its own: nothing here knows a window.
 Failure make(const std::string& file, const FillLedger& fill, LedgerWork& work) {
-  const Failure stopped{QStringLiteral("已停止，没有建立帐套")};
+  const auto stopped = [] { return Failure{QStringLiteral("已停止，没有建立帐套")}; };
   try {
     createLedger(file, [&](Connection& connection) {
       // The long statements too.
@@ -32,9 +32,9 @@ Failure make(const std::string& file, const FillLedger& fill, LedgerWork& work) 
     });
     return {};
   } catch (const WorkStopped&) {
-    return stopped;
+    return stopped();
   } catch (const DbError& error) {
-    return work.Stopped() ? stopped : failureOf(error);
+    return work.Stopped() ? stopped() : failureOf(error);
   } catch (const std::exception& error) {
     return {toQt(error.what())};
   }
