@@ -33,6 +33,11 @@ QMargins frameOf(const QWidget& window) {
           outside.bottom() - inside.bottom()};
 }
 
+int titleBarHeight(const QWidget& window) {
+  constexpr int lowest = 24;
+  return std::max(frameOf(window).top(), lowest);
+}
+
 QSize roomFor(const QWidget& window) { return window.screen()->availableSize().shrunkBy(frameOf(window)); }
 
 void keepOnScreen(QWidget& window) {

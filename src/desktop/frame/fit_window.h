@@ -10,6 +10,8 @@ namespace tz {
 
 // What stands around the contents of a window, guessed until its frame is there.
 [[nodiscard]] QMargins frameOf(const QWidget& window);
+// By which windows step aside from each other: also where a frame is thinner than any title bar.
+[[nodiscard]] int titleBarHeight(const QWidget& window);
 // What the contents of a window may take on its screen.
 [[nodiscard]] QSize roomFor(const QWidget& window);
 // Moves a window that reaches beyond its screen back onto it.

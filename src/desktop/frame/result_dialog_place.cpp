@@ -29,7 +29,7 @@ void CTzResultDialog::RestoreSize(QSize size) {
 
 void CTzResultDialog::MoveToFreePlace() {
   const QMargins frame = frameOf(*this);
-  move(freePlace(screen()->availableGeometry(), size().grownBy(frame), cornersOfOthers(*this), frame.top()));
+  move(freePlace(screen()->availableGeometry(), size().grownBy(frame), cornersOfOthers(*this), titleBarHeight(*this)));
   givenPlace_ = pos();
 }
 
@@ -56,7 +56,7 @@ void CTzResultDialog::OpenWide(int width) {
   resize(wide, height());
   given_ = NormalSize();
   // What a window manager adds to a place is no move.
-  if (moved < 2 * frameOf(*this).top()) {
+  if (moved < 2 * titleBarHeight(*this)) {
     MoveToFreePlace();
   } else {
     keepOnScreen(*this);

@@ -82,7 +82,7 @@ void layOutOneBehindTheOther(const ReportLauncher& launcher, const QWidget& here
   int step = 0;
   for (const ProcessWindow* window : launcher.Windows()) {
     sizes.push_back(window->OwnSize().grownBy(frameOf(*window)));
-    step = std::max(step, frameOf(*window).top());
+    step = std::max(step, titleBarHeight(*window));
   }
   const auto places = oneBehindTheOther(screenOf(here), sizes, step);
   for (std::size_t at = 0; at < places.size(); ++at) {

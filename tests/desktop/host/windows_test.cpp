@@ -76,7 +76,7 @@ TEST_F(Windows, StepAsideAndSayWhatTheyAreAbout) {
   if (screenOf(*first).width() > 1400) {
     EXPECT_LE((outer.center() - screenOf(*first).center()).manhattanLength(), 4) << "in the middle";
     const QPoint aside = second->pos() - first->pos();
-    EXPECT_LE((aside - QPoint(frame.top(), frame.top())).manhattanLength(), 4) << aside.x() << ", " << aside.y();
+    EXPECT_EQ(aside, QPoint(titleBarHeight(*first), titleBarHeight(*first))) << aside.x() << ", " << aside.y();
   }
   EXPECT_TRUE(screenOf(*second).contains(second->geometry().marginsAdded(frame)));
   const QSize asked(first->width() - first->Grid().width() + first->Grid().AskedWidth(), 0);
