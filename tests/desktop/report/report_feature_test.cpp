@@ -100,7 +100,7 @@ TEST_F(FeatureTest, AReportWithoutMonthsShowsItsOwnPeriodAndHelp) {
   const auto help = window.findChild<QTextBrowser*>()->toPlainText();
   EXPECT_TRUE(help.contains("浅绿色的行已过期，红色数字为红字。")) << fromQt(help);
   EXPECT_TRUE(help.contains("CSV 的“标记”栏写明已过期。"));
-  EXPECT_FALSE(help.contains("未记帐"));
+  EXPECT_FALSE(help.contains("未记帐凭证"));
   window.close();
   made_.period = noPeriod;
   ReportWindow& without = open();
