@@ -197,6 +197,7 @@ class GridView : public QAbstractScrollArea {
   void SumUp();
   void TellCurrent();
   [[nodiscard]] GridFonts Fonts() const;
+  void Fit(const std::vector<int>& columns);
   // The columns stand otherwise: what is current and selected stays where it can.
   void ColumnsChanged();
   // Keys that are about columns; false for others.

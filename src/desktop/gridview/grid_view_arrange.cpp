@@ -26,14 +26,18 @@ void GridView::SetColumnWidth(int column, int width) {
 }
 
 void GridView::FitColumn(int column) {
-  if (!columns_.Has(column)) return;
-  columns_.Fit(*grid_, column, Fonts());
-  LayOut();
+  if (columns_.Has(column)) Fit({column});
 }
 
-void GridView::FitColumns() {
+void GridView::FitColumns() { Fit(columns_.Shown()); }
+
+void GridView::Fit(const std::vector<int>& columns) {
   if (grid_ == nullptr) return;
-  for (const int column : columns_.Shown()) columns_.Fit(*grid_, column, Fonts());
+  std::vector<std::int64_t> seen;
+  const std::int64_t first = verticalScrollBar()->value() / rowHeight_;
+  const std::int64_t last = std::min(first + viewport()->height() / rowHeight_ + 1, rows_.Count() - 1);
+  for (std::int64_t place = first; place <= last; ++place) seen.push_back(rows_.RowAt(place));
+  columns_.Fit(*grid_, columns, seen, Fonts());
   LayOut();
 }
 

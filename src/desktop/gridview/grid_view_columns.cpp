@@ -19,8 +19,8 @@ constexpr int widestFitted = 1200;
 constexpr int shortTexts = 90;
 constexpr int edgeReach = 4;
 constexpr std::int64_t sampleSize = 100;
-// Some milliseconds.
-constexpr std::int64_t fittedRows = 100'000;
+// Some tens of milliseconds.
+constexpr std::int64_t fittedCells = 100'000;
 // Of texts alike in length not the longest is the widest.
 constexpr std::size_t fittedCandidates = 64;
 // Of the viewport, in hundredths: key columns leave the others room.
@@ -73,11 +73,20 @@ double roughLength(const CTzGrid& grid, std::int64_t row, int column) {
     return static_cast<double>(grid.TextAt(row, column).size());
   }
   const ColumnKind kind = grid.Columns()[static_cast<std::size_t>(column)].kind;
-  return figureLength(grid.NumberAt(row, column), traitsOf(kind).form);
+  const double bold = addsUp(grid.RowKindAt(row)) ? 0.5 : 0;
+  return figureLength(grid.NumberAt(row, column), traitsOf(kind).form) + bold;
 }
 
-// The rows that may be the widest in a column: longest texts, longest figures.
-std::vector<std::int64_t> widestRows(const CTzGrid& grid, int column) {
+// Those that fitting looks at: what is seen, the last ones with their totals, and as many others as take no time.
+std::vector<std::int64_t> fittedRows(std::int64_t rows, std::size_t columns, std::vector<std::int64_t> seen) {
+  const std::int64_t step = std::max<std::int64_t>(1, rows * static_cast<std::int64_t>(columns) / fittedCells);
+  for (std::int64_t row = 0; row < rows; row += step) seen.push_back(row);
+  for (std::int64_t row = std::max<std::int64_t>(0, rows - sampleSize); row < rows; ++row) seen.push_back(row);
+  return seen;
+}
+
+// Of them those that may be the widest in a column: longest texts, longest figures.
+std::vector<std::int64_t> widestRows(const CTzGrid& grid, int column, const std::vector<std::int64_t>& rows) {
   struct Candidate {
     double length;
     std::int64_t row;
@@ -85,8 +94,7 @@ std::vector<std::int64_t> widestRows(const CTzGrid& grid, int column) {
   const auto longer = [](const Candidate& one, const Candidate& other) { return one.length > other.length; };
   std::vector<Candidate> texts;
   std::vector<Candidate> numbers;
-  const std::int64_t step = std::max<std::int64_t>(1, grid.GetRows() / fittedRows);
-  for (std::int64_t row = 0; row < grid.GetRows(); row += step) {
+  for (const std::int64_t row : rows) {
     auto& heap = grid.TypeAt(row, column) == CTzGrid::CellType::number ? numbers : texts;
     const Candidate candidate{roughLength(grid, row, column), row};
     if (heap.size() == fittedCandidates && !longer(candidate, heap.front())) continue;
@@ -97,11 +105,11 @@ std::vector<std::int64_t> widestRows(const CTzGrid& grid, int column) {
     heap.push_back(candidate);
     std::ranges::push_heap(heap, longer);
   }
-  std::vector<std::int64_t> rows = sampleOf(grid.GetRows());
+  std::vector<std::int64_t> widest;
   for (const auto& heap : {texts, numbers}) {
-    for (const Candidate& candidate : heap) rows.push_back(candidate.row);
+    for (const Candidate& candidate : heap) widest.push_back(candidate.row);
   }
-  return rows;
+  return widest;
 }
 
 }  // namespace
@@ -250,17 +258,21 @@ int GridViewColumns::EdgeAt(int x) const {
 
 void GridViewColumns::SetWidth(int place, int width) { Draw(ColumnAtPlace(place), width); }
 
-void GridViewColumns::Fit(const CTzGrid& grid, int column, const GridFonts& fonts) {
-  const auto index = static_cast<std::size_t>(column);
-  const int caption = fonts.line.horizontalAdvance(captions_[index]) + 2 * margin;
-  const int needed = std::min(contentWidth(grid, column, widestRows(grid, column), fonts), widestFitted);
-  Draw(column, std::max(needed, caption));
+void GridViewColumns::Fit(const CTzGrid& grid, const std::vector<int>& columns, const std::vector<std::int64_t>& seen,
+                          const GridFonts& fonts) {
+  const auto rows = fittedRows(grid.GetRows(), columns.size(), seen);
+  for (const int column : columns) {
+    const int caption =
+        fonts.line.horizontalAdvance(captions_[static_cast<std::size_t>(column)]) + 2 * GridViewColumns::margin;
+    const int needed = contentWidth(grid, column, widestRows(grid, column, rows), fonts);
+    Draw(column, std::max(std::min(needed, widestFitted), caption));
+  }
+  Place();
 }
 
 void GridViewColumns::Draw(int column, int width) {
   const int atUsualSize = (std::max(width, narrowest) * usualTextSize + textSize() - 1) / textSize();
   arrangement_.widths[keys_[static_cast<std::size_t>(column)]] = atUsualSize;
-  Place();
 }
 
 void GridViewColumns::Move(int from, int before) {

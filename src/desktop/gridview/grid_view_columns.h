@@ -76,8 +76,9 @@ class GridViewColumns {
   [[nodiscard]] int EdgeAt(int x) const;
 
   void SetWidth(int place, int width);
-  // As wide as all its contents ask, or a great many of them.
-  void Fit(const CTzGrid& grid, int column, const GridFonts& fonts);
+  // As wide as their contents ask: those of the rows that are seen, and of a great many others.
+  void Fit(const CTzGrid& grid, const std::vector<int>& columns, const std::vector<std::int64_t>& seen,
+           const GridFonts& fonts);
   // Between the places around it; those from there on stand one further right.
   void Move(int from, int before);
   // False for the last one that is shown.
