@@ -119,6 +119,7 @@ void GridViewColumns::Measure(const CTzGrid& grid, const GridFonts& fonts) {
   groupOf_.clear();
   keys_.clear();
   keyColumn_.clear();
+  figure_.clear();
   measured_.clear();
   QHash<QString, int> alike;
   const auto sample = sampleOf(grid.GetRows());
@@ -129,7 +130,8 @@ void GridViewColumns::Measure(const CTzGrid& grid, const GridFonts& fonts) {
     const QString name = groupOf_.back() + QLatin1Char('\n') + captions_.back();
     const int before = alike[name]++;
     keys_.push_back(before == 0 ? name : name + QLatin1Char('\n') + QString::number(before + 1));
-    keyColumn_.push_back(column.group.empty() && !traitsOf(column.kind).isNumber());
+    figure_.push_back(traitsOf(column.kind).isNumber());
+    keyColumn_.push_back(column.group.empty() && !figure_.back());
     const int content = std::min(contentWidth(grid, index, sample, fonts), atTextSize(widestMeasured));
     measured_.push_back(
         std::max({atTextSize(column.width), content, fonts.line.horizontalAdvance(captions_.back()) + 2 * margin}));
@@ -200,10 +202,26 @@ void GridViewColumns::Place() {
   const int elastic = elastic_ < 0 ? -1 : PlaceOf(elastic_);
   if (elastic >= 0 && !arrangement_.widths.contains(KeyAt(elastic))) {
     const int wanted = std::min(WidthOf(elastic) + std::max(0, room_ - TotalWidth()), atTextSize(widestElastic));
-    const int more = std::max(0, wanted - WidthOf(elastic));
-    for (auto edge = lefts_.begin() + elastic + 1; edge != lefts_.end(); ++edge) *edge += more;
+    Widen(elastic, std::max(0, wanted - WidthOf(elastic)));
+    WidenFigures();
   }
   Freeze();
+}
+
+void GridViewColumns::Widen(int place, int more) {
+  for (auto edge = lefts_.begin() + place + 1; edge != lefts_.end(); ++edge) *edge += more;
+}
+
+// What the texts leave goes to the figures in equal parts, as long as none becomes more than twice as wide.
+void GridViewColumns::WidenFigures() {
+  std::vector<int> figures;
+  for (int place = 0; place < ShownCount(); ++place) {
+    const bool drawn = arrangement_.widths.contains(KeyAt(place));
+    if (!drawn && figure_[static_cast<std::size_t>(ColumnAtPlace(place))]) figures.push_back(place);
+  }
+  if (figures.empty()) return;
+  const int part = std::max(0, room_ - TotalWidth()) / static_cast<int>(figures.size());
+  for (const int place : figures) Widen(place, std::min(part, WidthOf(place)));
 }
 
 void GridViewColumns::Freeze() {

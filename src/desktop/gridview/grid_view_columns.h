@@ -102,12 +102,15 @@ class GridViewColumns {
   // Which columns are shown, in which order, and the captions above them.
   void Arrange();
   void Place();
+  void Widen(int place, int more);
+  void WidenFigures();
   void Freeze();
 
   std::vector<QString> captions_;
   std::vector<QString> groupOf_;
   std::vector<QString> keys_;  // group and caption; of columns that share both, the later ones with a number
   std::vector<bool> keyColumn_;
+  std::vector<bool> figure_;
   std::vector<int> measured_;
   int elastic_ = -1;  // the column that takes the room; -1 for none
 

@@ -109,6 +109,14 @@ void ConditionCombos::PlaceMonths() {
   updateGeometry();
 }
 
+QSize ConditionCombos::minimumSizeHint() const {
+  QSize least = QWidget::minimumSizeHint();
+  if (months_ == nullptr || layout()->indexOf(months_) >= 0) return least;
+  const int months = months_->minimumSizeHint().width();
+  least.setWidth(std::max(row_->minimumSize().width() - months - row_->spacing(), months));
+  return least;
+}
+
 bool ConditionCombos::event(QEvent* event) {
   const bool answered = QWidget::event(event);
   if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) PlaceMonths();

@@ -47,6 +47,9 @@ class ConditionCombos : public QWidget {
   // that it has.
   void FollowAccount(Request& request, const CQnCwDB& db);
 
+  // With the months in a row of their own.
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
  signals:
   // Another entry than before was chosen by hand.
   void chosen(tz::ParameterKey key, const tz::MemberChoice& member);

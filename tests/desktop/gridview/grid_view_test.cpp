@@ -125,6 +125,9 @@ TEST_F(GridViewTest, RoomToSpareGoesToTheSummaryUntilItIsDrawn) {
   EXPECT_EQ(view_.CellRect(0, 1).right(), view_.viewport()->rect().right());
   view_.resize(2000, 320);
   EXPECT_LT(columns.TotalWidth(), 700) << "figures stay near their dates";
+  EXPECT_EQ(columns.WidthOf(1), 200) << "twice as wide at most";
+  view_.resize(620, 320);
+  EXPECT_EQ(columns.TotalWidth(), view_.viewport()->width()) << "no strip stays empty";
   view_.SetColumnWidth(0, 150);
   EXPECT_EQ(columns.TotalWidth(), 250);
 }
