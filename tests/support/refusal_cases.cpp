@@ -92,6 +92,14 @@ const std::vector<RefusalCase> ofBalances = {
     {.command = 10201, .text = "非法的单位", .values = {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
     {.command = 10202, .text = "没有符合条件的科目!", .change = noAccounts},
     amountsReversed(10202, {{Key::account, "112201"}}),
+    {.command = 10226, .text = "没有部门核算科目！", .change = noAccounts},
+    {.command = 10227, .text = "部门不能为空，请重新输入。"},
+    {.command = 10227, .text = "没有该部门，请重新输入。", .values = {{Key::dept, "没有的部"}}},
+    {.command = 10228, .text = "没有部门核算科目！", .change = noAccounts},
+    {.command = 10228, .text = "部门不能为空，请重新输入。", .values = {{Key::account, "660101"}}},
+    {.command = 10228,
+     .text = "没有该部门，请重新输入。",
+     .values = {{Key::account, "660101"}, {Key::dept, "没有的部"}}},
 };
 
 const std::vector<RefusalCase> ofDepartments = {

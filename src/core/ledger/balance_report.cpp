@@ -110,7 +110,8 @@ void computeBalance(const ReportDefinition& report, Session& session, const Cond
 
 std::vector<const BalanceReport*> balanceReports() {
   std::vector<const BalanceReport*> all;
-  for (const auto ofArea : {personBalances(), unitBalances()}) all.insert(all.end(), ofArea.begin(), ofArea.end());
+  for (const auto ofArea : {personBalances(), unitBalances(), departmentGenerals()})
+    all.insert(all.end(), ofArea.begin(), ofArea.end());
   return all;
 }
 

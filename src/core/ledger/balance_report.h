@@ -81,6 +81,7 @@ inline constexpr Message balanceLedgerNotOpen{"The Database is not Opened!"};
 
 [[nodiscard]] std::span<const BalanceReport* const> personBalances();
 [[nodiscard]] std::span<const BalanceReport* const> unitBalances();
+[[nodiscard]] std::span<const BalanceReport* const> departmentGenerals();
 
 // The whole family.
 [[nodiscard]] std::vector<const BalanceReport*> balanceReports();

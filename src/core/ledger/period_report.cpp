@@ -163,7 +163,8 @@ void computePeriods(const ReportDefinition& report, Session& session, const Cond
 
 std::vector<const PeriodReport*> periodReports() {
   std::vector<const PeriodReport*> all;
-  for (const auto ofArea : {personPeriods(), unitPeriods()}) all.insert(all.end(), ofArea.begin(), ofArea.end());
+  for (const auto ofArea : {personPeriods(), unitPeriods(), departmentPeriods()})
+    all.insert(all.end(), ofArea.begin(), ofArea.end());
   return all;
 }
 

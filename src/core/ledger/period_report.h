@@ -38,6 +38,7 @@ void computePeriods(const ReportDefinition& report, Session& session, const Cond
 
 [[nodiscard]] std::span<const PeriodReport* const> personPeriods();
 [[nodiscard]] std::span<const PeriodReport* const> unitPeriods();
+[[nodiscard]] std::span<const PeriodReport* const> departmentPeriods();
 
 // The whole family.
 [[nodiscard]] std::vector<const PeriodReport*> periodReports();

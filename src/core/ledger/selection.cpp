@@ -14,6 +14,10 @@ Sql pickedAccounts(const Conditions& conditions) {
   return inList("+lCodeId", ids);
 }
 
+Sql deptAccounts(const Conditions& /*conditions*/) {
+  return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
+}
+
 // Class by class; the plus keeps the databases on the index whose order the report needs.
 Sql projectsOf(const ProjectRange& range) {
   if (range.all) return "lItemId <> 0";

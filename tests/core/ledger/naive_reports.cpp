@@ -233,6 +233,30 @@ const std::vector<Report> deptReports = {
      .order = {entryDateAndVoucher, entryDate}},
 };
 
+const std::vector<Report> deptGeneralReports = {
+    {.id = 10226,
+     .accounts = {Accounts::any, "C"},
+     .some = "d",
+     .groups = {dept},
+     .family = Family::balance,
+     .keys = "0n",
+     .opening = OpeningOf::latestRecord,
+     .earlierUnposted = true},
+    {.id = 10227,
+     .accounts = {Accounts::none, "C"},
+     .dept = Dept::given,
+     .chosen = "d",
+     .groups = {account},
+     .family = Family::balance,
+     .keys = "0c0n"},
+    {.id = 10228,
+     .accounts = {Accounts::any, "C"},
+     .dept = Dept::given,
+     .chosen = "d",
+     .family = Family::periods,
+     .months = false},
+};
+
 }  // namespace
 
 const std::vector<Report>& allNaive() {
@@ -242,6 +266,7 @@ const std::vector<Report>& allNaive() {
     for (const auto& [right, area] : {std::pair(4, personReports),
                                       {3, personBalanceReports},
                                       {77, unitBalanceReports},
+                                      {10, deptGeneralReports},
                                       {78, unitReports},
                                       {17, projectReports},
                                       {11, deptReports}}) {
