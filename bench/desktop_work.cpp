@@ -4,10 +4,13 @@
 //   desktop_work report LEDGER ACCOUNT DEPT PERSON     the three-column detail ledger of a person over the whole year
 // or scrolled:
 //   desktop_work scroll grid|table PAGES               a grid, an empty table, of a million rows
+// or worked with a million rows in blocks, so many times:
+//   desktop_work rows none|bare|filter|fold|select TIMES
 #include <QApplication>
 #include <QPainter>
 #include <QWidget>
 
+#include "bench/rows_work.h"
 #include "bench/scroll_work.h"
 #include "core/catalogue/catalogue.h"
 #include "core/reports/session.h"
@@ -80,6 +83,9 @@ int main(int argc, char** argv) {
     const int pages = words.at(3).toInt();
     words.at(2) == QStringLiteral("grid") ? tz::bench::scrollGrid(pages) : tz::bench::scrollEmptyTable(pages);
     return 0;
+  }
+  if (words.value(1) == QStringLiteral("rows") && words.size() == 4) {
+    return tz::bench::workWithRows(words.at(2).toStdString(), words.at(3).toInt()) ? 0 : 1;
   }
   EmptyWindow empty;
   return paint(empty);

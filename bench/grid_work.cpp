@@ -28,6 +28,24 @@ ComputedReport makeReport(std::int64_t rows) {
   return report;
 }
 
+ComputedReport makeBlocks(std::int64_t rows) {
+  auto report = makeReport(rows);
+  const auto subject = report.subjects.keep({.account = 1, .unit = 1});
+  const auto name = [&](std::int64_t row, RowKind kind) {
+    report.grid.SetRowKind(row, kind);
+    report.subjects.set(row, subject, 0);
+  };
+  constexpr std::int64_t block = 100;
+  constexpr std::int64_t month = 10;
+  for (std::int64_t row = 0; row < rows; ++row) {
+    if (row % block == 0) name(row, RowKind::heading);
+    if (row % month == month - 3) name(row, RowKind::monthTotal);
+    if (row % month == month - 2) name(row, RowKind::yearTotal);
+    if (row % block == block - 1) name(row, RowKind::subtotal);
+  }
+  return report;
+}
+
 void writeWorkbook(std::int64_t rows, const std::string& file) {
   const auto report = makeReport(rows);
   (void)CGridToFile(report).CreateFile(file, FileForm::xlsx);

@@ -9,6 +9,8 @@
 namespace tz::bench {
 
 [[nodiscard]] ComputedReport makeReport(std::int64_t rows);
+// The same in blocks of a hundred rows: heading, months of ten rows with their totals, subtotal.
+[[nodiscard]] ComputedReport makeBlocks(std::int64_t rows);
 // Writes it as a workbook.
 void writeWorkbook(std::int64_t rows, const std::string& file);
 

@@ -142,8 +142,6 @@ Rgb CTzGrid::BackgroundAt(std::int64_t row) const { return HasRow(row) ? RowAt(r
 
 std::int32_t CTzGrid::RowDataAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).data : 0; }
 
-RowKind CTzGrid::RowKindAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).kind : RowKind::line; }
-
 bool CTzGrid::ActivateCell(std::int64_t row, int column) {
   if (!Inside(row, column)) return false;
   currentRow_ = row;

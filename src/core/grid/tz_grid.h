@@ -151,6 +151,8 @@ inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
   return tag == dateTag ? CellType::date : CellType::text;
 }
 
+inline RowKind CTzGrid::RowKindAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).kind : RowKind::line; }
+
 inline std::string_view CTzGrid::TextAt(std::int64_t row, int column) const {
   if (!Inside(row, column)) return {};
   const char* bytes = At(row, column).bytes.data();

@@ -1,6 +1,7 @@
 #include "desktop/gridview/cell_matcher.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/grid/figures.h"
 #include "core/grid/utf8.h"
@@ -13,9 +14,13 @@ constexpr char32_t wideLast = 0xFF5E;   // the wide "~"
 constexpr char32_t wideToNarrow = 0xFEE0;
 constexpr char32_t wideBlank = 0x3000;
 
-// First bytes of the characters above; others than those and capitals are what they are.
-constexpr char wideLead = '\xEF';
-constexpr char blankLead = '\xE3';
+// Bytes with which characters begin that are compared as others: capitals, wide signs, the wide blank.
+constexpr auto foldedLeads = [] {
+  std::array<bool, 256> leads = {};
+  for (std::size_t capital = 'A'; capital <= 'Z'; ++capital) leads.at(capital) = true;
+  leads.at(0xEF) = leads.at(0xE3) = true;
+  return leads;
+}();
 
 char32_t folded(char32_t sign) {
   if (sign >= wideFirst && sign <= wideLast) sign -= wideToNarrow;
@@ -24,8 +29,7 @@ char32_t folded(char32_t sign) {
 }
 
 bool changesFolded(std::string_view text) {
-  return std::ranges::any_of(
-      text, [](char sign) { return (sign >= 'A' && sign <= 'Z') || sign == wideLead || sign == blankLead; });
+  return std::ranges::any_of(text, [](char sign) { return foldedLeads[static_cast<unsigned char>(sign)]; });
 }
 
 bool holds(std::string_view text, std::string_view part) {

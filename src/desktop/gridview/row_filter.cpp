@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace tz {
 namespace {
@@ -43,6 +44,9 @@ FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter)
     : report_(&report),
       filter_(filter),
       text_(filter.text),
+      signs_((filter.from && *filter.from < 0) || (filter.to && *filter.to < 0)),
+      above_(filter.from ? *filter.from - halfCent : -std::numeric_limits<double>::infinity()),
+      below_(filter.to ? *filter.to + halfCent : std::numeric_limits<double>::infinity()),
       amounts_(amountColumns(report.grid)),
       kept_(report.grid.GetRows()) {
   for (int column = 0; column < report.grid.GetCols(); ++column) {
@@ -77,12 +81,11 @@ bool FilterRun::HasText(std::int64_t row) const {
 }
 
 bool FilterRun::HasAmount(std::int64_t row) const {
-  const bool signs = (filter_.from && *filter_.from < 0) || (filter_.to && *filter_.to < 0);
   return std::ranges::any_of(amounts_, [&](int column) {
     if (report_->grid.TypeAt(row, column) != CTzGrid::CellType::number) return false;
     const double amount = report_->grid.NumberAt(row, column);
-    const double compared = signs ? amount : std::abs(amount);
-    return (!filter_.from || compared > *filter_.from - halfCent) && (!filter_.to || compared < *filter_.to + halfCent);
+    const double compared = signs_ ? amount : std::abs(amount);
+    return compared > above_ && compared < below_;
   });
 }
 

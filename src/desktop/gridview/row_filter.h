@@ -48,6 +48,9 @@ class FilterRun {
   const ComputedReport* report_ = nullptr;
   RowFilter filter_;
   CellMatcher text_;
+  bool signs_ = false;  // amounts are compared with theirs
+  double above_ = 0;
+  double below_ = 0;
   std::vector<int> texts_;    // columns
   std::vector<int> amounts_;  // columns
   std::int64_t next_ = 0;

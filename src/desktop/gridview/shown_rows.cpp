@@ -24,6 +24,13 @@ void RowBits::SetRange(std::int64_t first, std::int64_t last) {
   }
 }
 
+bool RowBits::AnyIn(std::int64_t first, std::int64_t last) const {
+  for (std::int64_t word = first / wordBits; word * wordBits <= last; ++word) {
+    if ((words_[static_cast<std::size_t>(word)] & bitsOf(word, first, last)) != 0) return true;
+  }
+  return false;
+}
+
 std::int64_t RowBits::CountIn(std::int64_t first, std::int64_t last) const {
   std::int64_t count = 0;
   for (std::int64_t word = first / wordBits; word * wordBits <= last; ++word) {

@@ -19,7 +19,7 @@ class RowBits {
   void Set(std::int64_t row) { words_[WordOf(row)] |= 1ULL << (row % 64); }
   // Both ends included.
   void SetRange(std::int64_t first, std::int64_t last);
-  [[nodiscard]] bool AnyIn(std::int64_t first, std::int64_t last) const { return Next(first, true) <= last; }
+  [[nodiscard]] bool AnyIn(std::int64_t first, std::int64_t last) const;
   [[nodiscard]] std::int64_t CountIn(std::int64_t first, std::int64_t last) const;
   [[nodiscard]] std::int64_t Count() const { return rows_ == 0 ? 0 : CountIn(0, rows_ - 1); }
   // The next row from `row` on whose bit is `set`; Rows() when there is none.
