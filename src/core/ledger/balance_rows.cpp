@@ -37,7 +37,7 @@ BalanceRows::BalanceRows(const BalanceGrouping& grouping, const Conditions& cond
   credit_ = addFigures("贷方", creditAmount, creditQuantity, creditForeign);
   closingDirection_ = addDirection();
   closing_ = addFigures("期末余额", amount, quantity, foreign);
-  limit_ = addLimitColumns(grid_, conditions);
+  limit_ = addLimitColumns(grid_, conditions);  // NOLINT(cppcoreguidelines-prefer-member-initializer): stands behind
 }
 
 BalanceRows::Places BalanceRows::addFigures(std::string_view caption, ColumnKind amount, ColumnKind quantity,

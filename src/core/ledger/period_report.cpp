@@ -82,7 +82,7 @@ class PeriodRows {
         subjects_(computed.subjects),
         layout_(amountLayout(conditions.format)) {
     addLedgerColumns(grid_, layout_, threeColumnCaptions);
-    limit_ = addLimitColumns(grid_, conditions);
+    limit_ = addLimitColumns(grid_, conditions);  // NOLINT(cppcoreguidelines-prefer-member-initializer): stands behind
   }
 
   void writeOpening(std::string_view caption, const LedgerBalance& balance) {
