@@ -72,9 +72,10 @@ class Search {
 Question questionFor(const ReportDefinition& report, Reader& reader, const std::vector<std::string>& values) {
   Question question{&report, {}};
   const auto taken = parametersOf(report);
-  for (const auto& [key, value] :
-       {std::pair{ParameterKey::from, "1"}, {ParameterKey::to, "12"}, {ParameterKey::unposted, "1"}}) {
-    if (std::ranges::find(taken, key) != taken.end()) question.request.set(key, value);
+  for (const auto key : taken) {
+    if (key == ParameterKey::from) question.request.set(key, "1");
+    if (key == ParameterKey::to) question.request.set(key, "12");
+    if (parameter(key).kind == Parameter::Kind::flag) question.request.set(key, "1");
   }
   const auto classes = reader.db().ProjClass_GetInfo("sItemId <> '' ORDER BY lId");
   if (!classes.empty() && std::ranges::find(taken, ParameterKey::projectClass) != taken.end()) {

@@ -8,6 +8,7 @@ using Values = std::vector<std::pair<Key, std::string_view>>;
 
 constexpr std::string_view noAccounts = "UPDATE Code SET sAssBook = ''";
 constexpr std::string_view noClasses = "DELETE FROM ProjClass";
+constexpr std::string_view noUnits = "DELETE FROM Enter";
 
 // The ledgers of one person ask for him in the same words.
 void addPersonCases(std::vector<RefusalCase>& cases, int command, std::string_view account) {
@@ -36,6 +37,69 @@ const std::vector<RefusalCase> ofPersons = {
      .values = {{Key::account, "122101"}, {Key::dept, "财务部"}}},
     {.command = 10190, .text = "没有个人核算科目,不能查询个人三栏明细帐。", .change = noAccounts},
     {.command = 10191, .text = "不能查询个人多栏式明细帐。", .change = "UPDATE Code SET bEnd = 1"},
+};
+
+// Both tables of one person ask for him in the same words.
+void addPersonTableCases(std::vector<RefusalCase>& cases, int command, std::string_view account) {
+  const auto add = [&](std::string_view text, std::string_view dept, std::string_view person) {
+    Values values = {{Key::dept, dept}, {Key::person, person}};
+    if (!account.empty()) values.emplace_back(Key::account, account);
+    cases.push_back({.command = command, .text = text, .values = values});
+  };
+  add("部门不能为空，请重新输入！", "", "张三");
+  add("没有查到该部门的个人往来记录", "没有的部", "张三");
+  add("没有查到该部门的个人往来记录", "采购部", "李四");
+  add("姓名不能为空，请重新输入！", "销售部", "");
+  add("该用户不属于该部门.", "销售部", "没有的人");
+  add("该用户不属于该部门.", "销售部", "李四");
+}
+
+// An empty bound is 0, so a lower bound alone is above the upper one.
+RefusalCase amountsReversed(int command, Values values) {
+  values.emplace_back(Key::minimum, "100");
+  return {.command = command, .text = "金额范围不合法!", .values = std::move(values)};
+}
+
+const std::vector<RefusalCase> ofBalances = {
+    {.command = 10183, .text = "没有个人核算科目，不能查询个人科目余额表。", .change = noAccounts},
+    amountsReversed(10183, {{Key::account, "122101"}}),
+    {.command = 10185, .text = "没有个人核算科目，不能查询个人部门余额表。", .change = noAccounts},
+    {.command = 10185, .text = "部门不能为空，请重新输入!", .values = {{Key::account, "122101"}}},
+    {.command = 10185, .text = "非法的部门!", .values = {{Key::account, "122101"}, {Key::dept, "没有的部"}}},
+    {.command = 10185,
+     .text = "没有查到该部门的个人往来记录",
+     .values = {{Key::account, "122101"}, {Key::dept, "财务部"}}},
+    amountsReversed(10185, {{Key::account, "122101"}, {Key::dept, "销售部"}}),
+    amountsReversed(10187, {{Key::dept, "销售部"}, {Key::person, "张三"}}),
+    {.command = 10189, .text = "没有个人核算科目，不能查询个人三栏式余额表。", .change = noAccounts},
+    {.command = 10196, .text = "没有涉及单位往来的科目！", .change = noAccounts},
+    amountsReversed(10196, {{Key::account, "112201"}}),
+    {.command = 10197, .text = "请先定义单位", .change = noUnits},
+    {.command = 10197, .text = "单位不能为空!"},
+    {.command = 10197, .text = "非法的单位!", .values = {{Key::unit, "没有的单位"}}},
+    amountsReversed(10197, {{Key::unit, "江源机械"}}),
+    {.command = 10198, .text = "没有涉及单位往来的科目！", .change = noAccounts},
+    {.command = 10198, .text = "请先定义单位", .change = noUnits},
+    amountsReversed(10198, {{Key::account, "112201"}}),
+    {.command = 10198, .text = "没有单位分类!", .values = {{Key::account, "112201"}}},
+    {.command = 10199, .text = "没有符合条件的科目!", .change = noAccounts},
+    amountsReversed(10199, {{Key::account, "112201"}}),
+    {.command = 10200, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10200, .text = "非法的单位", .values = {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
+    amountsReversed(10200, {{Key::account, "112201"}}),
+    {.command = 10201, .text = "没有符合条件的科目!", .change = noAccounts},
+    {.command = 10201, .text = "单位不能为空", .values = {{Key::account, "112201"}}},
+    {.command = 10201, .text = "非法的单位", .values = {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
+    {.command = 10202, .text = "没有符合条件的科目!", .change = noAccounts},
+    amountsReversed(10202, {{Key::account, "112201"}}),
+    {.command = 10226, .text = "没有部门核算科目！", .change = noAccounts},
+    {.command = 10227, .text = "部门不能为空，请重新输入。"},
+    {.command = 10227, .text = "没有该部门，请重新输入。", .values = {{Key::dept, "没有的部"}}},
+    {.command = 10228, .text = "没有部门核算科目！", .change = noAccounts},
+    {.command = 10228, .text = "部门不能为空，请重新输入。", .values = {{Key::account, "660101"}}},
+    {.command = 10228,
+     .text = "没有该部门，请重新输入。",
+     .values = {{Key::account, "660101"}, {Key::dept, "没有的部"}}},
 };
 
 const std::vector<RefusalCase> ofDepartments = {
@@ -133,12 +197,14 @@ Request RefusalCase::request() const {
 
 std::vector<RefusalCase> refusalCases() {
   std::vector<RefusalCase> cases;
-  for (const auto* part : {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists}) {
+  for (const auto* part : {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists, &ofBalances}) {
     cases.insert(cases.end(), part->begin(), part->end());
   }
   addPersonCases(cases, 10188, "");
   addPersonCases(cases, 10190, "122101");
   addPersonCases(cases, 10191, "1221");
+  addPersonTableCases(cases, 10187, "");
+  addPersonTableCases(cases, 10189, "122101");
   return cases;
 }
 

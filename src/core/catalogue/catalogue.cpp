@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <vector>
 
+#include "core/ledger/balance_report.h"
 #include "core/ledger/detail_report.h"
+#include "core/ledger/period_report.h"
 
 namespace tz {
 
@@ -12,6 +14,8 @@ std::span<const ReportDefinition* const> catalogue() {
     std::vector<const ReportDefinition*> all;
     const auto add = [&](const auto& family) { all.insert(all.end(), family.begin(), family.end()); };
     add(detailReports());
+    add(balanceReports());
+    add(periodReports());
     std::ranges::sort(all, {}, [](const auto* report) { return report->command; });
     return all;
   }();

@@ -193,6 +193,17 @@ std::string CGetData::GetEnterClassName(Id classId) {
   return unitClass == nullptr ? "" : unitClass->sName;
 }
 
+double CGetData::GetUnitCredit(Id unitId) {
+  const auto* unit = units().find(unitId);
+  return unit == nullptr ? 0 : unit->mCredit;
+}
+
+double CGetData::GetEnterClassCredit(Id classId) {
+  double credit = 0;
+  for (const auto& unit : units().records) credit += unit.lClassId == classId ? unit.mCredit : 0;
+  return credit;
+}
+
 const CachedTable<ItemInfo>& CGetData::items(std::string_view classId) {
   if (const auto found = items_.find(classId); found != items_.end()) return found->second;
   auto& table = items_[std::string(classId)];

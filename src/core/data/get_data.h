@@ -81,6 +81,9 @@ class CGetData {
   [[nodiscard]] Id GetEnterClassId(const std::string& className);
   [[nodiscard]] Id GetEnterClassIdByEnterId(Id unitId);
   [[nodiscard]] std::string GetEnterClassName(Id classId);
+  // Credit limits, 0 for none: of a unit, and of all units of a class together (0: those of no class).
+  [[nodiscard]] double GetUnitCredit(Id unitId);
+  [[nodiscard]] double GetEnterClassCredit(Id classId);
 
   // The project classes that have an id, by lId.
   [[nodiscard]] const std::vector<ProjClassInfo>& ProjClassTable();

@@ -86,11 +86,19 @@ std::vector<AmountFormat> detailFormats(const Conditions& conditions) {
   return formats;
 }
 
-std::vector<AmountFormat> multiColumnFormats(const Conditions& conditions) { return conditions.amounts.formats; }
+std::vector<AmountFormat> formatsOfAccount(const Conditions& conditions) { return conditions.amounts.formats; }
 
 std::vector<AmountFormat> formatsOfManyAccounts(const Conditions& /*conditions*/) {
   std::vector<AmountFormat> all;
   for (const auto& shown : amountFormats) all.push_back(shown.format);
+  return all;
+}
+
+std::vector<AmountFormat> commonFormats(const Conditions& /*conditions*/) {
+  std::vector<AmountFormat> all;
+  for (const auto& shown : amountFormats) {
+    if (shown.amounts) all.push_back(shown.format);
+  }
   return all;
 }
 

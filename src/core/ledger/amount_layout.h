@@ -34,10 +34,12 @@ struct AmountLayout {
 [[nodiscard]] const AmountLayout& amountLayout(AmountFormat format);
 // What a detail ledger offers beyond the account's own formats: "外币式" where the account keeps foreign amounts.
 [[nodiscard]] std::vector<AmountFormat> detailFormats(const Conditions& conditions);
-// The same without "外币式", whose figures would stand in the sub-account columns.
-[[nodiscard]] std::vector<AmountFormat> multiColumnFormats(const Conditions& conditions);
-// Reports without one account: every format, "金额式" first.
+// The same without "外币式": of multi-column ledgers, whose sub-account columns its figures would fall into, and of
+// balance tables.
+[[nodiscard]] std::vector<AmountFormat> formatsOfAccount(const Conditions& conditions);
+// Reports without one account: every format, "金额式" first; and the same without "外币式".
 [[nodiscard]] std::vector<AmountFormat> formatsOfManyAccounts(const Conditions& conditions);
+[[nodiscard]] std::vector<AmountFormat> commonFormats(const Conditions& conditions);
 
 // Captions and widths of the fixed columns.
 struct FixedColumn {

@@ -23,11 +23,6 @@ constexpr Checks spacedChecks = {
 
 Sql oneDept(const Conditions& c) { return Sql("lDeptId = ? AND lDeptId <> 0", c.dept.lDeptId); }
 
-// Lines of person accounts carry a department too: they are no department accounting.
-Sql deptAccounts(const Conditions& /*conditions*/) {
-  return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
-}
-
 constexpr auto accountLedger = detail(
     {
         .command = 10229,

@@ -1,4 +1,4 @@
-// Controls that the condition dialogs of the detail ledgers have in common.
+// Controls that the condition dialogs of ledgers and balance tables have in common.
 #pragma once
 
 #include "core/reports/dialog_spec.h"
@@ -39,5 +39,11 @@ inline constexpr ControlSpec analysis{
     .kind = Kind::analysis, .key = ParameterKey::analysis, .id = 2464, .companion = 2409, .caption = "分析方式"};
 inline constexpr ControlSpec unposted{
     .kind = Kind::checkBox, .key = ParameterKey::unposted, .id = 2601, .caption = "包含未记帐凭证"};
+
+inline constexpr ControlSpec amountRange{
+    .kind = Kind::amountRange, .key = ParameterKey::minimum, .id = 2113, .companion = 2114, .caption = "余额"};
+inline constexpr ControlSpec side{.kind = Kind::side, .key = ParameterKey::side, .id = 2405, .caption = "方向"};
+inline constexpr ControlSpec creditLimit{
+    .kind = Kind::checkBox, .key = ParameterKey::creditLimit, .id = 2604, .caption = "显示信用额度"};
 
 }  // namespace tz::controls

@@ -5,6 +5,7 @@
 
 #include "core/ledger/detail_rows.h"
 #include "core/ledger/line_reader.h"
+#include "core/ledger/price_and_rate.h"
 #include "core/reports/cancellation.h"
 
 namespace tz {
@@ -121,11 +122,7 @@ class DetailRun {
 
   // What the group of a key on a level is about.
   [[nodiscard]] Subject subjectOf(const GroupKey& key, std::size_t level) const {
-    Subject subject = whole_;
-    for (std::size_t outer = 0; outer <= level; ++outer) {
-      addGroup(subject, levels_[outer].entity, key.parts.at(outer), conditions_);
-    }
-    return subject;
+    return groupSubject(whole_, levels_, key, level, conditions_);
   }
 
   [[nodiscard]] std::optional<GroupKey> nextKey() const {
@@ -153,7 +150,7 @@ class DetailRun {
     block_ = {};
     yearTotal_ = {};
     if (accountLevel_) countIn(key.parts.at(*accountLevel_).id);
-    recomputePriceAndRate(balance_);
+    recomputePriceAndRate(balance_, amounts_);
     rows_.writeOpening(member_.openingCaption, balance_);
     while (!posted_.done() || !unposted_.done()) {
       if (!walkMonths()) break;
@@ -167,14 +164,6 @@ class DetailRun {
     amounts_ = CInitComboFun::InitAmountCombox(data, data.GetCodeCode(account));
     posted_.countIn(amounts_);
     unposted_.countIn(amounts_);
-  }
-
-  void recomputePriceAndRate(LedgerBalance& balance) const {
-    const auto fresh =
-        CGetData::GetScalAndPrice(balance.amount, balance.quantity, balance.foreignAmount, amounts_.rateMethod);
-    if (balance.amount == 0) return;
-    if (!amounts_.unit.empty() && balance.quantity != 0) balance.unitPrice = fresh.price;
-    if (!amounts_.currency.empty() && balance.foreignAmount != 0) balance.exchangeRate = fresh.rate;
   }
 
   // One walk over the months; whether it consumed any line. A line whose voucher date lies outside the months stops its
@@ -199,7 +188,7 @@ class DetailRun {
       balance_.quantity += line.debit.quantity - line.credit.quantity;
       balance_.foreignAmount += line.debit.foreign - line.credit.foreign;
       balance_.amount += line.debit.amount - line.credit.amount;
-      recomputePriceAndRate(balance_);
+      recomputePriceAndRate(balance_, amounts_);
       if (columns_) columns_->add(line);
       rows_.writeLine(line, balance_, book);
       steps_.step();
@@ -225,7 +214,7 @@ class DetailRun {
 
   // Several accounts, each with its own unit and currency, have no price in common.
   void writeSums(Sums& sums, std::string_view caption, RowKind kind, bool oneAccount) {
-    if (oneAccount) recomputePriceAndRate(sums.closing);
+    if (oneAccount) recomputePriceAndRate(sums.closing, amounts_);
     sums.movements.summary = caption;
     rows_.writeTotal(sums.movements, sums.closing, kind);
   }

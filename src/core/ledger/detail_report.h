@@ -39,7 +39,7 @@ void computeDetail(const ReportDefinition& report, Session& session, const Condi
   const bool oneAccount = member.selects.accounts == chosenAccount;
   report.rules = multiColumn ? std::span<const std::string_view>(multiColumnRules) : detailRules;
   report.toolbar = detailToolbar;
-  report.formats = multiColumn ? multiColumnFormats : oneAccount ? detailFormats : formatsOfManyAccounts;
+  report.formats = multiColumn ? formatsOfAccount : oneAccount ? detailFormats : formatsOfManyAccounts;
   report.compute = computeDetail;
   if (report.area == Area::unit) report.period.printed = months::printedWide;
   return {report, member};

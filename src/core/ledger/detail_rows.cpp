@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "core/ledger/direction_text.h"
+
 namespace tz {
 namespace {
 
@@ -9,19 +11,6 @@ constexpr int summaryColumn = 2;
 
 // Below this an opening balance counts as none and has no row.
 constexpr double openingThreshold = 0.00001;
-
-// Coarser than the opening's on purpose, and a balance of exactly the threshold reads "贷".
-std::string_view threeColumnDirection(double amount) {
-  constexpr double threshold = 0.0001;
-  if (std::abs(amount) < threshold) return "平";
-  return amount > threshold ? "借" : "贷";
-}
-
-std::string_view multiColumnDirection(double amount) {
-  constexpr double threshold = 0.00001;
-  if (std::abs(amount) < threshold) return "平";
-  return amount > 0 ? "借" : "贷";
-}
 
 }  // namespace
 
@@ -80,7 +69,7 @@ void DetailRows::fillRow(std::int64_t row, const LedgerLine& line, const LedgerB
 }
 
 std::string_view DetailRows::runningDirection(double amount) const {
-  return columns_ == nullptr ? threeColumnDirection(amount) : multiColumnDirection(amount);
+  return directionText(amount, columns_ == nullptr ? directions::running : directions::multiColumn);
 }
 
 std::int64_t DetailRows::appendRow(RowKind kind) {

@@ -157,4 +157,13 @@ void addGroup(Subject& subject, Entity entity, const GroupPart& part, const Cond
   }
 }
 
+Subject groupSubject(const Subject& whole, const GroupLevels& levels, const GroupKey& key, std::size_t level,
+                     const Conditions& conditions) {
+  Subject subject = whole;
+  for (std::size_t outer = 0; outer <= level; ++outer) {
+    addGroup(subject, levels[outer].entity, key.parts.at(outer), conditions);
+  }
+  return subject;
+}
+
 }  // namespace tz

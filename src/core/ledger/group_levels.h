@@ -73,5 +73,8 @@ class GroupColumns {
 [[nodiscard]] std::string entityName(Entity entity, const GroupPart& part, const Conditions& conditions);
 // What rows of the group are about, besides what the whole report is about.
 void addGroup(Subject& subject, Entity entity, const GroupPart& part, const Conditions& conditions);
+// What the group of a key on a level is about, all levels outside it included.
+[[nodiscard]] Subject groupSubject(const Subject& whole, const GroupLevels& levels, const GroupKey& key,
+                                   std::size_t level, const Conditions& conditions);
 
 }  // namespace tz

@@ -29,6 +29,10 @@ struct SideFigures {
     amount += other.amount;
     return *this;
   }
+  SideFigures& operator-=(const SideFigures& other) { return *this += other.times(-1); }
+  [[nodiscard]] SideFigures times(double factor) const {
+    return {factor * quantity, factor * foreign, factor * amount};
+  }
 };
 
 // A voucher line, or a total, which has neither date nor voucher number.

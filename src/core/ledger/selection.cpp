@@ -14,6 +14,20 @@ Sql pickedAccounts(const Conditions& conditions) {
   return inList("+lCodeId", ids);
 }
 
+Sql deptAccounts(const Conditions& /*conditions*/) {
+  return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
+}
+
+// Class by class; the plus keeps the databases on the index whose order the report needs.
+Sql projectsOf(const ProjectRange& range) {
+  if (range.all) return "lItemId <> 0";
+  Sql any = "(1 = 0";
+  for (const auto& [classId, ids] : range.classes) {
+    any += Sql(" OR sItemId = ? AND ", classId) + inList("+lItemId", ids);
+  }
+  return any + ") AND lItemId <> 0";
+}
+
 Sql commonFilter(const Selection& selection, const Conditions& conditions) {
   if (selection.accounts == nullptr) return selection.dimension(conditions);
   return selection.accounts(conditions) + " AND " + selection.dimension(conditions);

@@ -31,6 +31,12 @@ struct Selection {
 [[nodiscard]] Sql chosenAccount(const Conditions& conditions);
 [[nodiscard]] Sql pickedAccounts(const Conditions& conditions);
 
+// Those with department accounting: what is posted on person accounts carries a department too.
+[[nodiscard]] Sql deptAccounts(const Conditions& conditions);
+
+// The items of a range; all that there are where none was asked for.
+[[nodiscard]] Sql projectsOf(const ProjectRange& range);
+
 // The account condition and the dimension keys, as they apply to lines and balances alike.
 [[nodiscard]] Sql commonFilter(const Selection& selection, const Conditions& conditions);
 // The same with what applies to lines alone, and to balance records alone.

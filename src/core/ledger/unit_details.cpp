@@ -33,15 +33,6 @@ std::string clerkName(const Conditions& c) { return c.clerk.shown(); }
 
 Sql oneUnit(const Conditions& c) { return Sql("lEnterId = ? AND lEnterId <> 0", c.unit.lId); }
 
-// Items by code, class by class; the plus keeps the databases on the index whose order the report needs.
-Sql projectsOf(const ProjectRange& range) {
-  if (range.all) return "lItemId <> 0";
-  Sql any = "(1 = 0";
-  for (const auto& [classId, ids] : range.classes)
-    any += Sql(" OR sItemId = ? AND ", classId) + inList("+lItemId", ids);
-  return any + ") AND lItemId <> 0";
-}
-
 constexpr auto accountLedger = detail(
     {
         .command = 10203,

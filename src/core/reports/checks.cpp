@@ -107,6 +107,12 @@ bool unitKnown(CheckContext& context) {
   return true;
 }
 
+bool unitKnownOrAll(CheckContext& context) { return !unitGiven(context) || unitKnown(context); }
+
+bool unitsDefined(CheckContext& context) { return context.session.db.Exists("Enter", "lId > 0"); }
+
+bool unitClassesDefined(CheckContext& context) { return context.session.db.Exists("EnterClass", "lId > 0"); }
+
 bool accountGiven(CheckContext& context) { return !text(context, ParameterKey::account).empty(); }
 
 bool classesDefined(CheckContext& context) { return !projectClasses(context).empty(); }

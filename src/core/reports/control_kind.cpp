@@ -78,8 +78,8 @@ std::string tellDate(const ControlSpec& control, const Conditions& c) {
   return captioned(control, c.request.text(control.key));
 }
 
-std::string tellAnalysis(const ControlSpec& /*control*/, const Conditions& c) {
-  return std::string(analyses.at(static_cast<std::size_t>(c.analysis)).caption);
+std::string tellChoice(const ControlSpec& control, const Conditions& c) {
+  return std::string(parameter(control.key).choices[c.request.choice(control.key)].caption);
 }
 
 std::string tellTick(const ControlSpec& control, const Conditions& c) {
@@ -185,7 +185,7 @@ const std::array kinds = {
     ControlKind{.kind = Kind::amountRange, .keys = amountKeys, .told = tellAmountRange},
     ControlKind{.kind = Kind::side, .told = tellSide},
     ControlKind{.kind = Kind::date, .told = tellDate},
-    ControlKind{.kind = Kind::analysis, .told = tellAnalysis},
+    ControlKind{.kind = Kind::analysis, .told = tellChoice},
     ControlKind{.kind = Kind::checkBox, .told = tellTick},
 };
 

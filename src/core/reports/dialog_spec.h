@@ -32,7 +32,7 @@ struct ControlSpec {
     amountRange,
     side,
     date,
-    analysis,
+    analysis,  // one of two, each with its own id: the method of an analysis, a grouping
     checkBox,
   };
 
@@ -137,6 +137,9 @@ bool personOfDept(CheckContext& context);
 bool personActive(CheckContext& context);
 bool unitGiven(CheckContext& context);
 bool unitKnown(CheckContext& context);
+bool unitKnownOrAll(CheckContext& context);  // none is all units
+bool unitsDefined(CheckContext& context);
+bool unitClassesDefined(CheckContext& context);
 bool accountGiven(CheckContext& context);
 bool classesDefined(CheckContext& context);
 bool classChosen(CheckContext& context);     // none given: refused

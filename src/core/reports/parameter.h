@@ -32,6 +32,8 @@ enum class ParameterKey {
   side,
   cutoff,
   analysis,
+  creditLimit,
+  unitGrouping,
   format,
 };
 
@@ -48,6 +50,9 @@ inline constexpr std::array balanceSides = {ParameterChoice{"both", "双方余�
 // Of multi-column ledgers: sums of net movements, or of their absolute values.
 enum class Analysis : std::uint8_t { balance, amount };
 inline constexpr std::array analyses = {ParameterChoice{"balance", "余额分析"}, ParameterChoice{"amount", "金额分析"}};
+// Of the units' project table: whose projects, or which project's units stand together.
+inline constexpr std::array unitGroupings = {ParameterChoice{"unit", "按单位统计"},
+                                             ParameterChoice{"project", "按项目统计"}};
 
 struct Parameter {
   enum class Kind {

@@ -35,6 +35,15 @@ bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
   return true;
 }
 
+// Months that are left out: where none are asked for, the report is about the whole year.
+void takeMonths(const DialogSpec& dialog, const Session& session, const Request& request, Conditions& conditions) {
+  constexpr int lastMonth = 12;
+  const bool given = request.month(ParameterKey::from) != 0 || request.month(ParameterKey::to) != 0;
+  const bool asks = given || hasControl(dialog, ControlSpec::Kind::months);
+  conditions.from = monthOr(request, ParameterKey::from, asks ? session.logon.month : 1);
+  conditions.to = monthOr(request, ParameterKey::to, asks ? session.logon.month : lastMonth);
+}
+
 Refusal refusal(const DialogSpec& dialog, const Message& message, ParameterKey about) {
   auto refused = refusalWith(message);
   if (refused.caption.empty()) refused.caption = dialog.messageCaption;
@@ -103,8 +112,7 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   Conditions conditions;
   conditions.request = request;
   conditions.data = std::make_shared<CGetData>(session.db);
-  conditions.from = monthOr(request, ParameterKey::from, session.logon.month);
-  conditions.to = monthOr(request, ParameterKey::to, session.logon.month);
+  takeMonths(dialog, session, request, conditions);
   conditions.unposted = request.flag(ParameterKey::unposted);
   conditions.analysis = static_cast<Analysis>(request.choice(ParameterKey::analysis));
   CheckContext context{dialog, session, request, conditions};

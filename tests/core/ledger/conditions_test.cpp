@@ -117,7 +117,7 @@ TEST_P(ConditionsTest, OfWrongUseAreNamed) {
     expectWrongUse(with({"--format", format}), format);
   }
   expectWrongUse(with({"--as", "parchment"}), "--as");
-  EXPECT_EQ(report(ledger_.address(), good, "10189").status, 2);
+  EXPECT_EQ(report(ledger_.address(), good, "10182").status, 2);
   EXPECT_EQ(report(ledger_.address(), good, "1").status, 2);
   EXPECT_EQ(report(ledger_.address(), good, "报表").status, 2);
   EXPECT_EQ(runProgram({"report"}).status, 2);

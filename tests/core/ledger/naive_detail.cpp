@@ -6,7 +6,8 @@
 #include <tuple>
 
 #include "core/ledger/naive_columns.h"
-#include "core/ledger/naive_dialog.h"
+#include "core/ledger/naive_families.h"
+#include "core/ledger/naive_format.h"
 #include "core/ledger/naive_lines.h"
 
 namespace tz::test::naive {
@@ -37,7 +38,11 @@ class Computation {
   Answer run() {
     answer_.refused = chosen_.refused;
     if (answer_.refused) return answer_;
-    chooseFormat();
+    const auto format = formatOf(ledger_, report_, question_, chosen_);
+    answer_.format = format.name;
+    answer_.unit = format.unit;
+    answer_.wrongUse = format.wrongUse;
+    keeps_ = format.keeps;
     if (answer_.wrongUse) return answer_;
     if (report_.columns) {
       columns_ = std::make_unique<SubAccountColumns>(ledger_, chosen_.accounts.front(), report_.accounts.flags[0],
@@ -51,39 +56,6 @@ class Computation {
   }
 
  private:
-  // Where no account is chosen every format is offered.
-  void chooseFormat() {
-    const bool oneAccount = report_.accounts.which != Accounts::none && report_.accounts.which != Accounts::list;
-    if (oneAccount) keeps_ = keptBy(chosen_.accounts.front().lId);
-    const bool units = !oneAccount || !keeps_.unit.empty();
-    const bool currencies = !oneAccount || !keeps_.currency.empty();
-    std::vector<std::string> offered = {"金额式"};
-    if (units) offered.emplace_back("数量金额式");
-    if (currencies) offered.emplace_back("外币金额式");
-    if (units && currencies) offered.emplace_back("数量外币式");
-    answer_.format = question_.format;
-    if (answer_.format.empty()) answer_.format = oneAccount ? offered.back() : offered.front();
-    if (currencies && !report_.columns) offered.emplace_back("外币式");
-    answer_.wrongUse = std::find(offered.begin(), offered.end(), answer_.format) == offered.end();
-    if (answer_.format == "数量金额式") answer_.unit = keeps_.unit;
-    if (answer_.format == "外币金额式") answer_.unit = keeps_.currency;
-    if (answer_.format == "数量外币式" && oneAccount) answer_.unit = keeps_.unit + "\n" + keeps_.currency;
-  }
-
-  Keeps keptBy(Id id) const {
-    Keeps keeps;
-    for (const auto& account : ledger_.accounts) {
-      if (account.lId != id) continue;
-      keeps.unit = account.sUnit;
-      for (const auto& currency : ledger_.currencies) {
-        if (account.byExchId == 0 || currency.byExchId != account.byExchId) continue;
-        keeps.currency = currency.sName;
-        keeps.multiplies = currency.bConvert != 0;
-      }
-    }
-    return keeps;
-  }
-
   // --- what belongs to which block
 
   Key keyOf(const Dimensions& of) const {
@@ -130,7 +102,8 @@ class Computation {
       previous = &key;
       ++blocks;
       if (!report_.groups.empty()) addHeading(key);
-      if (!report_.groups.empty() && report_.groups[0] == Entity::account) keeps_ = keptBy(std::get<Id>(key[0]));
+      if (!report_.groups.empty() && report_.groups[0] == Entity::account)
+        keeps_ = keptBy(ledger_, std::get<Id>(key[0]));
       const auto sums = writeBlock(block);
       unlisted += block.posted.size() + block.unposted.size();
       if (report_.groups.empty()) continue;
@@ -279,8 +252,8 @@ class Computation {
 
 }  // namespace
 
-Answer detailLedger(const Ledger& ledger, const Question& question) {
-  return Computation(ledger, *findNaive(question.report), question).run();
+Answer detailLedger(const Ledger& ledger, const Report& report, const Question& question) {
+  return Computation(ledger, report, question).run();
 }
 
 }  // namespace tz::test::naive

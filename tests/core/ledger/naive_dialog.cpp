@@ -41,8 +41,8 @@ class Asking {
 
   Chosen run() {
     std::ignore = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
-                  classOfAccount() && project() && deptOrAll() && classChosen() && range() &&
-                  (report_.accounts.which != Accounts::list || take());
+                  classOfAccount() && project() && deptOrAll() && classChosen() && amountsAsked() && unitClasses() &&
+                  range() && (report_.accounts.which != Accounts::list || take());
     return chosen_;
   }
 
@@ -51,6 +51,12 @@ class Asking {
     chosen_.refused = about;
     return false;
   }
+
+  bool unitClasses() {
+    return !report_.unitClassesNeeded || !ledger_.unitClasses.empty() || refuse(ParameterKey::account);
+  }
+
+  bool amountsAsked() { return !report_.amounts || question_.most >= question_.least || refuse(ParameterKey::maximum); }
 
   bool classesThere() {
     return !report_.classesNeeded || !ledger_.classes.empty() || refuse(ParameterKey::projectClass);
@@ -132,13 +138,14 @@ class Asking {
     });
     if (!found) return refuse(ParameterKey::person);
     chosen_.person = *found;
+    if (!report_.personActive) return true;
     const bool met = active(
         [&](const auto& record) { return record.lDeptId == chosen_.dept.lDeptId && record.lPersonId == found->lId; });
     return met || refuse(ParameterKey::person);
   }
 
   bool unit() {
-    if (!report_.unit) return true;
+    if (!report_.unit && !(report_.unitOrAll && !question_.unit.empty())) return true;
     return look(ParameterKey::unit, ledger_.units, &EnterInfo::sEnterName, question_.unit, chosen_.unit);
   }
 

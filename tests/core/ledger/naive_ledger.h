@@ -1,7 +1,7 @@
-// A ledger as a few vectors, a question about it, and the answer of a second computation of every detail ledger, as
-// slow and plain as can be: every step is a loop over all records. It knows nothing of the program's engine, formats or
-// dialogs, so the two can only agree when both follow the same rules. It computes figures, order and names; what rows,
-// titles and messages say in fixed words stands in golden files and in the table of refusals.
+// A ledger as a few vectors, a question about it, and the answer of a second computation of every report of accounts,
+// as slow and plain as can be: every step is a loop over all records. It knows nothing of the program's engine, formats
+// or dialogs, so the two can only agree when both follow the same rules. It computes figures, order and names; what
+// rows, titles and messages say in fixed words stands in golden files and in the table of refusals.
 //
 // Figures are doubles as the ledger holds them; nothing is rounded. A balance is positive on the debit side.
 #pragma once
@@ -47,17 +47,20 @@ struct Question {
   std::vector<std::string> accounts;  // several where the report takes a list
   std::string dept, person, unit, unitClass, clerk, projectClass, project, projectFrom, projectTo;
   int from = 1, to = 12;
-  bool unposted = false, amountAnalysis = false;
-  std::string format;  // empty: the account's richest
+  bool unposted = false, amountAnalysis = false, limits = false, turned = false;
+  double least = 0, most = 0;  // of closing balances
+  std::string side;            // "debit" or "credit": of closing balances alone
+  std::string format;          // empty: the account's richest
 };
 
 struct Row {
   RowKind kind = RowKind::line;
-  // Texts, numbers and null; where a row has a caption, the third is "caption".
+  // Texts, numbers and null; where a row has a caption, that cell is "caption".
   std::vector<nlohmann::json> cells;
   bool unposted = false;
+  std::size_t captionAt = 2;
 
-  [[nodiscard]] bool hasCaption() const { return kind != RowKind::line && kind != RowKind::heading; }
+  [[nodiscard]] bool hasCaption() const { return cells.at(captionAt) == "caption"; }
 };
 
 struct Answer {
@@ -69,6 +72,6 @@ struct Answer {
   std::vector<int> notices;  // the number that each tells; 0 for none
 };
 
-[[nodiscard]] Answer detailLedger(const Ledger& ledger, const Question& question);
+[[nodiscard]] Answer answerTo(const Ledger& ledger, const Question& question);
 
 }  // namespace tz::test::naive

@@ -97,6 +97,7 @@ bool Lines::covers(const Dimensions& of) const {
     if (dimension == 'D' && chosen_.dept.lDeptId != 0 && of[Entity::dept] != chosen_.dept.lDeptId) return false;
     if (dimension == 'p' && of[Entity::person] != chosen_.person.lId) return false;
     if (dimension == 'u' && of[Entity::unit] != chosen_.unit.lId) return false;
+    if (dimension == 'U' && chosen_.unit.lId != 0 && of[Entity::unit] != chosen_.unit.lId) return false;
     if (dimension == 'i' && (of[Entity::project] != chosen_.project.id || of.classId != chosen_.classId)) return false;
   }
   for (const char dimension : report_.some) {
@@ -131,6 +132,23 @@ std::vector<Opening> Lines::openings(int period) const {
       if (account.lId == record.lCodeId && account.bDirect == 0) sign = -1;
     }
     chosen.push_back({of, {sign * record.dBegin, sign * record.mBeginFor, sign * record.mBegin}});
+  }
+  return chosen;
+}
+
+std::vector<Record> Lines::records(int first, int last) const {
+  std::vector<Record> chosen;
+  for (const auto& record : ledger_.balances) {
+    const auto of = dimensionsOf(record);
+    if (record.byPeroid < first || record.byPeroid > last || !covers(of)) continue;
+    double sign = 1;
+    for (const auto& account : ledger_.accounts) {
+      if (account.lId == record.lCodeId && account.bDirect == 0) sign = -1;
+    }
+    Record found{of, record.byPeroid, {sign * record.dBegin, sign * record.mBeginFor, sign * record.mBegin}, {}};
+    found.moved.debit = {record.dDebit, record.mDebitFor, record.mDebit};
+    found.moved.credit = {record.dCredit, record.mCreditFor, record.mCredit};
+    chosen.push_back(found);
   }
   return chosen;
 }

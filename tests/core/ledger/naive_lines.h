@@ -28,6 +28,14 @@ struct Opening {
   Side amounts;
 };
 
+// A balance record, positive on the debit side.
+struct Record {
+  Dimensions of;
+  int period;
+  Side opening;
+  Figures moved;
+};
+
 // As rows show them.
 [[nodiscard]] std::string dateText(const Entry& entry);
 [[nodiscard]] std::string voucherText(const Entry& entry);
@@ -37,6 +45,7 @@ class Lines {
   Lines(const Ledger& ledger, const Report& report, const Question& question, const Chosen& chosen);
 
   [[nodiscard]] std::vector<Opening> openings(int period) const;
+  [[nodiscard]] std::vector<Record> records(int first, int last) const;
   // Lines of periods first to last in the report's order.
   [[nodiscard]] std::vector<Entry> posted(int first, int last) const;
   [[nodiscard]] std::vector<Entry> unposted(int first, int last) const;

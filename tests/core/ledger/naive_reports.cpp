@@ -30,6 +30,86 @@ const std::vector<Report> personReports = {
      .columns = true},
 };
 
+const std::vector<Report> personBalanceReports = {
+    {.id = 10183,
+     .accounts = {Accounts::any, "A"},
+     .some = "dp",
+     .groups = {dept, person},
+     .family = Family::balance,
+     .keys = "0n1n",
+     .earlierUnposted = true,
+     .amounts = true},
+    {.id = 10185,
+     .accounts = {Accounts::any, "A"},
+     .dept = Dept::personsActive,
+     .chosen = "d",
+     .some = "p",
+     .groups = {person},
+     .family = Family::balance,
+     .keys = "0n",
+     .amounts = true},
+    {.id = 10187,
+     .accounts = {Accounts::none, ""},
+     .dept = Dept::active,
+     .person = true,
+     .chosen = "dp",
+     .groups = {account},
+     .family = Family::balance,
+     .personActive = false,
+     .keys = "0c0n",
+     .amounts = true},
+    {.id = 10189,
+     .accounts = {Accounts::any, "A"},
+     .dept = Dept::active,
+     .person = true,
+     .chosen = "dp",
+     .family = Family::periods,
+     .personActive = false,
+     .yearTotals = true,
+     .months = false},
+};
+
+const std::vector<Report> unitBalanceReports = [] {
+  std::vector<Report> reports = {
+      {.id = 10196, .accounts = {Accounts::any, "B"}, .some = "u", .groups = {account}, .keys = "0c0n"},
+      {.id = 10197, .accounts = {Accounts::none, ""}, .unit = true, .chosen = "u", .groups = {account}, .keys = "0c0n"},
+      {.id = 10198,
+       .accounts = {Accounts::any, "B"},
+       .some = "u",
+       .groups = {unitClass},
+       .keys = "0n",
+       .unitClassesNeeded = true},
+      {.id = 10199, .accounts = {Accounts::any, "B"}, .some = "u", .groups = {dept}, .keys = "0n"},
+      {.id = 10200,
+       .accounts = {Accounts::any, "B"},
+       .unitOrAll = true,
+       .chosen = "U",
+       .some = "ui",
+       .groups = {unit, project},
+       .keys = "0n1n",
+       .turns = true,
+       .groupsClose = true},
+      {.id = 10202,
+       .accounts = {Accounts::any, "B"},
+       .some = "u",
+       .groups = {clerk},
+       .keys = "0n",
+       .opening = OpeningOf::lines},
+  };
+  for (auto& report : reports) {
+    report.family = Family::balance;
+    report.earlierUnposted = report.amounts = report.limits = true;
+  }
+  reports.push_back({.id = 10201,
+                     .accounts = {Accounts::any, "B"},
+                     .unit = true,
+                     .chosen = "u",
+                     .family = Family::periods,
+                     .yearTotals = true,
+                     .limits = true});
+  return reports;
+}();
+
 const std::vector<Report> unitReports = {
     {.id = 10203,
      .accounts = {Accounts::any, "B"},
@@ -153,14 +233,43 @@ const std::vector<Report> deptReports = {
      .order = {entryDateAndVoucher, entryDate}},
 };
 
+const std::vector<Report> deptGeneralReports = {
+    {.id = 10226,
+     .accounts = {Accounts::any, "C"},
+     .some = "d",
+     .groups = {dept},
+     .family = Family::balance,
+     .keys = "0n",
+     .opening = OpeningOf::latestRecord,
+     .earlierUnposted = true},
+    {.id = 10227,
+     .accounts = {Accounts::none, "C"},
+     .dept = Dept::given,
+     .chosen = "d",
+     .groups = {account},
+     .family = Family::balance,
+     .keys = "0c0n"},
+    {.id = 10228,
+     .accounts = {Accounts::any, "C"},
+     .dept = Dept::given,
+     .chosen = "d",
+     .family = Family::periods,
+     .months = false},
+};
+
 }  // namespace
 
 const std::vector<Report>& allNaive() {
   static const auto all = [] {
     std::vector<Report> reports;
     // Each area has its own right.
-    for (const auto& [right, area] :
-         {std::pair(4, personReports), {78, unitReports}, {17, projectReports}, {11, deptReports}}) {
+    for (const auto& [right, area] : {std::pair(4, personReports),
+                                      {3, personBalanceReports},
+                                      {77, unitBalanceReports},
+                                      {10, deptGeneralReports},
+                                      {78, unitReports},
+                                      {17, projectReports},
+                                      {11, deptReports}}) {
       for (const auto& report : area) reports.emplace_back(report).right = right;
     }
     return reports;

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "core/data/create_ledger.h"
+#include "core/ledger/balance_reader.h"
 #include "core/ledger/detail_report.h"
 #include "core/sample/sample_company.h"
 #include "support/test_ledger.h"
@@ -45,6 +46,21 @@ TEST_P(QueryPlan, LeavesNoSortThatNoRecordTells) {
   if (onServer()) openLedger(place.address(), Access::keeper)->execute("ANALYZE");
   CQnCwDB db(Access::read);
   db.Open(place.address());
+  const auto expectOrdered = [&](int command, const Sql& statement) {
+    const auto plan = planOf(db.Current(), statement);
+    EXPECT_EQ(plan.find(onServer() ? "Sort" : "TEMP B-TREE"), std::string::npos) << command << "\n" << plan;
+    EXPECT_NE(plan.find(onServer() ? "Index" : "USING INDEX"), std::string::npos) << command << "\n" << plan;
+  };
+  for (const auto* report : balanceReports()) {
+    const auto& member = report->member;
+    const auto conditions = conditionsFor(db, report->area);
+    if (member.opening != BalanceOpening::lines) expectOrdered(report->command, recordStatement(member, conditions));
+    for (const auto book : {Book::posted, Book::unposted}) {
+      if (book == Book::posted && member.opening != BalanceOpening::lines) continue;
+      expectOrdered(report->command,
+                    LineRows(member.selects, {}, conditions).statement(book, {1, 12}, member.order.lines));
+    }
+  }
   for (const auto* report : detailReports()) {
     const auto conditions = conditionsFor(db, report->area);
     for (const auto book : {Book::posted, Book::unposted}) {

@@ -89,6 +89,7 @@ void addArchives(Ledger& ledger, Dice& dice) {
     unit.sEnterId = "E" + std::to_string(9 - i);
     unit.sEnterName = dice.oneOf(names) + "公司";
     unit.lClassId = dice.below(3);
+    if (!dice.once(3)) unit.mCredit = dice.below(2000) * 0.25;
     ledger.units.push_back(unit);
   }
 }
@@ -152,7 +153,10 @@ void addBalances(Ledger& ledger, Dice& dice) {
     balance.mBegin = quarters(dice);
     balance.dBegin = dice.once(3) ? 0 : quarters(dice);
     balance.mBeginFor = dice.once(3) ? 0 : quarters(dice);
-    balance.mDebit = quarters(dice);
+    for (auto figure : {&AssAccInfo::mDebit, &AssAccInfo::mCredit, &AssAccInfo::dDebit, &AssAccInfo::dCredit,
+                        &AssAccInfo::mDebitFor, &AssAccInfo::mCreditFor}) {
+      if (!dice.once(3)) balance.*figure = quarters(dice);
+    }
     const bool isNew = taken
                            .insert({balance.lCodeId, balance.lDeptId, balance.lPersonId, balance.lEnterId,
                                     balance.lItemId, balance.sItemId, balance.byPeroid})
@@ -235,6 +239,13 @@ void askForProject(Question& question, const Ledger& ledger, Dice& dice, const R
   if (!dice.once(3)) question.projectTo = dice.oneOf(ledger.items).code;
 }
 
+void askForAmounts(Question& question, Dice& dice) {
+  if (dice.once(3)) question.least = dice.below(800) * 0.25;
+  if (dice.once(3)) question.most = question.least + dice.below(4000) * 0.25;
+  if (question.least > 0 && question.most == 0 && !dice.once(8)) question.most = 1e6;
+  if (dice.once(3)) question.side = dice.once(2) ? "debit" : "credit";
+}
+
 }  // namespace
 
 Ledger randomLedger(Dice& dice, Amounts amounts) {
@@ -271,6 +282,11 @@ Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) 
   if (dice.once(3)) question.from = 1;
   question.unposted = dice.once(2);
   question.amountAnalysis = dice.once(2);
+  question.limits = dice.once(2);
+  question.turned = dice.once(2);
+  if (report.unitOrAll && dice.once(2)) question.unit.clear();
+  if (!report.months) std::tie(question.from, question.to) = std::pair(1, 12);
+  if (report.amounts) askForAmounts(question, dice);
   if (dice.once(3)) question.format = dice.oneOf(formats);
   return question;
 }

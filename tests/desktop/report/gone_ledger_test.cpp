@@ -15,9 +15,11 @@
 namespace tz::test {
 namespace {
 
-// The department's ledgers say it in English.
+// The department's ledgers, the balance tables and the general ledgers say it in English.
 std::string notOpenWords(const ReportDefinition& report) {
-  return report.area == Area::department ? "The Database is not Opened!" : "数据库没有打开!";
+  const std::set<int> rightsOfBalances = {3, 10, 16, 77};
+  const bool english = report.area == Area::department || rightsOfBalances.contains(report.right);
+  return english ? "The Database is not Opened!" : "数据库没有打开!";
 }
 std::string captionOfDialog(int command) {
   const std::set<int> captioned = {10203, 10204, 10223};

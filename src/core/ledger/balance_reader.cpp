@@ -1,0 +1,153 @@
+#include "core/ledger/balance_reader.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/reports/cancellation.h"
+
+namespace tz {
+namespace {
+
+// Classes are looked up by their units: that is cheaper than a look into the archive for each record.
+GroupLevels levelsToRead(const BalanceMember& member, const Conditions& conditions) {
+  const auto& levels = member.groupingFor(conditions).levels;
+  std::vector<GroupLevel> read(levels.begin(), levels.end());
+  for (auto& level : read) {
+    if (level.entity == Entity::unitClass) level.entity = Entity::unit;
+  }
+  return {read};
+}
+
+// The periods whose records count; the latest ones before the range may be of any period, the entered opening's too.
+PeriodRange recordPeriods(const BalanceMember& member, const Conditions& conditions) {
+  if (member.opening == BalanceOpening::firstRecord) return {conditions.from, conditions.to};
+  return {0, std::max(conditions.from, conditions.to)};
+}
+
+RecordRows recordRows(const BalanceMember& member, const Conditions& conditions) {
+  return {member.selects, levelsToRead(member, conditions), conditions, member.opening == BalanceOpening::latestRecord};
+}
+
+class BalanceReader {
+ public:
+  BalanceReader(const BalanceMember& member, Session& session, const Conditions& conditions)
+      : member_(member),
+        classLevel_(levelOf(member.groupingFor(conditions).levels, Entity::unitClass)),
+        connection_(session.db.Current()),
+        conditions_(conditions),
+        before_{0, conditions.from - 1},
+        range_{conditions.from, conditions.to},
+        steps_(session) {}
+
+  MemberBalances read() {
+    switch (member_.opening) {
+      case BalanceOpening::firstRecord:
+        addRecords();
+        break;
+      case BalanceOpening::latestRecord:
+        addRecordsFromLatest();
+        break;
+      case BalanceOpening::lines:
+        addLines(Book::posted, before_, moveOpening);
+        addLines(Book::posted, range_, move);
+        break;
+    }
+    if (conditions_.unposted) {
+      if (member_.earlierUnposted) addLines(Book::unposted, before_, moveOpeningAmount);
+      addLines(Book::unposted, range_, move);
+    }
+    return std::move(balances_);
+  }
+
+ private:
+  using Move = void (*)(BalanceFigures&, const LineRows&);
+  static void move(BalanceFigures& balance, const LineRows& line) {
+    (line.debit ? balance.debit : balance.credit) += line.figures;
+  }
+  static void moveOpening(BalanceFigures& balance, const LineRows& line) {
+    balance.opening += line.figures.times(line.debit ? 1 : -1);
+  }
+  // Quantities and foreign amounts of earlier unposted lines stay out of the opening.
+  static void moveOpeningAmount(BalanceFigures& balance, const LineRows& line) {
+    balance.opening.amount += line.debit ? line.figures.amount : -line.figures.amount;
+  }
+
+  void addRecords() {
+    auto row = recordRows(member_, conditions_);
+    const auto records = connection_.query(row.statement(recordPeriods(member_, conditions_), member_.order.records));
+    BalanceFigures* balance = nullptr;
+    while (records->next()) {
+      if (row.read(*records) || balance == nullptr) balance = &of(row.key);
+      balance->addRecord(row.record, row.period);
+      steps_.step();
+    }
+  }
+
+  // The records of a member stand together, those of one account and dimension in the order of their periods.
+  void addRecordsFromLatest() {
+    auto row = recordRows(member_, conditions_);
+    const auto records = connection_.query(row.statement(recordPeriods(member_, conditions_), member_.order.records));
+    std::map<RecordChain, SideFigures> latest;
+    BalanceFigures* balance = nullptr;
+    const auto open = [&] {
+      for (const auto& [chain, opening] : latest) balance->opening += opening;
+      latest.clear();
+    };
+    while (records->next()) {
+      if (row.read(*records) || balance == nullptr) {
+        open();
+        balance = &of(row.key);
+      }
+      if (row.period <= range_.first) {
+        latest[row.chain(*records)] = row.period == range_.first ? row.record.opening : row.record.closing();
+      }
+      if (row.period >= range_.first && row.period <= range_.last) {
+        balance->debit += row.record.debit;
+        balance->credit += row.record.credit;
+      }
+      steps_.step();
+    }
+    open();
+  }
+
+  void addLines(Book book, PeriodRange periods, Move move) {
+    LineRows row(member_.selects, levelsToRead(member_, conditions_), conditions_);
+    const auto lines = connection_.query(row.statement(book, periods, member_.order.lines));
+    BalanceFigures* balance = nullptr;
+    while (lines->next()) {
+      if (row.read(*lines) || balance == nullptr) balance = &of(row.key);
+      move(*balance, row);
+      steps_.step();
+    }
+  }
+
+  BalanceFigures& of(GroupKey key) {
+    if (classLevel_) {
+      auto& part = key.parts.at(*classLevel_);
+      part.id = conditions_.data->GetEnterClassIdByEnterId(part.id);
+    }
+    return balances_[key];
+  }
+
+  const BalanceMember& member_;
+  std::optional<std::size_t> classLevel_;
+  Connection& connection_;
+  const Conditions& conditions_;
+  PeriodRange before_;
+  PeriodRange range_;
+  Steps steps_;
+  MemberBalances balances_;
+};
+
+}  // namespace
+
+MemberBalances readBalances(const BalanceMember& member, Session& session, const Conditions& conditions) {
+  return BalanceReader(member, session, conditions).read();
+}
+
+Sql recordStatement(const BalanceMember& member, const Conditions& conditions) {
+  return recordRows(member, conditions).statement(recordPeriods(member, conditions), member.order.records);
+}
+
+}  // namespace tz

@@ -1,0 +1,118 @@
+#include "core/ledger/balance_report.h"
+
+#include <cmath>
+#include <optional>
+
+#include "core/ledger/balance_reader.h"
+#include "core/ledger/balance_rows.h"
+
+namespace tz {
+namespace {
+
+// Which closing balances are listed: those in the range of amounts, both ends included, and on the side asked for.
+class ListedBalances {
+ public:
+  explicit ListedBalances(const Request& request)
+      : least_(wholeMillionths(request.amount(ParameterKey::minimum))),
+        most_(wholeMillionths(request.amount(ParameterKey::maximum))),
+        side_(static_cast<BalanceSide>(request.choice(ParameterKey::side))) {}
+
+  [[nodiscard]] bool contain(double closing) const { return inRange(closing) && onSide(closing); }
+
+ private:
+  [[nodiscard]] bool inRange(double closing) const {
+    if (least_ == 0 && most_ == 0) return true;
+    const double amount = wholeMillionths(std::abs(closing));
+    return amount >= least_ && amount <= most_;
+  }
+  [[nodiscard]] bool onSide(double closing) const {
+    if (side_ == BalanceSide::both) return true;
+    return directionText(closing, directions::rowClosing) == (side_ == BalanceSide::debit ? "借" : "贷");
+  }
+
+  double least_;
+  double most_;
+  BalanceSide side_;
+};
+
+class BalanceRun {
+ public:
+  BalanceRun(const BalanceMember& member, Session& session, const Conditions& conditions, const Subject& whole,
+             ComputedReport& computed)
+      : levels_(member.groupingFor(conditions).levels),
+        conditions_(conditions),
+        whole_(whole),
+        rows_(member.groupingFor(conditions), conditions, computed),
+        listed_(conditions.request),
+        balances_(readBalances(member, session, conditions)) {}
+
+  void run() {
+    for (const bool others : {false, true}) {
+      for (const auto& [key, figures] : balances_) {
+        if (isOthers(key) == others && listed_.contain(figures.closing().amount)) writeMember(key, figures);
+      }
+    }
+    if (group_) closeGroups(0);
+    rows_.writeTotal("合计", RowKind::total, whole_, RowSubjects::wholeReport, all_);
+  }
+
+ private:
+  // The units without a class and the lines without a clerk, "其它", come last.
+  [[nodiscard]] bool isOthers(const GroupKey& key) const {
+    const auto& part = key.parts.front();
+    const auto entity = levels_[0].entity;
+    return (entity == Entity::unitClass && part.id == 0) || (entity == Entity::clerk && part.text.empty());
+  }
+
+  void writeMember(const GroupKey& key, const BalanceFigures& figures) {
+    if (group_) closeGroups(group_->partsFrom(key));
+    group_ = key;
+    const auto innermost = levels_.size() - 1;
+    rows_.writeMember(key, subjectOf(key, innermost), figures);
+    for (std::size_t level = 0; level < innermost; ++level) sums_.at(level).add(figures);
+    all_.add(figures);
+  }
+
+  // Closes the open groups of the levels outside the innermost one from `outermost` on, inner ones first.
+  void closeGroups(std::size_t outermost) {
+    for (auto level = levels_.size() - 1; level-- > outermost;) {
+      if (!levels_[level].subtotal.empty()) {
+        rows_.writeTotal(levels_[level].subtotal, RowKind::subtotal, subjectOf(*group_, level), static_cast<int>(level),
+                         sums_.at(level));
+      }
+      sums_.at(level) = {};
+    }
+  }
+
+  [[nodiscard]] Subject subjectOf(const GroupKey& key, std::size_t level) const {
+    return groupSubject(whole_, levels_, key, level, conditions_);
+  }
+
+  const GroupLevels& levels_;
+  const Conditions& conditions_;
+  const Subject& whole_;
+  BalanceRows rows_;
+  ListedBalances listed_;
+  MemberBalances balances_;
+  std::optional<GroupKey> group_;  // of the last row
+  std::array<BalanceFigures, mostLevels> sums_;
+  BalanceFigures all_;
+};
+
+}  // namespace
+
+void computeBalance(const ReportDefinition& report, Session& session, const Conditions& conditions,
+                    ComputedReport& computed) {
+  const auto& member = static_cast<const BalanceReport&>(report).member;
+  const auto whole = wholeSubject(report, conditions);
+  BalanceRun(member, session, conditions, whole, computed).run();
+}
+
+std::vector<const BalanceReport*> balanceReports() {
+  std::vector<const BalanceReport*> all;
+  for (const auto ofArea : {personBalances(), unitBalances(), departmentGenerals()})
+    all.insert(all.end(), ofArea.begin(), ofArea.end());
+  return all;
+}
+
+}  // namespace tz
