@@ -3,6 +3,8 @@
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -52,6 +54,20 @@ class WheelGuard : public QObject {
   }
 };
 
+// A letter with Alt is a key of the window, also where it has no such key: no field takes it for text.
+class AltGuard : public QObject {
+ public:
+  using QObject::QObject;
+  bool eventFilter(QObject* /*field*/, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool types = !key.text().isEmpty() && key.text().front().isPrint();
+    if (!types || (key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != Qt::AltModifier) return false;
+    event->ignore();
+    return true;
+  }
+};
+
 // A list of its own, not one that opens below a field.
 bool isList(const QWidget* widget) {
   return qobject_cast<const QAbstractItemView*>(widget) != nullptr && widget->window()->windowType() != Qt::Popup;
@@ -60,11 +76,17 @@ bool isList(const QWidget* widget) {
 }  // namespace
 
 ThemeStyle::ThemeStyle()
-    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))), wheelGuard_(new WheelGuard(this)) {}
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))),
+      wheelGuard_(new WheelGuard(this)),
+      altGuard_(new AltGuard(this)) {}
 
 void ThemeStyle::polish(QWidget* widget) {
   QProxyStyle::polish(widget);
-  if (qobject_cast<QComboBox*>(widget) == nullptr && qobject_cast<QAbstractSpinBox*>(widget) == nullptr) return;
+  const auto* combo = qobject_cast<QComboBox*>(widget);
+  if (qobject_cast<QLineEdit*>(widget) != nullptr || (combo != nullptr && combo->isEditable())) {
+    widget->installEventFilter(altGuard_);
+  }
+  if (combo == nullptr && qobject_cast<QAbstractSpinBox*>(widget) == nullptr) return;
   // The wheel does not bring the focus either.
   if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
   widget->installEventFilter(wheelGuard_);

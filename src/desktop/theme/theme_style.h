@@ -31,6 +31,7 @@ class ThemeStyle : public QProxyStyle {
 
  private:
   QObject* wheelGuard_;
+  QObject* altGuard_;
 };
 
 }  // namespace tz
