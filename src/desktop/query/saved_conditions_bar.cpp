@@ -1,6 +1,7 @@
 #include "desktop/query/saved_conditions_bar.h"
 
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,9 +18,13 @@ namespace {
 
 QString lastName() { return QStringLiteral("上次条件"); }
 
-QPushButton* namedButton(const char* name, const QString& text, const QString& tip, QWidget* parent) {
+// The tip says what it does and with which key.
+QPushButton* namedButton(const char* name, const QString& text, const char* key, const QString& means,
+                         QWidget* parent) {
   auto* button = new NarrowButton(text, parent);
+  const QString tip = QStringLiteral("%1 (%2)").arg(means, QLatin1String(key));
   button->setObjectName(QString::fromLatin1(name));
+  button->setShortcut(QKeySequence(QLatin1String(key)));
   button->setToolTip(tip);
   button->setAccessibleDescription(tip);
   return button;
@@ -33,7 +38,7 @@ SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, Curren
       report_(report),
       current_(std::move(current)),
       names_(new QComboBox(this)),
-      takeLast_(namedButton("lastConditions", QStringLiteral("上次"), QStringLiteral("填入这张帐表上次的条件 (Alt+L)"),
+      takeLast_(namedButton("lastConditions", QStringLiteral("上次"), "Alt+L", QStringLiteral("填入这张帐表上次的条件"),
                             this)),
       told_(new ElidedLabel(this)) {
   names_->setObjectName(QStringLiteral("savedConditions"));
@@ -43,10 +48,11 @@ SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, Curren
   names_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   names_->lineEdit()->setPlaceholderText(QStringLiteral("选择或输入名称"));
   takeLast_->setAccessibleName(lastName());
-  takeLast_->setShortcut(QKeySequence(QStringLiteral("Alt+L")));
   told_->setObjectName(QStringLiteral("conditionsTold"));
   told_->setForegroundRole(QPalette::PlaceholderText);
   LayOut();
+  names_->installEventFilter(this);
+  names_->lineEdit()->installEventFilter(this);
   connect(names_, &QComboBox::activated, this, &SavedConditionsBar::OnActivated);
   connect(takeLast_, &QPushButton::clicked, this, &SavedConditionsBar::TakeLast);
 }
@@ -55,9 +61,10 @@ void SavedConditionsBar::LayOut() {
   auto* label = new QLabel(names_->accessibleName(), this);
   label->setForegroundRole(QPalette::PlaceholderText);
   label->setBuddy(names_);
-  auto* save = namedButton("saveConditions", QStringLiteral("保存"), QStringLiteral("以这个名称保存下面的条件"), this);
-  auto* remove =
-      namedButton("removeConditions", QStringLiteral("删除"), QStringLiteral("删除以这个名称保存的条件"), this);
+  auto* save =
+      namedButton("saveConditions", QStringLiteral("保存"), "Alt+S", QStringLiteral("以这个名称保存下面的条件"), this);
+  auto* remove = namedButton("removeConditions", QStringLiteral("删除"), "Alt+D",
+                             QStringLiteral("删除以这个名称保存的条件"), this);
   connect(save, &QPushButton::clicked, this, &SavedConditionsBar::Save);
   connect(remove, &QPushButton::clicked, this, &SavedConditionsBar::Remove);
   auto* row = new QHBoxLayout;
@@ -115,10 +122,23 @@ void SavedConditionsBar::Take(const Request& request, const QString& name) {
   Tell(QStringLiteral("已填入“%1”").arg(name));
 }
 
+// What is typed takes the place of the name that stands there, also behind a click.
+bool SavedConditionsBar::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == names_ && event->type() == QEvent::FocusIn) {
+    clickedInto_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+  } else if (watched == names_->lineEdit() && event->type() == QEvent::MouseButtonRelease) {
+    if (std::exchange(clickedInto_, false) && !names_->lineEdit()->hasSelectedText()) {
+      QMetaObject::invokeMethod(names_->lineEdit(), &QLineEdit::selectAll, Qt::QueuedConnection);
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
 void SavedConditionsBar::Save() {
   const QString name = Name();
   if (name.isEmpty() || name == lastName()) {
-    Tell(QStringLiteral("请输入要保存的名称"));
+    Tell(name.isEmpty() ? QStringLiteral("请输入要保存的名称")
+                        : QStringLiteral("“%1”不能用作名称，请输入另一个名称").arg(name));
     names_->setFocus();
     names_->lineEdit()->selectAll();
     return;

@@ -29,6 +29,9 @@ class SavedConditionsBar : public QWidget {
  signals:
   void chosen(const Request& request);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void LayOut();
   void ReadNames();
@@ -51,6 +54,7 @@ class SavedConditionsBar : public QWidget {
   Current current_;
   std::optional<Request> last_;
   QComboBox* names_;
+  bool clickedInto_ = false;
   QPushButton* takeLast_;
   ElidedLabel* told_;
 };

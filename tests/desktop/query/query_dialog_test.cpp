@@ -327,8 +327,18 @@ TEST_F(SavedConditions, AreKeptOfferedAndGivenUp) {
     control<QLineEdit>(window, "8052").setText("销售部");
     control<QLineEdit>(window, "2111").setText("张三");
     auto& names = control<QComboBox>(window, "savedConditions");
+    const auto told = [&] { return fromQt(control<QLabel>(window, "conditionsTold").text()); };
+    // A click selects what stands there: what is typed takes its place.
+    names.lineEdit()->setText("上次条件");
+    QTest::mouseClick(names.lineEdit(), Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_EQ(names.lineEdit()->selectedText(), "上次条件");
+    QTest::keyClick(&names, Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told() == "“上次条件”不能用作名称，请输入另一个名称"; }));
+    EXPECT_TRUE(store.Names(10190).empty());
     enterText(names, "张三本月");
-    click(window, "saveConditions");
+    QTest::keyClick(&names, Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !store.Names(10190).empty(); }));
     EXPECT_EQ(names.currentText(), "张三本月");
     EXPECT_EQ(control<QLabel>(window, "conditionsTold").text(), "已保存为“张三本月”");
     click(window, "1");
@@ -348,7 +358,8 @@ TEST_F(SavedConditions, AreKeptOfferedAndGivenUp) {
     EXPECT_TRUE(messages.all.back().defaultsToNo);
     EXPECT_EQ(store.Names(10190).size(), 1U);
     messages.answer = true;
-    click(window, "removeConditions");
+    QTest::keyClick(&names, Qt::Key_D, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return names.count() == 0; }));
     EXPECT_EQ(control<QLabel>(window, "conditionsTold").text(), "已删除“张三本月”");
     EXPECT_EQ(names.count(), 0);
     click(window, "2");
