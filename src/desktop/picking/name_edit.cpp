@@ -23,6 +23,7 @@ NameEdit::NameEdit(QWidget* parent)
   connect(this, &QLineEdit::textEdited, this, &NameEdit::OnTyped);
   connect(popup_, &SearchPopup::taken, this, &NameEdit::Take);
   connect(popup_, &SearchPopup::clicked, this, &NameEdit::clicked);
+  connect(popup_, &SearchPopup::escaped, this, &NameEdit::OnEscape);
 }
 
 void NameEdit::Forget() {
@@ -71,11 +72,13 @@ bool NameEdit::Find(const QString& typed) {
   return true;
 }
 
+// An emptied field asks for nothing: the list would stand in the way of the next one.
 void NameEdit::OnTyped(const QString& typed) {
-  if (!Find(typed)) return;
-  SetMiss(best_ < 0);
-  if (best_ < 0) return popup_->Close();
-  popup_->Open(typed.trimmed().isEmpty() ? -1 : best_);
+  const bool empty = typed.trimmed().isEmpty();
+  if (!empty && !Find(typed)) return;
+  SetMiss(!empty && best_ < 0);
+  if (empty || best_ < 0) return popup_->Close();
+  popup_->Open(best_);
 }
 
 // All that there is, unless something is being typed.
@@ -93,20 +96,30 @@ void NameEdit::Take(std::size_t place) {
   const SearchEntry entry = names_->entries[place];
   ShowMember(names_->ChoiceOf(entry));
   emit picked(entry);
+  emit memberChanged();
 }
 
 void NameEdit::Settle() {
   popup_->Close();
   if (!IsBeingTyped()) return;
   const QString typed = text().trimmed();
-  if (typed.isEmpty()) return ShowMember({});
+  if (typed.isEmpty()) return Become({});
   if (!Find(typed)) return;
-  if (names_->Knows(typed)) return ShowMember({fromQt(typed)});
+  if (names_->Knows(typed)) return Become({fromQt(typed)});
   int ofCode = 0;
   for (int row = 0; row < found_->rowCount(); ++row) ofCode += found_->EntryAt(row).code == typed ? 1 : 0;
   const bool alone = ofCode == 1 || (ofCode == 0 && found_->rowCount() == 1);
   SetMiss(!alone);
   if (alone) Take(found_->PlaceOf(best_));
+}
+
+void NameEdit::Become(const MemberChoice& member) {
+  ShowMember(member);
+  emit memberChanged();
+}
+
+void NameEdit::SetStranger(bool stranger) {
+  if (!IsBeingTyped()) SetMiss(stranger);
 }
 
 void NameEdit::keyPressEvent(QKeyEvent* event) {
@@ -121,12 +134,10 @@ void NameEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 bool NameEdit::OnEscape() {
-  if (popup_->IsOpen()) {
-    popup_->Close();
-    return true;
-  }
-  if (!IsBeingTyped()) return false;
-  ShowMember(shown_);
+  const bool wasOpen = popup_->IsOpen();
+  popup_->Close();
+  if (!IsBeingTyped()) return wasOpen;
+  Become(MemberChoice(shown_));
   selectAll();
   return true;
 }

@@ -33,6 +33,8 @@ class NameEdit : public QLineEdit {
 
   void ShowMember(const MemberChoice& member);
   [[nodiscard]] MemberChoice Member() const;
+  // Marks a name that stands in the field but does not belong to what was chosen beside it, as text that is none.
+  void SetStranger(bool stranger);
   // Typed text that is no name and can mean one alone becomes that one.
   void Settle();
 
@@ -40,6 +42,8 @@ class NameEdit : public QLineEdit {
   // A record was taken from the list; after a click nothing else leads on to the next field.
   void picked(const tz::SearchEntry& entry);
   void clicked();
+  // By hand, from the list or typed whole; not at every letter.
+  void memberChanged();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -52,6 +56,7 @@ class NameEdit : public QLineEdit {
   void OnTyped(const QString& typed);
   void OpenList();
   void Take(std::size_t place);
+  void Become(const MemberChoice& member);
   bool OnEscape();
   void SetMiss(bool miss);
 

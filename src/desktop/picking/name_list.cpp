@@ -34,6 +34,14 @@ int NameList::PlaceOfGroup(const MemberChoice& group) const {
   return found == groups.end() ? -1 : static_cast<int>(found - groups.begin());
 }
 
+bool NameList::HasInGroup(const MemberChoice& member, int group) const {
+  const QString text = toQt(member.text);
+  return std::ranges::any_of(entries, [&](const SearchEntry& entry) {
+    if (entry.group != group) return false;
+    return member.id != 0 ? entry.id == member.id : entry.name == text || withCode(entry) == text;
+  });
+}
+
 bool NameList::Knows(const QString& text) const {
   return std::ranges::any_of(entries,
                              [&](const SearchEntry& entry) { return entry.name == text || withCode(entry) == text; });

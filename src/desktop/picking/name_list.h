@@ -36,6 +36,8 @@ struct NameList {
   [[nodiscard]] MemberChoice GroupOf(const SearchEntry& entry) const;
   // The place of a group, by its id where it was picked, else by its name; -1 for none.
   [[nodiscard]] int PlaceOfGroup(const MemberChoice& group) const;
+  // Whether a member, by its id where it was picked, else by its name, is in the group at this place.
+  [[nodiscard]] bool HasInGroup(const MemberChoice& member, int group) const;
   // Whether a text is how an entry may be called: its name, or its code and name.
   [[nodiscard]] bool Knows(const QString& text) const;
 };

@@ -5,6 +5,8 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QListView>
+#include <QMouseEvent>
+#include <QWindow>
 
 namespace tz {
 namespace {
@@ -12,6 +14,24 @@ namespace {
 constexpr int aroundText = 6;  // pixels of a row above and below its text
 
 bool isTab(int key) { return key == Qt::Key_Tab || key == Qt::Key_Backtab; }
+
+// A press where an open list was in the way means what lies there, as if the list had never been open.
+void pressBehind(const QMouseEvent& press) {
+  const QPoint place = press.globalPosition().toPoint();
+  QWidget* target = QApplication::widgetAt(place);
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (target == nullptr || (modal != nullptr && target->window() != modal)) return;
+  QWindow* window = target->window()->windowHandle();
+  for (QWidget* one = target; one != nullptr; one = one->isWindow() ? nullptr : one->parentWidget()) {
+    if (!one->isEnabled() || (one->focusPolicy() & Qt::ClickFocus) == 0) continue;
+    one->setFocus(Qt::MouseFocusReason);
+    break;
+  }
+  if (window == nullptr) return;
+  QMouseEvent again(press.type(), window->mapFromGlobal(press.globalPosition()), press.globalPosition(), press.button(),
+                    press.buttons(), press.modifiers());
+  QCoreApplication::sendEvent(window, &again);
+}
 
 }  // namespace
 
@@ -58,7 +78,18 @@ bool SearchPopup::TakeMarked() {
 
 bool SearchPopup::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) return OnKey(*static_cast<QKeyEvent*>(event));
+  const bool pressed = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+  if (pressed && OnPress(*static_cast<QMouseEvent*>(event))) return true;
   return QObject::eventFilter(watched, event);
+}
+
+bool SearchPopup::OnPress(const QMouseEvent& press) {
+  QAbstractItemView* view = list_->popup();
+  if (view->rect().contains(press.position().toPoint())) return false;
+  view->setAttribute(Qt::WA_NoMouseReplay);  // where the platform would do the same
+  Close();
+  pressBehind(press);
+  return true;
 }
 
 bool SearchPopup::OnKey(const QKeyEvent& key) {

@@ -1,5 +1,5 @@
 // The list of what was found, open below a field while one types in it. It takes Enter and Tab for the entry that is
-// marked; these and the keys of the window then go on to the field.
+// marked; these and the keys of the window then go on to the field. A click beside it reaches what lies there.
 #pragma once
 
 #include <QObject>
@@ -9,6 +9,7 @@
 
 class QCompleter;
 class QKeyEvent;
+class QMouseEvent;
 
 namespace tz {
 
@@ -54,6 +55,7 @@ class SearchPopup : public QObject {
 
  private:
   bool OnKey(const QKeyEvent& key);
+  bool OnPress(const QMouseEvent& press);
 
   FoundTexts& found_;
   QWidget& field_;

@@ -158,20 +158,24 @@ int CUsefulCombox::OnlyMeaning(const QString& typed) {
 }
 
 void CUsefulCombox::Search(const QString& typed) {
+  // An emptied combo asks for nothing: the list would stand in the way of the next field.
+  if (typed.trimmed().isEmpty()) {
+    SetMiss(false);
+    return popup_->Close();
+  }
   ReadyToFind();
   int best = found_->Search(Meant(typed));
   const bool begins = best < 0 && BeginsMonth(typed);
   if (begins) best = found_->Search({});
   SetMiss(best < 0);
   if (best < 0) return popup_->Close();
-  const bool marked = !begins && !typed.trimmed().isEmpty();
-  popup_->Open(marked ? best : -1);
+  popup_->Open(begins ? -1 : best);
 }
 
 void CUsefulCombox::Choose(int index) {
   const bool isOther = index != chosen_;
   SelectIndex(index);
-  lineEdit()->selectAll();
+  SelectText();
   if (isOther) emit entryChanged();
 }
 
@@ -179,6 +183,12 @@ void CUsefulCombox::ShowChosen() {
   lineEdit()->setText(itemText(currentIndex()));
   lineEdit()->setCursorPosition(0);
   SetMiss(false);
+}
+
+// From the end to the beginning, which is what a narrow combo then shows; only where one types.
+void CUsefulCombox::SelectText() {
+  const auto length = static_cast<int>(lineEdit()->text().size());
+  if (hasFocus()) lineEdit()->setSelection(length, -length);
 }
 
 void CUsefulCombox::Settle() {
@@ -243,13 +253,20 @@ bool CUsefulCombox::OnEnter() {
 bool CUsefulCombox::OnEscape() {
   if (!IsBeingTyped()) return false;
   ShowChosen();
-  lineEdit()->selectAll();
+  SelectText();
   return true;
+}
+
+void CUsefulCombox::focusInEvent(QFocusEvent* event) {
+  QComboBox::focusInEvent(event);
+  if (lineEdit()->selectedText().size() == lineEdit()->text().size()) SelectText();
 }
 
 void CUsefulCombox::focusOutEvent(QFocusEvent* event) {
   QComboBox::focusOutEvent(event);
-  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) Settle();
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) return;
+  Settle();
+  lineEdit()->setCursorPosition(0);
 }
 
 bool CUsefulCombox::IsBeingTyped() const { return lineEdit()->text() != itemText(currentIndex()); }

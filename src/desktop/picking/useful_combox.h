@@ -65,6 +65,7 @@ class CUsefulCombox : public QComboBox {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
@@ -78,6 +79,7 @@ class CUsefulCombox : public QComboBox {
   void ReadyToFind();
   void Search(const QString& typed);
   void ShowChosen();
+  void SelectText();
   void OnActivated(int index);
   // True when they took the key.
   bool OnEnter();

@@ -59,6 +59,7 @@ void CTzQueryDialog::ConnectFields() {
     connect(field, &QueryField::referenceWanted, this, [this, field] { OnReference(*field); });
     connect(field, &QueryField::ownerChanged, this, &CTzQueryDialog::OnOwnerChanged);
     connect(field, &QueryField::pickedWithOthers, this, [this, field] { OnPickedWithOthers(*field); });
+    connect(field, &QueryField::memberChanged, this, &CTzQueryDialog::MarkStrangers);
     connect(field, &QueryField::unreadable, this, [this](const DbError& error) { AfxMessageBox(this, error); });
     for (QWidget* stop : field->Stops()) {
       if (auto* combo = qobject_cast<CUsefulCombox*>(stop)) {
@@ -235,6 +236,10 @@ void CTzQueryDialog::OnOwnerChanged() {
   });
 }
 
+void CTzQueryDialog::MarkStrangers() {
+  for (const auto& field : fields_) field->MarkStranger();
+}
+
 void CTzQueryDialog::OnPickedWithOthers(const QueryField& field) {
   Attempt([&] {
     Request taken = Taken();
@@ -268,7 +273,9 @@ void CTzQueryDialog::OnReference(QueryField& field) {
     SettleTexts();
     request_ = Taken();
     picked = field.Refer(request_, session_);
-    if (picked) DoDataExchange(false);
+    if (!picked) return;
+    DoDataExchange(false);
+    MarkStrangers();
   });
   if (picked) {
     GoOnFrom(at);

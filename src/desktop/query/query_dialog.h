@@ -58,6 +58,7 @@ class CTzQueryDialog : public QDialog {
   bool Attempt(const std::function<void()>& work);
   void TellNotOpen();
   void OnReference(QueryField& field);
+  void MarkStrangers();
   void OnPickedWithOthers(const QueryField& field);
   // What the fields hold.
   [[nodiscard]] Request Taken() const;

@@ -34,7 +34,7 @@ QToolButton* viewButton(const ControlSpec& spec, QWidget* parent) {
   view->setIcon(pictureIcon(viewPicture));
   view->setToolTip(QStringLiteral("选择%1 (F2)").arg(caption));
   view->setAccessibleName(QStringLiteral("选择%1").arg(caption));
-  view->setFocusPolicy(Qt::TabFocus);
+  view->setFocusPolicy(Qt::NoFocus);  // F2 does the same: the next stop is the next condition
   return view;
 }
 

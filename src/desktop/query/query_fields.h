@@ -41,6 +41,9 @@ class QueryField : public QObject {
   // What was just picked from the list below the field, where it fills in other fields as well.
   virtual void TakePicked(Request& /*request*/) const {}
 
+  // Marks what does not belong to the conditions beside it, as they stand now.
+  virtual void MarkStranger() {}
+
   // The conditions that others belong to, as the fields hold them at the moment.
   void SetOwners(std::function<Request()> owners) { owners_ = std::move(owners); }
 
@@ -49,6 +52,8 @@ class QueryField : public QObject {
   // Another account or class was chosen by hand: fields that offer what belongs to it follow.
   void ownerChanged();
   void pickedWithOthers();
+  // A name was chosen by hand: fields whose names belong to it look whether theirs still do.
+  void memberChanged();
   void unreadable(const tz::DbError& error);
 
  protected:

@@ -25,6 +25,7 @@ class ReferenceField : public QueryField {
     edit_->setAccessibleName(toQt(spec.caption));
     if (spec.all) edit_->setPlaceholderText(toQt(allMembers));
     edit_->SetReader([this] { return ReadNames(); });
+    connect(edit_, &NameEdit::memberChanged, this, &QueryField::memberChanged);
     auto* layout = rowLayout(row_);
     layout->setSpacing(4);
     if (class_ != nullptr) layout->addWidget(class_, 1);
@@ -114,6 +115,15 @@ class PersonField : public ReferenceField {
     return true;
   }
   void TakePicked(Request& request) const override { setMember(request, ParameterKey::dept, pickedDept_); }
+  void MarkStranger() override {
+    const MemberChoice person = Edit()->Member();
+    const Request owners = Owners();
+    if (person.text.empty() || owners.text(ParameterKey::dept).empty()) return Edit()->SetStranger(false);
+    const Names persons = Edit()->List();
+    if (persons == nullptr) return;
+    const int dept = persons->PlaceOfGroup(owners.member(ParameterKey::dept));
+    Edit()->SetStranger(dept >= 0 && !persons->HasInGroup(person, dept));
+  }
 
  protected:
   [[nodiscard]] NameList Read(const CQnCwDB& db) const override { return personNames(db); }

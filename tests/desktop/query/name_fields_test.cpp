@@ -12,6 +12,7 @@
 #include "desktop/support/member_ledger.h"
 #include "desktop/support/person_ledger.h"
 #include "desktop/support/window_script.h"
+#include "desktop/theme/theme.h"
 #include "support/namesakes.h"
 
 namespace tz::test {
@@ -77,6 +78,7 @@ TEST_F(NameFields, ArePickedFromWhatIsFoundByKeysAndByClicks) {
     typeName(window, "2111", "P02");
     pressKey(window, Qt::Key_Tab);
     EXPECT_EQ(nameField(window, "2111").text(), "李四");
+    EXPECT_EQ(focusOf(window), "2201") << "F2 does what the button beside the name does";
     // Somebody of another department brings it along; a click goes on as a key does.
     typeName(window, "2111", "zhaoliu");
     ASSERT_EQ(found(), QStringList("P05 赵六　采购部"));
@@ -90,6 +92,87 @@ TEST_F(NameFields, ArePickedFromWhatIsFoundByKeysAndByClicks) {
   EXPECT_EQ(messages.takeLast(), "");
   EXPECT_EQ(request.member(ParameterKey::person).id, 5);
   EXPECT_EQ(request.member(ParameterKey::dept).id, 15);
+}
+
+// On a box to tick, its sign.
+QPoint placeIn(const QWidget& target) { return {8, target.height() / 2}; }
+
+// A press where it arrives while a list is open: at the list, which has the mouse.
+void clickBeside(QWidget& target) {
+  QWidget* list = QApplication::activePopupWidget();
+  ASSERT_NE(list, nullptr);
+  QTest::mousePress(list, Qt::LeftButton, {}, list->mapFromGlobal(target.mapToGlobal(placeIn(target))));
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  QTest::mouseRelease(&target, Qt::LeftButton, {}, placeIn(target));
+}
+
+bool isMarked(const QWidget& window, const char* id) {
+  return nameField(window, id).palette().color(QPalette::Text) == currentTheme().negative;
+}
+
+// What lies beside an open list is one click away; a list that nobody asked for is not open.
+TEST_F(NameFields, AListIsNeverInTheWayOfTheNextField) {
+  PersonLedger ledger;
+  EXPECT_TRUE(run(findReport(10190)->dialog, ledger.session(), [](QWidget& window) {
+    auto& unposted = control<QAbstractButton>(window, "2601");
+    typeName(window, "8052", "cgb");
+    clickBeside(unposted);
+    EXPECT_TRUE(unposted.isChecked());
+    EXPECT_EQ(nameField(window, "8052").text(), "采购部");
+    typeName(window, "2111", "P05");
+    clickBeside(nameField(window, "8052"));
+    EXPECT_EQ(focusOf(window), "8052");
+    // Where the platform itself presses again behind a list that closes, it is one press all the same.
+    typeName(window, "8052", "cgb");
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, unposted.mapTo(&window, placeIn(unposted)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !unposted.isChecked(); }));
+    unposted.setChecked(true);
+    nameField(window, "8052").setFocus();
+    nameField(window, "8052").selectAll();
+    pressKey(window, Qt::Key_Delete);
+    EXPECT_TRUE(found().empty());
+    pressKey(window, Qt::Key_Down);
+    EXPECT_EQ(found().size(), 6);
+    pressKey(window, Qt::Key_Escape);
+    EXPECT_EQ(nameField(window, "8052").text(), "采购部") << "what was chosen before";
+    typeName(window, "8052", "xs");
+    pressKey(window, Qt::Key_Escape);
+    EXPECT_EQ(nameField(window, "8052").text(), "采购部");
+    for (const char* field : {"2206", "8052"}) {
+      control<QWidget>(window, QString::fromLatin1(field)).setFocus();
+      pressKey(window, Qt::Key_F, Qt::AltModifier);
+    }
+    EXPECT_EQ(control<CUsefulCombox>(window, "2206").currentText(), "1221 其他应收款");
+    EXPECT_EQ(nameField(window, "8052").text(), "采购部");
+    typeName(window, "2111", "P05");
+    clickBeside(control<QWidget>(window, "1"));
+  }));
+  EXPECT_EQ(messages.takeLast(), "");
+  EXPECT_EQ(request.member(ParameterKey::person).id, 5);
+}
+
+TEST_F(NameFields, APersonOfAnotherDepartmentIsMarked) {
+  PersonLedger ledger;
+  request.choose(ParameterKey::dept, {"销售部", 12});
+  request.choose(ParameterKey::person, {"李四", 2});
+  EXPECT_FALSE(run(findReport(10190)->dialog, ledger.session(), [](QWidget& window) {
+    const auto markedIn = [&](const char* dept) {
+      typeName(window, "8052", QString::fromUtf8(dept));
+      pressKey(window, Qt::Key_Return);
+      EXPECT_EQ(nameField(window, "2111").text(), "李四");
+      return isMarked(window, "2111");
+    };
+    EXPECT_FALSE(isMarked(window, "2111"));
+    EXPECT_TRUE(markedIn("财务部"));
+    EXPECT_FALSE(markedIn("02"));
+    inModal([](QWidget& reference) {
+      QTest::keyClicks(&control<QLineEdit>(reference, "search"), "cgb");
+      QTest::keyClick(&control<QLineEdit>(reference, "search"), Qt::Key_Return);
+    });
+    click(window, "2006");
+    EXPECT_TRUE(isMarked(window, "2111"));
+    click(window, "2");
+  }));
 }
 
 // Text that was not taken means a name only when it can mean no other; what stands for nothing is refused and stays.

@@ -99,6 +99,7 @@ TEST_F(WindowMonths, WhatIsPickedAboveTheTableLeadsOn) {
   report.type("2207", "cgb");
   EXPECT_EQ(report.shown("2207"), "采购部");
   EXPECT_EQ(report.window().focusWidget(), &report.combo("2208")) << "the person is asked for next";
+  for (const char* left : {"2206", "2207"}) EXPECT_EQ(report.combo(left).lineEdit()->cursorPosition(), 0) << left;
   report.type("2208", "zl");
   EXPECT_NE(report.window().Shown()->report.subtitle.find("122105 样机款"), std::string::npos);
 }
@@ -136,6 +137,9 @@ TEST_F(WindowMonths, TheLastConditionsAreOfferedFirst) {
     EXPECT_EQ(control<CUsefulCombox>(dialog, "2202").CurrentDatum(), 12);
     QTest::keyClick(dialog.focusWidget(), Qt::Key_3, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return control<CUsefulCombox>(dialog, "2202").CurrentDatum() == 3; }));
+    for (const auto* one : dialog.findChildren<CUsefulCombox*>()) {
+      EXPECT_EQ(one->lineEdit()->hasSelectedText(), one->hasFocus()) << "only the field with the focus looks so";
+    }
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return, Qt::ControlModifier);
   });
   EXPECT_TRUE(next.OnCommandQuery());
