@@ -25,8 +25,15 @@ namespace {
 constexpr int progressWidth = 140;
 constexpr int progressHeight = 6;
 constexpr int narrowestMessage = 110;
+constexpr int newsTime = 6000;  // milliseconds
 
 QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
+
+QString rowsText(qint64 shown, qint64 rows) {
+  if (rows == 0) return QStringLiteral("没有记录");
+  const QString all = QStringLiteral("共 %1 行").arg(grouped(rows));
+  return shown == rows ? all : all + QStringLiteral("，显示 %1 行").arg(grouped(shown));
+}
 
 }  // namespace
 
@@ -53,7 +60,12 @@ ReportStatus::ReportStatus(QWidget* parent)
       openFolder_(new QToolButton(this)),
       selection_(new ElidedLabel(this)),
       progress_(new QProgressBar(this)),
-      stop_(new QToolButton(this)) {
+      stop_(new QToolButton(this)),
+      news_(new QTimer(this)) {
+  news_->setObjectName(QStringLiteral("news"));
+  news_->setSingleShot(true);
+  news_->setInterval(newsTime);
+  connect(news_, &QTimer::timeout, this, &ReportStatus::Rest);
   remarks_->setObjectName(QStringLiteral("remarks"));
   remarks_->setTextFormat(Qt::PlainText);
   remarks_->setWordWrap(true);
@@ -125,6 +137,8 @@ void ReportStatus::resizeEvent(QResizeEvent* event) {
 QWidget* ReportStatus::StopButton() const { return stop_; }
 
 void ReportStatus::SetMessage(const QString& text, bool failure) {
+  news_->stop();
+  rests_ = false;
   message_->SetShown(text);
   failure_ = failure;
   openFile_->hide();
@@ -133,9 +147,29 @@ void ReportStatus::SetMessage(const QString& text, bool failure) {
   if (failure) announce(message_);
 }
 
+void ReportStatus::Rest() {
+  SetMessage(lasting_, false);
+  rests_ = true;
+}
+
+void ReportStatus::ShowMessage(const QString& text) {
+  lasting_ = text;
+  Rest();
+}
+
 void ReportStatus::ShowNews(const QString& text) {
   SetMessage(text, false);
   announce(message_);
+  news_->start();
+}
+
+void ReportStatus::EndNews() {
+  if (news_->isActive()) Rest();
+}
+
+// A window without rows keeps the reason.
+void ReportStatus::EndFailure() {
+  if (failure_ && !lasting_.isEmpty()) Rest();
 }
 
 void ReportStatus::ShowExported(const QString& path) {
@@ -188,13 +222,18 @@ void ReportStatus::changeEvent(QEvent* event) {
 }
 
 void ReportStatus::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
-  SetMessage(rows == 0 ? QStringLiteral("没有记录") : QStringLiteral("共 %1 行").arg(grouped(rows)), false);
+  ShowMessage(rowsText(rows, rows));
   QStringList lines;
   for (const Notice& notice : notices) {
     if (!notice.warns()) lines.append(QStringLiteral("※ ") + toQt(notice.text));
   }
   remarks_->setText(lines.join(QLatin1Char('\n')));
   remarks_->setVisible(!lines.isEmpty());
+}
+
+void ReportStatus::ShowShown(std::int64_t shown, std::int64_t rows) {
+  lasting_ = rowsText(shown, rows);
+  if (rests_ || news_->isActive()) Rest();
 }
 
 void ReportStatus::ShowSubject(const QString& text) const {
@@ -216,7 +255,9 @@ void ReportStatus::CopySelection() {
 }
 
 void ReportStatus::BeginWork(const QString& text) {
+  EndNews();
   messageBefore_ = message_->text();
+  restedBefore_ = rests_;
   failureBefore_ = failure_;
   workText_ = text;
 }
@@ -231,7 +272,10 @@ void ReportStatus::ShowProgress(qint64 done, qint64 of) {
 }
 
 void ReportStatus::EndWork() {
-  if (!progress_->isHidden()) SetMessage(messageBefore_, failureBefore_);
+  if (!progress_->isHidden()) {
+    SetMessage(messageBefore_, failureBefore_);
+    rests_ = restedBefore_;
+  }
   progress_->hide();
   stop_->hide();
 }

@@ -2,6 +2,7 @@
 // work runs, how far it is and how to stop it. Above it stand the report's remarks.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <cstdint>
 #include <string>
@@ -28,6 +29,8 @@ class ReportStatus : public QWidget {
   explicit ReportStatus(QWidget* parent);
 
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
+  // How many of them a filter and folding leave; stands wherever the number of rows does.
+  void ShowShown(std::int64_t shown, std::int64_t rows);
   // What the report is about.
   void ShowSubject(const QString& text) const;
   // Which lines are selected.
@@ -35,11 +38,13 @@ class ReportStatus : public QWidget {
   // Puts what it says of them on the clipboard.
   void CopySelection();
   // Instead of the number of rows, until the next report.
-  void ShowMessage(const QString& text) { SetMessage(text, false); }
-  // The same, told at once to a screen reader.
+  void ShowMessage(const QString& text);
+  // Told at once to a screen reader; gives way to what stood there for good after some seconds, or when it is passed.
   void ShowNews(const QString& text);
-  // The tip also holds the database's own words.
+  void EndNews();
+  // Stays until the next command or report. The tip also holds the database's own words.
   void ShowFailure(const QString& text, const QString& detail = {});
+  void EndFailure();
   // A file that was written, with the buttons that open it and its folder.
   void ShowExported(const QString& path);
 
@@ -57,6 +62,8 @@ class ReportStatus : public QWidget {
 
  private:
   void SetMessage(const QString& text, bool failure);
+  // Back to what stands for good.
+  void Rest();
   void PaintMessage();
   void KeepHeight();
   void ShareRoom() const;
@@ -74,7 +81,11 @@ class ReportStatus : public QWidget {
   QString exported_;
   QString workText_;
   QString messageBefore_;
+  QString lasting_;
+  QTimer* news_;
+  bool rests_ = true;
   bool failure_ = false;
+  bool restedBefore_ = true;
   bool failureBefore_ = false;
 };
 

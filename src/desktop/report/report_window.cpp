@@ -99,15 +99,19 @@ void ReportWindow::LayOut() {
 void ReportWindow::ConnectParts() {
   connect(&heading_->Conditions(), &ConditionCombos::chosen, this, &ReportWindow::OnConditionChosen);
   connect(&heading_->Conditions(), &ConditionCombos::monthsChosen, this, &ReportWindow::OnMonthsChosen);
-  connect(&heading_->Conditions(), &ConditionCombos::told, status_, &ReportStatus::ShowMessage);
+  connect(&heading_->Conditions(), &ConditionCombos::told, status_, &ReportStatus::ShowNews);
   connect(heading_, &ReportHeading::formatChosen, this, &ReportWindow::OnFormatChosen);
   connect(view_, &GridView::selectionSummaryChanged, status_, &ReportStatus::ShowSelection);
+  connect(view_, &GridView::shownRowsChanged, this, [this] {
+    if (shown_ && !awaitsPerson_) status_->ShowShown(view_->Rows().Count(), view_->RowCount());
+  });
   connect(view_, &GridView::told, status_, &ReportStatus::ShowNews);
   connect(view_, &GridView::rowActivated, this, &ReportWindow::OnRowActivated);
   connect(view_, &GridView::cellClicked, this, [this](qint64 row, int column) {
     if (feature_ != nullptr) feature_->OnClicked(row, column);
   });
   view_->installEventFilter(this);
+  view_->viewport()->installEventFilter(this);
   auto* copySums = new QAction(QStringLiteral("复制选中分录的合计(&S)"), view_);
   connect(copySums, &QAction::triggered, status_, &ReportStatus::CopySelection);
   view_->addAction(copySums);
@@ -231,6 +235,7 @@ void ReportWindow::Show(ComputedReport computed) {
 
 void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
   status_->ShowRows(rows, notices);
+  status_->ShowShown(view_->Rows().Count(), rows);
   warnings_->ShowWarnings(notices);
 }
 

@@ -72,6 +72,7 @@ void ReportWindow::EnableCommands() {
 void ReportWindow::OnCommand(int id) {
   const int command = id == helpCommand ? static_cast<int>(WindowCommand::help) : id;
   if (Waits(command)) return;
+  status_->EndFailure();
   if (feature_ != nullptr && feature_->OnCommand(command)) return;
   const ReportCommand* known = findReportCommand(command);
   if (known != nullptr && known->HasAction(definition_)) (this->*known->action)();
@@ -84,6 +85,8 @@ void ReportWindow::OnRowActivated(qint64 row) {
 
 bool ReportWindow::eventFilter(QObject* receiver, QEvent* event) {
   const bool key = receiver == view_ && event->type() == QEvent::KeyPress;
+  const bool click = event->type() == QEvent::MouseButtonPress && receiver == view_->viewport();
+  if (key || click) status_->EndNews();
   if (key && feature_ != nullptr && feature_->OnKey(static_cast<QKeyEvent&>(*event))) return true;
   return ProcessWindow::eventFilter(receiver, event);
 }
@@ -120,7 +123,7 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
     if (whole) {
       status_->ShowExported(target.path);
     } else {
-      status_->ShowMessage(QStringLiteral("输出已停止，没有写入文件"));
+      status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));
     }
   } catch (const OutputError& error) {
     TellFailure(error);

@@ -87,6 +87,10 @@ TEST_F(ExportTest, ProposesSubjectAndPeriodInTheLastFolderAndOpensWhatItWrote) {
   click(*window_, "openFile");
   EXPECT_NE(status().find("已经不在"), std::string::npos) << status();
   EXPECT_FALSE(folderButton.isVisible());
+  QTest::keyClick(&window_->Grid(), Qt::Key_Down);
+  EXPECT_NE(status().find("已经不在"), std::string::npos) << status();
+  QTest::keyClick(&window_->Grid(), Qt::Key_Return);
+  EXPECT_TRUE(status().starts_with("共 ")) << "the next command is not followed by an old failure: " << status();
 }
 
 TEST_F(ExportTest, TheKindOfFileThatIsChosenIsWritten) {
