@@ -56,10 +56,27 @@ void GridRows::Update() {
   shown_.Hide(hidden);
 }
 
-// A month that is folded keeps its totals, or nothing would be left of it.
+BarredRows GridRows::Barred() const {
+  const std::int64_t rows = grid_ == nullptr ? 0 : grid_->GetRows();
+  BarredRows barred{.byFilter = RowBits(rows), .monthTotals = RowBits(rows)};
+  if (hidesMonthTotals_ && blocks_.HasMonths()) HideTotalsOfMonths(barred.monthTotals);
+  if (kept_) HideUnkept(barred.byFilter);
+  return barred;
+}
+
+bool GridRows::FoldsKept() const {
+  return kept_ && std::ranges::any_of(blocks_.Tiers(), [this](const GridBlocks::Tier& tier) {
+           return std::ranges::any_of(tier, [this](const GridBlock& block) {
+             return block.folded && block.folds() && kept_->AnyIn(block.bodyFirst(), block.bodyLast);
+           });
+         });
+}
+
+// A month that is folded keeps the total that stands for it.
 void GridRows::HideTotalsOfMonths(RowBits& hidden) const {
   for (const GridBlock& month : blocks_.Tiers().back()) {
-    if (!month.folded) hidden.SetRange(month.bodyLast + 1, month.last);
+    const std::int64_t first = month.folded ? month.title() + 1 : month.bodyLast + 1;
+    if (first <= month.last) hidden.SetRange(first, month.last);
   }
 }
 

@@ -10,6 +10,12 @@
 
 namespace tz {
 
+// Rows that opening blocks does not show.
+struct BarredRows {
+  RowBits byFilter;
+  RowBits monthTotals;
+};
+
 class GridRows {
  public:
   // Null is a grid without rows. Blocks open, but for those that the outline folds; a filter is dropped.
@@ -29,6 +35,9 @@ class GridRows {
   // shown. Blocks open when a filter begins.
   void SetKept(std::optional<RowBits> kept);
   [[nodiscard]] bool Filtered() const { return kept_.has_value(); }
+  [[nodiscard]] BarredRows Barred() const;
+  // Whether lines that the filter keeps lie in folded blocks.
+  [[nodiscard]] bool FoldsKept() const;
 
  private:
   void Update();

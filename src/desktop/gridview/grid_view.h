@@ -81,9 +81,13 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] QStringList OutlineNames() const;
   [[nodiscard]] int Outline() const { return rowState_.Outline(); }
   void SetOutline(int outline);
-  // "本月合计" and "本年累计".
+  // "本月合计" and "本年累计"; a folded month keeps the one that stands for it.
   [[nodiscard]] bool MonthTotalsHidden() const { return rowState_.MonthTotalsHidden(); }
   void HideMonthTotals(bool hide);
+  // Opens the folded blocks in which a row is hidden.
+  void Reveal(std::int64_t row);
+  [[nodiscard]] BarredRows Barred() const { return rowState_.Barred(); }
+  [[nodiscard]] bool FoldsKept() const { return rowState_.FoldsKept(); }
   // To the next block or to the one before; false when there is none.
   bool GoToBlock(bool next);
   // The lines that a filter keeps; without a value every line. All blocks open for a filter.
@@ -127,7 +131,7 @@ class GridView : public QAbstractScrollArea {
   void rowActivated(qint64 row);
   // A cell was clicked, and is current now.
   void cellClicked(qint64 row, int column);
-  // Rows like this cell's are to be shown alone; the menu offers it when somebody listens.
+  // Lines like this cell's are to be shown alone; the menu offers it when somebody listens and a filter keeps them.
   void filterByWanted(qint64 row, int column);
   // Columns were moved, hidden or shown.
   void columnsArranged();
@@ -179,6 +183,7 @@ class GridView : public QAbstractScrollArea {
   bool TakeBlockKey(const QKeyEvent& event);
   bool TakeTyping(const QKeyEvent& event);
   void Fold(const GridBlock& block, bool folded);
+  [[nodiscard]] bool ShowsMonths(bool folded) const;
   // Shows other rows; the current one, or that which takes its place, stays where it is in the window.
   void ChangeRows(const std::function<void()>& change);
   // What is current and selected is among the rows that are shown.

@@ -142,6 +142,15 @@ bool GridView::OpenAtCurrent() {
   return true;
 }
 
+void GridView::Reveal(std::int64_t row) {
+  if (rows_.Shows(row) || Blocks().FoldedAround(row) == nullptr) return;
+  ChangeRows([&] {
+    const GridBlock* block = Blocks().FoldedAround(row);
+    for (; block != nullptr && !rows_.Shows(row); block = Blocks().FoldedAround(row))
+      rowState_.SetFolded(*block, false);
+  });
+}
+
 QStringList GridView::OutlineNames() const {
   QStringList names{QStringLiteral("全部")};
   const auto& tiers = Blocks().Tiers();
@@ -164,7 +173,20 @@ void GridView::SetOutline(int outline) {
 
 void GridView::HideMonthTotals(bool hide) {
   ChangeRows([&] { rowState_.HideMonthTotals(hide); });
-  emit told(hide ? QStringLiteral("不显示本月合计、本年累计") : QStringLiteral("显示本月合计、本年累计"));
+  const bool folded = ShowsMonths(true);
+  if (hide) {
+    emit told(folded ? QStringLiteral("不显示本年累计；折叠的月份只留本月合计")
+                     : QStringLiteral("不显示本月合计、本年累计"));
+  } else {
+    const bool seen = folded || ShowsMonths(false);
+    emit told(seen ? QStringLiteral("显示本月合计、本年累计") : QStringLiteral("展开后显示本月合计、本年累计"));
+  }
+}
+
+bool GridView::ShowsMonths(bool folded) const {
+  return Blocks().HasMonths() && std::ranges::any_of(Blocks().Tiers().back(), [&](const GridBlock& month) {
+           return month.folded == folded && rows_.Shows(month.title());
+         });
 }
 
 void GridView::SetKept(std::optional<RowBits> kept) {

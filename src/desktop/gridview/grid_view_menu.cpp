@@ -7,6 +7,7 @@
 
 #include "desktop/gridview/column_menu.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/gridview/row_filter.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -57,7 +58,8 @@ void GridView::OpenMenu(QPoint global) {
   add("全选(&A)\tCtrl+A", !Empty(), [this] { SelectAll(); });
   menu->addSeparator();
   if (isSignalConnected(QMetaMethod::fromSignal(&GridView::filterByWanted))) {
-    add("按此筛选(&F)", current.valid(), [=, this] { emit filterByWanted(current.row, current.column); });
+    const bool filters = current.valid() && canFilterBy(*grid_, current.row, current.column);
+    add("按此筛选(&F)", filters, [=, this] { emit filterByWanted(current.row, current.column); });
   }
   add("列宽适合内容(&W)", current.valid(), [=, this] { FitColumn(current.column); });
   auto* columns = makeColumnMenu(*this, current.column, menu);

@@ -40,6 +40,19 @@ std::optional<double> typedAmount(std::string_view typed) {
   return whole ? std::optional(amount) : std::nullopt;
 }
 
+bool canFilterBy(const CTzGrid& grid, std::int64_t row, int column) {
+  if (row < 0 || row >= grid.GetRows() || column < 0 || column >= grid.GetCols()) return false;
+  if (grid.RowKindAt(row) != RowKind::line) return false;
+  const std::string shown = grid.ShownAt(row, column);
+  if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
+    const auto amounts = amountColumns(grid);
+    return typedAmount(shown) && std::ranges::find(amounts, column) != amounts.end();
+  }
+  const bool blank = shown.find_first_not_of(' ') == std::string::npos;
+  const bool lookedAt = !traitsOf(grid.Columns()[static_cast<std::size_t>(column)].kind).isNumber();
+  return !blank && lookedAt && CellMatcher(shown).MatchesText(grid, row, column);
+}
+
 FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter)
     : report_(&report),
       filter_(filter),

@@ -28,6 +28,9 @@ struct RowFilter {
 // none.
 [[nodiscard]] std::optional<double> typedAmount(std::string_view typed);
 
+// Whether a filter by what a cell shows keeps its row: the cell is a line's, and one that filters look at.
+[[nodiscard]] bool canFilterBy(const CTzGrid& grid, std::int64_t row, int column);
+
 class FilterRun {
  public:
   FilterRun() = default;

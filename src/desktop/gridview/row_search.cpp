@@ -5,18 +5,42 @@
 
 namespace tz {
 
-RowSearch::RowSearch(const CTzGrid& grid, const ShownRows& rows, std::vector<int> columns, CellMatcher typed)
-    : grid_(&grid), rows_(&rows), columns_(std::move(columns)), typed_(std::move(typed)), found_(rows.Rows()) {}
+RowSearch::RowSearch(const CTzGrid& grid, BarredRows barred, std::vector<int> columns, CellMatcher typed)
+    : grid_(&grid),
+      columns_(std::move(columns)),
+      typed_(std::move(typed)),
+      barred_(std::move(barred)),
+      found_(grid.GetRows()),
+      open_(grid.GetRows()) {}
+
+void RowSearch::Bar(BarredRows barred) {
+  if (grid_ == nullptr) return;
+  barred_ = std::move(barred);
+  const RowBits unfiltered = found_.Without(barred_.byFilter);
+  open_ = unfiltered.Without(barred_.monthTotals);
+  filtered_ = found_.Count() - unfiltered.Count();
+  inHiddenTotals_ = unfiltered.Count() - open_.Count();
+}
 
 bool RowSearch::Add(std::int64_t cells) {
   if (grid_ == nullptr || columns_.empty()) return true;
   const auto perRow = static_cast<std::int64_t>(columns_.size());
-  const std::int64_t end = std::min(rows_->Count(), next_ + std::max<std::int64_t>(cells / perRow, 1));
+  const std::int64_t end = std::min(found_.Rows(), next_ + std::max<std::int64_t>(cells / perRow, 1));
   for (; next_ < end; ++next_) {
-    const std::int64_t row = rows_->RowAt(next_);
-    if (ColumnOf(row) >= 0) found_.Set(row);
+    if (ColumnOf(next_) >= 0) AddFound(next_);
   }
-  return next_ == rows_->Count();
+  return next_ == found_.Rows();
+}
+
+void RowSearch::AddFound(std::int64_t row) {
+  found_.Set(row);
+  if (barred_.byFilter.At(row)) {
+    ++filtered_;
+  } else if (barred_.monthTotals.At(row)) {
+    ++inHiddenTotals_;
+  } else {
+    open_.Set(row);
+  }
 }
 
 int RowSearch::ColumnOf(std::int64_t row) const {
@@ -25,14 +49,14 @@ int RowSearch::ColumnOf(std::int64_t row) const {
 }
 
 std::int64_t RowSearch::After(std::int64_t row) const {
-  std::int64_t found = found_.Next(std::max<std::int64_t>(row, 0), true);
-  if (found == found_.Rows()) found = found_.Next(0, true);
-  return found == found_.Rows() ? -1 : found;
+  std::int64_t found = open_.Next(std::max<std::int64_t>(row, 0), true);
+  if (found == open_.Rows()) found = open_.Next(0, true);
+  return found == open_.Rows() ? -1 : found;
 }
 
 std::int64_t RowSearch::Before(std::int64_t row) const {
-  const std::int64_t found = found_.Previous(row - 1);
-  return found >= 0 ? found : found_.Previous(found_.Rows() - 1);
+  const std::int64_t found = open_.Previous(row - 1);
+  return found >= 0 ? found : open_.Previous(open_.Rows() - 1);
 }
 
 }  // namespace tz

@@ -56,6 +56,12 @@ std::int64_t RowBits::Previous(std::int64_t row) const {
   return -1;
 }
 
+RowBits RowBits::Without(const RowBits& others) const {
+  RowBits left = *this;
+  for (std::size_t word = 0; word < words_.size(); ++word) left.words_[word] &= ~others.words_[word];
+  return left;
+}
+
 void ShownRows::ShowAll(std::int64_t rows) {
   all_ = true;
   rows_ = count_ = rows;

@@ -26,6 +26,8 @@ class RowBits {
   [[nodiscard]] std::int64_t Next(std::int64_t row, bool set) const;
   // The next one from `row` upwards whose bit is set; -1 when there is none.
   [[nodiscard]] std::int64_t Previous(std::int64_t row) const;
+  // Those of these that are not among others of as many rows.
+  [[nodiscard]] RowBits Without(const RowBits& others) const;
 
  private:
   [[nodiscard]] static std::size_t WordOf(std::int64_t row) { return static_cast<std::size_t>(row) / 64; }

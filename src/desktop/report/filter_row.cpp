@@ -58,7 +58,7 @@ FilterRow::FilterRow(QWidget* parent)
   outlineLine_ = new QHBoxLayout;
   outlineLine_->setSpacing(4);
   monthTotals_->setObjectName(QStringLiteral("monthTotals"));
-  monthTotals_->setToolTip(QStringLiteral("显示本月合计、本年累计 (Ctrl+M)"));
+  monthTotals_->setToolTip(QStringLiteral("显示本月合计、本年累计；折叠的月份总留本月合计 (Ctrl+M)"));
   note_->setObjectName(QStringLiteral("filterNote"));
   note_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -97,10 +97,23 @@ QLineEdit* FilterRow::AddField(QHBoxLayout& line, const char* id, const QString&
   return field;
 }
 
-void FilterRow::Fill(const QString& text, const QString& from, const QString& to) {
+void FilterRow::NarrowToText(const QString& text) {
   text_->setText(text);
-  from_->setText(from);
-  to_->setText(to);
+  if (problem_) {
+    from_->clear();
+    to_->clear();
+  }
+  Read();
+}
+
+void FilterRow::NarrowToAmount(const QString& amount) {
+  from_->setText(amount);
+  to_->setText(amount);
+  Read();
+}
+
+void FilterRow::Clear() {
+  for (QLineEdit* field : {text_, from_, to_}) field->clear();
   const QSignalBlocker quiet(unposted_);
   unposted_->setChecked(false);
   Read();
@@ -135,13 +148,15 @@ std::optional<double> FilterRow::ReadAmount(QLineEdit& field, QString& problem) 
   return amount;
 }
 
-void FilterRow::ShowResult(qint64 shown, qint64 lines) {
+void FilterRow::ShowResult(qint64 kept, qint64 lines, bool folded) {
   if (problem_) return;
   if (filter_.empty()) {
     Tell({}, false);
     return;
   }
-  Tell(QStringLiteral("显示 %1 条，隐藏 %2 条分录。合计为全部分录").arg(counted(shown), counted(lines - shown)), false);
+  const QString text = folded ? QStringLiteral("%1 条符合，折叠的未显示；隐藏 %2 条分录。合计为全部分录")
+                              : QStringLiteral("显示 %1 条，隐藏 %2 条分录。合计为全部分录");
+  Tell(text.arg(counted(kept), counted(lines - kept)), false);
 }
 
 void FilterRow::Tell(const QString& text, bool problem) {

@@ -24,11 +24,12 @@ class FilterRow : public QWidget {
 
   // What is typed, but for amounts that are none.
   [[nodiscard]] const RowFilter& Filter() const { return filter_; }
-  // Takes the place of what is typed.
-  void Fill(const QString& text, const QString& from, const QString& to);
-  void Clear() { Fill({}, {}, {}); }
-  // How many lines of all are shown.
-  void ShowResult(qint64 shown, qint64 lines);
+  // What else is typed stays, but for amounts that are none.
+  void NarrowToText(const QString& text);
+  void NarrowToAmount(const QString& amount);
+  void Clear();
+  // How many lines of all are kept, and whether some of them are folded away.
+  void ShowResult(qint64 kept, qint64 lines, bool folded);
   // What can be shown of the blocks, and what is; of month totals only where there are any.
   void ShowOutline(const QStringList& names, int chosen, bool hasMonths, bool monthTotals);
 

@@ -49,10 +49,7 @@ GridTools::GridTools(GridView& view, QVBoxLayout& body, bool findIsFree)
   connect(locateBar_, &LocateBar::previousWanted, this, [this] { GoTo(-1); });
   connect(locateBar_, &LocateBar::closed, this, &GridTools::EndLocating);
   connect(&view_, &GridView::refreshed, this, &GridTools::OnRefreshed);
-  connect(&view_, &GridView::shownRowsChanged, this, [this] {
-    ShowOutline();
-    if (!locateBar_->isHidden()) BeginSearch();
-  });
+  connect(&view_, &GridView::shownRowsChanged, this, &GridTools::OnRowsChanged);
   connect(&view_, &GridView::filterByWanted, this, &GridTools::FilterBy);
   connect(&view_, &GridView::typed, this, &GridTools::Locate);
   connect(&view_, &GridView::composing, this, &GridTools::Compose);
@@ -88,15 +85,13 @@ void GridTools::ShowFilter(bool shown) {
 
 void GridTools::FilterBy(qint64 row, int column) {
   const ComputedReport* report = view_.Report();
-  if (report == nullptr) return;
-  const CTzGrid& grid = report->grid;
-  const QString shown = toQt(grid.ShownAt(row, column));
-  if (shown.isEmpty()) return;
+  if (report == nullptr || !canFilterBy(report->grid, row, column)) return;
+  const QString shown = toQt(report->grid.ShownAt(row, column));
   filterAction_->setChecked(true);
-  if (grid.TypeAt(row, column) == CTzGrid::CellType::number) {
-    filterRow_->Fill({}, shown, shown);
+  if (report->grid.TypeAt(row, column) == CTzGrid::CellType::number) {
+    filterRow_->NarrowToAmount(shown);
   } else {
-    filterRow_->Fill(shown, {}, {});
+    filterRow_->NarrowToText(shown);
   }
 }
 
@@ -106,7 +101,7 @@ void GridTools::BeginFilter() {
   const RowFilter& filter = filterRow_->Filter();
   if (report == nullptr || filter.empty()) {
     if (report != nullptr) view_.SetKept(std::nullopt);
-    filterRow_->ShowResult(0, 0);
+    filterRow_->ShowResult(0, 0, false);
     return;
   }
   filterRun_ = FilterRun(*report, filter);
@@ -117,9 +112,7 @@ void GridTools::BeginFilter() {
 void GridTools::GoOnFiltering() {
   if (!workOn([this] { return filterRun_.Add(sliceCells); })) return;
   filtering_.stop();
-  const qint64 kept = filterRun_.Kept().Count();
   view_.SetKept(filterRun_.Kept());
-  filterRow_->ShowResult(kept, filterRun_.Lines());
 }
 
 void GridTools::ShowOutline() {
@@ -139,6 +132,23 @@ void GridTools::OnRefreshed() {
   ShowOutline();
   if (!filterRow_->Filter().empty()) BeginFilter();
   if (!locateBar_->isHidden()) BeginSearch();
+}
+
+// What was found stays found; where one cannot go to it any more, the next place takes its turn.
+void GridTools::OnRowsChanged() {
+  ShowOutline();
+  if (!filtering_.isActive()) filterRow_->ShowResult(filterRun_.Kept().Count(), filterRun_.Lines(), view_.FoldsKept());
+  if (locateBar_->isHidden() || view_.Report() == nullptr || locateBar_->Text().trimmed().isEmpty()) return;
+  search_.Bar(view_.Barred());
+  if (reached_ >= 0 && !search_.Has(reached_)) {
+    from_ = reached_;
+    reached_ = -1;
+  }
+  if (reached_ < 0 && searched_) {
+    GoTo(0);
+  } else {
+    ShowPlace(reached_);
+  }
 }
 
 void GridTools::OnEscaped() {
@@ -169,10 +179,10 @@ void GridTools::BeginSearch() {
   view_.Mark(typed);
   search_ = {};
   if (report == nullptr || typed.empty()) {
-    locateBar_->ShowResult(-1, 0, false);
+    locateBar_->ShowResult({});
     return;
   }
-  search_ = RowSearch(report->grid, view_.Rows(), view_.Columns().Shown(), typed);
+  search_ = RowSearch(report->grid, view_.Barred(), view_.Columns().Shown(), typed);
   searched_ = false;
   searching_.start(0, this);
   GoOnSearching();
@@ -199,14 +209,18 @@ void GridTools::GoTo(int step) {
   const std::int64_t row = step < 0 ? search_.Before(at) : search_.After(reached_ >= 0 && step > 0 ? at + 1 : at);
   if (row >= 0) {
     reached_ = row;
+    view_.Reveal(row);
     view_.SetCurrent(row, search_.ColumnOf(row));
   }
   ShowPlace(row);
 }
 
 void GridTools::ShowPlace(std::int64_t row) {
-  const qint64 number = row < 0 ? -1 : search_.NumberOf(row);
-  locateBar_->ShowResult(number, search_.Found(), searched_);
+  locateBar_->ShowResult({.number = row < 0 ? -1 : search_.NumberOf(row),
+                          .found = search_.Found(),
+                          .filtered = search_.Filtered(),
+                          .inHiddenTotals = search_.InHiddenTotals(),
+                          .finished = searched_});
 }
 
 void GridTools::EndLocating() {

@@ -42,6 +42,7 @@ class GridTools : public QObject {
   void GoOnFiltering();
   void ShowOutline();
   void OnRefreshed();
+  void OnRowsChanged();
   void OnEscaped();
 
   void Locate(const QString& text);

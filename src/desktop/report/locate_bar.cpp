@@ -80,11 +80,17 @@ void LocateBar::Compose(QInputMethodEvent& event) {
 
 QString LocateBar::Text() const { return field_->text(); }
 
-void LocateBar::ShowResult(qint64 number, qint64 of, bool finished) {
-  QString text;
-  if (number > 0) text = QStringLiteral("第 %1 处").arg(grouping(number));
-  if (number > 0 && finished) text += QStringLiteral("，共 %1 处").arg(grouping(of));
-  if (of == 0 && finished && !field_->text().isEmpty()) text = QStringLiteral("没有找到");
+void LocateBar::ShowResult(const Located& located) {
+  const auto& [number, found, filtered, inHiddenTotals, finished] = located;
+  QStringList parts;
+  if (number > 0 && !finished) parts.append(QStringLiteral("第 %1 处").arg(grouping(number)));
+  if (number > 0 && finished) parts.append(QStringLiteral("第 %1 处，共 %2 处").arg(grouping(number), grouping(found)));
+  if (finished && found == 0 && !Text().trimmed().isEmpty()) parts.append(QStringLiteral("没有找到"));
+  if (finished && filtered > 0) parts.append(QStringLiteral("另有 %1 处被筛选隐藏").arg(grouping(filtered)));
+  if (finished && inHiddenTotals > 0) {
+    parts.append(QStringLiteral("另有 %1 处在不显示的月合计、年累计里").arg(grouping(inHiddenTotals)));
+  }
+  const QString text = parts.join(QStringLiteral("；"));
   const bool news = finished && text != result_->text();
   result_->SetShown(text);
   if (news) announce(result_);

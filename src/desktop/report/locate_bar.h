@@ -11,6 +11,14 @@ namespace tz {
 
 class ElidedLabel;
 
+struct Located {
+  qint64 number = -1;  // of the place that is reached, counted from 1; -1 while there is none
+  qint64 found = 0;    // that can be gone to
+  qint64 filtered = 0;
+  qint64 inHiddenTotals = 0;
+  bool finished = false;  // all rows were looked at
+};
+
 class LocateBar : public QWidget {
   Q_OBJECT
 
@@ -22,8 +30,7 @@ class LocateBar : public QWidget {
   // A text is being composed elsewhere: it is seen here, and goes on here once its first part is finished.
   void Compose(QInputMethodEvent& event);
   [[nodiscard]] QString Text() const;
-  // Counted from 1; -1 while there is none yet. Of none it says that nothing was found.
-  void ShowResult(qint64 number, qint64 of, bool finished);
+  void ShowResult(const Located& located);
 
  signals:
   void textChanged(const QString& text);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolButton>
 
 #include "desktop/gridview/grid_view.h"
@@ -120,7 +121,22 @@ TEST_F(ReportBlocks, BlocksFoldToTheirTotalsByKeysSignsAndLevels) {
   Window().Recompute();
   EXPECT_TRUE(ShownSummaries().contains("本月合计"));
   EXPECT_EQ(View().Rows().Shows(NextOf(RowKind::line, 0)), false);
+  ASSERT_TRUE(ShownSummaries().contains("本年累计"));
+  Press(Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(Told("status"), "不显示本年累计；折叠的月份只留本月合计");
+  EXPECT_TRUE(ShownSummaries().contains("本月合计") && !ShownSummaries().contains("本年累计"));
+  // The news gives way to the number of rows by itself, and when one goes on.
+  const std::string counted =
+      "共 " + std::to_string(rows) + " 行，显示 " + std::to_string(View().Rows().Count()) + " 行";
+  control<QTimer>(Window(), "news").setInterval(1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Told("status") == counted; })) << Told("status");
+  control<QTimer>(Window(), "news").setInterval(60'000);
+  Press(Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(Told("status"), "显示本月合计、本年累计");
   Press(Qt::Key_1, Qt::ControlModifier);
+  EXPECT_EQ(Told("status"), "已全部展开");
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Told("status"), "共 " + std::to_string(rows) + " 行");
   EXPECT_EQ(View().Rows().Count(), rows);
   Press(Qt::Key_M, Qt::ControlModifier);
   EXPECT_FALSE(ShownSummaries().contains("本月合计") || ShownSummaries().contains("本年累计"));

@@ -2,6 +2,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 
 #include "desktop/report/sample_report.h"
@@ -43,6 +44,21 @@ class ReportFilter : public SampleReport {
       const double amount = std::abs(Report().grid.NumberAt(row, 3) + Report().grid.NumberAt(row, 4));
       return amount >= from && amount <= to;
     });
+  }
+  // Of the table's menu at a cell.
+  bool OffersFilter(std::int64_t row, int column, bool take) {
+    View().SetCurrent(row, column);
+    Press(Qt::Key_Menu);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return false;
+    bool offered = false;
+    for (QAction* action : menu->actions()) {
+      if (!action->text().startsWith(QStringLiteral("按此筛选"))) continue;
+      offered = action->isEnabled();
+      if (take) action->trigger();
+    }
+    delete menu;
+    return offered;
   }
   std::string Note(std::size_t shown) {
     const auto all = Lines([](std::int64_t) { return true; }).size();
@@ -123,16 +139,7 @@ TEST_F(ReportFilter, TakesAmountsAsTheyAreTypedAndUnpostedLines) {
   control<QCheckBox>(Window(), "filterUnposted").click();
   const auto unposted = Lines([this](auto row) { return Report().grid.BackgroundAt(row) == lightGreen; });
   EXPECT_EQ(ShownLines(), unposted);
-  // A line's own text and amount, from the table's menu.
-  const std::int64_t line = WithText("货款").front();
-  emit View().filterByWanted(line, 2);
-  EXPECT_EQ(Field("filterText").text(), View().ShownText(line, 2));
-  EXPECT_TRUE(View().Rows().Shows(line));
-  const int side = Report().grid.TypeAt(line, 3) == CTzGrid::CellType::number ? 3 : 4;
-  emit View().filterByWanted(line, side);
-  EXPECT_EQ(Field("filterText").text(), "");
-  const double amount = Report().grid.NumberAt(line, side);
-  EXPECT_EQ(ShownLines(), WithAmount(amount, amount));
+  control<QCheckBox>(Window(), "filterUnposted").click();
   // Nothing found is no empty report: the table says why, and the way back is at hand.
   Type("filterText", "没有这样的文字");
   Becomes("filterNote", Note(0));
@@ -144,6 +151,73 @@ TEST_F(ReportFilter, TakesAmountsAsTheyAreTypedAndUnpostedLines) {
   EXPECT_EQ(View().Rows().Count(), View().RowCount());
   click(Window(), "filterClose");
   EXPECT_FALSE(Field("filterText").isVisible());
+}
+
+TEST_F(ReportFilter, TheMenuFiltersByWhatALineShowsAndKeepsTheLine) {
+  OpenUnits();
+  const auto& grid = Report().grid;
+  const std::int64_t line = WithText("货款").front();
+  const int side = grid.TypeAt(line, 3) == CTzGrid::CellType::number ? 3 : 4;
+  for (std::int64_t row = 0; row < View().RowCount(); ++row) {
+    if (grid.RowKindAt(row) == RowKind::line) continue;
+    for (const int column : {2, 3, 6}) EXPECT_FALSE(OffersFilter(row, column, true)) << row << ',' << column;
+    if (grid.RowKindAt(row) == RowKind::total) break;
+  }
+  EXPECT_FALSE(OffersFilter(line, 5, true)) << "the direction";
+  EXPECT_FALSE(OffersFilter(line, 6, true)) << "the balance";
+  EXPECT_FALSE(Field("filterText").isVisible());
+  for (const int column : {0, 1, 2, side}) {
+    EXPECT_TRUE(OffersFilter(line, column, true)) << column;
+    EXPECT_TRUE(View().Rows().Shows(line)) << column;
+    EXPECT_LT(ShownLines().size(), Lines([](auto) { return true; }).size()) << column;
+  }
+  EXPECT_EQ(Field("filterText").text(), View().ShownText(line, 2)) << "the amount narrows it further";
+  EXPECT_EQ(Field("filterFrom").text(), View().ShownText(line, side));
+  EXPECT_TRUE(OffersFilter(line, 1, true));
+  EXPECT_EQ(Field("filterFrom").text(), View().ShownText(line, side));
+  EXPECT_TRUE(View().Rows().Shows(line));
+}
+
+TEST_F(ReportFilter, LocatesInFoldedBlocksAndCountsWhatTheFilterHides) {
+  OpenUnits();
+  const auto found = WithText("货款");
+  const auto places = [](std::size_t of) { return "第 1 处，共 " + std::to_string(of) + " 处"; };
+  const auto hidden = [](std::size_t of) { return "；另有 " + std::to_string(of) + " 处被筛选隐藏"; };
+  Press(Qt::Key_2, Qt::ControlModifier);
+  Press(Qt::Key_Home, Qt::ControlModifier);
+  ASSERT_TRUE(ShownLines().empty());
+  QInputMethodEvent committed;
+  committed.setCommitString(QStringLiteral("货款"));
+  QApplication::sendEvent(&View(), &committed);
+  Becomes("located", places(found.size()));
+  EXPECT_EQ(View().Current(), (GridCell{found[0], 2}));
+  EXPECT_TRUE(View().Rows().Shows(found[0])) << "its block opens";
+  EXPECT_FALSE(View().Rows().Shows(found.back()));
+  QTest::keyClick(&Field("locate"), Qt::Key_Up);
+  EXPECT_EQ(View().Current(), (GridCell{found.back(), 2}));
+  EXPECT_TRUE(View().Rows().Shows(found.back()));
+
+  Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  const std::string voucher(Report().grid.TextAt(found[1], 1));
+  Type("filterText", voucher.c_str());
+  const auto left =
+      Lines([&](auto row) { return Report().grid.TextAt(row, 1).find(voucher) != std::string_view::npos; });
+  const auto both = static_cast<std::size_t>(
+      std::ranges::count_if(left, [&](auto row) { return std::ranges::find(found, row) != found.end(); }));
+  ASSERT_LT(both, found.size());
+  Becomes("filterNote", Note(left.size()));
+  EXPECT_TRUE(Told("located").ends_with("，共 " + std::to_string(both) + " 处" + hidden(found.size() - both)));
+  EXPECT_TRUE(View().Rows().Shows(View().Current().row));
+  EXPECT_EQ(Told("status"),
+            "共 " + std::to_string(View().RowCount()) + " 行，显示 " + std::to_string(View().Rows().Count()) + " 行");
+  // Lines that are kept and folded are not said to be shown.
+  Press(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_TRUE(Told("filterNote").starts_with(std::to_string(left.size()) + " 条符合，折叠的未显示；"))
+      << Told("filterNote");
+  const auto others = Lines([&](auto row) { return std::ranges::find(found, row) == found.end(); });
+  ASSERT_FALSE(others.empty());
+  Type("filterText", std::string(Report().grid.TextAt(others.front(), 2)).c_str());
+  Becomes("located", "没有找到" + hidden(found.size()));
 }
 
 TEST_F(ReportFilter, TypingLocatesAndCounts) {
