@@ -173,7 +173,7 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] std::vector<StuckHeading> StuckHeadings() const;
   [[nodiscard]] std::optional<std::int64_t> StuckAt(QPoint point) const;
   // The cell below a point, also where a heading covers it.
-  [[nodiscard]] GridCell CellBelow(QPoint point) const;
+  [[nodiscard]] GridCell CellBelow(QPoint place) const;
   // Where the sign of a row's block stands; nothing for the other rows.
   [[nodiscard]] QRect SignRect(std::int64_t row, int top) const;
   // The block whose sign stands there.

@@ -2,6 +2,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <ranges>
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/theme/pixel_lines.h"
@@ -80,9 +81,9 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 // Inner headings first, so that one which is pushed out goes below the outer one.
 void GridView::PaintStuck(QPainter& painter, const Part& part) const {
   const auto headings = StuckHeadings();
-  for (auto heading = headings.rbegin(); heading != headings.rend(); ++heading) {
-    PaintRow(painter, rows_.PlaceOf(heading->row), heading->top, part);
-    PixelLines(painter).Bottom({part.left, heading->top, part.width, rowHeight_}, currentTheme().strongRule);
+  for (const auto& heading : std::ranges::reverse_view(headings)) {
+    PaintRow(painter, rows_.PlaceOf(heading.row), heading.top, part);
+    PixelLines(painter).Bottom({part.left, heading.top, part.width, rowHeight_}, currentTheme().strongRule);
   }
 }
 

@@ -36,7 +36,8 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
       unit_(label(unitId, this)),
       others_(label(othersId, this)),
       format_(new QComboBox(this)),
-      conditions_(new ConditionCombos(report.dialog, this)) {
+      conditions_(new ConditionCombos(report.dialog, this)),
+      top_(new QHBoxLayout) {
   auto* title = new PaintedStatic(titleId, PaintedStatic::Look::title, this);
   title->setText(toQt(report.paintedTitle));
   format_->setObjectName(QString::number(formatId));
@@ -49,7 +50,6 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
 
   others_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-  top_ = new QHBoxLayout;
   top_->addWidget(title);
   top_->addStretch(1);
   top_->addWidget(format_);

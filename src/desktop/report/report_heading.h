@@ -47,8 +47,8 @@ class ReportHeading : public QWidget {
   PaintedStatic* unit_;
   PaintedStatic* others_;
   QComboBox* format_;
-  QHBoxLayout* top_ = nullptr;
   ConditionCombos* conditions_;
+  QHBoxLayout* top_;
   int rememberedFormat_ = -1;  // its place in the combo
 };
 
