@@ -4,7 +4,6 @@
 
 #include "desktop/picking/search_popup.h"
 #include "desktop/theme/qt_text.h"
-#include "desktop/theme/theme.h"
 
 namespace tz {
 
@@ -147,10 +146,6 @@ void NameEdit::focusOutEvent(QFocusEvent* event) {
   if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) Settle();
 }
 
-void NameEdit::SetMiss(bool miss) {
-  QPalette colours;
-  if (miss) colours.setColor(QPalette::Text, currentTheme().negative);
-  setPalette(colours);
-}
+void NameEdit::SetMiss(bool miss) { setPalette(fieldColours(miss)); }
 
 }  // namespace tz

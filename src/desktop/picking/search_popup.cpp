@@ -8,6 +8,8 @@
 #include <QMouseEvent>
 #include <QWindow>
 
+#include "desktop/theme/theme.h"
+
 namespace tz {
 namespace {
 
@@ -34,6 +36,15 @@ void pressBehind(const QMouseEvent& press) {
 }
 
 }  // namespace
+
+QPalette fieldColours(bool miss) {
+  QPalette colours;
+  if (!miss) return colours;
+  colours.setColor(QPalette::Text, currentTheme().negative);
+  colours.setColor(QPalette::Highlight, currentTheme().negative);
+  colours.setColor(QPalette::HighlightedText, currentTheme().surface);
+  return colours;
+}
 
 QVariant FoundTexts::data(const QModelIndex& index, int role) const {
   if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QApplication::font()).height() + aroundText);

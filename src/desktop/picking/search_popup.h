@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPalette>
 #include <functional>
 
 #include "desktop/picking/search_model.h"
@@ -14,6 +15,9 @@ class QMouseEvent;
 namespace tz {
 
 [[nodiscard]] inline bool isEnterKey(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+// Of a field in which one types: text that stands for nothing is marked, selected or not.
+[[nodiscard]] QPalette fieldColours(bool miss);
 
 // What was found, as texts: `text` says how the entry at a place among all reads.
 class FoundTexts : public SearchModel {

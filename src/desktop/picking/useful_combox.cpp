@@ -8,7 +8,6 @@
 
 #include "desktop/picking/search_popup.h"
 #include "desktop/theme/qt_text.h"
-#include "desktop/theme/theme.h"
 
 namespace tz {
 
@@ -271,10 +270,6 @@ void CUsefulCombox::focusOutEvent(QFocusEvent* event) {
 
 bool CUsefulCombox::IsBeingTyped() const { return lineEdit()->text() != itemText(currentIndex()); }
 
-void CUsefulCombox::SetMiss(bool miss) {
-  QPalette colours;
-  if (miss) colours.setColor(QPalette::Text, currentTheme().negative);
-  lineEdit()->setPalette(colours);
-}
+void CUsefulCombox::SetMiss(bool miss) { lineEdit()->setPalette(fieldColours(miss)); }
 
 }  // namespace tz

@@ -107,7 +107,10 @@ void clickBeside(QWidget& target) {
 }
 
 bool isMarked(const QWidget& window, const char* id) {
-  return nameField(window, id).palette().color(QPalette::Text) == currentTheme().negative;
+  // A name that is gone on to is selected.
+  const auto& field = nameField(window, id);
+  const auto role = field.hasSelectedText() ? QPalette::Highlight : QPalette::Text;
+  return field.palette().color(role) == currentTheme().negative;
 }
 
 // What lies beside an open list is one click away; a list that nobody asked for is not open.
