@@ -53,6 +53,7 @@ int compare(const QList<QDir>& kept, const QDir& drawn) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
+  QApplication::setCursorFlashTime(0);  // in no picture by chance
   QCommandLineParser words;
   const QCommandLineOption all(QStringLiteral("all"));
   const QCommandLineOption against(QStringLiteral("against"), {}, QStringLiteral("KEPT"));
