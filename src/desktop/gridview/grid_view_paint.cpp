@@ -2,7 +2,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <ranges>
+#include <algorithm>
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/theme/pixel_lines.h"
@@ -81,10 +81,10 @@ void GridView::focusOutEvent(QFocusEvent* event) {
 // Inner headings first, so that one which is pushed out goes below the outer one.
 void GridView::PaintStuck(QPainter& painter, const Part& part) const {
   const auto headings = StuckHeadings();
-  for (const auto& heading : std::ranges::reverse_view(headings)) {
+  std::for_each(headings.rbegin(), headings.rend(), [&](const auto& heading) {
     PaintRow(painter, rows_.PlaceOf(heading.row), heading.top, part);
     PixelLines(painter).Bottom({part.left, heading.top, part.width, rowHeight_}, currentTheme().strongRule);
-  }
+  });
 }
 
 // A triangle that points down into an open block and to the side of a folded one.
