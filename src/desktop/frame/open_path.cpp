@@ -9,7 +9,7 @@ namespace tz {
 
 // The toolkit starts the same helper, but does not look how it ends: without a file manager nothing would happen, and
 // nothing would be said.
-void openPath(const QString& path, std::function<void()> failed) {
+void openPath(const QString& path, const std::function<void()>& failed) {
   const QString helper = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
   if (helper.isEmpty()) {
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) failed();

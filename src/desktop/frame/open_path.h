@@ -7,6 +7,6 @@
 namespace tz {
 
 // Calls `failed` when there is none, perhaps a while later: some desktops tell only when their helper has ended.
-void openPath(const QString& path, std::function<void()> failed);
+void openPath(const QString& path, const std::function<void()>& failed);
 
 }  // namespace tz

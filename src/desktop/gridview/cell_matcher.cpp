@@ -54,8 +54,7 @@ std::string foldedText(std::string_view text) {
   return out;
 }
 
-CellMatcher::CellMatcher(std::string_view typed) : text_(foldedText(typed)) {
-  dated_ = onlyOf(text_, "0123456789.");
+CellMatcher::CellMatcher(std::string_view typed) : text_(foldedText(typed)), dated_(onlyOf(text_, "0123456789.")) {
   if (!onlyOf(text_, "0123456789.,-")) return;
   figure_ = text_;
   std::erase(figure_, ',');

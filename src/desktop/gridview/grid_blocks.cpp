@@ -151,12 +151,16 @@ const GridBlock* GridBlocks::Holding(const Tier& tier, std::int64_t row) const {
   return found != tier.end() && found->contains(row) ? &*found : nullptr;
 }
 
-const GridBlock* GridBlocks::TitledBy(std::int64_t row) const {
-  for (auto tier = tiers_.rbegin(); tier != tiers_.rend(); ++tier) {
-    const GridBlock* block = Holding(*tier, row);
-    if (block != nullptr && block->title() == row && block->folds()) return block;
+const GridBlock* GridBlocks::Innermost(std::int64_t row, Choice choice) const {
+  for (std::size_t tiers = tiers_.size(); tiers > 0; --tiers) {
+    const GridBlock* block = Holding(tiers_[tiers - 1], row);
+    if (block != nullptr && block->folds() && choice(*block, row)) return block;
   }
   return nullptr;
+}
+
+const GridBlock* GridBlocks::TitledBy(std::int64_t row) const {
+  return Innermost(row, [](const GridBlock& block, std::int64_t title) { return block.title() == title; });
 }
 
 const GridBlock* GridBlocks::FoldedAround(std::int64_t row) const {
@@ -168,11 +172,7 @@ const GridBlock* GridBlocks::FoldedAround(std::int64_t row) const {
 }
 
 const GridBlock* GridBlocks::OpenAround(std::int64_t row) const {
-  for (auto tier = tiers_.rbegin(); tier != tiers_.rend(); ++tier) {
-    const GridBlock* block = Holding(*tier, row);
-    if (block != nullptr && !block->folded && block->folds()) return block;
-  }
-  return nullptr;
+  return Innermost(row, [](const GridBlock& block, std::int64_t /*row*/) { return !block.folded; });
 }
 
 std::vector<std::int64_t> GridBlocks::HeadingsAbove(std::int64_t row) const {

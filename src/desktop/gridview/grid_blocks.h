@@ -45,6 +45,9 @@ class GridBlocks {
 
   // The block of a tier in which a row lies.
   [[nodiscard]] const GridBlock* Holding(const Tier& tier, std::int64_t row) const;
+  // The innermost of the blocks around a row that fold and are so.
+  using Choice = bool (*)(const GridBlock& block, std::int64_t row);
+  [[nodiscard]] const GridBlock* Innermost(std::int64_t row, Choice choice) const;
   // The block whose sign a row carries; the innermost one of several.
   [[nodiscard]] const GridBlock* TitledBy(std::int64_t row) const;
   // The outermost folded block in which a row lies, and the innermost one that is open.

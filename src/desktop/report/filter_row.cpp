@@ -28,6 +28,7 @@ QString counted(qint64 number) { return QLocale(QLocale::Chinese).toString(numbe
 FilterRow::FilterRow(QWidget* parent)
     : QWidget(parent),
       unposted_(new QCheckBox(QStringLiteral("仅未记帐"), this)),
+      outlineLine_(new QHBoxLayout),
       outlines_(new QButtonGroup(this)),
       monthTotals_(new QCheckBox(QStringLiteral("本月合计、本年累计"), this)),
       note_(new ElidedLabel(this)) {
@@ -55,7 +56,6 @@ FilterRow::FilterRow(QWidget* parent)
   close->setFocusPolicy(Qt::TabFocus);
   line->addWidget(close);
 
-  outlineLine_ = new QHBoxLayout;
   outlineLine_->setSpacing(4);
   monthTotals_->setObjectName(QStringLiteral("monthTotals"));
   monthTotals_->setToolTip(QStringLiteral("显示本月合计、本年累计；折叠的月份总留本月合计 (Ctrl+M)"));

@@ -61,7 +61,7 @@ class FilterRow : public QWidget {
   QLineEdit* from_ = nullptr;
   QLineEdit* to_ = nullptr;
   QCheckBox* unposted_;
-  QHBoxLayout* outlineLine_ = nullptr;
+  QHBoxLayout* outlineLine_;
   QButtonGroup* outlines_;
   QCheckBox* monthTotals_;
   ElidedLabel* note_;

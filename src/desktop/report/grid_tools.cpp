@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QElapsedTimer>
+#include <QInputMethodEvent>
 #include <QTimerEvent>
 #include <QVBoxLayout>
 
