@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -20,8 +19,6 @@ namespace {
 
 constexpr int typingPause = 150;  // milliseconds
 constexpr int amountWidth = 120;
-
-QString counted(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
 }  // namespace
 
@@ -156,7 +153,7 @@ void FilterRow::ShowResult(qint64 kept, qint64 lines, bool folded) {
   }
   const QString text = folded ? QStringLiteral("%1 条符合，折叠的未显示；隐藏 %2 条分录。合计为全部分录")
                               : QStringLiteral("显示 %1 条，隐藏 %2 条分录。合计为全部分录");
-  Tell(text.arg(counted(kept), counted(lines - kept)), false);
+  Tell(text.arg(grouped(kept), grouped(lines - kept)), false);
 }
 
 void FilterRow::Tell(const QString& text, bool problem) {

@@ -6,18 +6,16 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QToolButton>
 
 #include "desktop/frame/announce.h"
 #include "desktop/frame/elided_label.h"
+#include "desktop/theme/qt_text.h"
 
 namespace tz {
 namespace {
 
 constexpr int fieldWidth = 220;
-
-QString grouping(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
 }  // namespace
 
@@ -83,12 +81,12 @@ QString LocateBar::Text() const { return field_->text(); }
 void LocateBar::ShowResult(const Located& located) {
   const auto& [number, found, filtered, inHiddenTotals, finished] = located;
   QStringList parts;
-  if (number > 0 && !finished) parts.append(QStringLiteral("第 %1 处").arg(grouping(number)));
-  if (number > 0 && finished) parts.append(QStringLiteral("第 %1 处，共 %2 处").arg(grouping(number), grouping(found)));
+  if (number > 0 && !finished) parts.append(QStringLiteral("第 %1 处").arg(grouped(number)));
+  if (number > 0 && finished) parts.append(QStringLiteral("第 %1 处，共 %2 处").arg(grouped(number), grouped(found)));
   if (finished && found == 0 && !Text().trimmed().isEmpty()) parts.append(QStringLiteral("没有找到"));
-  if (finished && filtered > 0) parts.append(QStringLiteral("另有 %1 处被筛选隐藏").arg(grouping(filtered)));
+  if (finished && filtered > 0) parts.append(QStringLiteral("另有 %1 处被筛选隐藏").arg(grouped(filtered)));
   if (finished && inHiddenTotals > 0) {
-    parts.append(QStringLiteral("另有 %1 处在不显示的月合计、年累计里").arg(grouping(inHiddenTotals)));
+    parts.append(QStringLiteral("另有 %1 处在不显示的月合计、年累计里").arg(grouped(inHiddenTotals)));
   }
   const QString text = parts.join(QStringLiteral("；"));
   const bool news = finished && text != result_->text();

@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLocale>
 #include <QPointer>
 #include <QProgressBar>
 #include <QToolButton>
@@ -26,8 +25,6 @@ constexpr int progressWidth = 140;
 constexpr int progressHeight = 6;
 constexpr int narrowestMessage = 110;
 constexpr int newsTime = 6000;  // milliseconds
-
-QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
 QString rowsText(qint64 shown, qint64 rows) {
   if (rows == 0) return QStringLiteral("没有记录");

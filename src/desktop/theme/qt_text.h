@@ -1,6 +1,7 @@
-// Between the core's UTF-8 texts and the toolkit's.
+// Between the core's UTF-8 texts and the toolkit's, and how windows write counts.
 #pragma once
 
+#include <QLocale>
 #include <QString>
 #include <string>
 #include <string_view>
@@ -11,5 +12,7 @@ namespace tz {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 [[nodiscard]] inline std::string fromQt(const QString& text) { return text.toStdString(); }
+// "1,345".
+[[nodiscard]] inline QString grouped(qint64 number) { return QLocale(QLocale::Chinese).toString(number); }
 
 }  // namespace tz
