@@ -4,13 +4,10 @@
 
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "core/reports/report_definition.h"
 
 namespace tz {
-
-using DrillAnswer = std::variant<DetailTarget, Refusal>;
 
 // From a member's row; subtotals, totals and no row at all are refused.
 [[nodiscard]] DrillAnswer drillFromMember(int target, const Conditions& conditions, const ComputedReport& shown,

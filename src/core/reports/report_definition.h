@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "core/grid/row_subjects.h"
 #include "core/output/report_output.h"
 #include "core/reports/dialog_spec.h"
 #include "core/reports/launch_check.h"
@@ -38,8 +39,14 @@ struct DetailTarget {
   int command = 0;
   Request conditions;
 };
-// Of a row of what is shown, -1 where none is current; or why it leads nowhere.
-using DetailOf = std::variant<DetailTarget, Refusal> (*)(const Conditions&, const ComputedReport&, std::int64_t row);
+// Or the voucher, in which its line becomes the current one.
+struct VoucherTarget {
+  LineId line;
+};
+// Where a row leads, or why it leads nowhere.
+using DrillAnswer = std::variant<DetailTarget, Refusal, VoucherTarget>;
+// Of a row of what is shown, -1 where none is current.
+using DetailOf = DrillAnswer (*)(const Conditions&, const ComputedReport&, std::int64_t row);
 
 struct ReportDefinition {
   int command = 0;  // of the navigator; the report's id everywhere

@@ -90,6 +90,8 @@ class ReportWindow : public ProcessWindow {
  signals:
   // Another report is to open with these conditions.
   void detailWanted(const tz::DetailTarget& target);
+  // The voucher of a line is to open.
+  void voucherWanted(const tz::LineId& line);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -101,6 +101,8 @@ void ReportWindow::OnDetail() {
   const auto leadsTo = definition_.detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1);
   if (const auto* refusal = std::get_if<Refusal>(&leadsTo)) {
     AfxMessageBox(this, *refusal);
+  } else if (const auto* voucher = std::get_if<VoucherTarget>(&leadsTo)) {
+    emit voucherWanted(voucher->line);
   } else {
     emit detailWanted(std::get<DetailTarget>(leadsTo));
   }

@@ -159,8 +159,7 @@ TEST_F(FeatureTest, WhatAFeatureLeavesTheWindowDoes) {
 }
 
 TEST_F(FeatureTest, ARowLeadsWhereTheRecordSays) {
-  made_.detail = [](const Conditions&, const ComputedReport& report,
-                    std::int64_t row) -> std::variant<DetailTarget, Refusal> {
+  made_.detail = [](const Conditions&, const ComputedReport& report, std::int64_t row) -> DrillAnswer {
     if (row <= 0) return refusalWith(messages::noMatchingAccount);
     Request person = ReportLedger::zhangSan();
     if (report.grid.TextAt(row, 0) == "丙公司") person.set(ParameterKey::to, "1");
