@@ -30,7 +30,11 @@ DetailTarget targetWith(int command, const Request& own) {
 DrillAnswer drillFromMember(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
   if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
   if (row < 0 || shown.grid.RowKindAt(row) != RowKind::line) return refusalWith(noMemberChosen);
-  return targetWith(target, conditions.request);
+  auto answer = targetWith(target, conditions.request);
+  answer.stand = shown.subjects.of(row);
+  // The account that was asked for covers those below it, which the lines are of.
+  if (answer.stand.account == conditions.account.lId) answer.stand.account = 0;
+  return answer;
 }
 
 std::optional<Refusal> fillUnitClass(DetailTarget& target, const Subject& subject, const std::string& name) {
@@ -62,6 +66,7 @@ DrillAnswer drillWithMember(int target, FillMember fill, const Conditions& condi
 }
 
 DrillAnswer drillFromPeriod(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
+  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
   const int month = row < 0 ? 0 : CGetData::GetMonth(shown.grid.TextAt(row, 0));
   if (month == 0) return refusalWith(noMonthChosen);
   auto answer = targetWith(target, conditions.request);

@@ -34,10 +34,12 @@ inline constexpr RowColours unpostedColours{
     .apply = [](const Conditions& conditions) { return conditions.unposted; },
 };
 
-// What Detail leads to from a row: another report, with the conditions that the row fills in.
+// What Detail leads to from a row: another report, with the conditions that the row fills in. What the row is about and
+// the conditions do not say is where one stands in it.
 struct DetailTarget {
   int command = 0;
   Request conditions;
+  Subject stand = {};
 };
 // Or the voucher, in which its line becomes the current one.
 struct VoucherTarget {

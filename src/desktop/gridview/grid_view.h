@@ -46,6 +46,9 @@ class GridView : public QAbstractScrollArea {
   // Makes a cell current, alone selected and visible; false outside the grid.
   bool SetCurrent(std::int64_t row, int column);
   [[nodiscard]] GridCell Current() const { return current_; }
+  // Makes a row current, opens what is folded around it and shows it from the beginning of its block; false outside the
+  // grid and for a row that is hidden otherwise.
+  bool StandOn(std::int64_t row);
   // In places; empty when there is none.
   [[nodiscard]] GridRange Selection() const { return GridRange::between(PlaceOf(anchor_), PlaceOf(current_)); }
   [[nodiscard]] GridPart SelectedPart() const;

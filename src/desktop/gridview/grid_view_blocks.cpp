@@ -151,6 +151,16 @@ void GridView::Reveal(std::int64_t row) {
   });
 }
 
+bool GridView::StandOn(std::int64_t row) {
+  if (row < 0 || row >= RowCount() || columns_.ShownCount() == 0) return false;
+  Reveal(row);
+  if (!rows_.Shows(row) || !SetCurrent(row, columns_.ColumnAtPlace(0))) return false;
+  const auto headings = Blocks().HeadingsAbove(row);
+  ShowAtTop(headings.empty() ? row : headings.back());
+  ShowCell(current_);
+  return true;
+}
+
 QStringList GridView::OutlineNames() const {
   QStringList names{QStringLiteral("全部")};
   const auto& tiers = Blocks().Tiers();

@@ -96,6 +96,11 @@ void GridTools::FilterBy(qint64 row, int column) {
   }
 }
 
+void GridTools::EndAll() {
+  EndLocating();
+  filterRow_->Clear();
+}
+
 void GridTools::BeginFilter() {
   filtering_.stop();
   const ComputedReport* report = view_.Report();

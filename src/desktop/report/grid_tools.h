@@ -31,6 +31,8 @@ class GridTools : public QObject {
   [[nodiscard]] QAction* FilterAction() const { return filterAction_; }
   // By the text, the date or the amount of a cell.
   void FilterBy(qint64 row, int column);
+  // Nothing is filtered and located any more.
+  void EndAll();
 
  protected:
   void timerEvent(QTimerEvent* event) override;

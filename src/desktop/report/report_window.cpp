@@ -7,6 +7,7 @@
 #include <cassert>
 
 #include "core/reports/explain_error.h"
+#include "core/reports/standing_row.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/frame/window_keys.h"
@@ -226,11 +227,21 @@ void ReportWindow::Show(ComputedReport computed) {
   heading_->SetOthers(conditions);
   heading_->Conditions().ShowMonths(request_, g_tmLogonTime);
   view_->SetEmptyText(QStringLiteral("没有记录"));
+  if (stand_) tools_->EndAll();
   view_->SetReport(&shown_->report);
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   TellSubject();
   if (otherColumns) OpenWide(width() - view_->width() + view_->AskedWidth());
+  if (const auto stand = std::exchange(stand_, std::nullopt)) StandOn(*stand);
   update();
+}
+
+void ReportWindow::StandOn(const tz::Subject& member) {
+  const auto standing = standingRow(shown_->report, member);
+  view_->StandOn(standing ? standing->row : 0);
+  view_->setFocus();
+  const bool missed = !standing || !standing->isLine;
+  if (missed && member != tz::Subject{}) status_->ShowNews(QStringLiteral("查询月份内没有这一行的分录"));
 }
 
 void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {

@@ -54,6 +54,8 @@ class ReportWindow : public ProcessWindow {
 
   // Conditions copied from another report, in place of the dialog.
   void SetConditions(const Request& request);
+  // The same of a drill-down; once it is shown, the first line about the member is current.
+  void SetConditions(const DetailTarget& target);
   [[nodiscard]] const Request& GetRequest() const { return request_; }
   [[nodiscard]] bool ConditionsSet() const { return conditionsSet_; }
   [[nodiscard]] const ReportDefinition& Definition() const { return definition_; }
@@ -106,6 +108,7 @@ class ReportWindow : public ProcessWindow {
   void OfferInMenu(WindowCommand command, const char* text);
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
+  void StandOn(const tz::Subject& member);
   void KeepShown();
   void TellSubject();
   // The host keeps what was last asked for by hand.
@@ -140,6 +143,7 @@ class ReportWindow : public ProcessWindow {
   bool firstShow_ = true;
   bool awaitsPerson_ = false;
   bool changedByHand_ = false;
+  std::optional<tz::Subject> stand_;  // once what is asked for is shown
   std::optional<ShownReport> shown_;
   std::unique_ptr<ReportFeature> feature_;
 

@@ -96,9 +96,15 @@ void ReportWindow::OnQuery() {
 }
 
 void ReportWindow::OnDetail() {
-  if (!shown_ || shown_->report.resolved == nullptr || LongWork::Running()) return;
+  if (LongWork::Running()) return;
+  // A first computation that came to nothing leaves a table without rows.
+  static const ComputedReport nothing;
+  static const Conditions none;
+  const bool something = shown_ && shown_->report.resolved != nullptr;
   const GridCell cell = view_->Current();
-  const auto leadsTo = definition_.detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1);
+  const auto leadsTo = something
+                           ? definition_.detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1)
+                           : definition_.detail(none, nothing, -1);
   if (const auto* refusal = std::get_if<Refusal>(&leadsTo)) {
     AfxMessageBox(this, *refusal);
   } else if (const auto* voucher = std::get_if<VoucherTarget>(&leadsTo)) {

@@ -46,10 +46,17 @@ void ReportWindow::SetConditions(const Request& request) {
   request_ = request;
   conditionsSet_ = true;
   firstShow_ = true;
+  stand_.reset();
+}
+
+void ReportWindow::SetConditions(const DetailTarget& target) {
+  SetConditions(target.conditions);
+  stand_ = target.stand;
 }
 
 void ReportWindow::KeepShown() {
   changedByHand_ = false;
+  stand_.reset();
   ConditionCombos& combos = heading_->Conditions();
   if (shown_) {
     request_ = shown_->request;

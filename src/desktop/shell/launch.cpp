@@ -62,16 +62,16 @@ void ReportLauncher::Launch(int command) {
   if (Create(window)) window->RefreshDisplay();
 }
 
-ReportWindow* ReportLauncher::LaunchFromReport(int command, const Request& conditions, QWidget* parent) {
-  const ReportDefinition* report = find_(command);
+ReportWindow* ReportLauncher::LaunchFromReport(const DetailTarget& target, QWidget* parent) {
+  const ReportDefinition* report = find_(target.command);
   if (report == nullptr || LongWork::Running()) return nullptr;
-  auto* window = qobject_cast<ReportWindow*>(SlotOf(command));
+  auto* window = qobject_cast<ReportWindow*>(SlotOf(target.command));
   if (window == nullptr) {
     window = NewWindow(*report, parent);
-    slots_[command] = window;
+    slots_[target.command] = window;
   }
   if (!window->IsCreated() && !Create(window)) return nullptr;
-  window->SetConditions(conditions);
+  window->SetConditions(target);
   window->RefreshDisplay();
   return window;
 }
@@ -87,7 +87,7 @@ ReportWindow* ReportLauncher::NewWindow(const ReportDefinition& report, QWidget*
   auto* window = new ReportWindow(report, parent);
   if (store_ != nullptr) window->OfferSaved(*store_);
   connect(window, &ReportWindow::detailWanted, this,
-          [this, window](const DetailTarget& target) { LaunchFromReport(target.command, target.conditions, window); });
+          [this, window](const DetailTarget& target) { LaunchFromReport(target, window); });
   return window;
 }
 

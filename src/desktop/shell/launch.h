@@ -36,8 +36,8 @@ class ReportLauncher : public QObject {
   [[nodiscard]] std::string Obstacle(int command) const;
   // A command of the navigator. Nothing happens without the right, and nothing stays when the first query is cancelled.
   void Launch(int command);
-  // A drill-down: takes the slot's window or makes one. Null when the window could not open.
-  ReportWindow* LaunchFromReport(int command, const Request& conditions, QWidget* parent);
+  // A drill-down: takes the slot's window, whoever opened it, or makes one. Null when the window could not open.
+  ReportWindow* LaunchFromReport(const DetailTarget& target, QWidget* parent);
   // Opens a window that is no report, under the navigator, and gives it the slot of its key. False when it closed
   // itself instead; it goes once it is closed.
   bool Open(ProcessWindow* window);

@@ -65,7 +65,7 @@ class FeatureTest : public ::testing::Test {
   }
 
   ReportWindow& open() {
-    auto* window = launcher_->LaunchFromReport(made_.command, atMonthsEnd(), nullptr);
+    auto* window = launcher_->LaunchFromReport({made_.command, atMonthsEnd()}, nullptr);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window));
     return *window;
   }
@@ -153,7 +153,7 @@ TEST_F(FeatureTest, WhatAFeatureLeavesTheWindowDoes) {
   RecordingFeature::answers = false;
   ReportWindow& window = open();
   QTest::keyClick(&window.Grid(), Qt::Key_Down);
-  EXPECT_EQ(window.Grid().Current(), (GridCell{0, 0}));
+  EXPECT_EQ(window.Grid().Current(), (GridCell{1, 0}));
   press(window, WindowCommand::close);
   EXPECT_FALSE(window.isVisible());
 }
@@ -182,7 +182,7 @@ TEST_F(FeatureTest, ARowLeadsWhereTheRecordSays) {
              QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_D);
            },
        }) {
-    launcher_->LaunchFromReport(10190, ReportLedger::zhangSan(), nullptr);
+    launcher_->LaunchFromReport({10190, ReportLedger::zhangSan()}, nullptr);
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     window.Grid().setFocus();

@@ -58,12 +58,13 @@ class SampleReport : public testing::Test {
     return {std::string(found->text(0)), std::string(found->text(1))};
   }
 
+  RecordedMessages messages_;
+
  private:
   static std::string Address() { return folder_->file("sample.db"); }
 
   static inline std::unique_ptr<TempFolder> folder_;
   CQnCwDB db_{Access::report};
-  RecordedMessages messages_;
   QPointer<ReportWindow> window_;
 };
 

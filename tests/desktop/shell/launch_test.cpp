@@ -61,7 +61,7 @@ class LaunchTest : public ::testing::Test {
 TEST_F(LaunchTest, NothingOpensWhileAReportIsComputed) {
   const LongWork work(navigator_);
   launcher_.Launch(personDetail);
-  EXPECT_EQ(launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), nullptr), nullptr);
+  EXPECT_EQ(launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, nullptr), nullptr);
   EXPECT_TRUE(launcher_.Windows().empty());
 }
 
@@ -109,28 +109,28 @@ TEST_F(LaunchTest, ALaunchOfAnOpenReportMakesANewWindowThatTakesTheSlot) {
 }
 
 TEST_F(LaunchTest, ADrillDownTakesTheOpenWindowAndOpensAClosedOneAgain) {
-  ReportWindow* window = launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), &navigator_);
+  ReportWindow* window = launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, &navigator_);
   ASSERT_NE(window, nullptr);
   EXPECT_TRUE(window->ConditionsSet());
   EXPECT_EQ(window->Shown()->report.grid.GetRows(), 10);
 
   Request january = ReportLedger::zhangSan();
   january.set(ParameterKey::to, "1");
-  EXPECT_EQ(launcher_.LaunchFromReport(personDetail, january, &navigator_), window);
+  EXPECT_EQ(launcher_.LaunchFromReport({personDetail, january}, &navigator_), window);
   EXPECT_EQ(window->Shown()->report.period, "月份: 2006.01 - 2006.01");
   EXPECT_EQ(launcher_.Windows().size(), 1);
 
   const QPointer<ReportWindow> closed = window;
   window->close();
   EXPECT_EQ(launcher_.SlotOf(personDetail), nullptr);
-  EXPECT_NE(launcher_.LaunchFromReport(personDetail, january, &navigator_), closed.data());
+  EXPECT_NE(launcher_.LaunchFromReport({personDetail, january}, &navigator_), closed.data());
   deleteClosed();
   EXPECT_TRUE(closed.isNull());
   EXPECT_EQ(launcher_.Windows().size(), 1);
 }
 
 TEST_F(LaunchTest, TheNavigatorTakesItsReportsWithIt) {
-  launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), &navigator_);
+  launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, &navigator_);
   launch(confirm);
   ASSERT_EQ(launcher_.Windows().size(), 2);
   navigator_.close();
@@ -140,7 +140,7 @@ TEST_F(LaunchTest, TheNavigatorTakesItsReportsWithIt) {
 }
 
 TEST_F(LaunchTest, ClosingTheNavigatorDuringWorkStopsItAndThenClosesAll) {
-  ReportWindow* window = launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), &navigator_);
+  ReportWindow* window = launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, &navigator_);
   CountedReport::before = untilStopped;
   QTimer::singleShot(0, [this] {
     navigator_.close();
@@ -189,7 +189,7 @@ class PlainWindow : public ProcessWindow {
 TEST_F(LaunchTest, AWindowThatIsNoReportLivesAmongTheReports) {
   QObject::connect(&launcher_, &ReportLauncher::opened, &launcher_,
                    [this](ProcessWindow* window) { addWindowList(*window, launcher_); });
-  auto* report = launcher_.LaunchFromReport(personDetail, ReportLedger::zhangSan(), &navigator_);
+  auto* report = launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, &navigator_);
   const QPointer<PlainWindow> plain = new PlainWindow;
   EXPECT_TRUE(launcher_.Open(plain));
   EXPECT_TRUE(QTest::qWaitForWindowActive(plain));

@@ -1,0 +1,234 @@
+// From the rows of tables and general ledgers to the ledger behind them, as a person goes there: what stands there,
+// which window it is, and what refuses.
+#include <QLineEdit>
+#include <algorithm>
+
+#include "desktop/report/sample_report.h"
+#include "desktop/shell/launch.h"
+#include "support/every_report.h"
+
+namespace tz::test {
+namespace {
+
+std::vector<std::int64_t> rowsOf(const ComputedReport& report, RowKind kind) {
+  std::vector<std::int64_t> rows;
+  for (std::int64_t row = 0; row < report.grid.GetRows(); ++row) {
+    if (report.grid.RowKindAt(row) == kind) rows.push_back(row);
+  }
+  return rows;
+}
+
+// Whether a line of a ledger is one of a table's row; the lines of accounts below the one asked for are too.
+bool isOf(const Subject& line, const Subject& row, Id asked) {
+  const auto same = [](Id one, Id other) { return one == other || one == 0 || other == 0; };
+  return (row.account == asked || same(line.account, row.account)) && same(line.dept, row.dept) &&
+         same(line.person, row.person) && same(line.unit, row.unit) && same(line.item, row.item);
+}
+
+class DrillTest : public SampleReport {
+ protected:
+  DrillTest() : launcher_(everybody(), findTold) { told_ = nullptr; }
+  ~DrillTest() override {
+    launcher_.CloseAll();
+    deleteClosed();
+  }
+
+  static const ReportDefinition* findTold(int command) {
+    return told_ != nullptr && told_->command == command ? told_ : findReport(command);
+  }
+
+  ReportWindow& open(int command, const Request& request) {
+    auto* window = launcher_.LaunchFromReport({command, request}, nullptr);
+    if (window == nullptr) throw std::runtime_error("no window");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    return *window;
+  }
+  [[nodiscard]] ReportWindow* behind(int command) const {
+    return qobject_cast<ReportWindow*>(launcher_.SlotOf(command));
+  }
+  static void enter(ReportWindow& table, std::int64_t row) {
+    table.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    table.Grid().setFocus();
+    ASSERT_TRUE(table.Grid().SetCurrent(row, 0));
+    QTest::keyClick(&table.Grid(), Qt::Key_Return);
+  }
+  // All there is of a year, of one account.
+  static Request ofYear(const char* account) {
+    Request request;
+    request.set(ParameterKey::account, account);
+    request.set(ParameterKey::from, "1");
+    request.set(ParameterKey::to, "12");
+    request.set(ParameterKey::unposted, "1");
+    return request;
+  }
+
+  // The table with most rows that lead to lines.
+  static std::optional<Question> fullest(Question question, Reader& reader) {
+    std::optional<Question> best;
+    std::size_t most = 0;
+    const auto take = [&] {
+      const auto outcome = reader.ask(question);
+      const auto* shown = std::get_if<ComputedReport>(&outcome);
+      const auto rows = shown == nullptr ? std::vector<std::int64_t>{} : rowsOf(*shown, RowKind::line);
+      if (rows.size() <= most) return;
+      const auto answer = question.report->detail(*shown->resolved, *shown, rows.back());
+      const auto* target = std::get_if<DetailTarget>(&answer);
+      if (target == nullptr) return;
+      const auto led = reader.ask({findReport(target->command), target->conditions});
+      const auto* ledger = std::get_if<ComputedReport>(&led);
+      if (ledger == nullptr || rowsOf(*ledger, RowKind::line).empty()) return;
+      most = rows.size();
+      best = question;
+    };
+    const auto variants = [&](ParameterKey key, const char* select, const std::function<void()>& each) {
+      if (question.request.text(key).empty()) return each();
+      const auto found = reader.db().QRYGetData(select);
+      for (int row = 0; row < found.rows; ++row) {
+        question.request.set(key, found.at(row, 0));
+        if (found.columns > 1) question.request.set(ParameterKey::person, found.at(row, 1));
+        each();
+      }
+    };
+    const bool ofPerson = !question.request.text(ParameterKey::person).empty();
+    const char* depts = ofPerson ? "SELECT DISTINCT d.sDeptName, p.sName FROM RegSub s, Dept d, Person p WHERE "
+                                   "d.lDeptId = s.lDeptId AND p.lId = s.lPersonId ORDER BY 1, 2 LIMIT 5"
+                                 : "SELECT sDeptName FROM Dept ORDER BY sDeptId";
+    variants(ParameterKey::dept, depts, [&] {
+      variants(ParameterKey::account, "SELECT sCode FROM Code WHERE sAssBook <> '' ORDER BY sCode", take);
+    });
+    return best;
+  }
+
+  // A row of the table leads to the first line of its member, in sight, and the table stays.
+  void leads(ReportWindow& table, std::int64_t row) {
+    const ComputedReport& shown = table.Shown()->report;
+    const auto answer = table.Definition().detail(*shown.resolved, shown, row);
+    if (!std::holds_alternative<DetailTarget>(answer)) return;  // a row without department
+    enter(table, row);
+    ASSERT_TRUE(messages_.all.empty()) << messages_.takeLast();
+    ReportWindow* ledger = behind(std::get<DetailTarget>(answer).command);
+    ASSERT_NE(ledger, nullptr);
+    const auto current = ledger->Grid().Current().row;
+    const auto& report = ledger->Shown()->report;
+    const Id asked = shown.resolved->account.lId;
+    std::int64_t first = 0;
+    while (first < report.grid.GetRows() &&
+           !(report.subjects.line(first) && isOf(report.subjects.of(first), shown.subjects.of(row), asked))) {
+      ++first;
+    }
+    if (first < report.grid.GetRows()) {
+      EXPECT_EQ(current, first);
+      ++linesReached_;
+    } else {
+      EXPECT_TRUE(isOf(report.subjects.of(current), shown.subjects.of(row), asked) || current <= 0);
+    }
+    EXPECT_TRUE(report.grid.GetRows() == 0 || ledger->Grid().VisiblePart(ledger->Grid().Current()).isValid());
+    EXPECT_EQ(ledger->focusWidget(), &ledger->Grid());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(ledger));
+    EXPECT_TRUE(table.isVisible());
+    EXPECT_EQ(table.Grid().Current().row, row);
+    for (const auto key : {ParameterKey::unposted, ParameterKey::format, ParameterKey::projectFrom}) {
+      EXPECT_EQ(ledger->Shown()->request.text(key), table.Shown()->request.text(key));
+    }
+  }
+
+  ReportLauncher launcher_;
+  static inline const ReportDefinition* told_ = nullptr;
+  int linesReached_ = 0;
+};
+
+TEST_F(DrillTest, EveryTableLeadsToTheFirstLineOfItsRow) {
+  Reader reader(g_lpszQnZwDBName);
+  int tables = 0;
+  for (const auto& found : everyReport(reader)) {
+    if (found.report->detail == nullptr) continue;
+    SCOPED_TRACE(found.report->command);
+    const auto question = fullest(found, reader);
+    if (!question) continue;  // its rows lead elsewhere
+    ++tables;
+    linesReached_ = 0;
+    ReportWindow& table = open(found.report->command, question->request);
+    const auto rows = rowsOf(table.Shown()->report, RowKind::line);
+    for (const auto row : {rows.front(), rows[rows.size() / 2], rows.back()}) leads(table, row);
+    EXPECT_GT(linesReached_, 0);
+    EXPECT_EQ(launcher_.Windows().size(), 2) << "one ledger for all of them";
+    launcher_.CloseAll();
+    deleteClosed();
+  }
+  EXPECT_GT(tables, 10);
+}
+
+TEST_F(DrillTest, TheLedgerThatIsOpenIsTakenWhoeverOpenedItAndMadeAnewOnceClosed) {
+  ReportWindow& table = open(10183, ofYear("122101"));
+  const auto rows = rowsOf(table.Shown()->report, RowKind::line);
+  Request january = ofYear("122101");
+  january.set(ParameterKey::to, "1");
+  january.clear(ParameterKey::unposted);
+  const QPointer<ReportWindow> ledger = &open(10184, january);
+  GridView& view = ledger->Grid();
+  // What was looked for and folded there does not hide the member's line.
+  QTest::keyClick(&view, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  enterText(control<QLineEdit>(*ledger, "filterText"), "没有这样的摘要");
+  QTest::keyClick(&control<QLineEdit>(*ledger, "filterText"), Qt::Key_Return);
+  EXPECT_EQ(view.Rows().Count(), 0);
+  view.SetOutline(2);
+
+  leads(table, rows.back());
+  EXPECT_EQ(behind(10184), ledger);
+  EXPECT_EQ(ledger->Shown()->report.period, "月份: 2025.01 - 2025.12");
+  EXPECT_EQ(control<QLineEdit>(*ledger, "filterText").text(), "");
+  EXPECT_EQ(linesReached_, 1);
+  EXPECT_EQ(launcher_.Windows().size(), 2);
+
+  ledger->close();
+  deleteClosed();
+  ASSERT_TRUE(ledger.isNull());
+  leads(table, rows.front());
+  EXPECT_EQ(linesReached_, 2);
+  table.close();
+  deleteClosed();
+  EXPECT_TRUE(behind(10184)->isVisible()) << "it outlives the table";
+}
+
+TEST_F(DrillTest, ALedgerThatIsStoppedKeepsWhatItShowsAndTheTableStays) {
+  const CountedReport slow;
+  told_ = &slow.definition;
+  const auto [dept, person] = Person();
+  Request request = ofYear("122101");
+  request.set(ParameterKey::dept, dept);
+  request.set(ParameterKey::person, person);
+  ReportWindow& table = open(10189, request);
+  const auto months = rowsOf(table.Shown()->report, RowKind::line);
+  ASSERT_GT(months.size(), 1U);
+  leads(table, months[0]);
+  ReportWindow& ledger = *behind(10190);
+  const auto before = ReportLedger::json(ledger.Shown()->report);
+  ASSERT_TRUE(ledger.Grid().SetCurrent(ledger.Grid().RowCount() - 1, 3));
+  const GridCell current = ledger.Grid().Current();
+
+  CountedReport::before = untilStopped;
+  QTimer::singleShot(400, [&] { QTest::keyClick(&ledger, Qt::Key_Escape); });
+  enter(table, months[1]);
+  EXPECT_EQ(ReportLedger::json(ledger.Shown()->report), before);
+  EXPECT_EQ(ledger.Grid().Current(), current);
+  EXPECT_TRUE(table.isVisible());
+  CountedReport::before = {};
+  ledger.Recompute();
+  EXPECT_EQ(ledger.Grid().Current().row, -1) << "the drill-down is over";
+
+  // The window goes while it is computed: the table does not.
+  CountedReport::before = untilStopped;
+  QTimer::singleShot(400, &ledger, &QWidget::close);
+  enter(table, months[1]);
+  QCoreApplication::processEvents();
+  deleteClosed();
+  EXPECT_EQ(behind(10190), nullptr);
+  CountedReport::before = {};
+  leads(table, months[1]);
+  EXPECT_EQ(linesReached_, 2);
+  EXPECT_TRUE(messages_.all.empty());
+}
+
+}  // namespace
+}  // namespace tz::test
