@@ -14,6 +14,7 @@ void RowSubjects::set(std::int64_t row, Place subject, int level) {
 }
 
 void RowSubjects::set(std::int64_t row, Place subject, int level, const LineId& line) {
+  hasLines_ = true;
   rowAt(row) = {.line = line.line,
                 .voucher = line.voucher,
                 .subject = subject,

@@ -54,6 +54,9 @@ class RowSubjects {
   // The voucher line that a row shows; nothing for openings, headings and totals.
   [[nodiscard]] std::optional<LineId> line(std::int64_t row) const;
 
+  // Whether any row shows a voucher line: those of tables are sums.
+  [[nodiscard]] bool hasLines() const { return hasLines_; }
+
   // Rows that were named, up to the last one.
   [[nodiscard]] std::int64_t size() const { return static_cast<std::int64_t>(rows_.size()); }
   // Bytes held for rows and subjects, texts that do not fit into a record left out.
@@ -78,6 +81,7 @@ class RowSubjects {
   // In pieces, so that growing neither copies them nor holds twice the room.
   std::deque<Subject> subjects_ = std::deque<Subject>(1);  // the first one is about nothing
   std::deque<Row> rows_;
+  bool hasLines_ = false;
 };
 
 }  // namespace tz

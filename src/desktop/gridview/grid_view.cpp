@@ -217,7 +217,9 @@ void GridView::timerEvent(QTimerEvent* event) {
   if (event->timerId() == summing_.timerId()) {
     if (grid_ != nullptr && !sum_.Add(*grid_, sumSlice)) return;
     summing_.stop();
-    emit selectionSummaryChanged(sum_.Sums());
+    LineSums sums = sum_.Sums();
+    sums.ofVouchers = ShowsVoucherLines();
+    emit selectionSummaryChanged(sums);
   } else if (event->timerId() == dragging_.timerId()) {
     MoveTo(CellBelow(pointer_), true);
   } else {

@@ -73,6 +73,8 @@ class GridView : public QAbstractScrollArea {
   [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
   [[nodiscard]] const ShownRows& Rows() const { return rows_; }
   [[nodiscard]] const ComputedReport* Report() const { return report_; }
+  // Whether the lines that are shown are those of vouchers, "分录"; those of tables are rows.
+  [[nodiscard]] bool ShowsVoucherLines() const { return report_ == nullptr || report_->subjects.hasLines(); }
 
   // Blocks: grid_view_blocks.cpp.
   [[nodiscard]] const GridBlocks& Blocks() const { return rowState_.Blocks(); }

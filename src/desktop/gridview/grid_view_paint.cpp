@@ -111,8 +111,9 @@ void GridView::PaintSign(QPainter& painter, const QRect& sign, bool folded) cons
 void GridView::PaintNothing(QPainter& painter) const {
   painter.setPen(currentTheme().mutedText);
   const bool filtered = rowState_.Filtered() && RowCount() > 0;
-  const QString text =
-      filtered ? QStringLiteral("没有符合筛选条件的分录，这张表的行都隐藏着。\n按 Esc 清除筛选。") : emptyText_;
+  const QString text = filtered ? QStringLiteral("没有符合筛选条件的%1，这张表的行都隐藏着。\n按 Esc 清除筛选。")
+                                      .arg(ShowsVoucherLines() ? QStringLiteral("分录") : QStringLiteral("行"))
+                                : emptyText_;
   painter.drawText(viewport()->rect(), Qt::AlignCenter, text);
   if (hasFocus()) PixelLines(painter).Frame(viewport()->rect(), currentTheme().accent, 2);
 }

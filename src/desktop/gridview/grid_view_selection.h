@@ -70,6 +70,7 @@ struct LineSums {
 
   std::int64_t rows = 0;  // of any kind
   std::int64_t lines = 0;
+  bool ofVouchers = true;                                // the lines are those of vouchers, not rows of a table
   std::array<Figures, columnKinds.size()> figures = {};  // by kind of column
 
   bool operator==(const LineSums&) const = default;

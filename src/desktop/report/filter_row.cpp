@@ -32,7 +32,6 @@ FilterRow::FilterRow(QWidget* parent)
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
   text_ = AddField(*line, "filterText", QStringLiteral("筛选文字"));
-  text_->setPlaceholderText(QStringLiteral("摘要、凭证号等文字的一部分"));
   text_->setClearButtonEnabled(true);
   line->setStretch(line->indexOf(text_), 1);
   from_ = AddField(*line, "filterFrom", QStringLiteral("金额从"));
@@ -69,6 +68,8 @@ FilterRow::FilterRow(QWidget* parent)
   layout->setSpacing(4);
   layout->addLayout(line);
   layout->addLayout(below);
+
+  ShowLines(true);
 
   pause_.setSingleShot(true);
   pause_.setInterval(typingPause);
@@ -151,9 +152,19 @@ void FilterRow::ShowResult(qint64 kept, qint64 lines, bool folded) {
     Tell({}, false);
     return;
   }
-  const QString text = folded ? QStringLiteral("%1 条符合，折叠的未显示；隐藏 %2 条分录。合计为全部分录")
-                              : QStringLiteral("显示 %1 条，隐藏 %2 条分录。合计为全部分录");
-  Tell(text.arg(grouped(kept), grouped(lines - kept)), false);
+  const QString text = folded ? QStringLiteral("%1 %3符合，折叠的未显示；隐藏 %2 %4。合计为全部%5")
+                              : QStringLiteral("显示 %1 %3，隐藏 %2 %4。合计为全部%5");
+  const QString one = ofVouchers_ ? QStringLiteral("条") : QStringLiteral("行");
+  const QString each = ofVouchers_ ? QStringLiteral("条分录") : one;
+  const QString all = ofVouchers_ ? QStringLiteral("分录") : QStringLiteral("各行");
+  Tell(text.arg(grouped(kept), grouped(lines - kept), one, each, all), false);
+}
+
+void FilterRow::ShowLines(bool ofVouchers) {
+  ofVouchers_ = ofVouchers;
+  unposted_->setVisible(ofVouchers);
+  text_->setPlaceholderText(ofVouchers ? QStringLiteral("摘要、凭证号等文字的一部分")
+                                       : QStringLiteral("名称、编码等文字的一部分"));
 }
 
 void FilterRow::Tell(const QString& text, bool problem) {

@@ -30,6 +30,8 @@ class FilterRow : public QWidget {
   void Clear();
   // How many lines of all are kept, and whether some of them are folded away.
   void ShowResult(qint64 kept, qint64 lines, bool folded);
+  // Whether the lines are those of vouchers: rows of a table are called so, and none of them is unposted.
+  void ShowLines(bool ofVouchers);
   // What can be shown of the blocks, and what is; of month totals only where there are any.
   void ShowOutline(const QStringList& names, int chosen, bool hasMonths, bool monthTotals);
 
@@ -67,6 +69,7 @@ class FilterRow : public QWidget {
   ElidedLabel* note_;
   QStringList outlineNames_;
   bool problem_ = false;
+  bool ofVouchers_ = true;
 };
 
 }  // namespace tz

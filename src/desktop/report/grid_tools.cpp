@@ -67,7 +67,7 @@ void GridTools::MakeActions(bool findIsFree) {
   };
   filterAction_ = make("筛选行(&R)", Qt::CTRL | Qt::SHIFT | Qt::Key_F, [] {});
   filterAction_->setIconText(QStringLiteral("筛选"));
-  filterAction_->setToolTip(QStringLiteral("筛选分录，选择显示到哪一级合计 (Ctrl+Shift+F)"));
+  filterAction_->setToolTip(QStringLiteral("筛选表中的行，选择显示到哪一级合计 (Ctrl+Shift+F)"));
   filterAction_->setCheckable(true);
   connect(filterAction_, &QAction::toggled, this, &GridTools::ShowFilter);
   view_.addAction(filterAction_);
@@ -135,6 +135,7 @@ void GridTools::OnRefreshed() {
   reached_ = -1;
   filterRun_ = {};
   if (view_.Report() == nullptr) return;
+  filterRow_->ShowLines(view_.RowCount() == 0 || view_.ShowsVoucherLines());
   ShowOutline();
   if (!filterRow_->Filter().empty()) BeginFilter();
   if (!locateBar_->isHidden()) BeginSearch();

@@ -35,16 +35,22 @@ QString rowsText(qint64 shown, qint64 rows) {
 }  // namespace
 
 QString selectionText(const LineSums& sums) {
-  if (sums.rows == 0) return {};
+  // Of a table's totals alone there is nothing to say.
+  if (sums.rows == 0 || (sums.lines == 0 && !sums.ofVouchers)) return {};
   QStringList parts;
   for (const auto& traits : columnKinds) {
     const auto& [sum, count] = sums.of(traits.kind);
     if (count == 0) continue;
+    if (!sums.ofVouchers) {
+      parts.append(QStringLiteral("%1合计 %2").arg(toQt(traits.sumName), toQt(figureText(sum, traits.kind))));
+      continue;
+    }
     parts.append(QStringLiteral("%1 %2 笔，合计 %3，平均 %4")
                      .arg(toQt(traits.sumName), grouped(count), toQt(figureText(sum, traits.kind)),
                           toQt(figureText(sum / static_cast<double>(count), traits.kind))));
   }
-  const QString lines = QStringLiteral("已选 %1 条分录").arg(grouped(sums.lines));
+  const QString lines =
+      (sums.ofVouchers ? QStringLiteral("已选 %1 条分录") : QStringLiteral("已选 %1 行")).arg(grouped(sums.lines));
   return parts.isEmpty() ? lines : lines + QStringLiteral("：") + parts.join(QStringLiteral("；"));
 }
 
@@ -240,7 +246,9 @@ void ReportStatus::ShowSubject(const QString& text) const {
 
 void ReportStatus::ShowSelection(const LineSums& sums) const {
   selection_->SetShown(selectionText(sums));
-  selection_->setToolTip(selection_->text() + QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。"));
+  selection_->setToolTip(selection_->text() +
+                         (sums.ofVouchers ? QStringLiteral("\n只加分录：期初、合计行和余额、单价、汇率不计入。")
+                                          : QStringLiteral("\n只加发生额：小计、合计行和余额不计入。")));
   ShareRoom();
   announce(selection_, QAccessible::NameChanged);
 }

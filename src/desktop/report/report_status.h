@@ -19,7 +19,8 @@ namespace tz {
 
 class ElidedLabel;
 
-// "已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00"; a side without figures is not named.
+// "已选 3 条分录：借方 2 笔，合计 1,020.00，平均 510.00"; a side without figures is not named. Of rows of a
+// table "已选 3 行：借方合计 1,020.00".
 [[nodiscard]] QString selectionText(const LineSums& sums);
 
 class ReportStatus : public QWidget {

@@ -113,7 +113,7 @@ void ReportWindow::ConnectParts() {
   });
   view_->installEventFilter(this);
   view_->viewport()->installEventFilter(this);
-  auto* copySums = new QAction(QStringLiteral("复制选中分录的合计(&S)"), view_);
+  auto* copySums = new QAction(QStringLiteral("复制选中行的合计(&S)"), view_);
   connect(copySums, &QAction::triggered, status_, &ReportStatus::CopySelection);
   view_->addAction(copySums);
   OfferInMenu(WindowCommand::detail, "明细(&D)");

@@ -92,7 +92,7 @@ TEST_F(ReportFilter, HidesLinesAndSaysSoAndChangesNoTotal) {
   const std::string selected = "已选 " + std::to_string(found.size()) + " 条分录";
   EXPECT_TRUE(QTest::qWaitFor([&] { return Told("selection").starts_with(selected); })) << Told("selection");
   for (QAction* action : View().actions()) {
-    if (action->text().startsWith(QStringLiteral("复制选中分录的合计"))) action->trigger();
+    if (action->text().startsWith(QStringLiteral("复制选中行的合计"))) action->trigger();
   }
   EXPECT_EQ(fromQt(QApplication::clipboard()->text()), Told("selection"));
   // A new computation takes the filter along, and a report with other rows too.

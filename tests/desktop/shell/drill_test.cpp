@@ -1,6 +1,10 @@
 // From the rows of tables and general ledgers to the ledger behind them, as a person goes there: what stands there,
 // which window it is, and what refuses.
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QToolBar>
 #include <algorithm>
 
 #include "desktop/report/sample_report.h"
@@ -52,6 +56,24 @@ class DrillTest : public SampleReport {
     table.Grid().setFocus();
     ASSERT_TRUE(table.Grid().SetCurrent(row, 0));
     QTest::keyClick(&table.Grid(), Qt::Key_Return);
+  }
+  static void doubleClick(ReportWindow& table, std::int64_t row) {
+    ASSERT_TRUE(table.Grid().SetCurrent(row, 1));
+    QTest::mouseDClick(table.Grid().viewport(), Qt::LeftButton, {}, table.Grid().CellRect(row, 1).center());
+  }
+  static void pressDetail(ReportWindow& table) {
+    QTest::mouseClick(table.ToolBar().widgetForAction(table.ActionOf(static_cast<int>(WindowCommand::detail))),
+                      Qt::LeftButton);
+  }
+  static void filter(ReportWindow& table, const char* text) {
+    auto& field = control<QLineEdit>(table, "filterText");
+    if (!field.isVisible()) QTest::keyClick(&table.Grid(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    field.clear();
+    enterText(field, QString::fromUtf8(text));
+    QTest::keyClick(&field, Qt::Key_Return);
+  }
+  static std::string told(const ReportWindow& table, const char* label) {
+    return fromQt(control<QLabel>(table, QString::fromLatin1(label)).text());
   }
   // All there is of a year, of one account.
   static Request ofYear(const char* account) {
@@ -228,6 +250,97 @@ TEST_F(DrillTest, ALedgerThatIsStoppedKeepsWhatItShowsAndTheTableStays) {
   leads(table, months[1]);
   EXPECT_EQ(linesReached_, 2);
   EXPECT_TRUE(messages_.all.empty());
+}
+
+TEST_F(DrillTest, TotalsSubtotalsAndHiddenRowsAreNoMembers) {
+  ReportWindow& table = open(10200, ofYear("1122"));
+  GridView& view = table.Grid();
+  const auto subtotals = rowsOf(table.Shown()->report, RowKind::subtotal);
+  const auto members = rowsOf(table.Shown()->report, RowKind::line);
+  ASSERT_GT(subtotals.size(), 1U);
+  const auto total = view.RowCount() - 1;
+  const auto refuses = [&](const char* what) {
+    EXPECT_EQ(messages_.takeLast(), "请先选择一条记录") << what;
+    EXPECT_EQ(launcher_.Windows().size(), 1) << what;
+  };
+  enter(table, total);
+  refuses("Enter on the total");
+  doubleClick(table, total);
+  refuses("a double click on the total");
+  doubleClick(table, subtotals.front());
+  refuses("a double click on a subtotal");
+  view.SetCurrent(subtotals.back(), 0);
+  pressDetail(table);
+  refuses("the button on a subtotal");
+  // Folded away: its subtotal is current in its place.
+  view.SetCurrent(members.front(), 0);
+  QTest::keyClick(&view, Qt::Key_Minus);
+  QTest::keyClick(&view, Qt::Key_D, Qt::ControlModifier);
+  refuses("a member that is folded away");
+  QTest::keyClick(&view, Qt::Key_Plus);
+  // Filtered away, with all others.
+  view.SetCurrent(members.front(), 0);
+  filter(table, "没有这样的名称");
+  EXPECT_EQ(view.Rows().Count(), 0);
+  pressDetail(table);
+  refuses("a filter that keeps nothing");
+  filter(table, std::string(table.Shown()->report.grid.TextAt(members.back(), 1)).c_str());
+  leads(table, members.back());
+  EXPECT_EQ(linesReached_, 1);
+}
+
+TEST_F(DrillTest, ARowWithoutDepartmentAMonthOrARecordLeadsNowhere) {
+  ReportWindow& depts = open(10199, ofYear("1122"));
+  ASSERT_EQ(depts.Shown()->report.grid.TextAt(0, 0), "");
+  enter(depts, 0);
+  EXPECT_EQ(messages_.takeLast(), "部门不能不空!");
+
+  const auto [dept, person] = Person();
+  Request request = ofYear("122101");
+  request.set(ParameterKey::dept, dept);
+  request.set(ParameterKey::person, person);
+  ReportWindow& months = open(10189, request);
+  const auto& report = months.Shown()->report;
+  QTest::keyClick(&months.Grid(), Qt::Key_Down);
+  for (const auto row : {rowsOf(report, RowKind::opening).front(), rowsOf(report, RowKind::yearTotal).front()}) {
+    enter(months, row);
+    EXPECT_EQ(messages_.takeLast(), "请选择要查询的月份。");
+    doubleClick(months, row);
+    EXPECT_EQ(messages_.takeLast(), "请选择要查询的月份。");
+  }
+
+  // Stopped before it had any rows.
+  static ReportDefinition slow = *findReport(10183);
+  slow.compute = [](const ReportDefinition&, Session& session, const Conditions&, ComputedReport&) {
+    untilStopped(session);
+  };
+  told_ = &slow;
+  QTimer::singleShot(400, &launcher_, [this] {
+    for (const auto* window : launcher_.Windows()) {
+      if (window->Key() == slow.command) QTest::keyClick(const_cast<ProcessWindow*>(window), Qt::Key_Escape);
+    }
+  });
+  ReportWindow& stopped = open(slow.command, ofYear("122101"));
+  pressDetail(stopped);
+  EXPECT_EQ(messages_.takeLast(), "没有记录，不能查明细!");
+  EXPECT_EQ(launcher_.Windows().size(), 3);
+}
+
+TEST_F(DrillTest, RowsOfTablesAreCalledSo) {
+  ReportWindow& table = open(10183, ofYear("1221"));
+  GridView& view = table.Grid();
+  const auto members = rowsOf(table.Shown()->report, RowKind::line).size();
+  view.setFocus();
+  view.SelectAll();
+  const auto selected = "已选 " + std::to_string(members) + " 行：借方合计 ";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told(table, "selection").starts_with(selected); }))
+      << told(table, "selection");
+  EXPECT_EQ(told(table, "selection").find("平均"), std::string::npos);
+  view.SetCurrent(view.RowCount() - 1, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told(table, "selection").empty(); })) << "a total is no row of its own";
+  filter(table, "李明");
+  EXPECT_EQ(told(table, "filterNote"), "显示 1 行，隐藏 " + std::to_string(members - 1) + " 行。合计为全部各行");
+  EXPECT_FALSE(control<QCheckBox>(table, "filterUnposted").isVisible()) << "no row is unposted";
 }
 
 }  // namespace
