@@ -28,4 +28,8 @@ const ReportDefinition* findReport(int command) {
   return found == reports.end() ? nullptr : *found;
 }
 
+bool mayReadVouchers(const Operator& who) {
+  return std::ranges::any_of(detailReports(), [&](const auto* report) { return who.may(report->right); });
+}
+
 }  // namespace tz

@@ -98,10 +98,10 @@ const TableSchema& tableOf(std::string_view name) {
   return *std::ranges::find(ledgerTables(), name, &TableSchema::name);
 }
 
-const std::vector<IndexSchema>& ledgerIndexes() {
+std::vector<IndexSchema> ledgerIndexes(const Dialect& dialect) {
   // An index serves a report's order without a sort: the dimension first, then what the report orders by, continued by
   // line id, voucher, account. Those of a dimension that few lines have leave the others out.
-  static const auto indexes = [] {
+  static const auto common = [] {
     std::vector<IndexSchema> all = {
         {"RegSub_Person", "RegSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
         {"UnregSub_Person", "UnregSub", "lDeptId, lPersonId, dtDate, lId, lTieId, lCodeId"},
@@ -109,6 +109,8 @@ const std::vector<IndexSchema>& ledgerIndexes() {
         {"AssAcc_Unit", "AssAcc", "lEnterId, byPeroid, lId, lCodeId", "lEnterId <> 0"},
         {"AssAcc_Item", "AssAcc", "sItemId, lItemId, byPeroid, lId, lCodeId", "lItemId <> 0"},
         {"RegMain_Bill", "RegMain", "dtBill"},
+        {"RegMain_Order", "RegMain", "byPeroid, sWord, nNumber, lTieId"},
+        {"UnregMain_Order", "UnregMain", "byPeroid, sWord, nNumber, lTieId"},
     };
     for (const auto& order : lineOrders) {
       for (const std::string table : {"RegSub", "UnregSub"}) {
@@ -119,6 +121,9 @@ const std::vector<IndexSchema>& ledgerIndexes() {
     }
     return all;
   }();
+  auto indexes = common;
+  if (dialect.linesKeyedByVoucher()) return indexes;
+  for (const std::string table : {"RegSub", "UnregSub"}) indexes.push_back({table + "_Voucher", table, "lTieId, lId"});
   return indexes;
 }
 
@@ -185,7 +190,7 @@ bool hasAllIndexes(Connection& connection) {
   std::set<std::string> there;
   const auto names = connection.query(Sql(connection.dialect().indexNames()));
   while (names->next()) there.emplace(names->text(0));
-  return std::ranges::all_of(ledgerIndexes(), [&](const IndexSchema& index) {
+  return std::ranges::all_of(ledgerIndexes(connection.dialect()), [&](const IndexSchema& index) {
     std::string folded = index.name;
     std::ranges::transform(folded, folded.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return there.contains(folded);
@@ -193,7 +198,7 @@ bool hasAllIndexes(Connection& connection) {
 }
 
 void createIndexes(Connection& connection) {
-  for (const auto& index : ledgerIndexes()) {
+  for (const auto& index : ledgerIndexes(connection.dialect())) {
     std::string text = "CREATE INDEX IF NOT EXISTS " + index.name + " ON " + index.table + " (" + index.columns + ")";
     if (!index.rows.empty()) text += " WHERE " + index.rows;
     connection.execute(Sql(text));

@@ -33,7 +33,7 @@ struct IndexSchema {
 
 [[nodiscard]] const std::vector<TableSchema>& ledgerTables();
 [[nodiscard]] const TableSchema& tableOf(std::string_view name);
-[[nodiscard]] const std::vector<IndexSchema>& ledgerIndexes();
+[[nodiscard]] std::vector<IndexSchema> ledgerIndexes(const Dialect& dialect);
 // The item table of a class, one column per field besides lId; the fields' types decide the columns' types.
 [[nodiscard]] TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItemsInfo>& fields);
 

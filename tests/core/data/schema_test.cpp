@@ -209,7 +209,7 @@ TEST_P(Schema, ListsItemTablesAsTheirClassSpellsThem) {
 }
 
 TEST_P(Schema, CarriesTheProgramsIndexes) {
-  for (const auto& index : ledgerIndexes()) {
+  for (const auto& index : ledgerIndexes(ledger.keeper().dialect())) {
     EXPECT_TRUE(
         refused(ledger.keeper(), "CREATE INDEX " + index.name + " ON " + index.table + " (" + index.columns + ")"))
         << index.name;
