@@ -92,6 +92,8 @@ void addExamples(CLI::App& app, int reportId) {
   addExample(*ledger.get_subcommand("create"), "ledger create 新帐套.db --empty --year 2025 --name 新帐套");
   addExample(*ledger.get_subcommand("check"), "ledger check 示例.db");
   addExample(*app.get_subcommand("reports"), "reports --as json");
+  addExample(*app.get_subcommand("voucher"), "voucher 120 --ledger 示例.db");
+  addExample(*app.get_subcommand("voucher"), "voucher 120 --ledger 示例.db --as json");
   addExample(*app.get_subcommand("completion"), "completion bash");
   addReportExamples(app, reportId);
 }

@@ -77,6 +77,7 @@ Status run(int argc, char** argv) {
     addOpenCommand(app, work);
     addLedgerCommand(app, work);
     addReportsCommand(app, work);
+    addVoucherCommand(app, work);
   }
   auto addConditions = addReportCommand(app, work);
   if (!reportAlone) addCompletionCommand(app, work);

@@ -1,17 +1,14 @@
 // tzassistant report: computes one report and prints it or writes it to a file.
-#include <algorithm>
-#include <cstdio>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <map>
-#include <span>
 
 #include "cli/cli.h"
 #include "cli/logon.h"
+#include "cli/refuse.h"
 #include "cli/report_writer.h"
 #include "cli/values.h"
 #include "core/catalogue/catalogue.h"
-#include "core/output/display_text.h"
 #include "core/reports/output_guard.h"
 #include "core/reports/report_definition.h"
 
@@ -56,18 +53,6 @@ void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
   }
 }
 
-// The message as the dialog shows it; where that points at a list, the list in the next line.
-Status refuse(const Refusal& refusal) {
-  constexpr std::size_t most = 20;
-  std::fprintf(stderr, "%s\n", shownText(refusal.text).c_str());
-  if (!refusal.offered.empty()) {
-    const auto shown = std::span(refusal.offered).first(std::min(most, refusal.offered.size()));
-    std::fprintf(stderr, "可用：%s%s\n", shownText(fmt::format("{}", fmt::join(shown, "、"))).c_str(),
-                 refusal.offered.size() > most ? "……" : "");
-  }
-  return refusal.ledgerNotOpen ? Status::failed : Status::refused;
-}
-
 Status run(const ReportOptions& options) {
   const auto* report = findReport(options.id);
   if (report == nullptr)
@@ -80,8 +65,7 @@ Status run(const ReportOptions& options) {
   const auto who = logOnFromTerminal(db, options.operatorName);
   if (!who) return Status::noRight;
   if (!CCheckAuth(*who, report->right, 1, report->rightName)) {
-    complain(fmt::format("操作员 {} 没有“{}”的权限（{} 号）", who->name, report->rightName, report->right));
-    return Status::noRight;
+    return refuseRight(*who, report->right, report->rightName);
   }
   refuseOtherYear(db, asked);
   if (const auto refusal = launchRefusal(report->launchChecks, db)) return refuse(*refusal);

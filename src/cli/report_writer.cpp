@@ -15,11 +15,6 @@ CsvCode codeOf(const OutputOptions& options) {
   return options.encoding == "gb18030" ? CsvCode::gb18030 : CsvCode::utf8;
 }
 
-// Colours only where a person looks, and only if he does not object.
-bool wantsColour(const OutputOptions& options) {
-  return options.file.empty() && platform::isTerminal() && std::getenv("NO_COLOR") == nullptr;
-}
-
 // The forms for programs hold texts as they are, which must not command a terminal either. Their blocks end between
 // records.
 Producer forTerminal(const Producer& produce) {
@@ -30,6 +25,20 @@ Producer forTerminal(const Producer& produce) {
 
 }  // namespace
 
+bool wantsColour(const OutputOptions& options) {
+  return options.file.empty() && platform::isTerminal() && std::getenv("NO_COLOR") == nullptr;
+}
+
+void writeTo(const OutputOptions& options, const Producer& produce) {
+  if (!options.file.empty()) {
+    writeFile(options.file, produce);
+  } else if (options.form == "text") {
+    platform::showOutput(produce);
+  } else {
+    platform::writeToStandardOutput(platform::isTerminal() ? forTerminal(produce) : produce);
+  }
+}
+
 std::vector<std::string> outputForms() { return {"text", "csv", "json", "xlsx"}; }
 
 void writeReport(const ComputedReport& report, const OutputOptions& options) {
@@ -38,18 +47,11 @@ void writeReport(const ComputedReport& report, const OutputOptions& options) {
     (void)CGridToFile(report).CreateFile(options.file, FileForm::xlsx);
     return;
   }
-  const Producer produce = [&](const Sink& sink) {
+  writeTo(options, [&](const Sink& sink) {
     if (options.form == "json") return writeJson(report, sink);
     if (options.form == "csv") return writeCsv(report, codeOf(options), sink);
     return writeText(report, {.colour = wantsColour(options)}, sink);
-  };
-  if (!options.file.empty()) {
-    writeFile(options.file, produce);
-  } else if (options.form == "text") {
-    platform::showOutput(produce);
-  } else {
-    platform::writeToStandardOutput(platform::isTerminal() ? forTerminal(produce) : produce);
-  }
+  });
 }
 
 }  // namespace tz::cli

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/output/report_output.h"
+#include "core/platform/sink.h"
 
 namespace tz::cli {
 
@@ -15,6 +16,10 @@ struct OutputOptions {
 };
 
 [[nodiscard]] std::vector<std::string> outputForms();
+// Colours only where a person looks, and only if he does not object.
+[[nodiscard]] bool wantsColour(const OutputOptions& options);
+// Writes what is produced as text of any kind to where the options say. Throws OutputError when that fails.
+void writeTo(const OutputOptions& options, const Producer& produce);
 // Throws OutputError when the output cannot be written (a file is then left as it was), WrongUse when the form needs a
 // file and has none.
 void writeReport(const ComputedReport& report, const OutputOptions& options);
