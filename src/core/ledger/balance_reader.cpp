@@ -127,6 +127,7 @@ class BalanceReader {
       auto& part = key.parts.at(*classLevel_);
       part.id = conditions_.data->GetEnterClassIdByEnterId(part.id);
     }
+    if (member_.byCode) key.parts.front().text = conditions_.data->GetCodeCode(key.parts.front().id);
     return balances_[key];
   }
 

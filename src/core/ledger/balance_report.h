@@ -49,6 +49,8 @@ struct BalanceMember {
   BalanceOpening opening = BalanceOpening::firstRecord;
   // With unposted vouchers, their lines of earlier periods move the opening's amount.
   bool earlierUnposted = false;
+  // Its accounts stand by their codes, not by their ids.
+  bool byCode = false;
   ReadingOrder order;
 
   [[nodiscard]] const BalanceGrouping& groupingFor(const Conditions& conditions) const {

@@ -36,7 +36,7 @@ using GroupLevels = Few<GroupLevel, mostLevels>;
 
 // Which entity a group is about.
 struct GroupPart {
-  std::string text;  // project: class id; clerk: name
+  std::string text;  // project: class id; clerk: name; account: its code where they stand by code
   Id id = 0;         // all others; of a project its item
 
   auto operator<=>(const GroupPart&) const = default;

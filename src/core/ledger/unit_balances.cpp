@@ -79,6 +79,7 @@ constexpr auto accountTable = balance(
         .selects = {.accounts = chosenAccount, .dimension = allUnits},
         .groupings = {byAccount},
         .earlierUnposted = true,
+        .byCode = true,
         .order = alongUnits,
     });
 

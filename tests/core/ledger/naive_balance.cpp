@@ -118,6 +118,8 @@ class Table {
         Id its = 0;
         for (const auto& unit : ledger_.units) its = unit.lId == of[Entity::unit] ? unit.lClassId : its;
         key.emplace_back(its == 0, "", its);
+      } else if (report_.byCode) {
+        key.emplace_back(false, nameOf(group, {false, "", of[group]}, true), of[group]);
       } else {
         key.emplace_back(false, group == Entity::project ? of.classId : "", of[group]);
       }

@@ -77,6 +77,7 @@ struct Report {
   // Of balance tables: the columns before the figures, each a group and what is told of it: c code, n name.
   std::string_view keys = "";
   OpeningOf opening = OpeningOf::firstRecord;
+  bool byCode = false;           // its accounts stand by their codes
   bool earlierUnposted = false;  // unposted lines before the range move the opening
   bool turns = false;            // its groups can be asked for the other way round
   bool unitClassesNeeded = false;
