@@ -75,7 +75,8 @@ Question questionFor(const ReportDefinition& report, Reader& reader, const std::
   for (const auto key : taken) {
     if (key == ParameterKey::from) question.request.set(key, "1");
     if (key == ParameterKey::to) question.request.set(key, "12");
-    if (parameter(key).kind == Parameter::Kind::flag) question.request.set(key, "1");
+    const bool hides = key == ParameterKey::hideDetails || key == ParameterKey::hideZero;
+    if (parameter(key).kind == Parameter::Kind::flag && !hides) question.request.set(key, "1");
   }
   const auto classes = reader.db().ProjClass_GetInfo("sItemId <> '' ORDER BY lId");
   if (!classes.empty() && std::ranges::find(taken, ParameterKey::projectClass) != taken.end()) {

@@ -26,8 +26,8 @@ class Reader {
   Session session_;
 };
 
-// For each report the conditions that it takes for the whole year, unposted vouchers included. One that refuses
-// whatever is tried keeps the last trial, so that its refusal is asked for as well.
+// For each report the conditions that it takes for the whole year, unposted vouchers included and no row hidden. One
+// that refuses whatever is tried keeps the last trial, so that its refusal is asked for as well.
 [[nodiscard]] std::vector<Question> everyReport(Reader& reader);
 [[nodiscard]] std::string jsonText(const ComputedReport& report);
 // The report as JSON, or its refusal.

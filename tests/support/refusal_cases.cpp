@@ -102,6 +102,35 @@ const std::vector<RefusalCase> ofBalances = {
      .values = {{Key::account, "660101"}, {Key::dept, "没有的部"}}},
 };
 
+constexpr std::string_view noItems = "DELETE FROM ProjItems01";
+
+const std::vector<RefusalCase> ofProjectGenerals = {
+    {.command = 10215, .text = "没有项目核算科目！", .change = noAccounts},
+    {.command = 10215, .text = "没有项目核算科目！", .values = {{Key::account, "140502"}}},
+    {.command = 10215, .text = "没有查到符合要求的项目。", .values = {{Key::account, "140501"}}, .change = noItems},
+    {.command = 10216, .text = "请先定义项目大类!", .change = noClasses},
+    {.command = 10216, .text = "没有查到符合要求的项目。", .values = {{Key::projectClass, "RD"}}},
+    {.command = 10217, .text = "请先定义项目大类!", .change = noClasses},
+    {.command = 10217, .text = "没有项目核算科目！", .change = noAccounts},
+    {.command = 10217, .text = "项目不能为空。", .values = {{Key::account, "140501"}}},
+    {.command = 10217,
+     .text = "该项目大类下没有该项目!",
+     .values = {{Key::account, "140501"}, {Key::projectClass, "XX"}, {Key::project, "一号厂房"}}},
+    {.command = 10217,
+     .text = "没有查到符合要求的项目!",
+     .values = {{Key::account, "140501"}, {Key::projectClass, "RD"}, {Key::project, "一号厂房"}}},
+    {.command = 10217,
+     .text = "该项目大类下没有该项目!",
+     .values = {{Key::account, "140501"}, {Key::project, "没有的项目"}}},
+    {.command = 10218, .text = "没有部门！", .change = "DELETE FROM Dept"},
+    {.command = 10218, .text = "没有部门项目核算科目！", .change = noAccounts},
+    {.command = 10218,
+     .text = "没有部门项目核算科目！",
+     .values = {{Key::account, "500101"}},
+     .change = "DELETE FROM ProjCodes"},
+    {.command = 10218, .text = "没有查到符合要求的项目。", .values = {{Key::account, "500101"}}, .change = noItems},
+};
+
 const std::vector<RefusalCase> ofDepartments = {
     {.command = 10229, .text = "没有部门核算科目！", .change = noAccounts},
     {.command = 10230, .text = "部门不能为空, 请重新输入!"},
@@ -156,6 +185,8 @@ RefusalCase unlisted(int command, std::string_view text, Values values, std::str
   return {.command = command, .text = text, .values = std::move(values), .listed = listed, .unlisted = true};
 }
 
+constexpr std::string_view everyDept = "可用：全部、销售部、采购部、财务部";
+
 const std::vector<RefusalCase> ofLists = {
     unlisted(10205, "没有“没有的分类”，请从列表中选择。", {{Key::account, "112201"}, {Key::unitClass, "没有的分类"}},
              "可用：其它"),
@@ -164,6 +195,14 @@ const std::vector<RefusalCase> ofLists = {
     unlisted(10207, "没有“999”，请从列表中选择。", {{Key::account, "112201"}, {Key::projectTo, "999"}}),
     unlisted(10210, "没有“没有的人”，请从列表中选择。", {{Key::account, "112201"}, {Key::clerk, "没有的人"}},
              "可用：其它"),
+    unlisted(10215, "没有“RD”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectClass, "RD"}}, "可用：01"),
+    unlisted(10215, "没有“999”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectTo, "999"}}),
+    unlisted(10216, "没有“XX”，请从列表中选择。", {{Key::projectClass, "XX"}}, "可用：01、RD"),
+    unlisted(10216, "没有“没有的部”，请从列表中选择。", {{Key::dept, "没有的部"}}, everyDept),
+    unlisted(10217, "没有“没有的部”，请从列表中选择。",
+             {{Key::account, "140501"}, {Key::project, "一号厂房"}, {Key::dept, "没有的部"}}, everyDept),
+    unlisted(10218, "没有“没有的部”，请从列表中选择。", {{Key::account, "500101"}, {Key::dept, "没有的部"}}, everyDept),
+    unlisted(10218, "没有“RD”，请从列表中选择。", {{Key::account, "500101"}, {Key::projectClass, "RD"}}, "可用：01"),
     unlisted(10219, "没有“RD”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectClass, "RD"}}, "可用：01"),
     unlisted(10219, "没有“999”，请从列表中选择。", {{Key::account, "140501"}, {Key::projectFrom, "999"}}),
     unlisted(10222, "没有“RD”，请从列表中选择。", {{Key::account, "500101"}, {Key::projectClass, "RD"}}, "可用：01"),
@@ -197,7 +236,8 @@ Request RefusalCase::request() const {
 
 std::vector<RefusalCase> refusalCases() {
   std::vector<RefusalCase> cases;
-  for (const auto* part : {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists, &ofBalances}) {
+  for (const auto* part :
+       {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists, &ofBalances, &ofProjectGenerals}) {
     cases.insert(cases.end(), part->begin(), part->end());
   }
   addPersonCases(cases, 10188, "");

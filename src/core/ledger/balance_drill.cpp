@@ -8,6 +8,8 @@ namespace {
 constexpr Message nothingShown{"没有记录，不能查明细!"};
 constexpr Message noMemberChosen{"请先选择一条记录"};
 constexpr Message rowWithoutDept{"部门不能不空!"};
+constexpr Message noProjectRow{"请选择项目记录!"};
+constexpr Message noProjectChosen{"请选择产品名称!"};
 constexpr Message noMonthChosen{"请选择要查询的月份。"};
 
 // What the detail ledgers ask for as well.
@@ -61,6 +63,29 @@ DrillAnswer drillWithMember(int target, FillMember fill, const Conditions& condi
   if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {
     auto refused = fill(*leadsTo, shown.subjects.of(row), std::string(shown.grid.TextAt(row, 0)));
     if (refused) return std::move(*refused);
+  }
+  return answer;
+}
+
+DrillAnswer drillFromProject(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
+  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
+  if (row >= 0 && addsUp(shown.grid.RowKindAt(row))) return refusalWith(noMemberChosen);
+  const auto& subject = shown.subjects.of(row);
+  if (subject.item == 0 || subject.account != 0) return refusalWith(noProjectRow);
+  auto answer = targetWith(target, conditions.request);
+  answer.conditions.set(ParameterKey::projectClass, subject.itemClass);
+  answer.conditions.choose(ParameterKey::project, {std::string(shown.grid.TextAt(row, 0)), subject.item});
+  answer.stand = subject;
+  return answer;
+}
+
+DrillAnswer drillFromPeriodOfProject(int target, int targetOfDept, const Conditions& conditions,
+                                     const ComputedReport& shown, std::int64_t row) {
+  if (conditions.project.lId == 0) return refusalWith(noProjectChosen);
+  auto answer = drillFromPeriod(conditions.dept.lDeptId == 0 ? target : targetOfDept, conditions, shown, row);
+  if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {
+    leadsTo->conditions.set(ParameterKey::projectClass, conditions.projectClass.sItemId);
+    if (conditions.dept.lDeptId == 0) leadsTo->conditions.clear(ParameterKey::dept);
   }
   return answer;
 }

@@ -16,6 +16,13 @@ namespace tz {
 [[nodiscard]] DrillAnswer drillFromPeriod(int target, const Conditions& conditions, const ComputedReport& shown,
                                           std::int64_t row);
 
+// From a project's own row; those of its accounts are refused.
+[[nodiscard]] DrillAnswer drillFromProject(int target, const Conditions& conditions, const ComputedReport& shown,
+                                           std::int64_t row);
+// From a period of one project; of one department of it, to the ledger that can be asked for that.
+[[nodiscard]] DrillAnswer drillFromPeriodOfProject(int target, int targetOfDept, const Conditions& conditions,
+                                                   const ComputedReport& shown, std::int64_t row);
+
 // What a row's own member fills in where the ledger asks for it; the member's name stands in the first column.
 using FillMember = std::optional<Refusal> (*)(DetailTarget&, const Subject& subject, const std::string& name);
 [[nodiscard]] std::optional<Refusal> fillUnitClass(DetailTarget& target, const Subject& subject,
@@ -33,6 +40,15 @@ template <int target>
 template <int target, FillMember fill>
 [[nodiscard]] DrillAnswer memberTo(const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
   return drillWithMember(target, fill, conditions, shown, row);
+}
+template <int target>
+[[nodiscard]] DrillAnswer projectTo(const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
+  return drillFromProject(target, conditions, shown, row);
+}
+template <int target, int targetOfDept>
+[[nodiscard]] DrillAnswer periodOfProjectTo(const Conditions& conditions, const ComputedReport& shown,
+                                            std::int64_t row) {
+  return drillFromPeriodOfProject(target, targetOfDept, conditions, shown, row);
 }
 template <int target>
 [[nodiscard]] DrillAnswer periodTo(const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {

@@ -42,4 +42,12 @@ struct BalanceFigures {
   return std::round(amount * millionths);
 }
 
+[[nodiscard]] inline bool isZero(const SideFigures& figures) {
+  return wholeMillionths(figures.amount) == 0 && wholeMillionths(figures.quantity) == 0 &&
+         wholeMillionths(figures.foreign) == 0;
+}
+[[nodiscard]] inline bool isZero(const BalanceFigures& balance) {
+  return isZero(balance.opening) && isZero(balance.debit) && isZero(balance.credit) && isZero(balance.closing());
+}
+
 }  // namespace tz

@@ -29,18 +29,31 @@ RecordRows recordRows(const BalanceMember& member, const Conditions& conditions)
   return {member.selects, levelsToRead(member, conditions), conditions, member.opening == BalanceOpening::latestRecord};
 }
 
+// What a record or line counts in.
+struct Counted {
+  BalanceFigures* member = nullptr;
+  BalanceFigures* group = nullptr;  // null: groups have no figures of their own
+
+  template <class Count>
+  void each(Count count) const {
+    if (member != nullptr) count(*member);
+    if (group != nullptr) count(*group);
+  }
+};
+
 class BalanceReader {
  public:
   BalanceReader(const BalanceMember& member, Session& session, const Conditions& conditions)
       : member_(member),
         classLevel_(levelOf(member.groupingFor(conditions).levels, Entity::unitClass)),
+        headed_(member.groupingFor(conditions).headed),
         connection_(session.db.Current()),
         conditions_(conditions),
         before_{0, conditions.from - 1},
         range_{conditions.from, conditions.to},
         steps_(session) {}
 
-  MemberBalances read() {
+  TableBalances read() {
     switch (member_.opening) {
       case BalanceOpening::firstRecord:
         addRecords();
@@ -76,10 +89,10 @@ class BalanceReader {
   void addRecords() {
     auto row = recordRows(member_, conditions_);
     const auto records = connection_.query(row.statement(recordPeriods(member_, conditions_), member_.order.records));
-    BalanceFigures* balance = nullptr;
+    Counted counted;
     while (records->next()) {
-      if (row.read(*records) || balance == nullptr) balance = &of(row.key);
-      balance->addRecord(row.record, row.period);
+      if (row.read(*records) || counted.member == nullptr) counted = of(row.key);
+      counted.each([&](BalanceFigures& balance) { balance.addRecord(row.record, row.period); });
       steps_.step();
     }
   }
@@ -89,22 +102,26 @@ class BalanceReader {
     auto row = recordRows(member_, conditions_);
     const auto records = connection_.query(row.statement(recordPeriods(member_, conditions_), member_.order.records));
     std::map<RecordChain, SideFigures> latest;
-    BalanceFigures* balance = nullptr;
+    Counted counted;
     const auto open = [&] {
-      for (const auto& [chain, opening] : latest) balance->opening += opening;
+      for (const auto& [chain, opening] : latest) {
+        counted.each([&](BalanceFigures& balance) { balance.opening += opening; });
+      }
       latest.clear();
     };
     while (records->next()) {
-      if (row.read(*records) || balance == nullptr) {
+      if (row.read(*records) || counted.member == nullptr) {
         open();
-        balance = &of(row.key);
+        counted = of(row.key);
       }
       if (row.period <= range_.first) {
         latest[row.chain(*records)] = row.period == range_.first ? row.record.opening : row.record.closing();
       }
       if (row.period >= range_.first && row.period <= range_.last) {
-        balance->debit += row.record.debit;
-        balance->credit += row.record.credit;
+        counted.each([&](BalanceFigures& balance) {
+          balance.debit += row.record.debit;
+          balance.credit += row.record.credit;
+        });
       }
       steps_.step();
     }
@@ -114,36 +131,39 @@ class BalanceReader {
   void addLines(Book book, PeriodRange periods, Move move) {
     LineRows row(member_.selects, levelsToRead(member_, conditions_), conditions_);
     const auto lines = connection_.query(row.statement(book, periods, member_.order.lines));
-    BalanceFigures* balance = nullptr;
+    Counted counted;
     while (lines->next()) {
-      if (row.read(*lines) || balance == nullptr) balance = &of(row.key);
-      move(*balance, row);
+      if (row.read(*lines) || counted.member == nullptr) counted = of(row.key);
+      counted.each([&](BalanceFigures& balance) { move(balance, row); });
       steps_.step();
     }
   }
 
-  BalanceFigures& of(GroupKey key) {
+  Counted of(GroupKey key) {
     if (classLevel_) {
       auto& part = key.parts.at(*classLevel_);
       part.id = conditions_.data->GetEnterClassIdByEnterId(part.id);
     }
     if (member_.byCode) key.parts.front().text = conditions_.data->GetCodeCode(key.parts.front().id);
-    return balances_[key];
+    Counted counted{.member = &balances_.members[key]};
+    if (headed_) counted.group = &balances_.groups[GroupKey{{key.parts[0]}}];
+    return counted;
   }
 
   const BalanceMember& member_;
   std::optional<std::size_t> classLevel_;
+  bool headed_;
   Connection& connection_;
   const Conditions& conditions_;
   PeriodRange before_;
   PeriodRange range_;
   Steps steps_;
-  MemberBalances balances_;
+  TableBalances balances_;
 };
 
 }  // namespace
 
-MemberBalances readBalances(const BalanceMember& member, Session& session, const Conditions& conditions) {
+TableBalances readBalances(const BalanceMember& member, Session& session, const Conditions& conditions) {
   return BalanceReader(member, session, conditions).read();
 }
 

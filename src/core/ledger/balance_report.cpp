@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <optional>
+#include <vector>
 
 #include "core/ledger/balance_reader.h"
 #include "core/ledger/balance_rows.h"
@@ -40,6 +41,7 @@ class BalanceRun {
   BalanceRun(const BalanceMember& member, Session& session, const Conditions& conditions, const Subject& whole,
              ComputedReport& computed)
       : levels_(member.groupingFor(conditions).levels),
+        headed_(member.groupingFor(conditions).headed),
         conditions_(conditions),
         whole_(whole),
         rows_(member.groupingFor(conditions), conditions, computed),
@@ -47,13 +49,12 @@ class BalanceRun {
         balances_(readBalances(member, session, conditions)) {}
 
   void run() {
-    for (const bool others : {false, true}) {
-      for (const auto& [key, figures] : balances_) {
-        if (isOthers(key) == others && listed_.contain(figures.closing().amount)) writeMember(key, figures);
-      }
+    if (headed_) {
+      writeHeadedGroups();
+    } else {
+      writeMembers();
     }
-    if (group_) closeGroups(0);
-    rows_.writeTotal("合计", RowKind::total, whole_, RowSubjects::wholeReport, all_);
+    rows_.writeTotal("合计", whole_, all_);
   }
 
  private:
@@ -64,11 +65,38 @@ class BalanceRun {
     return (entity == Entity::unitClass && part.id == 0) || (entity == Entity::clerk && part.text.empty());
   }
 
+  void writeMembers() {
+    for (const bool others : {false, true}) {
+      for (const auto& [key, figures] : balances_.members) {
+        if (isOthers(key) == others && listed_.contain(figures.closing().amount)) writeMember(key, figures);
+      }
+    }
+    if (group_) closeGroups(0);
+  }
+
+  // A group stays while one of its members' rows is shown below it.
+  void writeHeadedGroups() {
+    auto member = balances_.members.begin();
+    for (const auto& [key, figures] : balances_.groups) {
+      std::vector<MemberBalances::const_iterator> shown;
+      for (; member != balances_.members.end() && member->first.parts[0] == key.parts[0]; ++member) {
+        if (!conditions_.hideDetails && isShown(member->second)) shown.push_back(member);
+      }
+      all_.add(figures);
+      if (shown.empty() && !isShown(figures)) continue;
+      const auto kind = shown.empty() ? RowKind::line : RowKind::heading;
+      rows_.writeGroup(kind, key, subjectOf(key, 0), figures);
+      for (const auto& one : shown) rows_.writeMember(one->first, subjectOf(one->first, 1), one->second);
+    }
+  }
+
+  [[nodiscard]] bool isShown(const BalanceFigures& figures) const { return !conditions_.hideZero || !isZero(figures); }
+
   void writeMember(const GroupKey& key, const BalanceFigures& figures) {
     if (group_) closeGroups(group_->partsFrom(key));
     group_ = key;
     const auto innermost = levels_.size() - 1;
-    rows_.writeMember(key, subjectOf(key, innermost), figures);
+    if (!conditions_.hideDetails || innermost == 0) rows_.writeMember(key, subjectOf(key, innermost), figures);
     for (std::size_t level = 0; level < innermost; ++level) sums_.at(level).add(figures);
     all_.add(figures);
   }
@@ -77,8 +105,7 @@ class BalanceRun {
   void closeGroups(std::size_t outermost) {
     for (auto level = levels_.size() - 1; level-- > outermost;) {
       if (!levels_[level].subtotal.empty()) {
-        rows_.writeTotal(levels_[level].subtotal, RowKind::subtotal, subjectOf(*group_, level), static_cast<int>(level),
-                         sums_.at(level));
+        rows_.writeSubtotal(levels_[level].subtotal, *group_, level, subjectOf(*group_, level), sums_.at(level));
       }
       sums_.at(level) = {};
     }
@@ -89,11 +116,12 @@ class BalanceRun {
   }
 
   const GroupLevels& levels_;
+  bool headed_;
   const Conditions& conditions_;
   const Subject& whole_;
   BalanceRows rows_;
   ListedBalances listed_;
-  MemberBalances balances_;
+  TableBalances balances_;
   std::optional<GroupKey> group_;  // of the last row
   std::array<BalanceFigures, mostLevels> sums_;
   BalanceFigures all_;
@@ -110,7 +138,7 @@ void computeBalance(const ReportDefinition& report, Session& session, const Cond
 
 std::vector<const BalanceReport*> balanceReports() {
   std::vector<const BalanceReport*> all;
-  for (const auto ofArea : {personBalances(), unitBalances(), departmentGenerals()})
+  for (const auto ofArea : {personBalances(), unitBalances(), departmentGenerals(), projectGenerals()})
     all.insert(all.end(), ofArea.begin(), ofArea.end());
   return all;
 }

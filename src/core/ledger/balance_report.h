@@ -27,6 +27,8 @@ inline constexpr std::size_t mostKeyColumns = 4;
 struct BalanceGrouping {
   GroupLevels levels;
   Few<KeyColumn, mostKeyColumns> keys;
+  // Two levels: each group opens with a row of its own figures instead of closing with a sum, and "合计" sums these.
+  bool headed = false;
 };
 inline constexpr std::size_t mostGroupings = 3;
 
@@ -75,7 +77,7 @@ inline constexpr Message balanceLedgerNotOpen{"The Database is not Opened!"};
   if (report.toolbar.empty()) report.toolbar = balanceToolbar;
   report.formats = member.selects.accounts == chosenAccount ? formatsOfAccount : commonFormats;
   report.compute = computeBalance;
-  report.period.printed = months::text;
+  if (report.period.printed == monthsPeriod.printed) report.period.printed = months::text;
   report.colours = {};
   report.dialog.databaseNotOpen = balanceLedgerNotOpen;
   return {report, member};
@@ -84,6 +86,7 @@ inline constexpr Message balanceLedgerNotOpen{"The Database is not Opened!"};
 [[nodiscard]] std::span<const BalanceReport* const> personBalances();
 [[nodiscard]] std::span<const BalanceReport* const> unitBalances();
 [[nodiscard]] std::span<const BalanceReport* const> departmentGenerals();
+[[nodiscard]] std::span<const BalanceReport* const> projectGenerals();
 
 // The whole family.
 [[nodiscard]] std::vector<const BalanceReport*> balanceReports();

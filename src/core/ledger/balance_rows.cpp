@@ -56,20 +56,40 @@ BalanceRows::Places BalanceRows::addFigures(std::string_view caption, ColumnKind
 }
 
 void BalanceRows::writeMember(const GroupKey& key, const Subject& subject, const BalanceFigures& figures) {
-  const auto row = append(RowKind::line, subject, static_cast<int>(grouping_.levels.size()) - 1);
-  int column = 0;
-  for (const auto& shown : grouping_.keys) grid_.SetText(row, column++, keyText(shown, key));
+  const auto innermost = grouping_.levels.size() - 1;
+  const auto row = append(RowKind::line, subject, static_cast<int>(innermost));
+  writeKeys(row, key, innermost);
   write(row, figures, directions::rowOpening, directions::rowClosing);
   writeLimit(grid_, row, limit_, subject, figures.closing().amount, conditions_);
 }
 
-void BalanceRows::writeTotal(std::string_view caption, RowKind kind, const Subject& subject, int level,
-                             const BalanceFigures& figures) {
-  const auto row = append(kind, subject, level);
+void BalanceRows::writeGroup(RowKind kind, const GroupKey& key, const Subject& subject, const BalanceFigures& figures) {
+  const auto row = append(kind, subject, 0);
+  writeKeys(row, key, 0);
+  write(row, figures, directions::rowOpening, directions::rowClosing);
+}
+
+void BalanceRows::writeSubtotal(std::string_view caption, const GroupKey& key, std::size_t level,
+                                const Subject& subject, const BalanceFigures& figures) {
+  const auto row = append(RowKind::subtotal, subject, static_cast<int>(level));
+  grid_.SetText(row, conditions_.hideDetails ? writeKeys(row, key, level) : 0, caption);
+  write(row, figures, directions::ofTotal, directions::ofTotal);
+  writeLimit(grid_, row, limit_, subject, figures.closing().amount, conditions_);
+}
+
+void BalanceRows::writeTotal(std::string_view caption, const Subject& subject, const BalanceFigures& figures) {
+  const auto row = append(RowKind::total, subject, RowSubjects::wholeReport);
   grid_.SetText(row, 0, caption);
   write(row, figures, directions::ofTotal, directions::ofTotal);
-  if (kind == RowKind::total) return;
-  writeLimit(grid_, row, limit_, subject, figures.closing().amount, conditions_);
+}
+
+int BalanceRows::writeKeys(std::int64_t row, const GroupKey& key, std::size_t level) {
+  int column = 0;
+  for (const auto& shown : grouping_.keys) {
+    if (shown.level > level) break;
+    grid_.SetText(row, column++, keyText(shown, key));
+  }
+  return column;
 }
 
 std::string BalanceRows::keyText(const KeyColumn& column, const GroupKey& key) const {

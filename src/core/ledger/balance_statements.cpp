@@ -13,8 +13,8 @@ constexpr std::string_view chainNames = ", s.lDeptId, s.lPersonId, s.lEnterId, s
 }  // namespace
 
 FigureColumns::FigureColumns(const Conditions& conditions, int first)
-    : quantities_(traitsOf(conditions.format).quantities),
-      foreign_(traitsOf(conditions.format).foreign),
+    : quantities_(traitsOf(conditions.format).quantities || conditions.hideZero),
+      foreign_(traitsOf(conditions.format).foreign || conditions.hideZero),
       next_(first) {}
 
 std::string FigureColumns::add(std::string_view amount, std::string_view quantity, std::string_view foreign,

@@ -1,5 +1,6 @@
 // The statements over balance records and voucher lines that balance tables add up, and the row that a cursor stands
-// on. Only columns that the amount format shows are read; figures that it does not show are 0.
+// on. Only columns that the amount format shows are read, figures that it does not show are 0; all are read where rows
+// of nothing but zeros are left out, so that these are the same rows in every format.
 #pragma once
 
 #include <compare>

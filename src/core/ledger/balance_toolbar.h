@@ -26,4 +26,17 @@ inline constexpr std::array toolbarWithoutFind = {
     WindowCommand::separator, WindowCommand::help,      WindowCommand::close,
 };
 
+// Of projects, with the toggles of rows.
+inline constexpr std::array groupToolbar = {
+    WindowCommand::print,  WindowCommand::preview,   WindowCommand::exportFile, WindowCommand::separator,
+    WindowCommand::query,  WindowCommand::find,      WindowCommand::separator,  WindowCommand::groupRows,
+    WindowCommand::detail, WindowCommand::separator, WindowCommand::help,       WindowCommand::close,
+};
+inline constexpr std::array groupAndZeroToolbar = {
+    WindowCommand::print,     WindowCommand::preview,  WindowCommand::exportFile, WindowCommand::separator,
+    WindowCommand::query,     WindowCommand::find,     WindowCommand::separator,  WindowCommand::detail,
+    WindowCommand::groupRows, WindowCommand::zeroRows, WindowCommand::separator,  WindowCommand::help,
+    WindowCommand::close,
+};
+
 }  // namespace tz

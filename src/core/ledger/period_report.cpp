@@ -163,7 +163,7 @@ void computePeriods(const ReportDefinition& report, Session& session, const Cond
 
 std::vector<const PeriodReport*> periodReports() {
   std::vector<const PeriodReport*> all;
-  for (const auto ofArea : {personPeriods(), unitPeriods(), departmentPeriods()})
+  for (const auto ofArea : {personPeriods(), unitPeriods(), departmentPeriods(), projectPeriods()})
     all.insert(all.end(), ofArea.begin(), ofArea.end());
   return all;
 }

@@ -39,6 +39,7 @@ void computePeriods(const ReportDefinition& report, Session& session, const Cond
 [[nodiscard]] std::span<const PeriodReport* const> personPeriods();
 [[nodiscard]] std::span<const PeriodReport* const> unitPeriods();
 [[nodiscard]] std::span<const PeriodReport* const> departmentPeriods();
+[[nodiscard]] std::span<const PeriodReport* const> projectPeriods();
 
 // The whole family.
 [[nodiscard]] std::vector<const PeriodReport*> periodReports();

@@ -42,22 +42,6 @@ constexpr Message deptNameUnknown{"非法的部门名称."};
 
 std::string itemName(const Conditions& c) { return c.project.fields.at(1); }
 
-Sql oneItem(const Conditions& c) {
-  return Sql("sItemId = ? AND lItemId = ? AND lItemId <> 0", c.projectClass.sItemId, c.project.lId);
-}
-
-Sql oneItemOfDept(const Conditions& c) {
-  if (c.dept.lDeptId == 0) return oneItem(c);
-  return oneItem(c) + Sql(" AND +lDeptId = ?", c.dept.lDeptId);
-}
-
-// The items asked for, of the class of the account.
-Sql itemsOfClass(const Conditions& c) {
-  auto items = Sql("sItemId = ? AND lItemId <> 0", c.projectClass.sItemId);
-  if (!c.projects.all) items += " AND " + inList("+lItemId", c.projects.classes.front().ids);
-  return items;
-}
-
 constexpr auto accountLedger = detail(
     {
         .command = 10219,
@@ -85,7 +69,7 @@ constexpr auto accountLedger = detail(
                          .message = noAccountCode,
                          .about = ParameterKey::projectClass},
                     },
-                .choices = {choices::classOfAccount, choices::projectRange},
+                .choices = {choices::projectClass, choices::projectRange},
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
     },
@@ -225,7 +209,7 @@ constexpr auto deptLedger = detail(
                          .about = ParameterKey::projectClass},
                         {.passes = checks::deptKnownOrAll, .message = deptNameUnknown, .about = ParameterKey::dept},
                     },
-                .choices = {choices::classOfAccount, choices::projectRange},
+                .choices = {choices::projectClass, choices::projectRange},
             },
         .subtitle =
             [](const Conditions& c) {

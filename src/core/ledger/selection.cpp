@@ -18,6 +18,21 @@ Sql deptAccounts(const Conditions& /*conditions*/) {
   return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
 }
 
+Sql oneItem(const Conditions& conditions) {
+  return Sql("sItemId = ? AND lItemId = ? AND lItemId <> 0", conditions.projectClass.sItemId, conditions.project.lId);
+}
+
+Sql oneItemOfDept(const Conditions& conditions) {
+  if (conditions.dept.lDeptId == 0) return oneItem(conditions);
+  return oneItem(conditions) + Sql(" AND +lDeptId = ?", conditions.dept.lDeptId);
+}
+
+Sql itemsOfClass(const Conditions& conditions) {
+  auto items = Sql("sItemId = ? AND lItemId <> 0", conditions.projectClass.sItemId);
+  if (!conditions.projects.all) items += " AND " + inList("+lItemId", conditions.projects.classes.front().ids);
+  return items;
+}
+
 // Class by class; the plus keeps the databases on the index whose order the report needs.
 Sql projectsOf(const ProjectRange& range) {
   if (range.all) return "lItemId <> 0";

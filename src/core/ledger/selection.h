@@ -34,6 +34,11 @@ struct Selection {
 // Those with department accounting: what is posted on person accounts carries a department too.
 [[nodiscard]] Sql deptAccounts(const Conditions& conditions);
 
+// The item asked for, and what of it is in the department asked for; none: in all.
+[[nodiscard]] Sql oneItem(const Conditions& conditions);
+[[nodiscard]] Sql oneItemOfDept(const Conditions& conditions);
+// The items asked for, of the class asked for.
+[[nodiscard]] Sql itemsOfClass(const Conditions& conditions);
 // The items of a range; all that there are where none was asked for.
 [[nodiscard]] Sql projectsOf(const ProjectRange& range);
 

@@ -142,6 +142,13 @@ bool classOfAccount(CheckContext& context) {
   return true;
 }
 
+bool deptsDefined(CheckContext& context) { return context.session.db.Exists("Dept", "lId > 0"); }
+
+bool classHasProjects(CheckContext& context) {
+  if (choices::projectClass(context)) return true;  // refused by its own name
+  return !context.conditions.data->ItemTable(context.conditions.projectClass.sItemId).empty();
+}
+
 bool projectGiven(CheckContext& context) { return !text(context, ParameterKey::project).empty(); }
 
 bool projectKnown(CheckContext& context) {
@@ -182,6 +189,11 @@ std::optional<Unlisted> dept(CheckContext& context) {
   return std::nullopt;
 }
 
+std::optional<Unlisted> deptOrAll(CheckContext& context) {
+  if (checks::deptKnownOrAll(context)) return std::nullopt;
+  return unlisted(ParameterKey::dept, offerOf(context, ParameterKey::dept));
+}
+
 std::optional<Unlisted> unitClass(CheckContext& context) {
   const auto offer = offerOf(context, ParameterKey::unitClass);
   const auto* chosen = chosenIn(offer, context, ParameterKey::unitClass);
@@ -198,8 +210,9 @@ std::optional<Unlisted> clerk(CheckContext& context) {
   return std::nullopt;
 }
 
-std::optional<Unlisted> classOfAccount(CheckContext& context) {
-  if (text(context, ParameterKey::projectClass).empty()) return std::nullopt;
+std::optional<Unlisted> projectClass(CheckContext& context) {
+  const bool taken = !context.conditions.projectClass.sItemId.empty();
+  if (taken && text(context, ParameterKey::projectClass).empty()) return std::nullopt;
   const auto offer = offerOf(context, ParameterKey::projectClass);
   const auto* chosen = chosenIn(offer, context, ParameterKey::projectClass);
   if (chosen == nullptr) return unlisted(ParameterKey::projectClass, offer);

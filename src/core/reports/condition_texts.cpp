@@ -33,6 +33,9 @@ std::vector<std::string> conditionTexts(const ReportDefinition& report, const Co
     auto text = conditionText(control, conditions);
     if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
   }
+  for (const auto& toggle : rowToggles) {
+    if (conditions.request.flag(toggle.key)) texts.emplace_back(parameter(toggle.key).label);
+  }
   if (report.formats != nullptr && conditions.format != AmountFormat::amount) {
     texts.push_back(fmt::format("金额格式: {}", formatName(conditions.format)));
   }

@@ -45,6 +45,8 @@ struct Conditions {
   int from = 0;
   int to = 0;
   bool unposted = false;
+  bool hideDetails = false;                    // the rows under each group are left out
+  bool hideZero = false;                       // so are rows of nothing but zeros
   AmountFormat format = AmountFormat::amount;  // to show
 
   // An account as subtitles show it.

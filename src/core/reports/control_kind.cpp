@@ -29,6 +29,7 @@ void renameDept(Conditions& c) { c.dept.sDeptName += '?'; }
 void renamePerson(Conditions& c) { c.person.sName += '?'; }
 void renameUnit(Conditions& c) { c.unit.sEnterName += '?'; }
 void renameUnitClass(Conditions& c) { c.unitClass.sName += '?'; }
+void renameClass(Conditions& c) { c.projectClass.sName += '?'; }
 void renameClerk(Conditions& c) { c.clerk.name += '?'; }
 
 std::string captioned(const ControlSpec& control, const std::string& value) {
@@ -169,6 +170,7 @@ const std::array kinds = {
                 .offered = offers::classesOfAccount,
                 .follows = true,
                 .member = classMember,
+                .rename = renameClass,
                 .inFileName = nameFileByClass},
     ControlKind{.kind = Kind::projectReference,
                 .keys = projectKeys,

@@ -145,6 +145,8 @@ bool classesDefined(CheckContext& context);
 bool classChosen(CheckContext& context);     // none given: refused
 bool classOrFirst(CheckContext& context);    // none given: the first class
 bool classOfAccount(CheckContext& context);  // the account's own, the first of them
+bool deptsDefined(CheckContext& context);
+bool classHasProjects(CheckContext& context);  // the class asked for, where it is on the list
 bool projectGiven(CheckContext& context);
 bool projectKnown(CheckContext& context);
 bool accountsPicked(CheckContext& context);  // none picked: all
@@ -152,11 +154,12 @@ bool rangeInOrder(CheckContext& context);    // upper bound of the amount range 
 }  // namespace checks
 
 namespace choices {
-std::optional<Unlisted> dept(CheckContext& context);  // in a list that offers no "全部"
+std::optional<Unlisted> dept(CheckContext& context);       // in a list that offers no "全部"
+std::optional<Unlisted> deptOrAll(CheckContext& context);  // none and "全部" are all departments
 std::optional<Unlisted> unitClass(CheckContext& context);
 std::optional<Unlisted> clerk(CheckContext& context);
-std::optional<Unlisted> classOfAccount(CheckContext& context);  // the one chosen among the account's
-std::optional<Unlisted> projectRange(CheckContext& context);    // without an end the range is open there
+std::optional<Unlisted> projectClass(CheckContext& context);  // among the account's, or where none is asked for all
+std::optional<Unlisted> projectRange(CheckContext& context);  // without an end the range is open there
 }  // namespace choices
 
 }  // namespace tz

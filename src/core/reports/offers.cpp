@@ -177,6 +177,7 @@ ComboList clerks(const OfferQuestion& question) {
 }
 
 ComboList classesOfAccount(const OfferQuestion& question) {
+  if (!asksForAccount(question.dialog)) return named(question.data.ProjClassTable());
   const auto* account = accountNamed(question);
   return account == nullptr ? ComboList() : named(tz::classesOfAccount(question.db, question.data, *account));
 }

@@ -57,11 +57,11 @@ ComboList accounts(const OfferQuestion& question);
 ComboList depts(const OfferQuestion& question);    // "全部" first where the control offers that
 ComboList persons(const OfferQuestion& question);  // of the department, where one is named
 ComboList units(const OfferQuestion& question);
-ComboList unitClasses(const OfferQuestion& question);  // "其它" last, without an id
-ComboList clerks(const OfferQuestion& question);       // on lines of the account; "其它" last, without an id
-ComboList classesOfAccount(const OfferQuestion& question);
-ComboList projects(const OfferQuestion& question);      // all classes, or the items of the class, by the key
-ComboList projectRange(const OfferQuestion& question);  // the items of the class, of the account's first, or all
+ComboList unitClasses(const OfferQuestion& question);       // "其它" last, without an id
+ComboList clerks(const OfferQuestion& question);            // on lines of the account; "其它" last, without an id
+ComboList classesOfAccount(const OfferQuestion& question);  // all where no account is asked for
+ComboList projects(const OfferQuestion& question);          // all classes, or the items of the class, by the key
+ComboList projectRange(const OfferQuestion& question);      // the items of the class, of the account's first, or all
 
 std::optional<Id> deptMeant(const OfferQuestion& question);
 std::optional<Id> personMeant(const OfferQuestion& question);

@@ -34,6 +34,9 @@ enum class ParameterKey {
   analysis,
   creditLimit,
   unitGrouping,
+  deptGrouping,
+  hideDetails,
+  hideZero,
   format,
 };
 
@@ -53,6 +56,10 @@ inline constexpr std::array analyses = {ParameterChoice{"balance", "余额分析
 // Of the units' project table: whose projects, or which project's units stand together.
 inline constexpr std::array unitGroupings = {ParameterChoice{"unit", "按单位统计"},
                                              ParameterChoice{"project", "按项目统计"}};
+
+// Of the projects' department ledger: which departments' projects, or which project's departments stand together.
+inline constexpr std::array deptGroupings = {ParameterChoice{"dept", "按部门查"},
+                                             ParameterChoice{"project", "按项目查"}};
 
 struct Parameter {
   enum class Kind {

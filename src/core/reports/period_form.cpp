@@ -16,6 +16,10 @@ std::string months::printedWide(const Conditions& conditions, int year) {
   return fmt::format("月份：{:4}.{}--{:4}.{}", year, conditions.from, year, conditions.to);
 }
 
+std::string months::printedClose(const Conditions& conditions, int year) {
+  return fmt::format("月份:{}.{:02} - {}.{:02}", year, conditions.from, year, conditions.to);
+}
+
 std::string months::inFileName(const Conditions& conditions, int year) {
   if (conditions.from == conditions.to) return fmt::format("{}.{:02}", year, conditions.from);
   return fmt::format("{}.{:02}-{:02}", year, conditions.from, conditions.to);

@@ -29,6 +29,8 @@ namespace months {
 [[nodiscard]] std::string painted(const Conditions& conditions, int year);
 // The same with the wide colon of the units' ledgers: "月份：2006.1--2006.3".
 [[nodiscard]] std::string printedWide(const Conditions& conditions, int year);
+// "月份:2006.01 - 2006.03"
+[[nodiscard]] std::string printedClose(const Conditions& conditions, int year);
 [[nodiscard]] std::string inFileName(const Conditions& conditions, int year);
 [[nodiscard]] std::string inSubject(const Conditions& conditions, int year);
 }  // namespace months

@@ -2,6 +2,7 @@
 // and what its rows lead to. The catalogue lists all of them; command line, windows and manual read them.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -87,7 +88,16 @@ struct ReportDefinition {
   std::string_view feature = {};
 };
 
-// The conditions that a report takes: those of its dialog, and the amount format where it has formats.
+// Toggles of a toolbar, and the condition that each turns on and off. No dialog asks for them.
+struct RowToggle {
+  WindowCommand command;
+  ParameterKey key;
+};
+inline constexpr std::array rowToggles = {RowToggle{WindowCommand::groupRows, ParameterKey::hideDetails},
+                                          RowToggle{WindowCommand::zeroRows, ParameterKey::hideZero}};
+
+// The conditions that a report takes: those of its dialog, the toggles of its toolbar, and the amount format where it
+// has formats.
 [[nodiscard]] std::vector<ParameterKey> parametersOf(const ReportDefinition& report);
 // Where the dialog has a list of accounts, several can be named: the option may be given once for each.
 [[nodiscard]] bool takesSeveral(const ReportDefinition& report, ParameterKey key);

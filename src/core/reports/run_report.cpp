@@ -79,6 +79,9 @@ std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
   for (const auto& control : report.dialog.controls) {
     for (const auto key : keysOf(control)) keys.push_back(key);
   }
+  for (const auto& toggle : rowToggles) {
+    if (std::ranges::find(report.toolbar, toggle.command) != report.toolbar.end()) keys.push_back(toggle.key);
+  }
   if (report.formats != nullptr) keys.push_back(ParameterKey::format);
   return keys;
 }

@@ -114,6 +114,8 @@ std::variant<Conditions, Refusal> validate(const DialogSpec& dialog, const Reque
   conditions.data = std::make_shared<CGetData>(session.db);
   takeMonths(dialog, session, request, conditions);
   conditions.unposted = request.flag(ParameterKey::unposted);
+  conditions.hideDetails = request.flag(ParameterKey::hideDetails);
+  conditions.hideZero = request.flag(ParameterKey::hideZero);
   conditions.analysis = static_cast<Analysis>(request.choice(ParameterKey::analysis));
   CheckContext context{dialog, session, request, conditions};
   if (auto refused = firstRefusal(dialog, context, true)) return *refused;

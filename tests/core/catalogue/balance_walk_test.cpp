@@ -53,6 +53,11 @@ class TableRows {
       switch (grid_.RowKindAt(row)) {
         case RowKind::line:
           add(group_, figures);
+          if (!head_) add(all_, figures);
+          break;
+        case RowKind::heading:
+          endHead();
+          head_ = figures;
           add(all_, figures);
           break;
         case RowKind::subtotal:
@@ -62,6 +67,7 @@ class TableRows {
         default:
           EXPECT_EQ(row, grid_.GetRows() - 1);
           EXPECT_EQ(grid_.TextAt(row, 0), "合计");
+          endHead();
           expect(all_, figures);
       }
     }
@@ -76,6 +82,11 @@ class TableRows {
   static void add(Figures& sums, const Figures& figures) {
     for (std::size_t i = 0; i < sums.size(); ++i) sums.at(i) += figures.at(i);
   }
+  // The rows below a group's own row add up to it.
+  void endHead() {
+    if (head_) expect(group_, *head_);
+    group_ = {};
+  }
   static void expect(const Figures& sums, const Figures& figures) {
     for (std::size_t i = 0; i < sums.size(); ++i) EXPECT_NEAR(sums.at(i), figures.at(i), nearEnough);
   }
@@ -84,6 +95,7 @@ class TableRows {
   const CTzGrid& grid_;
   int opening_, debit_, closing_;
   Figures group_ = {}, all_ = {};
+  std::optional<Figures> head_;
 };
 
 // What a detail ledger closes with: the whole of it, or the block about a subject.
@@ -210,9 +222,15 @@ class BalanceWalk : public DatabaseTest {
     std::optional<DetailClosings> ledger;
     Request ofLedger;
     int members = 0;
+    const bool headed = report.member.groupingFor(*shown.resolved).headed;
     for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
-      if (grid.RowKindAt(row) != RowKind::line) continue;
+      const auto kind = grid.RowKindAt(row);
+      if (kind != RowKind::line && kind != RowKind::heading) continue;
       const auto answer = report.detail(*shown.resolved, shown, row);
+      if (headed && kind == RowKind::line) {
+        EXPECT_EQ(std::get<Refusal>(answer).text, "请选择项目记录!");
+        continue;
+      }
       if (std::holds_alternative<Refusal>(answer)) {
         EXPECT_EQ(grid.TextAt(row, 0), "") << "a row without department leads nowhere";
         continue;
@@ -223,7 +241,8 @@ class BalanceWalk : public DatabaseTest {
       ++members;
       // Balances know no clerk: another source.
       if (report.member.opening == BalanceOpening::lines || ledger->refused()) continue;
-      EXPECT_NEAR(rows.closing(row), closingBehind(report, shown, row, *ledger), nearEnough) << "row " << row;
+      const double behind = headed ? ledger->last() : closingBehind(report, shown, row, *ledger);
+      EXPECT_NEAR(rows.closing(row), behind, nearEnough) << "row " << row;
     }
     return members;
   }

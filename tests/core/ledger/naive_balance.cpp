@@ -34,6 +34,10 @@ class Table {
   Table(const Ledger& ledger, const Report& report, const Question& question)
       : ledger_(ledger), report_(report), question_(question), chosen_(choose(ledger, report, question)) {
     if (report.turns && question.turned) std::reverse(groups_.begin(), groups_.end());
+    if (!report.deptAlone || chosen_.dept.lDeptId == 0) return;
+    groups_ = {Entity::project};
+    keys_ = "0n";
+    closes_ = false;
   }
 
   Answer run() {
@@ -45,9 +49,19 @@ class Table {
     answer_.wrongUse = format.wrongUse;
     if (answer_.wrongUse) return answer_;
     const Lines lines(ledger_, report_, question_, chosen_);
-    balances(lines);
-    if (question_.unposted) unposted(lines);
-    write();
+    if (report_.headed) {
+      groups_.resize(1);
+      read(lines);
+      heads_ = std::move(members_);
+      members_.clear();
+      groups_ = report_.groups;
+    }
+    read(lines);
+    if (report_.headed) {
+      writeHeaded();
+    } else {
+      write();
+    }
     if (question_.to < question_.from) answer_.notices.push_back(0);
     const auto& last = chosen_.projectTo;
     if (!last.empty() && last < chosen_.projectFrom) answer_.notices.push_back(0);
@@ -56,6 +70,11 @@ class Table {
 
  private:
   // --- figures
+
+  void read(const Lines& lines) {
+    balances(lines);
+    if (question_.unposted) unposted(lines);
+  }
 
   void balances(const Lines& lines) {
     const int from = question_.from;
@@ -136,12 +155,38 @@ class Table {
       if (!listed(member.closing().money)) continue;
       if (previous != nullptr && previous->front() != key.front()) closeGroup(*previous, group);
       previous = &key;
-      addMember(key, member);
+      if (!question_.hideDetails || groups_.size() == 1) addMember(key, member);
       all.add(member);
       group.add(member);
     }
     if (previous != nullptr) closeGroup(*previous, group);
     addTotal(RowKind::total, all, nullptr);
+  }
+
+  // Each head before its own members.
+  void writeHeaded() {
+    Member all;
+    for (const auto& [key, head] : heads_) {
+      std::vector<std::pair<MemberKey, Member>> below;
+      for (const auto& [memberKey, member] : members_) {
+        if (memberKey[0] == key[0] && !question_.hideDetails && shown(member)) below.emplace_back(memberKey, member);
+      }
+      all.add(head);
+      if (below.empty() && !shown(head)) continue;
+      addMember(key, head);
+      if (!below.empty()) answer_.rows.back().kind = RowKind::heading;
+      for (const auto& [memberKey, member] : below) addMember(memberKey, member);
+    }
+    addTotal(RowKind::total, all, nullptr);
+  }
+
+  bool shown(const Member& member) const {
+    if (!question_.hideZeros) return true;
+    bool any = false;
+    for (const auto& side : {member.opening, member.moved.debit, member.moved.credit, member.closing()}) {
+      for (const double figure : {side.quantity, side.foreign, side.money}) any = any || std::fabs(figure) >= 0.0000005;
+    }
+    return any;
   }
 
   bool listed(double closing) const {
@@ -153,7 +198,7 @@ class Table {
   }
 
   void closeGroup(const MemberKey& key, Member& group) {
-    if (report_.groupsClose) addTotal(RowKind::subtotal, group, &key);
+    if (report_.groupsClose && closes_) addTotal(RowKind::subtotal, group, &key);
     group = {};
   }
 
@@ -164,22 +209,28 @@ class Table {
 
   void addMember(const MemberKey& key, const Member& member) {
     Row row;
-    for (std::size_t i = 0; i < report_.keys.size(); i += 2) {
-      const auto level = static_cast<std::size_t>(report_.keys[i] - '0');
-      const auto text = nameOf(groups_[level], key[level], report_.keys[i + 1] == 'c');
-      row.cells.push_back(text.empty() ? nlohmann::json() : nlohmann::json(text));
-    }
+    for (std::size_t i = 0; i < keys_.size(); i += 2) row.cells.push_back(keyCell(key, i));
     addFigures(row, member, sign(member.opening.money, 0.0001, 0.0001), sign(member.closing().money, 0.00001, 0.00001));
     addLimit(row, &key, member.closing().money, groups_.size());
     answer_.rows.push_back(row);
   }
 
+  // Empty for levels that the key does not go down to.
+  nlohmann::json keyCell(const MemberKey& key, std::size_t place) const {
+    const auto level = static_cast<std::size_t>(keys_[place] - '0');
+    if (level >= key.size()) return {};
+    const auto text = nameOf(groups_[level], key[level], keys_[place + 1] == 'c');
+    return text.empty() ? nlohmann::json() : nlohmann::json(text);
+  }
+
   void addTotal(RowKind kind, const Member& sums, const MemberKey* key) {
     Row row;
     row.kind = kind;
-    row.captionAt = 0;
+    // Without its rows a group names itself.
+    row.captionAt = question_.hideDetails && key != nullptr ? 1 : 0;
+    if (row.captionAt == 1) row.cells.push_back(keyCell(*key, 0));
     row.cells.emplace_back("caption");
-    row.cells.resize(report_.keys.size() / 2);
+    row.cells.resize(keys_.size() / 2);
     addFigures(row, sums, sign(sums.opening.money, 0.00001, 0), sign(sums.closing().money, 0.00001, 0));
     addLimit(row, key, sums.closing().money, 1);
     answer_.rows.push_back(row);
@@ -257,7 +308,9 @@ class Table {
   const Question& question_;
   const Chosen chosen_;
   std::vector<Entity> groups_ = report_.groups;
-  std::map<MemberKey, Member> members_;
+  std::string_view keys_ = report_.keys;
+  bool closes_ = true;
+  std::map<MemberKey, Member> members_, heads_;
   Answer answer_;
 };
 

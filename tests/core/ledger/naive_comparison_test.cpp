@@ -71,6 +71,9 @@ Request requestOf(const Question& question) {
       {ParameterKey::side, question.side},
       {ParameterKey::creditLimit, question.limits ? "1" : ""},
       {ParameterKey::unitGrouping, question.turned ? "project" : ""},
+      {ParameterKey::deptGrouping, question.turned ? "project" : ""},
+      {ParameterKey::hideDetails, question.hideDetails ? "1" : ""},
+      {ParameterKey::hideZero, question.hideZeros ? "1" : ""},
   };
   if (question.from != logonMonth) values[ParameterKey::from] = std::to_string(question.from);
   if (question.to != logonMonth) values[ParameterKey::to] = std::to_string(question.to);

@@ -8,16 +8,6 @@ namespace {
 
 constexpr const char* others = "其它";
 
-bool offers(const Report& report, const CodeInfo& account) {
-  const std::string flags = report.accounts.flags;
-  if (flags == "B alone") return account.sAssBook == "B";
-  for (const char flag : flags) {
-    if (!account.keeps(flag)) return false;
-  }
-  if (report.accounts.which == Accounts::leaf) return account.bEnd != 0;
-  return report.accounts.which != Accounts::parent || account.bEnd == 0;
-}
-
 // The record of the lowest id that meets a condition.
 template <class Record, class Meets>
 std::optional<Record> first(const std::vector<Record>& records, Meets meets) {
@@ -41,8 +31,8 @@ class Asking {
 
   Chosen run() {
     std::ignore = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
-                  classOfAccount() && project() && deptOrAll() && classChosen() && amountsAsked() && unitClasses() &&
-                  range() && (report_.accounts.which != Accounts::list || take());
+                  classOfAccount() && project() && deptOrAll() && classChosen() && classOfList() && amountsAsked() &&
+                  unitClasses() && range() && (report_.accounts.which != Accounts::list || take());
     return chosen_;
   }
 
@@ -204,6 +194,15 @@ class Asking {
     return !report_.classOfAccount || !chosen_.classId.empty() || refuse(ParameterKey::projectClass);
   }
 
+  bool classOfList() {
+    if (!report_.classListed) return true;
+    const auto found = first(ledger_.classes, [&](const ProjClassInfo& candidate) {
+      return question_.projectClass.empty() || candidate.sItemId == question_.projectClass;
+    });
+    if (found) chosen_.classId = found->sItemId;
+    return found || refuse(ParameterKey::projectClass);
+  }
+
   bool project() {
     if (!report_.project) return true;
     const bool firstOfAll = !report_.classNamed;
@@ -247,6 +246,17 @@ class Asking {
 };
 
 }  // namespace
+
+bool offers(const Report& report, const CodeInfo& account) {
+  const std::string flags = report.accounts.flags;
+  const bool written = flags.starts_with('=');
+  if (written && (flags + " ").find(" " + account.sAssBook + " ") == std::string::npos) return false;
+  for (const char flag : flags) {
+    if (!written && !account.keeps(flag)) return false;
+  }
+  if (report.accounts.which == Accounts::leaf) return account.bEnd != 0;
+  return report.accounts.which != Accounts::parent || account.bEnd == 0;
+}
 
 Chosen choose(const Ledger& ledger, const Report& report, const Question& question) {
   return Asking(ledger, report, question).run();

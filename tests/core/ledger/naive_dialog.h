@@ -20,6 +20,8 @@ struct Chosen {
   std::string projectFrom, projectTo;
 };
 
+// Whether the dialog has the account on its list.
+[[nodiscard]] bool offers(const Report& report, const CodeInfo& account);
 [[nodiscard]] Chosen choose(const Ledger& ledger, const Report& report, const Question& question);
 
 }  // namespace tz::test::naive

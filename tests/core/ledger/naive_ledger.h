@@ -48,6 +48,7 @@ struct Question {
   std::string dept, person, unit, unitClass, clerk, projectClass, project, projectFrom, projectTo;
   int from = 1, to = 12;
   bool unposted = false, amountAnalysis = false, limits = false, turned = false;
+  bool hideDetails = false, hideZeros = false;
   double least = 0, most = 0;  // of closing balances
   std::string side;            // "debit" or "credit": of closing balances alone
   std::string format;          // empty: the account's richest

@@ -98,6 +98,7 @@ bool Lines::covers(const Dimensions& of) const {
     if (dimension == 'p' && of[Entity::person] != chosen_.person.lId) return false;
     if (dimension == 'u' && of[Entity::unit] != chosen_.unit.lId) return false;
     if (dimension == 'U' && chosen_.unit.lId != 0 && of[Entity::unit] != chosen_.unit.lId) return false;
+    if (dimension == 'I' && (of[Entity::project] == 0 || of.classId != chosen_.classId)) return false;
     if (dimension == 'i' && (of[Entity::project] != chosen_.project.id || of.classId != chosen_.classId)) return false;
   }
   for (const char dimension : report_.some) {

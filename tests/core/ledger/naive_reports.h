@@ -27,7 +27,7 @@ struct Orders {
 
 struct AccountRule {
   Accounts which;
-  const char* flags;  // that an account must have to be offered; "B alone": just that one
+  const char* flags;  // that an account must have to be offered; "= D CD": its flags are written as one of these
 };
 
 // What the dialog asks of a department.
@@ -54,18 +54,19 @@ struct Report {
   int right = 0;
   AccountRule accounts;
   Dept dept = Dept::notAsked;
-  bool person = false;          // the person of the department is asked for
-  bool unit = false;            // a unit is asked for
-  bool unitOrAll = false;       // a unit may be asked for
-  bool unitClass = false;       // its units are those of a class
-  bool clerk = false;           // its units and lines are those of a clerk
-  bool classesNeeded = false;   // refused where no project class is defined
-  bool classOfAccount = false;  // the class is one of the account's
-  bool project = false;         // an item of the class is asked for
-  bool classNamed = false;      // and the class as well
-  std::string_view chosen =
-      "";                      // dimensions of its lines: those named in the question, d p u i; D, U: all, when none is
-  std::string_view some = "";  // dimensions that its lines must have, whichever they are
+  bool person = false;           // the person of the department is asked for
+  bool unit = false;             // a unit is asked for
+  bool unitOrAll = false;        // a unit may be asked for
+  bool unitClass = false;        // its units are those of a class
+  bool clerk = false;            // its units and lines are those of a clerk
+  bool classesNeeded = false;    // refused where no project class is defined
+  bool classOfAccount = false;   // the class is one of the account's
+  bool classListed = false;      // the class is one of all, none stands for the first
+  bool project = false;          // an item of the class is asked for
+  bool classNamed = false;       // and the class as well
+  std::string_view chosen = "";  // dimensions of its lines: those named in the question, d p u i; D, U: all, when none
+                                 // is; I: the items of the class
+  std::string_view some = "";    // dimensions that its lines must have, whichever they are
   std::vector<Entity> groups = {};  // outer first
   bool onlyRealOpenings = false;    // balances without an opening amount are passed over, their quantity as well
   bool onlyMetAccounts = false;     // only accounts that have lines up to the last month
@@ -81,11 +82,14 @@ struct Report {
   bool earlierUnposted = false;  // unposted lines before the range move the opening
   bool turns = false;            // its groups can be asked for the other way round
   bool unitClassesNeeded = false;
-  bool groupsClose = false;  // groups outside the innermost one end in a row
-  bool yearTotals = false;   // of periods
-  bool months = true;        // asked for; otherwise the whole year
-  bool amounts = false;      // a range of amounts and a side are asked for
-  bool limits = false;       // credit limits can be shown
+  bool groupsClose = false;                       // groups outside the innermost one end in a row
+  bool deptAlone = false;                         // with one department asked for it has no groups but the inner ones
+  bool headed = false;                            // groups open with a row of their own figures
+  bool hidesDetails = false, hidesZeros = false;  // can be asked to
+  bool yearTotals = false;                        // of periods
+  bool months = true;                             // asked for; otherwise the whole year
+  bool amounts = false;                           // a range of amounts and a side are asked for
+  bool limits = false;                            // credit limits can be shown
 };
 
 // Null for a report about which nothing is known here: its golden file is all that tests its figures.

@@ -4,6 +4,8 @@
 #include <set>
 #include <tuple>
 
+#include "core/ledger/naive_dialog.h"
+
 namespace tz::test::naive {
 namespace {
 
@@ -18,10 +20,12 @@ const Texts summaries = {
 
 int sideOf(Dice& dice) { return dice.once(2) ? 1 : 0; }
 
-// One dimension alone, or any of them together.
+// One dimension alone, projects of departments, or any of them together.
 std::string flagsOf(Dice& dice) {
   const Texts single = {"A", "B", "C", "D"};
+  const Texts deptProjects = {"CD", "DC"};
   if (dice.once(3)) return dice.oneOf(single);
+  if (dice.once(4)) return dice.oneOf(deptProjects);
   std::string flags;
   for (const char* flag : {"D", "A", "C", "B"}) {
     if (!dice.once(3)) flags += flag;
@@ -212,17 +216,10 @@ std::string deptOf(const Ledger& ledger, Dice& dice, Id id) {
   return {};
 }
 
-bool keepsAll(const CodeInfo& account, std::string_view flags) {
-  return std::all_of(flags.begin(), flags.end(), [&](char flag) { return account.keeps(flag); });
-}
-
 std::string accountFor(const Ledger& ledger, Dice& dice, const Report& report) {
   std::vector<std::string> fitting;
   for (const auto& account : ledger.accounts) {
-    if (report.accounts.which == Accounts::parent && account.bEnd != 0) continue;
-    if (report.accounts.which == Accounts::leaf && account.bEnd == 0) continue;
-    const bool alone = report.accounts.which == Accounts::list && *report.accounts.flags == 'B';
-    if (alone ? account.sAssBook == "B" : keepsAll(account, report.accounts.flags)) fitting.push_back(account.sCode);
+    if (offers(report, account)) fitting.push_back(account.sCode);
   }
   if (dice.once(25)) return dice.once(2) ? "1199" : dice.oneOf(ledger.accounts).sCode;
   return fitting.empty() ? "" : dice.oneOf(fitting);
@@ -287,6 +284,8 @@ Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) 
   if (report.unitOrAll && dice.once(2)) question.unit.clear();
   if (!report.months) std::tie(question.from, question.to) = std::pair(1, 12);
   if (report.amounts) askForAmounts(question, dice);
+  if (report.hidesDetails) question.hideDetails = dice.once(3);
+  if (report.hidesZeros) question.hideZeros = dice.once(2);
   if (dice.once(3)) question.format = dice.oneOf(formats);
   return question;
 }
