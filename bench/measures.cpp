@@ -102,6 +102,12 @@ void measureMembers(const std::string& large, const std::string& small) {
   printRatio("an account's ledger, unit by unit, of more than 100 000 lines", "stepping the same rows",
              compare(list.report(large), {build + "/bench/bare_scan", large, list.select()}, {.pairs = 7}), 1.5);
 
+  printRatio("the lines with a text, of all lines", "stepping the columns that are searched",
+             compare({program, "find", "差旅费", "--ledger", large},
+                     {build + "/bench/bare_scan", large, "SELECT lId, lTieId, mMoney, sDigest, sBusiness FROM RegSub"},
+                     {.pairs = 7}),
+             1.25);
+
   const auto few = memberOf(large, 30);
   printRatio("a member of 30 lines", "sqlite3 running the SELECT",
              compare(few.report(large), {"sqlite3", large, few.select()}, {.pairs = 41}), 1.25);

@@ -17,6 +17,7 @@ using Work = std::function<Status()>;
 void addReportsCommand(CLI::App& app, Work& work);
 // The options of the report command depend on the report: what is returned adds them for its number, 0 for none.
 [[nodiscard]] std::function<void(int reportId)> addReportCommand(CLI::App& app, Work& work);
+void addFindCommand(CLI::App& app, Work& work);
 void addLedgerCommand(CLI::App& app, Work& work);
 void addVoucherCommand(CLI::App& app, Work& work);
 void addOpenCommand(CLI::App& app, Work& work);

@@ -94,6 +94,11 @@ void addExamples(CLI::App& app, int reportId) {
   addExample(*app.get_subcommand("reports"), "reports --as json");
   addExample(*app.get_subcommand("voucher"), "voucher 120 --ledger 示例.db");
   addExample(*app.get_subcommand("voucher"), "voucher 120 --ledger 示例.db --as json");
+  addExample(app, "find 差旅费 --ledger 示例.db");
+  for (const char* line : {"find 差旅费 --ledger 示例.db", "find 5,000.00 --ledger 示例.db --as json",
+                           "find 记-12 --ledger 示例.db", "find --ledger 示例.db -- -300"}) {
+    addExample(*app.get_subcommand("find"), line);
+  }
   addExample(*app.get_subcommand("completion"), "completion bash");
   addReportExamples(app, reportId);
 }

@@ -80,7 +80,10 @@ Status run(int argc, char** argv) {
     addVoucherCommand(app, work);
   }
   auto addConditions = addReportCommand(app, work);
-  if (!reportAlone) addCompletionCommand(app, work);
+  if (!reportAlone) {
+    addFindCommand(app, work);
+    addCompletionCommand(app, work);
+  }
   const int reportId = namedReport(app, words);
   addConditions(reportId);
   reportAlone ? addReportExamples(app, reportId) : addExamples(app, reportId);

@@ -54,6 +54,21 @@ TEST_P(OperatorsTest, NeedTheirPasswordAndTheRight) {
   EXPECT_FALSE(logOn(logonQuestion(db, "' OR 1=1 --"), "会计2006"));
 }
 
+// The search shows lines of every kind: whoever may open any report searches, whoever may open none sees nothing.
+TEST_P(OperatorsTest, SearchWithAnyRightButNotWithNone) {
+  const auto search = [&](const std::string& name) {
+    return runProgram({"find", "差旅费", "--ledger", ledger_.address(), "--operator", name}, {"TZ_PASSWORD=会计2006"});
+  };
+  EXPECT_EQ(search("主管").status, 0);
+  EXPECT_EQ(search("会计").status, 0);
+  ledger_.keeper().execute("DELETE FROM zRight WHERE lOperatorId = 2");
+  const auto refused = search("会计");
+  EXPECT_EQ(refused.status, 4);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_NE(refused.err.find("不能查找分录"), std::string::npos) << refused.err;
+  EXPECT_EQ(runProgram({"find", "差旅费", "--ledger", ledger_.address()}).status, 4);
+}
+
 // Each report asks for its own right and for no other: who has all the others sees nothing of it.
 TEST_P(OperatorsTest, EveryReportAsksForItsOwnRight) {
   std::set<int> rights;

@@ -3,6 +3,7 @@
 
 #include <span>
 
+#include "core/reports/operator.h"
 #include "core/reports/report_definition.h"
 
 namespace tz {

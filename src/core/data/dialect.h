@@ -74,6 +74,9 @@ class Dialect {
   [[nodiscard]] virtual std::string versionStatement(int version) const = 0;
   // A query of what is broken in the stored file, "ok" when nothing is; empty where the server itself watches that.
   [[nodiscard]] virtual std::string_view structureQuery() const = 0;
+  // Whether a column contains a text somewhere, whatever the case of ASCII letters; signs that patterns know mean
+  // themselves.
+  [[nodiscard]] virtual Sql contains(std::string_view column, std::string_view text) const = 0;
   // A unique id of its own (SQLite: lines by lId alone) or together with its voucher (spread tables).
   [[nodiscard]] virtual bool linesKeyedByVoucher() const = 0;
 };

@@ -20,6 +20,8 @@ Sql distinctStatement(const LineQuery& query, std::string_view column) {
   return linesWithHeads(query, "DISTINCT " + std::string(column));
 }
 
+Sql unorderedStatement(const LineQuery& query, std::string_view columns) { return linesWithHeads(query, columns); }
+
 Sql lineStatement(const LineQuery& query, std::string_view columns) {
   std::string order = " ORDER BY ";
   if (!query.order.empty()) {

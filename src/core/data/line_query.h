@@ -24,6 +24,9 @@ struct LineQuery {
 // The values that a column of these lines takes; the order of the query does not matter.
 [[nodiscard]] Sql distinctStatement(const LineQuery& query, std::string_view column);
 
+// These lines as the database comes by them, for whoever puts them in order himself.
+[[nodiscard]] Sql unorderedStatement(const LineQuery& query, std::string_view columns);
+
 // `columns` names what to read: "s." columns of the line, "m." columns of its head.
 [[nodiscard]] Sql lineStatement(const LineQuery& query, std::string_view columns);
 

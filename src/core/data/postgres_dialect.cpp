@@ -181,4 +181,17 @@ std::string PostgresDialect::viewInFront(const std::string& table, const std::st
          table + " TO PUBLIC; END $tz$";
 }
 
+// ILIKE copies each text in small letters first.
+Sql PostgresDialect::contains(std::string_view column, std::string_view text) const {
+  std::string pattern = "%";
+  bool letters = false;
+  for (const char c : text) {
+    if (c == '%' || c == '_' || c == '!') pattern += '!';
+    pattern += c;
+    letters = letters || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+  }
+  pattern += '%';
+  return Sql(std::string(column) + (letters ? " ILIKE ? ESCAPE '!'" : " LIKE ? ESCAPE '!'"), pattern);
+}
+
 }  // namespace tz

@@ -42,6 +42,7 @@ class PostgresDialect final : public Dialect {
     return "COMMENT ON VIEW systable IS 'ledger version " + std::to_string(version) + "'";
   }
   [[nodiscard]] std::string_view structureQuery() const override { return ""; }
+  [[nodiscard]] Sql contains(std::string_view column, std::string_view text) const override;
   [[nodiscard]] bool linesKeyedByVoucher() const override { return true; }
 };
 

@@ -90,4 +90,20 @@ std::string SqliteDialect::viewInFront(const std::string& table, const std::stri
   return "CREATE TEMP VIEW " + table + " AS SELECT " + columns + " FROM main." + table + (ids ? " LIMIT -1" : "");
 }
 
+// LIKE tells capital letters from small ones on these connections, and lower() would copy each text.
+Sql SqliteDialect::contains(std::string_view column, std::string_view text) const {
+  std::string pattern = "*";
+  for (const char c : text) {
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    const bool meant = c == '*' || c == '?' || c == '[';
+    if (letter || meant) pattern += '[';
+    pattern += c;
+    constexpr char otherCase = 'a' - 'A';
+    if (letter) pattern += static_cast<char>(c ^ otherCase);
+    if (letter || meant) pattern += ']';
+  }
+  pattern += '*';
+  return Sql(std::string(column) + " GLOB ?", pattern);
+}
+
 }  // namespace tz

@@ -37,6 +37,7 @@ class SqliteDialect final : public Dialect {
     return "PRAGMA user_version = " + std::to_string(version);
   }
   [[nodiscard]] std::string_view structureQuery() const override { return "PRAGMA integrity_check(20)"; }
+  [[nodiscard]] Sql contains(std::string_view column, std::string_view text) const override;
   [[nodiscard]] bool linesKeyedByVoucher() const override { return false; }
 };
 

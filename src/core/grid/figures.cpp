@@ -144,6 +144,16 @@ void appendDate(std::string& out, Date date) {
   out.append(text.data(), text.size());
 }
 
+void appendVoucher(std::string& out, std::string_view word, int number) {
+  constexpr std::ptrdiff_t digits = 4;
+  std::array<char, 12> text;
+  const auto length = std::to_chars(text.data(), text.data() + text.size(), number).ptr - text.data();
+  out += word;
+  out += '-';
+  if (length < digits) out.append(static_cast<std::size_t>(digits - length), '0');
+  out.append(text.data(), static_cast<std::size_t>(length));
+}
+
 std::string figureText(double value, ColumnKind kind) {
   std::string text;
   appendFigure(text, value, kind);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "core/data/value.h"
 #include "core/grid/column_kind.h"
@@ -14,6 +15,8 @@ void appendFigure(std::string& out, double value, ColumnKind kind);
 void appendExactFigure(std::string& out, double value);
 // "2006.01.05".
 void appendDate(std::string& out, Date date);
+// "记-0001".
+void appendVoucher(std::string& out, std::string_view word, int number);
 // Years of four digits give dates of ten signs.
 inline constexpr int usualDateWidth = 10;
 [[nodiscard]] constexpr bool hasUsualWidth(Date date) { return date.year >= 0 && date.year <= 9999; }

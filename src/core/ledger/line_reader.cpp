@@ -1,6 +1,6 @@
 #include "core/ledger/line_reader.h"
 
-#include <charconv>
+#include "core/grid/figures.h"
 
 namespace tz {
 namespace {
@@ -8,20 +8,6 @@ namespace {
 constexpr const char* columns =
     "m.dtBill, m.sWord, m.nNumber, s.sDigest, s.bDirect, s.mMoney, s.lCodeId, s.lId, s.lTieId";
 enum Column { bill, word, number, digest, direct, money, accountId, lineId, voucherId, furtherColumns };
-
-void putNumber(std::string& text, int value, int digits) {
-  char buffer[12];
-  const auto [end, error] = std::to_chars(std::begin(buffer), std::end(buffer), value);
-  const auto length = static_cast<int>(end - buffer);
-  if (length < digits) text.append(static_cast<std::size_t>(digits - length), '0');
-  text.append(buffer, end);
-}
-
-void putVoucher(std::string& text, std::string_view voucherWord, int voucherNumber) {
-  text = voucherWord;
-  text += '-';
-  putNumber(text, voucherNumber, 4);
-}
 
 }  // namespace
 
@@ -57,7 +43,8 @@ void LineReader::openBlock(const GroupKey& key) { done_ = ended() || key_ != key
 void LineReader::readRow() {
   const auto& row = *cursor_;
   line_.date = row.date(bill);
-  putVoucher(line_.voucherNumber, row.text(word), static_cast<int>(row.integer(number)));
+  line_.voucherNumber.clear();
+  appendVoucher(line_.voucherNumber, row.text(word), static_cast<int>(row.integer(number)));
   line_.summary = row.text(digest);
   line_.month = line_.date.month;
   const auto figure = [&](int column) { return column < 0 ? 0 : row.real(column); };
