@@ -52,8 +52,7 @@ TEST(Refusals, AreSaidOnTheCommandLine) {
     auto& ledger = ledgers[one.change];
     if (ledger == nullptr) {
       ledger = std::make_unique<TestLedger>(Engine::sqlite);
-      fillRefusalLedger(*ledger);
-      if (!one.change.empty()) ledger->keeper().execute(Sql(one.change));
+      fillRefusalLedger(*ledger, one.change);
     }
     expectRefused(one, wordsOf(one, *ledger));
     // No other condition, and no list named once more, changes what is said first.

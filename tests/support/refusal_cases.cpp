@@ -1,5 +1,7 @@
 #include "support/refusal_cases.h"
 
+#include <algorithm>
+
 namespace tz::test {
 namespace {
 
@@ -78,7 +80,9 @@ const std::vector<RefusalCase> ofBalances = {
     {.command = 10197, .text = "单位不能为空!"},
     {.command = 10197, .text = "非法的单位!", .values = {{Key::unit, "没有的单位"}}},
     amountsReversed(10197, {{Key::unit, "江源机械"}}),
-    {.command = 10198, .text = "没有涉及单位往来的科目！", .change = noAccounts},
+    {.command = 10198,
+     .text = "没有涉及单位往来的科目！",
+     .change = "UPDATE Code SET sAssBook = ''; DELETE FROM Enter"},
     {.command = 10198, .text = "请先定义单位", .change = noUnits},
     amountsReversed(10198, {{Key::account, "112201"}}),
     {.command = 10198, .text = "没有单位分类!", .values = {{Key::account, "112201"}}},
@@ -248,7 +252,7 @@ std::vector<RefusalCase> refusalCases() {
   return cases;
 }
 
-void fillRefusalLedger(TestLedger& ledger) {
+void fillRefusalLedger(TestLedger& ledger, std::string_view change) {
   ledger.fill("Code", R"(
       lId | sCode  | sName      | bEnd | bDirect | sAssBook
       1   | 1122   | 应收账款   | 0    | 1       | B
@@ -289,6 +293,10 @@ void fillRefusalLedger(TestLedger& ledger) {
   ledger.makeItemTable("RD");
   ledger.fill("ProjItems01", "lId | FIELD0 | FIELD1\n 1 | 001 | 一号厂房");
   ledger.fill("ProjCodes", "lId | sItemId | lCodeId\n 1 | 01 | 6\n 2 | 01 | 8");
+  for (std::size_t end = 0; !change.empty(); change.remove_prefix(std::min(end, change.size() - 1) + 1)) {
+    end = change.find(';');
+    ledger.keeper().execute(Sql(change.substr(0, end)));
+  }
 }
 
 }  // namespace tz::test

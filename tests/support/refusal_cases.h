@@ -16,7 +16,7 @@ struct RefusalCase {
   int command;
   std::string_view text;
   std::vector<std::pair<ParameterKey, std::string_view>> values = {};
-  std::string_view change = {};  // of the ledger, as SQL
+  std::string_view change = {};  // of the ledger: SQL statements, a semicolon between them
   // The dialog opens on an account, which is erased.
   bool accountErased = false;
   // What the command line lists below the message.
@@ -29,7 +29,8 @@ struct RefusalCase {
 
 [[nodiscard]] std::vector<RefusalCase> refusalCases();
 
-// Accounts of every kind, three departments, persons with and without movements, a unit, a project.
-void fillRefusalLedger(TestLedger& ledger);
+// Accounts of every kind, three departments, persons with and without movements, a unit, a project; then the change of
+// a case.
+void fillRefusalLedger(TestLedger& ledger, std::string_view change = {});
 
 }  // namespace tz::test

@@ -145,6 +145,10 @@ constexpr auto classTable = balance(
                 .controls = ofAllUnits,
                 .checks =
                     {
+                        {.passes = checks::accountsOffered,
+                         .message = noAccountOfUnits,
+                         .about = ParameterKey::account,
+                         .atOpening = true},
                         {.passes = checks::unitsDefined,
                          .message = noUnits,
                          .about = ParameterKey::account,

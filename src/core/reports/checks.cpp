@@ -115,6 +115,8 @@ bool unitClassesDefined(CheckContext& context) { return context.session.db.Exist
 
 bool accountGiven(CheckContext& context) { return !text(context, ParameterKey::account).empty(); }
 
+bool accountsOffered(CheckContext& context) { return !accountsOf(context.dialog, context.session.db).empty(); }
+
 bool classesDefined(CheckContext& context) { return !projectClasses(context).empty(); }
 
 bool classChosen(CheckContext& context) {

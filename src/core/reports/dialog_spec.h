@@ -141,6 +141,7 @@ bool unitKnownOrAll(CheckContext& context);  // none is all units
 bool unitsDefined(CheckContext& context);
 bool unitClassesDefined(CheckContext& context);
 bool accountGiven(CheckContext& context);
+bool accountsOffered(CheckContext& context);
 bool classesDefined(CheckContext& context);
 bool classChosen(CheckContext& context);     // none given: refused
 bool classOrFirst(CheckContext& context);    // none given: the first class

@@ -20,8 +20,7 @@ bool comesAtOpening(const RefusalCase& one) { return !one.change.empty(); }
 class ChangedLedger {
  public:
   explicit ChangedLedger(std::string_view change) : ledger_(Engine::sqlite) {
-    fillRefusalLedger(ledger_);
-    if (!change.empty()) ledger_.keeper().execute(Sql(change));
+    fillRefusalLedger(ledger_, change);
     db_.Open(ledger_.address());
   }
   Session session() { return {.db = db_, .ledger = ledger_.address(), .logon = {2006, 3, 15}}; }
