@@ -127,7 +127,7 @@ const std::vector<RefusalCase> ofProjectGenerals = {
      .text = "该项目大类下没有该项目!",
      .values = {{Key::account, "140501"}, {Key::project, "没有的项目"}}},
     {.command = 10218, .text = "没有部门！", .change = "DELETE FROM Dept"},
-    {.command = 10218, .text = "没有部门项目核算科目！", .change = noAccounts},
+    {.command = 10218, .text = "没有部门项目核算科目！", .change = "UPDATE Code SET sAssBook = ''; DELETE FROM Dept"},
     {.command = 10218,
      .text = "没有部门项目核算科目！",
      .values = {{Key::account, "500101"}},

@@ -169,6 +169,10 @@ constexpr auto deptLedger = balance(
                              grouping, projects, controls::unposted},
                 .checks =
                     {
+                        {.passes = checks::accountsOffered,
+                         .message = noDeptProjectAccount,
+                         .about = ParameterKey::account,
+                         .atOpening = true},
                         {.passes = checks::deptsDefined,
                          .message = noDepts,
                          .about = ParameterKey::dept,
