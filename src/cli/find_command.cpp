@@ -55,7 +55,7 @@ Json jsonOf(const FoundLine& line) {
           {"project", textOrNone(line.names.project)},
           {"debit", line.isDebit ? Json(line.debit) : none},
           {"credit", line.isDebit ? none : Json(line.credit)},
-          {"business", textOrNone(line.business)},
+          {"business_number", textOrNone(line.business)},
           {"found_by", by}};
 }
 

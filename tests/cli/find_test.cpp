@@ -128,7 +128,7 @@ TEST_P(Find, SaysWhatALineIsAndCountsThoseThatItLeavesOut) {
    "project": null,
    "debit": -300.0,
    "credit": null,
-   "business": "O'Brien",
+   "business_number": "O'Brien",
    "found_by": [
     "summary"
    ]
@@ -150,7 +150,7 @@ TEST_P(Find, SaysWhatALineIsAndCountsThoseThatItLeavesOut) {
    "project": null,
    "debit": 88.88,
    "credit": null,
-   "business": null,
+   "business_number": null,
    "found_by": [
     "summary"
    ]
