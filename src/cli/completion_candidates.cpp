@@ -70,11 +70,22 @@ std::vector<std::string> choicesIn(const std::string& typeName) {
   return CLI::detail::split(typeName, '|');
 }
 
-// The condition that an option of the report command stands for; null for the others.
-const Parameter* conditionOf(const CLI::Option& option) {
+const ReportDefinition* reportOn(const TypedLine& line) {
+  const auto id = line.given.find("ID");
+  return id == line.given.end() ? nullptr : findReport(std::atoi(id->second.c_str()));
+}
+
+// The condition that an option of the report command stands for; null for the others. Reports may have different
+// conditions under one name.
+const Parameter* conditionOf(const CLI::Option& option, const TypedLine& line) {
+  const auto isIt = [&](const Parameter& one) { return nameOf(option) == "--" + std::string(one.option); };
+  if (const auto* report = reportOn(line)) {
+    for (const auto key : parametersOf(*report)) {
+      if (isIt(parameter(key))) return &parameter(key);
+    }
+  }
   const auto all = allParameters();
-  const auto found =
-      std::ranges::find_if(all, [&](const auto& one) { return nameOf(option) == "--" + std::string(one.option); });
+  const auto found = std::ranges::find_if(all, isIt);
   return found == all.end() ? nullptr : &*found;
 }
 
@@ -91,11 +102,11 @@ void addConditionChoices(Candidates& found, const Parameter& condition) {
   }
 }
 
-void addChoices(Candidates& found, const CLI::Option& option) {
+void addChoices(Candidates& found, const TypedLine& line, const CLI::Option& option) {
   const auto type = option.get_type_name();
   if (type == "FILE" || type == "LEDGER" || option.get_name() == "LEDGER") found.files = true;
   for (const auto& choice : choicesIn(type)) found.words.push_back({choice, ""});
-  if (const auto* condition = conditionOf(option)) addConditionChoices(found, *condition);
+  if (const auto* condition = conditionOf(option, line)) addConditionChoices(found, *condition);
 }
 
 void addReports(Candidates& found) {
@@ -106,20 +117,19 @@ void addReports(Candidates& found) {
 }
 
 void addValues(Candidates& found, const TypedLine& line, const CLI::Option& option) {
-  addChoices(found, option);
+  addChoices(found, line, option);
   if (line.command->get_name() != "report") return;
   if (option.get_name() == "ID") return addReports(found);
-  const auto* condition = conditionOf(option);
+  const auto* condition = conditionOf(option, line);
   if (condition == nullptr) return;
   for (auto& [word, meaning] : ledgerNames(*condition, line.given)) found.words.push_back({word, meaning});
 }
 
 void addOptions(Candidates& found, const TypedLine& line) {
-  const auto id = line.given.find("ID");
-  const auto* report = id == line.given.end() ? nullptr : findReport(std::atoi(id->second.c_str()));
+  const auto* report = reportOn(line);
   for (const auto* option : line.command->get_options()) {
     const auto name = nameOf(*option);
-    const auto* condition = conditionOf(*option);
+    const auto* condition = conditionOf(*option, line);
     const bool again = condition != nullptr && report != nullptr && takesSeveral(*report, condition->key);
     if (option->get_positional() || (line.given.contains(name) && !again)) continue;
     found.words.push_back({name, option->get_description()});

@@ -124,7 +124,10 @@ TEST(Completion, OffersWhatTheDialogsOffer) {
   }
   using Key = ParameterKey;
   EXPECT_EQ(tried, (std::set<Key>{Key::account, Key::dept, Key::person, Key::unit, Key::unitClass, Key::clerk,
-                                  Key::projectClass, Key::project, Key::projectFrom, Key::projectTo}));
+                                  Key::projectClass, Key::project, Key::projectFrom, Key::projectTo, Key::accountFrom,
+                                  Key::accountTo}));
+  const auto groups = runProgram({"completion", "words", "--", "report", "10218", "--group", ""});
+  EXPECT_EQ(wordsIn(groups.out), "dept|project|") << "another report has others under the same name";
   const auto clerks = runProgram({"completion", "words", "--", "report", "10210", "--ledger", ledger.address(),
                                   "--account", "1122", "--clerk", ""});
   EXPECT_EQ(wordsIn(clerks.out), "其它|王强|其它|") << "names on lines, not persons";

@@ -111,7 +111,11 @@ constexpr std::string_view noItems = "DELETE FROM ProjItems01";
 const std::vector<RefusalCase> ofProjectGenerals = {
     {.command = 10215, .text = "没有项目核算科目！", .change = noAccounts},
     {.command = 10215, .text = "没有项目核算科目！", .values = {{Key::account, "140502"}}},
-    {.command = 10215, .text = "没有查到符合要求的项目。", .values = {{Key::account, "140501"}}, .change = noItems},
+    {.command = 10215,
+     .text = "没有查到符合要求的项目。",
+     .values = {{Key::account, "140501"}},
+     .change = noItems,
+     .onConfirming = true},
     {.command = 10216, .text = "请先定义项目大类!", .change = noClasses},
     {.command = 10216, .text = "没有查到符合要求的项目。", .values = {{Key::projectClass, "RD"}}},
     {.command = 10217, .text = "请先定义项目大类!", .change = noClasses},
@@ -131,8 +135,13 @@ const std::vector<RefusalCase> ofProjectGenerals = {
     {.command = 10218,
      .text = "没有部门项目核算科目！",
      .values = {{Key::account, "500101"}},
-     .change = "DELETE FROM ProjCodes"},
-    {.command = 10218, .text = "没有查到符合要求的项目。", .values = {{Key::account, "500101"}}, .change = noItems},
+     .change = "DELETE FROM ProjCodes",
+     .onConfirming = true},
+    {.command = 10218,
+     .text = "没有查到符合要求的项目。",
+     .values = {{Key::account, "500101"}},
+     .change = noItems,
+     .onConfirming = true},
 };
 
 const std::vector<RefusalCase> ofDepartments = {
@@ -192,6 +201,8 @@ RefusalCase unlisted(int command, std::string_view text, Values values, std::str
 constexpr std::string_view everyDept = "可用：全部、销售部、采购部、财务部";
 
 const std::vector<RefusalCase> ofLists = {
+    unlisted(10197, "没有“1221”，请从列表中选择。", {{Key::unit, "江源机械"}, {Key::accountFrom, "1221"}}),
+    unlisted(10197, "没有“999”，请从列表中选择。", {{Key::unit, "江源机械"}, {Key::accountTo, "999"}}),
     unlisted(10205, "没有“没有的分类”，请从列表中选择。", {{Key::account, "112201"}, {Key::unitClass, "没有的分类"}},
              "可用：其它"),
     unlisted(10206, "没有“没有的部”，请从列表中选择。", {{Key::account, "112201"}, {Key::dept, "没有的部"}},

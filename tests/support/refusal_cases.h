@@ -17,6 +17,8 @@ struct RefusalCase {
   std::string_view text;
   std::vector<std::pair<ParameterKey, std::string_view>> values = {};
   std::string_view change = {};  // of the ledger: SQL statements, a semicolon between them
+  // The change shows only when the dialog is confirmed.
+  bool onConfirming = false;
   // The dialog opens on an account, which is erased.
   bool accountErased = false;
   // What the command line lists below the message.

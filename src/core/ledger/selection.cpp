@@ -14,6 +14,13 @@ Sql pickedAccounts(const Conditions& conditions) {
   return inList("+lCodeId", ids);
 }
 
+Sql accountsInRange(const Conditions& conditions) {
+  if (conditions.accountRange.all) return "+lCodeId > 0";
+  std::vector<Id> ids;
+  for (const auto& account : conditions.accountRange.accounts) ids.push_back(account.lId);
+  return inList("+lCodeId", ids);
+}
+
 Sql deptAccounts(const Conditions& /*conditions*/) {
   return "+lCodeId IN (SELECT Code.lId FROM Code WHERE sAssBook LIKE '%C%')";
 }

@@ -31,6 +31,9 @@ struct Selection {
 [[nodiscard]] Sql chosenAccount(const Conditions& conditions);
 [[nodiscard]] Sql pickedAccounts(const Conditions& conditions);
 
+// Those of a range; all where none was asked for.
+[[nodiscard]] Sql accountsInRange(const Conditions& conditions);
+
 // Those with department accounting: what is posted on person accounts carries a department too.
 [[nodiscard]] Sql deptAccounts(const Conditions& conditions);
 

@@ -32,6 +32,14 @@ constexpr ControlSpec projects{.kind = controls::Kind::projectRange,
                                .caption = "项目范围>>",
                                .unfoldedCaption = "项目范围>>"};
 
+constexpr ControlSpec accounts{.kind = controls::Kind::accountRange,
+                               .key = ParameterKey::accountFrom,
+                               .id = 2203,
+                               .companion = 2204,
+                               .caption = "科目范围>>",
+                               .unfoldedCaption = "科目范围>>",
+                               .accountWhere = unitAccounts};
+
 constexpr Check amountsInOrder{
     .passes = checks::rangeInOrder, .message = messages::amountRangeInvalid, .about = ParameterKey::maximum};
 
@@ -44,6 +52,24 @@ Sql allUnits(const Conditions& /*conditions*/) { return "lEnterId <> 0"; }
 Sql oneUnit(const Conditions& c) { return Sql("lEnterId = ? AND lEnterId <> 0", c.unit.lId); }
 Sql unitsWithProjects(const Conditions& c) {
   return (c.unit.lId == 0 ? allUnits(c) : oneUnit(c)) + " AND " + projectsOf(c.projects);
+}
+
+// The ledger of a unit lists accounts of units alone. Where that covers the range, it shows just these accounts; else
+// it shows all, among which the row's stands as well.
+DrillAnswer toUnitLedger(const Conditions& c, const ComputedReport& shown, std::int64_t row) {
+  auto answer = drillFromMember(10204, c, shown, row);
+  auto* leadsTo = std::get_if<DetailTarget>(&answer);
+  if (leadsTo == nullptr || c.accountRange.all) return answer;
+  std::string picked;
+  bool covers = false;
+  for (const auto& account : c.accountRange.accounts) {
+    if (account.bEnd == 0 || !account.keeps('B')) continue;
+    if (account.sAssBook != "B") return answer;
+    picked += (picked.empty() ? "" : "\n") + account.sCode;
+    covers = covers || account.lId == shown.subjects.of(row).account;
+  }
+  if (covers) leadsTo->conditions.set(ParameterKey::account, picked);
+  return answer;
 }
 
 constexpr BalanceGrouping byAccount = {
@@ -93,14 +119,14 @@ constexpr auto unitTable = balance(
         .windowTitle = "单位往来_单位余额表(详细)",
         .paintedTitle = "单 位 往 来 余 额 表",
         .printTitle = "单位往来余额表",
-        .about =
-            "一个单位在全部科目上的往来余额，每个科目一行，最后是合计。科目的余额方向各不相同，合计按借为正、贷为负"
-            "相加。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。显示信用额度时每行与单位的额度比较。",
+        .about = "一个单位的往来余额，每个科目一行，最后是合计；可以只查一个范围的科目，按编码，两端都包括，终止科目含"
+                 "其下级。科目的余额方向各不相同，合计按借为正、贷为负"
+                 "相加。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。显示信用额度时每行与单位的额度比较。",
         .dialog =
             {
                 .id = 708,
                 .title = "单位往来_单位余额表",
-                .controls = {controls::unit, controls::months, controls::amountRange, controls::side,
+                .controls = {controls::unit, controls::months, controls::amountRange, controls::side, accounts,
                              controls::unposted, controls::creditLimit},
                 .checks =
                     {
@@ -112,12 +138,13 @@ constexpr auto unitTable = balance(
                         {.passes = checks::unitKnown, .message = unitUnknownLoud, .about = ParameterKey::unit},
                         amountsInOrder,
                     },
+                .choices = {choices::accountRange},
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n单  位: {}", c.unit.sEnterName); },
-        .detail = memberTo<10204>,
+        .detail = toUnitLedger,
     },
     {
-        .selects = {.dimension = oneUnit},
+        .selects = {.accounts = accountsInRange, .dimension = oneUnit},
         .groupings = {byAccount},
         .earlierUnposted = true,
         .order = alongUnits,

@@ -223,6 +223,27 @@ std::optional<Unlisted> projectClass(CheckContext& context) {
   return std::nullopt;
 }
 
+std::optional<Unlisted> accountRange(CheckContext& context) {
+  const auto offer = offerOf(context, ParameterKey::accountFrom);
+  const auto from = rangeEnd(context, ParameterKey::accountFrom);
+  const auto to = rangeEnd(context, ParameterKey::accountTo);
+  for (const auto& [key, code] : {std::pair(ParameterKey::accountFrom, from), {ParameterKey::accountTo, to}}) {
+    const auto isOffered = [&, about = key, wanted = code](const ComboEntry& one) {
+      return valueOf(about, one.text) == wanted;
+    };
+    if (!code.empty() && std::ranges::none_of(offer, isOffered)) return Unlisted{key, {}};
+  }
+  auto& range = context.conditions.accountRange;
+  range.all = from.empty() && to.empty();
+  if (range.all) return std::nullopt;
+  for (auto& account : context.session.db.Code_GetInfo("lId > 0 ORDER BY sCode, lId")) {
+    const auto& code = account.sCode;
+    const bool reached = to.empty() || code <= to || code.starts_with(to);
+    if (code >= from && reached) range.accounts.push_back(std::move(account));
+  }
+  return std::nullopt;
+}
+
 std::optional<Unlisted> projectRange(CheckContext& context) {
   auto& conditions = context.conditions;
   auto classes = projectClasses(context);

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::string_view monthsReversed = "起始月份在终止月份之后。";
 constexpr std::string_view projectsReversed = "起始项目在终止项目之后。";
+constexpr std::string_view accountsReversed = "起始科目在终止科目之后。";
 constexpr std::string_view shiftedForeignFormat = "外币式沿用七栏表头：借方外币在“贷方”栏，贷方外币在“余额”栏。";
 
 // Whether the subtitle changes with the member that the control names.
@@ -53,6 +54,8 @@ std::vector<Notice> conditionNotices(const ReportDefinition& report, const Condi
     if (control.kind == ControlSpec::Kind::projectRange && !last.empty() && end(ParameterKey::projectFrom) > last) {
       warn(projectsReversed);
     }
+    const bool emptied = !conditions.accountRange.all && conditions.accountRange.accounts.empty();
+    if (control.kind == ControlSpec::Kind::accountRange && emptied) warn(accountsReversed);
   }
   if (conditions.format == AmountFormat::foreignAlone) warn(shiftedForeignFormat);
   if (const auto year = accountYear(session.db); year && *year != session.logon.year) {

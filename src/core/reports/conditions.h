@@ -27,6 +27,12 @@ struct ProjectRange {
   std::vector<Items> classes = {};
 };
 
+// The accounts of a range by code.
+struct AccountRange {
+  bool all = true;  // no range was asked for
+  std::vector<CodeInfo> accounts = {};
+};
+
 struct Conditions {
   Request request;
   std::shared_ptr<CGetData> data;  // lookups as of the same moment
@@ -41,6 +47,7 @@ struct Conditions {
   ProjClassInfo projectClass;
   ItemInfo project;
   ProjectRange projects;
+  AccountRange accountRange;
   Analysis analysis = Analysis::balance;
   int from = 0;
   int to = 0;

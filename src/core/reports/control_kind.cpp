@@ -15,6 +15,7 @@ constexpr std::array monthKeys = {ParameterKey::from, ParameterKey::to};
 constexpr std::array amountKeys = {ParameterKey::minimum, ParameterKey::maximum};
 constexpr std::array projectKeys = {ParameterKey::projectClass, ParameterKey::project};
 constexpr std::array rangeKeys = {ParameterKey::projectFrom, ParameterKey::projectTo};
+constexpr std::array accountEnds = {ParameterKey::accountFrom, ParameterKey::accountTo};
 
 std::string accountMember(const Conditions& c) { return c.accountText(); }
 std::string deptMember(const Conditions& c) { return c.dept.sDeptName; }
@@ -55,6 +56,12 @@ std::string tellProjectRange(const ControlSpec& /*control*/, const Conditions& c
   if (c.projects.all) return {};
   return fmt::format("项目范围: {} 至 {}", orUnlimited(rangeEnd(c, ParameterKey::projectFrom)),
                      orUnlimited(rangeEnd(c, ParameterKey::projectTo)));
+}
+
+std::string tellAccountRange(const ControlSpec& /*control*/, const Conditions& c) {
+  if (c.accountRange.all) return {};
+  return fmt::format("科目范围: {} 至 {}", orUnlimited(rangeEnd(c, ParameterKey::accountFrom)),
+                     orUnlimited(rangeEnd(c, ParameterKey::accountTo)));
 }
 
 std::string tellAmountRange(const ControlSpec& /*control*/, const Conditions& c) {
@@ -120,6 +127,11 @@ std::string nameFileByRange(const DialogSpec& /*dialog*/, const Conditions& c) {
   return rangeEnd(c, ParameterKey::projectFrom) + "-" + rangeEnd(c, ParameterKey::projectTo);
 }
 
+std::string nameFileByAccounts(const DialogSpec& /*dialog*/, const Conditions& c) {
+  if (c.accountRange.all) return {};
+  return rangeEnd(c, ParameterKey::accountFrom) + "-" + rangeEnd(c, ParameterKey::accountTo);
+}
+
 ControlKind deptKind(Kind kind) {
   return {.kind = kind,
           .offered = offers::depts,
@@ -183,6 +195,11 @@ const std::array kinds = {
                 .follows = true,
                 .told = tellProjectRange,
                 .inFileName = nameFileByRange},
+    ControlKind{.kind = Kind::accountRange,
+                .keys = accountEnds,
+                .offered = offers::accountRange,
+                .told = tellAccountRange,
+                .inFileName = nameFileByAccounts},
     ControlKind{.kind = Kind::months, .keys = monthKeys},
     ControlKind{.kind = Kind::amountRange, .keys = amountKeys, .told = tellAmountRange},
     ControlKind{.kind = Kind::side, .told = tellSide},

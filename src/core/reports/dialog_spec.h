@@ -27,7 +27,8 @@ struct ControlSpec {
     clerkCombo,        // clerks of the account's lines and "其它"
     classCombo,        // project classes
     projectReference,  // project class (combo 2211), item name and its button
-    projectRange,      // a button that unfolds two combos from and to
+    projectRange,      // two combos from and to, which a button may unfold
+    accountRange,      // the same for accounts
     months,
     amountRange,
     side,
@@ -44,6 +45,7 @@ struct ControlSpec {
   bool all = false;                       // "全部" is offered
   std::string_view unfoldedCaption = {};  // of a button that shows and hides something, when that is shown
   std::string_view foldedCaption = {};    // when it was hidden again; empty = the caption
+  std::string_view accountWhere = {};     // which accounts the ends of a range may be
 };
 
 // The conditions of a control: one, or the two parts of months, ranges and project references.
@@ -161,6 +163,7 @@ std::optional<Unlisted> unitClass(CheckContext& context);
 std::optional<Unlisted> clerk(CheckContext& context);
 std::optional<Unlisted> projectClass(CheckContext& context);  // among the account's, or where none is asked for all
 std::optional<Unlisted> projectRange(CheckContext& context);  // without an end the range is open there
+std::optional<Unlisted> accountRange(CheckContext& context);  // the last account covers those below it
 }  // namespace choices
 
 }  // namespace tz

@@ -140,6 +140,10 @@ ComboList accounts(const OfferQuestion& question) {
   return CInitComboFun::InitCodeComb_1Blank(question.db, Sql(question.dialog.accountWhere));
 }
 
+ComboList accountRange(const OfferQuestion& question) {
+  return CInitComboFun::InitCodeComb_1Blank(question.db, Sql(question.control.accountWhere));
+}
+
 ComboList depts(const OfferQuestion& question) {
   auto list = CInitComboFun::InitPartNameCombox(question.db);
   if (question.control.all) list.insert(list.begin(), {std::string(allMembers), 0});

@@ -54,6 +54,7 @@ void followAccount(const DialogSpec& dialog, Request& request, const CQnCwDB& db
 // One function per list, and which of its records the conditions mean.
 namespace offers {
 ComboList accounts(const OfferQuestion& question);
+ComboList accountRange(const OfferQuestion& question);
 ComboList depts(const OfferQuestion& question);    // "全部" first where the control offers that
 ComboList persons(const OfferQuestion& question);  // of the department, where one is named
 ComboList units(const OfferQuestion& question);

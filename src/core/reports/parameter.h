@@ -24,6 +24,8 @@ enum class ParameterKey {
   project,
   projectFrom,
   projectTo,
+  accountFrom,
+  accountTo,
   from,
   to,
   unposted,
@@ -80,8 +82,10 @@ struct Parameter {
   std::string_view help;
   std::span<const ParameterChoice> choices = {};
   std::string_view fieldHelp = {};  // of its field in windows, where that reads otherwise
+  std::string_view savedAs = {};    // its name in saved conditions, where another condition has the same option
   bool byCode = false;              // asked for by the code with which the entries of its list begin
 
+  [[nodiscard]] std::string_view savedName() const { return savedAs.empty() ? option : savedAs; }
   [[nodiscard]] std::string_view helpInWindow() const { return fieldHelp.empty() ? help : fieldHelp; }
 };
 

@@ -41,11 +41,11 @@ void writeAll(const std::filesystem::path& path, const QJsonObject& all) {
 }
 
 // Where the id of a member that was picked from a list stands.
-QString idName(const Parameter& condition) { return toQt(condition.option) + QStringLiteral("-id"); }
+QString idName(const Parameter& condition) { return toQt(condition.savedName()) + QStringLiteral("-id"); }
 
 QJsonObject jsonOf(const Request& request) {
   QJsonObject values;
-  for (const auto& [key, value] : request.values()) values.insert(toQt(parameter(key).option), toQt(value));
+  for (const auto& [key, value] : request.values()) values.insert(toQt(parameter(key).savedName()), toQt(value));
   for (const auto& [key, id] : request.ids()) values.insert(idName(parameter(key)), QString::number(id));
   return values;
 }
@@ -53,7 +53,7 @@ QJsonObject jsonOf(const Request& request) {
 Request requestOf(const QJsonObject& values) {
   Request request;
   for (const auto& condition : allParameters()) {
-    const auto value = values.constFind(toQt(condition.option));
+    const auto value = values.constFind(toQt(condition.savedName()));
     if (value == values.constEnd()) continue;
     const Id id = values.value(idName(condition)).toString().toLongLong();
     request.choose(condition.key, {fromQt(value->toString()), id});

@@ -65,10 +65,19 @@ class Table {
     if (question_.to < question_.from) answer_.notices.push_back(0);
     const auto& last = chosen_.projectTo;
     if (!last.empty() && last < chosen_.projectFrom) answer_.notices.push_back(0);
+    if (!question_.accountFrom.empty() || !question_.accountTo.empty()) rangeNotice(lines);
     return answer_;
   }
 
  private:
+  // A range that holds no account at all says so.
+  void rangeNotice(const Lines& lines) {
+    for (const auto& account : ledger_.accounts) {
+      if (lines.coversAccount(account.lId)) return;
+    }
+    answer_.notices.push_back(0);
+  }
+
   // --- figures
 
   void read(const Lines& lines) {

@@ -63,6 +63,8 @@ Request requestOf(const Question& question) {
       {ParameterKey::project, question.project},
       {ParameterKey::projectFrom, question.projectFrom},
       {ParameterKey::projectTo, question.projectTo},
+      {ParameterKey::accountFrom, question.accountFrom},
+      {ParameterKey::accountTo, question.accountTo},
       {ParameterKey::analysis, question.amountAnalysis ? "amount" : ""},
       {ParameterKey::unposted, question.unposted ? "1" : ""},
       {ParameterKey::format, question.format},

@@ -32,7 +32,7 @@ class Asking {
   Chosen run() {
     std::ignore = classesThere() && accounts() && dept() && person() && unit() && unitClass() && clerk() &&
                   classOfAccount() && project() && deptOrAll() && classChosen() && classOfList() && amountsAsked() &&
-                  unitClasses() && range() && (report_.accounts.which != Accounts::list || take());
+                  unitClasses() && accountRange() && range() && (report_.accounts.which != Accounts::list || take());
     return chosen_;
   }
 
@@ -217,6 +217,17 @@ class Asking {
       if (chosen_.project.id == 0 || item.id < chosen_.project.id) chosen_.project = item;
     }
     return chosen_.project.id != 0 || refuse(ParameterKey::project);
+  }
+
+  // Each end is an account of units.
+  bool accountRange() {
+    if (!report_.accountRange) return true;
+    for (const auto& [key, end] : {std::pair(ParameterKey::accountFrom, question_.accountFrom),
+                                   {ParameterKey::accountTo, question_.accountTo}}) {
+      const auto found = named(ledger_.accounts, &CodeInfo::sCode, end);
+      if (!end.empty() && (!found || !found->keeps('B'))) return refuse(key);
+    }
+    return true;
   }
 
   // Each end is the code of an item.

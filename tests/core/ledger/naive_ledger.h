@@ -46,6 +46,7 @@ struct Question {
   int report = 0;
   std::vector<std::string> accounts;  // several where the report takes a list
   std::string dept, person, unit, unitClass, clerk, projectClass, project, projectFrom, projectTo;
+  std::string accountFrom, accountTo;
   int from = 1, to = 12;
   bool unposted = false, amountAnalysis = false, limits = false, turned = false;
   bool hideDetails = false, hideZeros = false;

@@ -46,6 +46,11 @@ Lines::Lines(const Ledger& ledger, const Report& report, const Question& questio
 bool Lines::coversAccount(Id id) const {
   for (const auto& account : ledger_.accounts) {
     if (account.lId != id) continue;
+    if (report_.accountRange) {
+      const auto& to = question_.accountTo;
+      return account.sCode >= question_.accountFrom &&
+             (to.empty() || account.sCode <= to || account.sCode.starts_with(to));
+    }
     for (const auto& one : chosen_.accounts) {
       if (account.sCode.starts_with(one.sCode)) return true;
     }

@@ -51,10 +51,10 @@ class Lines {
   [[nodiscard]] std::vector<Entry> unposted(int first, int last) const;
   // Lines that move the opening, whichever clerk is theirs.
   [[nodiscard]] std::vector<Entry> unpostedBefore(int period) const;
+  [[nodiscard]] bool coversAccount(Id account) const;
 
  private:
   [[nodiscard]] bool covers(const Dimensions& of) const;
-  [[nodiscard]] bool coversAccount(Id account) const;
   [[nodiscard]] bool coversUnit(Id unit) const;
   [[nodiscard]] bool coversProject(const Dimensions& of) const;
   [[nodiscard]] bool listsAccount(const Dimensions& of) const;

@@ -72,7 +72,13 @@ const std::vector<Report> personBalanceReports = {
 const std::vector<Report> unitBalanceReports = [] {
   std::vector<Report> reports = {
       {.id = 10196, .accounts = {Accounts::any, "B"}, .some = "u", .groups = {account}, .keys = "0c0n", .byCode = true},
-      {.id = 10197, .accounts = {Accounts::none, ""}, .unit = true, .chosen = "u", .groups = {account}, .keys = "0c0n"},
+      {.id = 10197,
+       .accounts = {Accounts::none, ""},
+       .unit = true,
+       .chosen = "u",
+       .groups = {account},
+       .keys = "0c0n",
+       .accountRange = true},
       {.id = 10198,
        .accounts = {Accounts::any, "B"},
        .some = "u",

@@ -83,6 +83,7 @@ struct Report {
   bool turns = false;            // its groups can be asked for the other way round
   bool unitClassesNeeded = false;
   bool groupsClose = false;                       // groups outside the innermost one end in a row
+  bool accountRange = false;                      // its accounts can be those of a range
   bool deptAlone = false;                         // with one department asked for it has no groups but the inner ones
   bool headed = false;                            // groups open with a row of their own figures
   bool hidesDetails = false, hidesZeros = false;  // can be asked to

@@ -284,6 +284,10 @@ Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report) 
   if (report.unitOrAll && dice.once(2)) question.unit.clear();
   if (!report.months) std::tie(question.from, question.to) = std::pair(1, 12);
   if (report.amounts) askForAmounts(question, dice);
+  if (report.accountRange && dice.once(2)) {
+    if (dice.once(2)) question.accountFrom = dice.oneOf(ledger.accounts).sCode;
+    if (dice.once(2)) question.accountTo = dice.oneOf(ledger.accounts).sCode;
+  }
   if (report.hidesDetails) question.hideDetails = dice.once(3);
   if (report.hidesZeros) question.hideZeros = dice.once(2);
   if (dice.once(3)) question.format = dice.oneOf(formats);

@@ -31,6 +31,9 @@ TEST_F(ConditionStoreTest, KeepsConditionsPerReportAndName) {
   request.set(ParameterKey::from, "2");
   request.set(ParameterKey::unposted, "1");
   request.choose(ParameterKey::person, {"0302 李明", 7});
+  for (const auto& condition : allParameters()) {
+    if (!condition.choices.empty()) request.set(condition.key, condition.choices.back().value);
+  }
   EXPECT_TRUE(store.Names(10190).empty());
   store.Save(10190, "甲\"{}", request);
   store.Save(10190, "乙", {});

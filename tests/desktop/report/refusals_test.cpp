@@ -14,7 +14,7 @@ namespace {
 constexpr std::array captioned = {10203, 10204, 10223};
 
 // Whether the message comes before anything is asked: for want of accounts or classes.
-bool comesAtOpening(const RefusalCase& one) { return !one.change.empty(); }
+bool comesAtOpening(const RefusalCase& one) { return !one.change.empty() && !one.onConfirming; }
 
 // The ledger with one of its changes, open for the windows.
 class ChangedLedger {
