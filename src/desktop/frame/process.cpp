@@ -43,6 +43,7 @@ void CProcess::DrawAToolBar(QToolBar* bar, std::span<const CToolBarInfo> table) 
         bar->addAction(pictureIcon(entry.bitmap), picture == nullptr ? QString() : QString::fromUtf8(picture->caption));
     action->setObjectName(QString::number(entry.command));
     action->setToolTip(tipOf(entry));
+    action->setCheckable(entry.checkable);
     if (*entry.shortcut != '\0') action->setShortcut(QKeySequence(QLatin1String(entry.shortcut)));
     QObject::connect(action, &QAction::triggered, window_,
                      [window = window_, command = entry.command] { window->OnCommand(command); });

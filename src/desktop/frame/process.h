@@ -20,6 +20,7 @@ struct CToolBarInfo {
   int command = 0;
   const char* shortcut = "";  // portable text, empty for none
   const char* tip = "";
+  bool checkable = false;
 };
 
 class CProcess {

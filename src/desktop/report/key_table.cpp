@@ -84,6 +84,7 @@ constexpr KeyEntry locateKeys[] = {
 constexpr KeyEntry reportKeys[] = {
     {"Esc", "停止正在进行的计算或输出"},
     {"Alt+O、Alt+D", "输出以后打开文件、打开它所在的文件夹"},
+    {"Ctrl+G、Ctrl+L", "隐藏明细、隐藏零值，再按一次恢复；工具栏上有这两个按钮的帐表"},
 };
 
 constexpr KeyGroup keyGroups[] = {

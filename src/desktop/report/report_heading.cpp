@@ -97,6 +97,9 @@ void ReportHeading::SetOthers(const tz::Conditions& conditions) {
     const auto text = conditionText(control, conditions);
     if (!text.empty()) texts.append(toQt(text));
   }
+  for (const auto& toggle : rowToggles) {
+    if (conditions.request.flag(toggle.key)) texts.append(toQt(parameter(toggle.key).label));
+  }
   others_->setText(texts.join(QStringLiteral("    ")));
   others_->setToolTip(others_->text());
 }

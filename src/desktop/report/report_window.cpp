@@ -117,6 +117,8 @@ void ReportWindow::ConnectParts() {
   connect(copySums, &QAction::triggered, status_, &ReportStatus::CopySelection);
   view_->addAction(copySums);
   OfferInMenu(WindowCommand::detail, "明细(&D)");
+  OfferInMenu(WindowCommand::groupRows, "隐藏明细(&H)");
+  OfferInMenu(WindowCommand::zeroRows, "隐藏零值(&Z)");
   OfferInMenu(WindowCommand::exportFile, "输出(&E)…");
 }
 
@@ -226,6 +228,7 @@ void ReportWindow::Show(ComputedReport computed) {
   heading_->SetUnits(conditions.amounts, shown_->report.format);
   heading_->SetOthers(conditions);
   heading_->Conditions().ShowMonths(request_, g_tmLogonTime);
+  ShowToggles();
   view_->SetEmptyText(QStringLiteral("没有记录"));
   if (stand_) tools_->EndAll();
   view_->SetReport(&shown_->report);

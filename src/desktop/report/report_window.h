@@ -87,6 +87,11 @@ class ReportWindow : public ProcessWindow {
   void OnExport();
   void OnDetail();
   void OnHelp();
+  // Shows other rows of the same report, or all of them again.
+  template <ParameterKey key>
+  void OnToggle() {
+    Toggle(key);
+  }
   void OnClose() { EndDialog(Accepted); }
 
  signals:
@@ -104,6 +109,9 @@ class ReportWindow : public ProcessWindow {
   void LayOut();
   void DrawToolBar();
   void ConnectParts();
+  void Toggle(ParameterKey key);
+  // The buttons of toggles, and their entries in the menu, as the conditions have them.
+  void ShowToggles();
   // In the grid's menu, where somebody answers it.
   void OfferInMenu(WindowCommand command, const char* text);
   void Show(ComputedReport computed);

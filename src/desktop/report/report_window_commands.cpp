@@ -24,9 +24,9 @@ void ReportWindow::DrawToolBar() {
   std::vector<CToolBarInfo> table;
   for (const WindowCommand id : definition_.toolbar) {
     const ReportCommand* command = findReportCommand(static_cast<int>(id));
-    table.push_back(command == nullptr
-                        ? CToolBarInfo{}
-                        : CToolBarInfo{command->bitmap, static_cast<int>(id), command->shortcut, command->tip});
+    table.push_back(command == nullptr ? CToolBarInfo{}
+                                       : CToolBarInfo{command->bitmap, static_cast<int>(id), command->shortcut,
+                                                      command->tip, command->toggles});
   }
   DrawAToolBar(toolBar_, table);
   for (QAction* action : toolBar_->actions()) action->setProperty(tipProperty, action->toolTip());
@@ -36,8 +36,11 @@ void ReportWindow::DrawToolBar() {
 void ReportWindow::OfferInMenu(WindowCommand command, const char* text) {
   const int id = static_cast<int>(command);
   if (!Answered(id)) return;
-  const QString key = QLatin1String(findReportCommand(id)->shortcut);
-  view_->addAction(QString::fromUtf8(text) + u'\t' + key, this, [this, id] { OnCommand(id); });
+  const ReportCommand& known = *findReportCommand(id);
+  const QString key = QLatin1String(known.shortcut);
+  QAction* entry = view_->addAction(QString::fromUtf8(text) + u'\t' + key, this, [this, id] { OnCommand(id); });
+  entry->setCheckable(known.toggles);
+  entry->setData(id);
 }
 
 QAction* ReportWindow::ActionOf(int command) const {
@@ -89,6 +92,29 @@ bool ReportWindow::eventFilter(QObject* receiver, QEvent* event) {
   if (key || click) status_->EndNews();
   if (key && feature_ != nullptr && feature_->OnKey(static_cast<QKeyEvent&>(*event))) return true;
   return ProcessWindow::eventFilter(receiver, event);
+}
+
+void ReportWindow::Toggle(ParameterKey key) {
+  if (shown_ && !LongWork::Running()) {
+    if (request_.flag(key)) {
+      request_.clear(key);
+    } else {
+      request_.set(key, "1");
+    }
+    Recompute();
+  }
+  ShowToggles();
+}
+
+void ReportWindow::ShowToggles() {
+  for (const auto& toggle : rowToggles) {
+    const int command = static_cast<int>(toggle.command);
+    const bool on = request_.flag(toggle.key);
+    if (QAction* button = ActionOf(command)) button->setChecked(on);
+    for (QAction* entry : view_->actions()) {
+      if (entry->data().toInt() == command) entry->setChecked(on);
+    }
+  }
 }
 
 void ReportWindow::OnQuery() {

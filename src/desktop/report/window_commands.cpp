@@ -9,6 +9,11 @@
 namespace tz {
 namespace {
 
+template <WindowCommand command>
+bool onToolbar(const ReportDefinition& report) {
+  return std::ranges::find(report.toolbar, command) != report.toolbar.end();
+}
+
 bool leadsOn(const ReportDefinition& report) { return report.detail != nullptr; }
 
 constexpr ReportCommand commandsOfReports[] = {
@@ -50,8 +55,22 @@ constexpr ReportCommand commandsOfReports[] = {
      .had = leadsOn},
     {.command = WindowCommand::planReport, .bitmap = 322, .tip = "计划报告"},
     {.command = WindowCommand::planView, .bitmap = 320, .tip = "查看计划"},
-    {.command = WindowCommand::groupRows, .bitmap = 280, .tip = "显示或隐藏各组的明细行"},
-    {.command = WindowCommand::zeroRows, .bitmap = 404, .tip = "显示或隐藏全为零的行"},
+    {.command = WindowCommand::groupRows,
+     .bitmap = 280,
+     .shortcut = "Ctrl+G",
+     .tip = "不显示各组的明细行，小计和合计不变",
+     .takesRows = true,
+     .action = &ReportWindow::OnToggle<ParameterKey::hideDetails>,
+     .toggles = true,
+     .had = onToolbar<WindowCommand::groupRows>},
+    {.command = WindowCommand::zeroRows,
+     .bitmap = 404,
+     .shortcut = "Ctrl+L",
+     .tip = "不显示期初、发生额和期末全为零的行",
+     .takesRows = true,
+     .action = &ReportWindow::OnToggle<ParameterKey::hideZero>,
+     .toggles = true,
+     .had = onToolbar<WindowCommand::zeroRows>},
 };
 
 }  // namespace

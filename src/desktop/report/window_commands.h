@@ -18,6 +18,7 @@ struct ReportCommand {
   const char* tip = "";
   bool takesRows = false;  // waits until there are rows to take
   void (ReportWindow::*action)() = nullptr;
+  bool toggles = false;  // its button shows whether it is on
   // Of reports that do not all have it; null: every report has.
   bool (*had)(const ReportDefinition&) = nullptr;
 

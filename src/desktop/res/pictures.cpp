@@ -11,7 +11,7 @@ namespace {
 
 // In the order of their ids.
 constexpr Picture pictures[] = {
-    {280, "group-rows", "展开明细"},
+    {280, "group-rows", "隐藏明细"},
     {281, "clearing", "反两清"},
     {300, "help", "帮助"},
     {301, "close", "退出"},
@@ -23,7 +23,7 @@ constexpr Picture pictures[] = {
     {316, "drill", "明细"},
     {320, "plan-view", "计划"},
     {322, "plan-table", "报告"},
-    {404, "zero-rows", "零值行"},
+    {404, "zero-rows", "隐藏零值"},
     {1308, "exit", "退出"},
     {1353, "navigator-ground", ""},
     {1354, "person", "个人往来"},
