@@ -8,6 +8,7 @@
 #include "cli/refuse.h"
 #include "cli/report_writer.h"
 #include "cli/values.h"
+#include "cli/voucher_writer.h"
 #include "core/catalogue/catalogue.h"
 #include "core/reports/output_guard.h"
 #include "core/reports/report_definition.h"
@@ -22,6 +23,7 @@ struct ReportOptions {
   std::map<ParameterKey, bool> flags;
   std::string date;
   std::string operatorName;
+  std::optional<std::int64_t> detail;  // the row to go on from
   OutputOptions output;
 };
 
@@ -53,6 +55,48 @@ void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
   }
 }
 
+// A report that the operator may see, computed and handed on.
+Status show(const ReportDefinition& report, const Request& request, const RunOptions& how, Session& session,
+            const std::function<Status(const ComputedReport&)>& handOn) {
+  if (!CCheckAuth(session.who, report.right, 1, report.rightName)) {
+    return refuseRight(session.who, report.right, report.rightName);
+  }
+  if (const auto refusal = launchRefusal(report.launchChecks, session.db)) return refuse(*refusal);
+  const auto outcome = runReport(report, request, session, how);
+  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
+  return handOn(std::get<ComputedReport>(outcome));
+}
+
+Status write(const ComputedReport& report, const OutputOptions& output) {
+  writeReport(report, output);
+  return Status::done;
+}
+
+Status showVoucher(const LineId& line, Session& session, const OutputOptions& output) {
+  const auto outcome = readVoucher(session, line.book, line.voucher);
+  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
+  writeVoucher(std::get<Voucher>(outcome), output);
+  return Status::done;
+}
+
+// What a row leads to: the report behind it, or the voucher.
+Status showDetail(const ReportDefinition& report, const ComputedReport& shown, const ReportOptions& options,
+                  Session& session) {
+  const auto rows = shown.grid.GetRows();
+  if (report.detail == nullptr) throw WrongUse(fmt::format("--detail：{} 没有明细", report.windowTitle));
+  if (rows > 0 && *options.detail >= rows) {
+    throw WrongUse(fmt::format("--detail：没有第 {} 行，可以是 0 至 {}", *options.detail, rows - 1));
+  }
+  const auto leadsTo = report.detail(*shown.resolved, shown, rows == 0 ? -1 : *options.detail);
+  if (const auto* refusal = std::get_if<Refusal>(&leadsTo)) return refuse(*refusal);
+  if (const auto* voucher = std::get_if<VoucherTarget>(&leadsTo)) {
+    return showVoucher(voucher->line, session, options.output);
+  }
+  const auto& target = std::get<DetailTarget>(leadsTo);
+  return show(*findReport(target.command), target.conditions, {.formatYields = true}, session,
+              [&](const ComputedReport& behind) { return write(behind, options.output); });
+}
+
 Status run(const ReportOptions& options) {
   const auto* report = findReport(options.id);
   if (report == nullptr)
@@ -64,16 +108,13 @@ Status run(const ReportOptions& options) {
   db.Open(options.ledger);
   const auto who = logOnFromTerminal(db, options.operatorName);
   if (!who) return Status::noRight;
-  if (!CCheckAuth(*who, report->right, 1, report->rightName)) {
-    return refuseRight(*who, report->right, report->rightName);
-  }
+  // Before anything that depends on the ledger's contents.
+  if (!who->may(report->right)) return refuseRight(*who, report->right, report->rightName);
   refuseOtherYear(db, asked);
-  if (const auto refusal = launchRefusal(report->launchChecks, db)) return refuse(*refusal);
   Session session{.db = db, .ledger = options.ledger, .logon = asked ? *asked : defaultLogonDate(db), .who = *who};
-  const auto outcome = runReport(*report, request, session);
-  if (const auto* refusal = std::get_if<Refusal>(&outcome)) return refuse(*refusal);
-  writeReport(std::get<ComputedReport>(outcome), options.output);
-  return Status::done;
+  return show(*report, request, {}, session, [&](const ComputedReport& shown) {
+    return options.detail ? showDetail(*report, shown, options, session) : write(shown, options.output);
+  });
 }
 
 void addConditions(CLI::App& command, const ReportDefinition& report, ReportOptions& options) {
@@ -105,6 +146,9 @@ std::function<void(int)> addReportCommand(CLI::App& app, Work& work) {
   command->add_option("--date", options->date, "登录日期，在会计年度之内；缺省为最后一张已记帐凭证的日期")
       ->type_name("YYYY-MM-DD");
   command->add_option("--operator", options->operatorName, "操作员；口令取自 TZ_PASSWORD 或提示")->type_name("NAME");
+  constexpr std::int64_t mostRows = 999'999'999;
+  auto* row = command->add_option("--detail", options->detail, "不显示报表，而显示它的一行的明细或凭证；行号从 0 数起");
+  letCount(*row->type_name("ROW"), 0, mostRows);
   letChoose(*command->add_option("--as", options->output.form, "输出形式"), outputForms());
   letChoose(*command->add_option("--encoding", options->output.encoding, "csv 的编码，缺省为带标记的 utf-8"),
             {"utf-8", "gb18030"});

@@ -12,6 +12,7 @@
 #include "core/ledger/listed_entities.h"
 #include "core/ledger/opening_balances.h"
 #include "core/ledger/selection.h"
+#include "core/ledger/voucher_drill.h"
 #include "core/reports/report_definition.h"
 
 namespace tz {
@@ -41,6 +42,7 @@ void computeDetail(const ReportDefinition& report, Session& session, const Condi
   report.toolbar = detailToolbar;
   report.formats = multiColumn ? formatsOfAccount : oneAccount ? detailFormats : formatsOfManyAccounts;
   report.compute = computeDetail;
+  if (report.detail == nullptr) report.detail = toVoucherOf(report.area);
   if (report.area == Area::unit) report.period.printed = months::printedWide;
   return {report, member};
 }

@@ -41,6 +41,7 @@ struct DetailTarget {
   int command = 0;
   Request conditions;
   Subject stand = {};
+  std::optional<LineId> line = {};  // the very line, where one comes from a voucher
 };
 // Or the voucher, in which its line becomes the current one.
 struct VoucherTarget {

@@ -20,8 +20,12 @@ bool agree(const Subject& one, const Subject& other) {
 
 }  // namespace
 
-std::optional<StandingRow> standingRow(const ComputedReport& report, const Subject& member) {
+std::optional<StandingRow> standingRow(const ComputedReport& report, const DetailTarget& target) {
   const auto& subjects = report.subjects;
+  const auto& member = target.stand;
+  for (std::int64_t row = 0; target.line && row < subjects.size(); ++row) {
+    if (subjects.line(row) == target.line) return StandingRow{.row = row, .isLine = true};
+  }
   std::optional<StandingRow> begins;
   const Subject* last = nullptr;  // rows that follow on each other share theirs
   bool agrees = false;

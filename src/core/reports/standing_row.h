@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "core/output/report_output.h"
+#include "core/reports/report_definition.h"
 
 namespace tz {
 
@@ -13,8 +13,8 @@ struct StandingRow {
   bool isLine = false;
 };
 
-// The member's first voucher line; without one its heading or opening. What the member leaves open, any row may be
-// about. Nothing where no row is about it.
-[[nodiscard]] std::optional<StandingRow> standingRow(const ComputedReport& report, const Subject& member);
+// The target's very line; otherwise the first voucher line of its member, without one the member's heading or opening.
+// What the member leaves open, any row may be about. Nothing where no row is about it.
+[[nodiscard]] std::optional<StandingRow> standingRow(const ComputedReport& report, const DetailTarget& target);
 
 }  // namespace tz

@@ -26,7 +26,9 @@ std::vector<VoucherLedger> ledgersOf(const Voucher& voucher, const VoucherLine& 
   if (line.account.lId == 0) return ledgers;
   const Request common = commonConditions(voucher, line);
   const auto add = [&](int command, const VoucherMember& member) -> Request& {
-    return ledgers.emplace_back(DetailTarget{.command = command, .conditions = common}, member.name).target.conditions;
+    const LineId here{.book = voucher.book, .line = line.entry.lId, .voucher = line.entry.lTieId};
+    ledgers.push_back({{.command = command, .conditions = common, .line = here}, member.name});
+    return ledgers.back().target.conditions;
   };
   const auto name = [](Request& request, ParameterKey key, const VoucherMember& member) {
     request.choose(key, {member.name, member.id});

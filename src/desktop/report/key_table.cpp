@@ -49,7 +49,7 @@ constexpr KeyEntry gridKeys[] = {
     {"方向键、PageUp、PageDown", "移动当前单元格；同时按 Shift 扩大选择"},
     {"Home、End", "到本行的第一栏、最后一栏"},
     {"Ctrl+方向键、Ctrl+Home、Ctrl+End", "到表格的边上"},
-    {"Enter、双击", "查看当前行的明细"},
+    {"Enter、双击", "查看当前行的明细；在明细帐里是它的凭证"},
     {"Ctrl+Shift+←、Ctrl+Shift+→", "把当前列左移、右移一列"},
     {"菜单键，再按 G", "各列的菜单：显示和隐藏（空格勾选，菜单不关）、移动、列宽适合内容、恢复默认列"},
     {"菜单键，再按 W", "当前列的列宽适合内容"},
@@ -87,6 +87,15 @@ constexpr KeyEntry reportKeys[] = {
     {"Ctrl+G、Ctrl+L", "隐藏明细、隐藏零值，再按一次恢复；工具栏上有这两个按钮的帐表"},
 };
 
+constexpr KeyEntry voucherKeys[] = {
+    {"↑、↓、PageUp、PageDown", "在分录之间移动"},
+    {"Enter、双击、Ctrl+D", "查看当前分录的明细帐；有几本时打开菜单，按数字选"},
+    {"Alt+←、Alt+→", "到上一张、下一张凭证；也可以按 Ctrl+PageUp、Ctrl+PageDown"},
+    {"Ctrl+C", "复制当前分录的文字"},
+    {"菜单键、Shift+F10、右键", "打开菜单：明细帐、复制、上一张、下一张"},
+    {"Ctrl+W", "关闭窗口"},
+};
+
 constexpr KeyGroup keyGroups[] = {
     {KeyPlace::everywhere, "每个窗口", everywhereKeys},
     {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
@@ -97,6 +106,7 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::grid, "表格", gridKeys},
     {KeyPlace::filter, "筛选行", filterKeys},
     {KeyPlace::locate, "定位栏", locateKeys},
+    {KeyPlace::voucher, "凭证窗口", voucherKeys},
 };
 
 }  // namespace

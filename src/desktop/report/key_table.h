@@ -7,7 +7,7 @@
 
 namespace tz {
 
-enum class KeyPlace { everywhere, navigator, start, conditions, field, report, grid, filter, locate };
+enum class KeyPlace { everywhere, navigator, start, conditions, field, report, grid, filter, locate, voucher };
 
 struct KeyEntry {
   const char* keys;  // as a person reads them

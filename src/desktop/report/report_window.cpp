@@ -239,12 +239,12 @@ void ReportWindow::Show(ComputedReport computed) {
   update();
 }
 
-void ReportWindow::StandOn(const tz::Subject& member) {
-  const auto standing = standingRow(shown_->report, member);
+void ReportWindow::StandOn(const DetailTarget& target) {
+  const auto standing = standingRow(shown_->report, target);
   view_->StandOn(standing ? standing->row : 0);
   view_->setFocus();
   const bool missed = !standing || !standing->isLine;
-  if (missed && member != tz::Subject{}) status_->ShowNews(QStringLiteral("查询月份内没有这一行的分录"));
+  if (missed && target.stand != tz::Subject{}) status_->ShowNews(QStringLiteral("查询月份内没有这一行的分录"));
 }
 
 void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {

@@ -116,7 +116,7 @@ class ReportWindow : public ProcessWindow {
   void OfferInMenu(WindowCommand command, const char* text);
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
-  void StandOn(const tz::Subject& member);
+  void StandOn(const DetailTarget& target);
   void KeepShown();
   void TellSubject();
   // The host keeps what was last asked for by hand.
@@ -151,7 +151,7 @@ class ReportWindow : public ProcessWindow {
   bool firstShow_ = true;
   bool awaitsPerson_ = false;
   bool changedByHand_ = false;
-  std::optional<tz::Subject> stand_;  // once what is asked for is shown
+  std::optional<DetailTarget> stand_;  // once what is asked for is shown
   std::optional<ShownReport> shown_;
   std::unique_ptr<ReportFeature> feature_;
 

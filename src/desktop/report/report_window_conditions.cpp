@@ -51,7 +51,7 @@ void ReportWindow::SetConditions(const Request& request) {
 
 void ReportWindow::SetConditions(const DetailTarget& target) {
   SetConditions(target.conditions);
-  stand_ = target.stand;
+  stand_ = target;
 }
 
 void ReportWindow::KeepShown() {

@@ -20,6 +20,8 @@ constexpr Picture pictures[] = {
     {306, "preview", "预览"},
     {307, "print", "打印"},
     {308, "query", "查询"},
+    {310, "previous", "上一张"},
+    {311, "next", "下一张"},
     {316, "drill", "明细"},
     {320, "plan-view", "计划"},
     {322, "plan-table", "报告"},

@@ -8,6 +8,7 @@
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/report_window.h"
+#include "desktop/report/voucher_window.h"
 #include "desktop/shell/command_table.h"
 
 namespace tz {
@@ -76,6 +77,31 @@ ReportWindow* ReportLauncher::LaunchFromReport(const DetailTarget& target, QWidg
   return window;
 }
 
+VoucherWindow* ReportLauncher::OpenVoucher(const LineId& line, QWidget* asker) {
+  if (LongWork::Running()) return nullptr;
+  auto* shared = qobject_cast<VoucherWindow*>(SlotOf(VoucherWindow::templateId));
+  if (shared != nullptr) {
+    if (!shared->Read(line, asker)) return nullptr;
+    shared->RefreshDisplay();
+    return shared;
+  }
+  auto window = std::make_unique<VoucherWindow>(asker);
+  if (!window->Read(line, asker)) return nullptr;
+  auto* opened = window.release();
+  connect(opened, &VoucherWindow::ledgerWanted, this,
+          [this, opened](const DetailTarget& target) { LaunchFromVoucher(target, opened); });
+  return Open(opened) ? opened : nullptr;
+}
+
+void ReportLauncher::LaunchFromVoucher(const DetailTarget& target, VoucherWindow* voucher) {
+  const auto obstacle = Obstacle(target.command);
+  if (obstacle.empty()) {
+    LaunchFromReport(target, voucher);
+  } else {
+    AfxMessageBox(voucher, obstacle);
+  }
+}
+
 bool ReportLauncher::Open(ProcessWindow* window) {
   slots_[window->Key()] = window;
   if (!Create(window)) return false;
@@ -88,6 +114,8 @@ ReportWindow* ReportLauncher::NewWindow(const ReportDefinition& report, QWidget*
   if (store_ != nullptr) window->OfferSaved(*store_);
   connect(window, &ReportWindow::detailWanted, this,
           [this, window](const DetailTarget& target) { LaunchFromReport(target, window); });
+  connect(window, &ReportWindow::voucherWanted, this,
+          [this, window](const LineId& line) { OpenVoucher(line, window); });
   return window;
 }
 

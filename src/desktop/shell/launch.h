@@ -19,6 +19,7 @@ namespace tz {
 class ConditionStore;
 class ProcessWindow;
 class ReportWindow;
+class VoucherWindow;
 
 class ReportLauncher : public QObject {
   Q_OBJECT
@@ -38,6 +39,8 @@ class ReportLauncher : public QObject {
   void Launch(int command);
   // A drill-down: takes the slot's window, whoever opened it, or makes one. Null when the window could not open.
   ReportWindow* LaunchFromReport(const DetailTarget& target, QWidget* parent);
+  // The voucher of a line, in the window that all reports share. Null when there is none to show.
+  VoucherWindow* OpenVoucher(const LineId& line, QWidget* asker);
   // Opens a window that is no report, under the navigator, and gives it the slot of its key. False when it closed
   // itself instead; it goes once it is closed.
   bool Open(ProcessWindow* window);
@@ -55,6 +58,8 @@ class ReportLauncher : public QObject {
  private:
   [[nodiscard]] bool MayLaunch(const ReportDefinition& report) const;
   [[nodiscard]] ReportWindow* NewWindow(const ReportDefinition& report, QWidget* parent);
+  // From a line of a voucher; the right to that ledger is asked for.
+  void LaunchFromVoucher(const DetailTarget& target, VoucherWindow* voucher);
   // Creates a window; the conditions of a report are set. False when it closed itself.
   bool Create(ProcessWindow* window);
   void Forget(ProcessWindow* window);
