@@ -131,6 +131,13 @@ void ReportWindow::RefreshDisplay() {
   ShowCenterWindow();
   view_->setFocus();
   Recompute();
+  StandOnFirstRow();
+}
+
+void ReportWindow::StandOnFirstRow() {
+  if (definition_.detail == nullptr || !shown_ || view_->Current().valid()) return;
+  const auto& grid = shown_->report.grid;
+  if (grid.GetRows() > 0 && grid.RowKindAt(0) == RowKind::line) view_->StandOn(0);
 }
 
 void ReportWindow::Recompute() {

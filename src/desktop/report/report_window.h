@@ -117,6 +117,8 @@ class ReportWindow : public ProcessWindow {
   void Show(ComputedReport computed);
   void ShowRows(std::int64_t rows, const std::vector<Notice>& notices);
   void StandOn(const DetailTarget& target);
+  // Where rows lead on, a key can take the first one at once.
+  void StandOnFirstRow();
   void KeepShown();
   void TellSubject();
   // The host keeps what was last asked for by hand.
