@@ -81,6 +81,7 @@ DrillAnswer drillFromProject(int target, const Conditions& conditions, const Com
 
 DrillAnswer drillFromPeriodOfProject(int target, int targetOfDept, const Conditions& conditions,
                                      const ComputedReport& shown, std::int64_t row) {
+  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
   if (conditions.project.lId == 0) return refusalWith(noProjectChosen);
   auto answer = drillFromPeriod(conditions.dept.lDeptId == 0 ? target : targetOfDept, conditions, shown, row);
   if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {

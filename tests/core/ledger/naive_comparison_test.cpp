@@ -8,7 +8,6 @@
 #include <set>
 
 #include "core/catalogue/catalogue.h"
-#include "core/data/record_io.h"
 #include "core/ledger/random_ledger.h"
 #include "core/reports/report_definition.h"
 #include "support/every_report.h"
@@ -21,32 +20,6 @@ using naive::Answer;
 using naive::Question;
 
 constexpr int logonMonth = 7;
-
-void fillItems(Connection& keeper, const naive::Ledger& ledger) {
-  for (const char* itemClass : naive::itemClasses) {
-    const auto table = std::string("ProjItems") + itemClass;
-    keeper.execute(Sql("DELETE FROM " + table));
-    for (const auto& item : ledger.items) {
-      if (item.classId != itemClass) continue;
-      keeper.execute(
-          Sql("INSERT INTO " + table + " (lId, FIELD0, FIELD1) VALUES (?, ?, ?)", item.id, item.code, item.name));
-    }
-  }
-}
-
-void fillLedger(Connection& keeper, const naive::Ledger& ledger) {
-  Transaction transaction(keeper, Transaction::Purpose::writing);
-  const auto replace = [&]<class Record>(const std::vector<Record>& records) {
-    keeper.execute(Sql(std::string("DELETE FROM ") + Record::table));
-    insertRecords(keeper, records);
-  };
-  const auto replaceAll = [&](const auto&... tables) { (replace(tables), ...); };
-  replaceAll(ledger.accounts, ledger.currencies, ledger.depts, ledger.persons, ledger.unitClasses, ledger.units,
-             ledger.classes, ledger.classesOfAccounts, ledger.balances, ledger.postedHeads, ledger.postedLines,
-             ledger.unpostedHeads, ledger.unpostedLines);
-  fillItems(keeper, ledger);
-  transaction.commit();
-}
 
 // The conditions that the report takes; one that is empty is left out.
 Request requestOf(const Question& question) {
@@ -204,7 +177,7 @@ ReachedByReport compareMany(Engine engine, int seeds) {
     naive::Dice dice(static_cast<std::uint64_t>(seed));
     const bool cents = seed % 3 == 0;
     const auto ledger = naive::randomLedger(dice, cents ? naive::Amounts::cents : naive::Amounts::sixtyFourths);
-    fillLedger(place.keeper(), ledger);
+    naive::writeLedger(place.keeper(), ledger);
     for (const auto& report : naive::allNaive()) {
       for (int i = 0; i < questionsPerReport; ++i) {
         const auto question = naive::randomQuestion(dice, ledger, report);

@@ -1,9 +1,12 @@
 #include "core/ledger/random_ledger.h"
 
 #include <algorithm>
+#include <array>
+#include <map>
 #include <set>
 #include <tuple>
 
+#include "core/data/record_io.h"
 #include "core/ledger/naive_dialog.h"
 
 namespace tz::test::naive {
@@ -243,7 +246,133 @@ void askForAmounts(Question& question, Dice& dice) {
   if (dice.once(3)) question.side = dice.once(2) ? "debit" : "credit";
 }
 
+void fillItems(Connection& keeper, const Ledger& ledger) {
+  for (const char* itemClass : itemClasses) {
+    const auto table = std::string("ProjItems") + itemClass;
+    keeper.execute(Sql("DELETE FROM " + table));
+    for (const auto& item : ledger.items) {
+      if (item.classId != itemClass) continue;
+      keeper.execute(
+          Sql("INSERT INTO " + table + " (lId, FIELD0, FIELD1) VALUES (?, ?, ?)", item.id, item.code, item.name));
+    }
+  }
+}
+
+// Account, department, person, unit, item and its class.
+using BalanceKey = std::tuple<Id, Id, Id, Id, Id, std::string>;
+
+template <class Record>
+BalanceKey balanceKeyOf(const Record& record) {
+  return {record.lCodeId, record.lDeptId, record.lPersonId, record.lEnterId, record.lItemId, record.sItemId};
+}
+
+// What balances of the same dimensions hold, debit-positive.
+struct Course {
+  struct Sums {
+    double debit = 0, credit = 0;
+  };
+  std::array<double, 3> opening = {};  // amount, quantity, foreign amount
+  std::array<std::array<Sums, 3>, 13> moved = {};
+  int first = 12;  // the period that it begins in
+};
+
+// A record for each period from the first one on.
+void writeCourse(std::vector<AssAccInfo>& balances, const BalanceKey& key, const Course& course, double direction) {
+  auto standing = course.opening;
+  for (int period = course.first; period <= 12; ++period) {
+    AssAccInfo record;
+    record.lId = 9000 - static_cast<Id>(balances.size());  // read in another order than written
+    std::tie(record.lCodeId, record.lDeptId, record.lPersonId, record.lEnterId, record.lItemId, record.sItemId) = key;
+    record.byPeroid = period;
+    const auto& moved = course.moved.at(static_cast<std::size_t>(period));
+    const std::array begins = {&record.mBegin, &record.dBegin, &record.mBeginFor};
+    const std::array debits = {&record.mDebit, &record.dDebit, &record.mDebitFor};
+    const std::array credits = {&record.mCredit, &record.dCredit, &record.mCreditFor};
+    for (std::size_t i = 0; i < standing.size(); ++i) {
+      *begins.at(i) = direction * standing.at(i);
+      *debits.at(i) = moved.at(i).debit;
+      *credits.at(i) = moved.at(i).credit;
+      standing.at(i) += moved.at(i).debit - moved.at(i).credit;
+    }
+    balances.push_back(record);
+  }
+}
+
+// Balances that follow from the openings of the old ones and from the posted lines.
+void balance(Ledger& ledger) {
+  std::map<BalanceKey, Course> courses;
+  for (const auto& old : ledger.balances) {
+    if (old.byPeroid != 1) continue;
+    auto& course = courses[balanceKeyOf(old)];
+    course.opening = {old.mBegin, old.dBegin, old.mBeginFor};
+    course.first = 1;
+  }
+  std::map<Id, int> periods;
+  for (const auto& head : ledger.postedHeads) periods[head.lTieId] = head.byPeroid;
+  for (const auto& line : ledger.postedLines) {
+    auto& course = courses[balanceKeyOf(line)];
+    const int period = periods.at(line.lTieId);
+    course.first = std::min(course.first, period);
+    const std::array figures = {line.mMoney, line.dAmount, line.mForeign};
+    for (std::size_t i = 0; i < figures.size(); ++i) {
+      auto& sums = course.moved.at(static_cast<std::size_t>(period)).at(i);
+      (line.bDirect != 0 ? sums.debit : sums.credit) += figures.at(i);
+    }
+  }
+  ledger.balances.clear();
+  for (const auto& [key, course] : courses) {
+    const auto account = std::ranges::find(ledger.accounts, std::get<0>(key), &CodeInfo::lId);
+    writeCourse(ledger.balances, key, course, account->bDirect != 0 ? 1 : -1);
+  }
+}
+
+// Vouchers dated and entered inside their periods.
+template <class Head, class Line>
+void tidyVouchers(std::vector<Head>& heads, std::vector<Line>& lines, Dice& dice) {
+  std::map<Id, Date> entered;
+  for (auto& head : heads) {
+    head.byPeroid = 1 + dice.below(12);
+    head.dtBill = head.dtDate = dayOf(dice, head.byPeroid);
+    entered[head.lTieId] = head.dtDate;
+  }
+  for (auto& line : lines) line.dtDate = entered.at(line.lTieId);
+}
+
 }  // namespace
+
+void writeLedger(Connection& keeper, const Ledger& ledger) {
+  Transaction transaction(keeper, Transaction::Purpose::writing);
+  const auto replace = [&]<class Record>(const std::vector<Record>& records) {
+    keeper.execute(Sql(std::string("DELETE FROM ") + Record::table));
+    insertRecords(keeper, records);
+  };
+  const auto replaceAll = [&](const auto&... tables) { (replace(tables), ...); };
+  replaceAll(ledger.accounts, ledger.currencies, ledger.depts, ledger.persons, ledger.unitClasses, ledger.units,
+             ledger.classes, ledger.classesOfAccounts, ledger.balances, ledger.postedHeads, ledger.postedLines,
+             ledger.unpostedHeads, ledger.unpostedLines);
+  fillItems(keeper, ledger);
+  transaction.commit();
+}
+
+Ledger tidyLedger(Dice& dice) {
+  Ledger ledger = randomLedger(dice, Amounts::cents);
+  std::vector<Id> leaves;
+  for (const auto& account : ledger.accounts) {
+    if (account.bEnd != 0) leaves.push_back(account.lId);
+  }
+  const auto onLeaves = [&](auto& records) {
+    for (auto& record : records) {
+      if (std::ranges::find(leaves, record.lCodeId) == leaves.end()) record.lCodeId = dice.oneOf(leaves);
+    }
+  };
+  onLeaves(ledger.balances);
+  onLeaves(ledger.postedLines);
+  onLeaves(ledger.unpostedLines);
+  tidyVouchers(ledger.postedHeads, ledger.postedLines, dice);
+  tidyVouchers(ledger.unpostedHeads, ledger.unpostedLines, dice);
+  balance(ledger);
+  return ledger;
+}
 
 Ledger randomLedger(Dice& dice, Amounts amounts) {
   Ledger ledger;

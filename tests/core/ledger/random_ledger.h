@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "core/data/connection.h"
 #include "core/ledger/naive_ledger.h"
 #include "core/ledger/naive_reports.h"
 
@@ -41,6 +42,10 @@ enum class Amounts {
 };
 
 [[nodiscard]] Ledger randomLedger(Dice& dice, Amounts amounts);
+// One whose balances follow from its vouchers, which are dated inside their periods and post to leaf accounts.
+[[nodiscard]] Ledger tidyLedger(Dice& dice);
+// In place of what the tables hold; those of the items are there.
+void writeLedger(Connection& keeper, const Ledger& ledger);
 // Mostly a question that has an answer, now and then one that is refused.
 [[nodiscard]] Question randomQuestion(Dice& dice, const Ledger& ledger, const Report& report);
 
