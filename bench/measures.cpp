@@ -2,9 +2,8 @@
 // from the sample company: a million posted lines, of which one person has a tenth, and the same at a tenth of the
 // size.
 //
-//   bench [GROUP...]      all measures, or those of the groups members, windows, making, grid, server; the last only
-//   with
-//                         TZ_TEST_POSTGRES (bench/run sets it)
+//   bench [GROUP...]      all measures, or those of the groups members, tables, windows, making, grid, server; the last
+//                         only with TZ_TEST_POSTGRES (bench/run sets it)
 //   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
 //   bench grid N          the same grid alone
 #include <cstdio>
@@ -18,6 +17,7 @@
 #include "bench/process.h"
 #include "bench/table.h"
 #include "core/data/connection.h"
+#include "core/data/record_io.h"
 #include "core/data/records.h"
 
 namespace tz::bench {
@@ -118,6 +118,61 @@ void measureMembers(const std::string& large, const std::string& small) {
              compare({program, "--version"}, {"sqlite3", "-version"}, {.pairs = 41}), 2);
 }
 
+// The sample company with many more persons on an account, each with a balance in every month.
+ListMember addBalances(const std::string& ledger, int records) {
+  constexpr int months = 12;
+  constexpr double odd = 0.37;
+  const auto keeper = openLedger(ledger, Access::keeper);
+  const auto number = [&](const char* select) {
+    const auto found = keeper->query(Sql(select));
+    if (!found->next()) throw std::runtime_error("the sample company is another");
+    return found->integer(0);
+  };
+  const ListMember member{"122101", number("SELECT lId FROM Code WHERE sCode = '122101'")};
+  const Id depts = number("SELECT count(*) FROM Dept");
+  const Id firstDept = number("SELECT min(lDeptId) FROM Dept");
+  Id person = number("SELECT max(lId) FROM Person");
+  Id record = number("SELECT max(lId) FROM AssAcc");
+  std::vector<PersonInfo> persons;
+  std::vector<AssAccInfo> balances;
+  while (std::ssize(balances) < records) {
+    ++person;
+    persons.push_back(
+        {person, fmt::format("P{:06}", person), fmt::format("职员{:06}", person), firstDept + person % depts});
+    double standing = 0;
+    for (int month = 1; month <= months; ++month) {
+      AssAccInfo balance{.lId = ++record, .lCodeId = member.accountId};
+      balance.lDeptId = persons.back().lDeptId;
+      balance.lPersonId = person;
+      balance.byPeroid = month;
+      balance.mBegin = standing;
+      balance.mDebit = static_cast<double>(person % 1000) + odd;
+      balance.mCredit = static_cast<double>(record % 1000) + odd;
+      standing += balance.mDebit - balance.mCredit;
+      balances.push_back(balance);
+    }
+  }
+  Transaction transaction(*keeper, Transaction::Purpose::writing);
+  insertRecords(*keeper, persons);
+  insertRecords(*keeper, balances);
+  transaction.commit();
+  return member;
+}
+
+void measureTables(const std::string& ledger) {
+  run({program, "ledger", "create", ledger, "--sample"});
+  const auto member = addBalances(ledger, 250'000);
+  const auto select = fmt::format(
+      "SELECT lCodeId, byPeroid, mBegin, mDebit, mCredit, lDeptId, lPersonId FROM AssAcc WHERE +lCodeId IN ({}) AND "
+      "lDeptId > 0 AND lPersonId > 0 AND byPeroid BETWEEN 1 AND 12 ORDER BY lDeptId, lPersonId, byPeroid, lId",
+      member.accountId);
+  printRatio("a balance table over 250 000 AssAcc records, a row for each of 20 000 persons", "stepping the same rows",
+             compare({program, "report", "10183", "--ledger", ledger, "--account", member.account, "--from", "1",
+                      "--to", "12"},
+                     {build + "/bench/bare_scan", ledger, select}, {.pairs = 15}),
+             1.5);
+}
+
 void measureWindows(const std::string& large) {
   const std::string windows = build + "/bench/desktop_work";
   printRatio("the navigator painted once", "an empty window with the same fonts",
@@ -209,7 +264,7 @@ void measureOnServer(const std::string& address) {
 }
 
 int measure(const std::string& self, const std::set<std::string>& groups) {
-  static const std::set<std::string> known = {"members", "windows", "making", "grid", "server"};
+  static const std::set<std::string> known = {"members", "tables", "windows", "making", "grid", "server"};
   for (const auto& group : groups) {
     if (!known.contains(group)) throw std::runtime_error("no group of measures is called " + group);
   }
@@ -225,6 +280,7 @@ int measure(const std::string& self, const std::set<std::string>& groups) {
   if (wanted("members")) createLedger(small, million / 10);
   printHead();
   if (wanted("members")) measureMembers(large, small);
+  if (wanted("tables")) measureTables((folder / "tables.db").string());
   if (wanted("windows")) measureWindows(large);
   if (wanted("making")) measureMaking(folder, large);
   if (wanted("grid")) measureGrid(folder, self);
