@@ -25,6 +25,12 @@ inline constexpr ControlSpec person{
     .kind = Kind::personReference, .key = ParameterKey::person, .id = 2111, .companion = 2007, .caption = "个人"};
 inline constexpr ControlSpec unit{
     .kind = Kind::unitReference, .key = ParameterKey::unit, .id = 2115, .companion = 2028, .caption = "单位"};
+inline constexpr ControlSpec unitOrAll{.kind = Kind::unitReference,
+                                       .key = ParameterKey::unit,
+                                       .id = 2115,
+                                       .companion = 2028,
+                                       .caption = "单位",
+                                       .all = true};
 inline constexpr ControlSpec unitClass{
     .kind = Kind::unitClassCombo, .key = ParameterKey::unitClass, .id = 2210, .caption = "分类"};
 inline constexpr ControlSpec clerk{

@@ -247,8 +247,8 @@ constexpr auto projectTable = balance(
                 .id = 706,
                 .title = "单位往来_项目余额表",
                 .accountWhere = unitAccounts,
-                .controls = {controls::account, controls::unit, controls::months, controls::amountRange, controls::side,
-                             grouping, projects, controls::unposted, controls::creditLimit},
+                .controls = {controls::account, controls::unitOrAll, controls::months, controls::amountRange,
+                             controls::side, grouping, projects, controls::unposted, controls::creditLimit},
                 .checks =
                     {
                         {.passes = checks::unitKnownOrAll, .message = unitUnknown, .about = ParameterKey::unit},

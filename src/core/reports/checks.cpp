@@ -107,7 +107,11 @@ bool unitKnown(CheckContext& context) {
   return true;
 }
 
-bool unitKnownOrAll(CheckContext& context) { return !unitGiven(context) || unitKnown(context); }
+bool unitKnownOrAll(CheckContext& context) {
+  const auto wanted = context.request.member(ParameterKey::unit);
+  const bool all = wanted.text.empty() || (wanted.text == allMembers && wanted.id == 0);
+  return all || unitKnown(context);
+}
 
 bool unitsDefined(CheckContext& context) { return context.session.db.Exists("Enter", "lId > 0"); }
 

@@ -163,7 +163,11 @@ ComboList persons(const OfferQuestion& question) {
   return found ? CInitComboFun::InitNameCombox(question.db, found->lDeptId) : ComboList();
 }
 
-ComboList units(const OfferQuestion& question) { return CInitComboFun::InitEnterCombox(question.db); }
+ComboList units(const OfferQuestion& question) {
+  auto list = CInitComboFun::InitEnterCombox(question.db);
+  if (question.control.all) list.insert(list.begin(), {std::string(allMembers), 0});
+  return list;
+}
 
 ComboList unitClasses(const OfferQuestion& question) { return CInitComboFun::InitEnterClassCombox(question.db); }
 
@@ -227,7 +231,9 @@ std::optional<Id> personMeant(const OfferQuestion& question) {
 }
 
 std::optional<Id> unitMeant(const OfferQuestion& question) {
-  const auto found = findUnit(question.db, question.soFar.member(ParameterKey::unit));
+  const auto wanted = question.soFar.member(ParameterKey::unit);
+  if (question.control.all && isAll(wanted)) return 0;
+  const auto found = findUnit(question.db, wanted);
   return found ? std::optional(found->lId) : std::nullopt;
 }
 

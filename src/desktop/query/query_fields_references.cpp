@@ -146,7 +146,11 @@ class UnitField : public ReferenceField {
   }
 
  protected:
-  [[nodiscard]] NameList Read(const CQnCwDB& db) const override { return unitNames(db); }
+  [[nodiscard]] NameList Read(const CQnCwDB& db) const override {
+    NameList units = unitNames(db);
+    if (Spec().all) units.entries.insert(units.entries.begin(), {{}, toQt(allMembers)});
+    return units;
+  }
 };
 
 // An item: its class in front of its name.

@@ -77,7 +77,7 @@ TEST_P(Offers, AnEntryThatIsPickedIsThatVeryRecord) {
   }
   EXPECT_EQ(reached[ParameterKey::dept], (std::set<Id>{0, 11, 12, 13, 14}));
   EXPECT_EQ(reached[ParameterKey::person], (std::set<Id>{1, 2, 3}));
-  EXPECT_EQ(reached[ParameterKey::unit], (std::set<Id>{1, 2, 3}));
+  EXPECT_EQ(reached[ParameterKey::unit], (std::set<Id>{0, 1, 2, 3}));
   EXPECT_EQ(reached[ParameterKey::unitClass], (std::set<Id>{0, 1, 2, 3}));
   EXPECT_EQ(reached[ParameterKey::clerk], (std::set<Id>{0, 1}));
   EXPECT_EQ(reached[ParameterKey::projectClass], (std::set<Id>{1, 2}));
