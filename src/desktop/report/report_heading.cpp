@@ -107,9 +107,9 @@ void ReportHeading::SetOthers(const tz::Conditions& conditions) {
 void ReportHeading::SetUnits(const AccountAmounts& amounts, std::optional<AmountFormat> format) {
   const auto& shown = traitsOf(format.value_or(AmountFormat::amount));
   currency_->setText(QStringLiteral("外币名称: %1").arg(toQt(amounts.currency)));
-  currency_->setVisible(shown.foreign);
+  currency_->setVisible(shown.foreign && !amounts.currency.empty());
   unit_->setText(QStringLiteral("数量单位: %1").arg(toQt(amounts.unit)));
-  unit_->setVisible(shown.quantities);
+  unit_->setVisible(shown.quantities && !amounts.unit.empty());
 }
 
 void ReportHeading::OnFormatChosen() {

@@ -7,6 +7,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "desktop/picking/useful_combox.h"
 #include "desktop/report/sample_report.h"
 #include "desktop/shell/launch.h"
 #include "support/every_report.h"
@@ -85,6 +86,11 @@ class DrillTest : public SampleReport {
     return request;
   }
 
+  // Rows of members; where these have rows of accounts below them, they are the headings.
+  static std::vector<std::int64_t> membersOf(const ComputedReport& report) {
+    const auto headings = rowsOf(report, RowKind::heading);
+    return headings.empty() ? rowsOf(report, RowKind::line) : headings;
+  }
   // The table with most rows that lead to lines.
   static std::optional<Question> fullest(Question question, Reader& reader) {
     std::optional<Question> best;
@@ -92,7 +98,7 @@ class DrillTest : public SampleReport {
     const auto take = [&] {
       const auto outcome = reader.ask(question);
       const auto* shown = std::get_if<ComputedReport>(&outcome);
-      const auto rows = shown == nullptr ? std::vector<std::int64_t>{} : rowsOf(*shown, RowKind::line);
+      const auto rows = shown == nullptr ? std::vector<std::int64_t>{} : membersOf(*shown);
       if (rows.size() <= most) return;
       const auto answer = question.report->detail(*shown->resolved, *shown, rows.back());
       const auto* target = std::get_if<DetailTarget>(&answer);
@@ -171,7 +177,7 @@ TEST_F(DrillTest, EveryTableLeadsToTheFirstLineOfItsRow) {
     ++tables;
     linesReached_ = 0;
     ReportWindow& table = open(found.report->command, question->request);
-    const auto rows = rowsOf(table.Shown()->report, RowKind::line);
+    const auto rows = membersOf(table.Shown()->report);
     for (const auto row : {rows.front(), rows[rows.size() / 2], rows.back()}) leads(table, row);
     EXPECT_GT(linesReached_, 0);
     EXPECT_EQ(launcher_.Windows().size(), 2) << "one ledger for all of them";
@@ -324,6 +330,31 @@ TEST_F(DrillTest, ARowWithoutDepartmentAMonthOrARecordLeadsNowhere) {
   pressDetail(stopped);
   EXPECT_EQ(messages_.takeLast(), "没有记录，不能查明细!");
   EXPECT_EQ(launcher_.Windows().size(), 3);
+}
+
+TEST_F(DrillTest, ConditionsChangedInTheWindowAreInTheTableAndInWhatItLeadsTo) {
+  const auto choose = [](ReportWindow& window, const char* id, const char* text) {
+    auto& combo = control<CUsefulCombox>(window, id);
+    combo.setFocus(Qt::TabFocusReason);
+    combo.lineEdit()->selectAll();
+    enterText(combo, QString::fromUtf8(text));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  };
+  ReportWindow& table = open(10200, ofYear("1122"));
+  const auto& shown = table.Shown()->report;
+  EXPECT_EQ(control<CUsefulCombox>(table, "2212").CurrentText(), "全部");
+  const auto all = shown.grid.GetRows();
+  const std::string unit(shown.grid.TextAt(0, 0));
+  choose(table, "2212", unit.c_str());
+  EXPECT_LT(shown.grid.GetRows(), all);
+  EXPECT_EQ(shown.conditions.front(), "单位: " + unit);
+  choose(table, "2212", "全部");
+  EXPECT_EQ(shown.grid.GetRows(), all) << "and back to all of them";
+  choose(table, "2206", "112206");
+  EXPECT_EQ(shown.subtitle, "\n科  目: 112206 成套项目款");
+  leads(table, membersOf(shown).back());
+  EXPECT_NE(behind(10207)->Shown()->report.subtitle.find("112206"), std::string::npos);
+  EXPECT_EQ(linesReached_, 1);
 }
 
 TEST_F(DrillTest, RowsOfTablesAreCalledSo) {
