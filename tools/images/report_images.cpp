@@ -55,7 +55,7 @@ Request requestOf(const ReportView& view) {
 void drawWindow(const PictureBook& book, int command, const Request& request, const QString& name,
                 const PictureBook::Step& first = {}) {
   ReportLauncher launcher(everybody(), findReport);
-  const std::unique_ptr<ReportWindow> window(launcher.LaunchFromReport(command, request, nullptr));
+  const std::unique_ptr<ReportWindow> window(launcher.LaunchFromReport({command, request}, nullptr));
   addWindowList(*window, launcher);
   window->resize(pictureSize);
   window->Grid().SetCurrent(2, 2);
