@@ -18,6 +18,22 @@ namespace {
 
 constexpr const char* tipProperty = "tip";
 
+// The row about a member; where that is left out, the row of its group.
+std::optional<std::int64_t> rowAbout(const RowSubjects& subjects, const Subject& member) {
+  auto ofGroup = member;
+  ofGroup.account = 0;
+  auto ofDept = member;
+  ofDept.item = 0;
+  auto ofItem = member;
+  ofItem.dept = 0;
+  for (const Subject& wanted : {member, ofGroup, ofDept, ofItem}) {
+    for (std::int64_t row = 0; row < subjects.size(); ++row) {
+      if (subjects.of(row) == wanted) return row;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 void ReportWindow::DrawToolBar() {
@@ -101,7 +117,11 @@ void ReportWindow::Toggle(ParameterKey key) {
     } else {
       request_.set(key, "1");
     }
+    const GridCell current = view_->Current();
+    const tz::Subject member = shown_->report.subjects.of(current.row);
     Recompute();
+    const auto row = rowAbout(shown_->report.subjects, member);
+    if (current.valid() && row) view_->SetCurrent(*row, current.column);
   }
   ShowToggles();
 }

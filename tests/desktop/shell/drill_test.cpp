@@ -357,6 +357,38 @@ TEST_F(DrillTest, ConditionsChangedInTheWindowAreInTheTableAndInWhatItLeadsTo) {
   EXPECT_EQ(linesReached_, 1);
 }
 
+TEST_F(DrillTest, AProjectsOwnRowLeadsToItsLedger) {
+  Request request;
+  request.set(ParameterKey::from, "1");
+  request.set(ParameterKey::to, "12");
+  ReportWindow& table = open(10216, request);
+  const auto projects = rowsOf(table.Shown()->report, RowKind::heading);
+  ASSERT_GT(projects.size(), 3U);
+  const auto name = std::string(table.Shown()->report.grid.TextAt(projects[2], 0));
+  leads(table, projects[2]);
+  EXPECT_EQ(behind(10220)->Shown()->request.text(ParameterKey::project), name);
+  enter(table, projects[2] + 1);
+  EXPECT_EQ(messages_.takeLast(), "请选择项目记录!");
+  enter(table, table.Grid().RowCount() - 1);
+  EXPECT_EQ(messages_.takeLast(), "请先选择一条记录");
+  // Without the rows of its accounts one stands on the project.
+  ASSERT_TRUE(table.Grid().SetCurrent(projects[2] + 1, 1));
+  QTest::keyClick(&table.Grid(), Qt::Key_G, Qt::ControlModifier);
+  EXPECT_EQ(table.Grid().Current(), (GridCell{2, 1}));
+  EXPECT_EQ(table.Shown()->report.grid.TextAt(2, 0), name);
+  leads(table, 2);
+
+  request.clear(ParameterKey::from);
+  request.clear(ParameterKey::to);
+  request.set(ParameterKey::account, "6001");
+  request.set(ParameterKey::project, name);
+  const ReportWindow& months = open(10217, request);
+  auto conditions = *months.Shown()->report.resolved;
+  conditions.project = {};
+  const auto refused = months.Definition().detail(conditions, months.Shown()->report, 1);
+  EXPECT_EQ(std::get<Refusal>(refused).text, "请选择产品名称!");
+}
+
 TEST_F(DrillTest, RowsOfTablesAreCalledSo) {
   ReportWindow& table = open(10183, ofYear("1221"));
   GridView& view = table.Grid();
