@@ -1,6 +1,7 @@
 // tzassistant report --detail: what is behind a row, report by report down to the voucher, and what refuses.
 #include "cli/small_company.h"
 #include "core/ledger/detail_report.h"
+#include "support/refusal_cases.h"
 
 namespace tz::test {
 namespace {
@@ -63,6 +64,21 @@ TEST_P(DetailOption, PrintsTheVoucherOfALine) {
 }
 
 TZ_ON_BOTH_DATABASES(DetailOption);
+
+// The ledger of a project and department is of any accounts; it shows what the account's own general ledger showed.
+TEST(ProjectDrill, KeepsTheFormatBesideADepartment) {
+  TestLedger ledger(Engine::sqlite);
+  fillRefusalLedger(ledger,
+                    "UPDATE Code SET sUnit = '台' WHERE sCode = '500101';"
+                    "INSERT INTO AssAcc (lId, lCodeId, lDeptId, lItemId, sItemId, byPeroid, mBegin, dBegin) "
+                    "SELECT 99, 8, lDeptId, 1, '01', 1, 60, 3 FROM Dept WHERE sDeptName = '销售部'");
+  const auto run =
+      runProgram({"report", "10217", "--ledger", ledger.address(), "--account", "500101", "--project-class", "01",
+                  "--project", "一号厂房", "--dept", "销售部", "--detail", "1", "--as", "json"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.out.find("\"report\": 10220"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find("\"format\": \"数量金额式\""), std::string::npos) << run.out;
+}
 
 // Every detail ledger leads to vouchers; the areas refuse in their own words.
 TEST(VoucherDrill, RefusesInTheWordsOfItsArea) {

@@ -86,6 +86,8 @@ DrillAnswer drillFromPeriodOfProject(int target, int targetOfDept, const Conditi
   auto answer = drillFromPeriod(conditions.dept.lDeptId == 0 ? target : targetOfDept, conditions, shown, row);
   if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {
     leadsTo->conditions.set(ParameterKey::projectClass, conditions.projectClass.sItemId);
+    // The department's ledger is of any accounts and would not take the format from this one.
+    if (conditions.dept.lDeptId != 0) leadsTo->conditions.set(ParameterKey::format, formatName(conditions.format));
     if (conditions.dept.lDeptId == 0) leadsTo->conditions.clear(ParameterKey::dept);
   }
   return answer;
