@@ -13,6 +13,7 @@
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/text_size.h"
 #include "desktop/report/report_window.h"
+#include "desktop/report/search_window.h"
 #include "desktop/shell/launch_window_list.h"
 #include "desktop/shell/navigator_help.h"
 #include "desktop/theme/qt_text.h"
@@ -54,6 +55,7 @@ void Desktop::AddBar() {
   auto* list = new QMenu;
   listWindows(list, launcher_);
   bar_ = new DesktopBar(navigator_, menu, list);
+  connect(bar_, &DesktopBar::searchWanted, &launcher_, &ReportLauncher::OpenSearch);
   bar_->SetLedger(openLedger_.Name());
   ShowWho();
 }
@@ -64,6 +66,8 @@ void Desktop::ShowWho() {
 }
 
 void Desktop::FillLedgerMenu(QMenu* menu) {
+  menu->addAction(QStringLiteral("查找分录…\tCtrl+K"), &launcher_, &ReportLauncher::OpenSearch);
+  menu->addSeparator();
   menu->addAction(QStringLiteral("登录日期…"), this, [this] {
     if (const auto date = askLogonDate(&navigator_, g_tmLogonTime, openLedger_.AccountYear())) {
       g_tmLogonTime = *date;
@@ -119,7 +123,8 @@ void Desktop::Welcome(ProcessWindow* window) {
   if (settings_.Maximized(key)) window->setWindowState(window->windowState() | Qt::WindowMaximized);
   addWindowList(*window, launcher_);
   addTextSizeKeys(*window, settings_, navigator_);
-  if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeReport(*report);
+  if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeTable(*report);
+  if (auto* search = qobject_cast<SearchWindow*>(window)) WelcomeTable(*search);
   connect(window, &ProcessWindow::closed, this, [this, window, key] {
     // A minimised window goes back to what it was.
     settings_.SetMaximized(key, window->windowState().testFlag(Qt::WindowMaximized));
@@ -127,11 +132,12 @@ void Desktop::Welcome(ProcessWindow* window) {
   });
 }
 
-void Desktop::WelcomeReport(ReportWindow& window) {
+template <class Window>
+void Desktop::WelcomeTable(Window& window) {
   window.KeepFolder({.last = [this] { return settings_.ExportFolder(); },
                      .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
   window.Grid().SetArrangement(settings_.Columns(window.Key()));
-  connect(&window, &ReportWindow::closed, this,
+  connect(&window, &Window::closed, this,
           [this, &window] { settings_.SetColumns(window.Key(), window.Grid().Arrangement()); });
 }
 

@@ -46,8 +46,9 @@ class Desktop : public QObject {
   void AddThemes(QMenu* menu);
   void OnSessionEnd(QSessionManager& manager);
   void Welcome(ProcessWindow* window);
-  // What a report keeps besides its size: the folder of its files, what was made of its columns.
-  void WelcomeReport(ReportWindow& window);
+  // What a table keeps besides the size of its window: the folder of its files, what was made of its columns.
+  template <class Window>
+  void WelcomeTable(Window& window);
   void Finish();
 
   HostSettings& settings_;

@@ -33,11 +33,17 @@ DesktopBar::DesktopBar(CQnCwAssistantDlg& navigator, QMenu* ledgerMenu, QMenu* w
       navigator_(navigator),
       ledger_(menuButton(ledgerMenu, &navigator)),
       windows_(menuButton(windowMenu, &navigator)),
+      search_(new QToolButton(&navigator)),
       who_(new ElidedLabel(&navigator)) {
   ledger_->setObjectName(QStringLiteral("ledger"));
   ledgerMenu->setParent(ledger_, ledgerMenu->windowFlags());
   windowMenu->setParent(windows_, windowMenu->windowFlags());
   nameWindowButton(*windows_);
+  search_->setObjectName(QStringLiteral("search"));
+  search_->setText(QStringLiteral("查找分录"));
+  search_->setToolTip(QStringLiteral("在整个帐套里按摘要、金额或凭证查找分录（Ctrl+K）"));
+  search_->setAutoRaise(true);
+  connect(search_, &QToolButton::clicked, this, &DesktopBar::searchWanted);
   who_->setObjectName(QStringLiteral("who"));
   who_->setForegroundRole(QPalette::PlaceholderText);
   auto* menu = new QAction(&navigator);
@@ -67,9 +73,7 @@ void DesktopBar::Place() {
   const double scale = navigator_.Scale();
   const auto scaled = [scale](int pixels) { return qRound(pixels * scale); };
   const QFont font = uiFont(scaled(barPixels));
-  for (QWidget* part : {static_cast<QWidget*>(ledger_), static_cast<QWidget*>(windows_), static_cast<QWidget*>(who_)}) {
-    part->setFont(font);
-  }
+  for (QWidget* part : std::initializer_list<QWidget*>{ledger_, windows_, search_, who_}) part->setFont(font);
   const QRect leaving = exit->geometry();
   const int left = area->geometry().right() + scaled(cardInset);
   const int height = ledger_->sizeHint().height();
@@ -77,7 +81,9 @@ void DesktopBar::Place() {
 
   const QSize list = windows_->sizeHint();
   windows_->setGeometry({QPoint(left, leaving.center().y() - list.height() / 2), list});
-  const int beside = left + list.width() + scaled(betweenRows);
+  const QSize search = search_->sizeHint();
+  search_->setGeometry({QPoint(left + list.width(), leaving.center().y() - search.height() / 2), search});
+  const int beside = left + list.width() + search.width() + scaled(betweenRows);
   who_->setGeometry(beside, leaving.top(), leaving.left() - scaled(barGap) - beside, leaving.height());
 }
 

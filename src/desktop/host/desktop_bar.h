@@ -1,6 +1,6 @@
 // What the host adds to the navigator, above and beside its exit: the ledger's name over the whole width, which drops
-// the ledger's menu down, and the list of windows with who has logged on and as of when. It grows with the navigator,
-// and cuts a name only where there is no room for it.
+// the ledger's menu down, and the list of windows and the search with who has logged on and as of when. It grows with
+// the navigator, and cuts a name only where there is no room for it.
 #pragma once
 
 #include <QObject>
@@ -24,6 +24,10 @@ class DesktopBar : public QObject {
   // "王会计 · 2025-11-25".
   void SetWho(const QString& text);
 
+ signals:
+  // The ledger is to be searched.
+  void searchWanted();
+
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
@@ -34,6 +38,7 @@ class DesktopBar : public QObject {
   CQnCwAssistantDlg& navigator_;
   QToolButton* ledger_;
   QToolButton* windows_;
+  QToolButton* search_;
   ElidedLabel* who_;
   QString name_;
 };

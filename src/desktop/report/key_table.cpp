@@ -10,6 +10,7 @@ constexpr KeyEntry everywhereKeys[] = {
     {"F1", "打开本窗口的说明"},
     {"Ctrl+Tab、Ctrl+Shift+Tab", "到下一个、上一个打开的窗口"},
     {"Alt+W", "打开窗口列表：按数字到那个窗口，T 并排，S 层叠，A 全部关闭"},
+    {"Ctrl+K", "在整个帐套里查找分录"},
     {"Ctrl++、Ctrl+-", "放大、缩小所有窗口的文字"},
     {"Ctrl+0", "文字恢复通常的大小"},
 };
@@ -64,7 +65,7 @@ constexpr KeyEntry gridKeys[] = {
     {"Ctrl+M", "显示或不显示本月合计、本年累计；折叠的月份总留本月合计"},
     {"菜单键，再按 S", "复制状态栏里选中行的合计"},
     {"Ctrl+Shift+F", "打开或关闭筛选行"},
-    {"输入文字、/、Ctrl+F", "定位到含有它的行，折叠的块随之展开；有“查找”的帐表里 Ctrl+F 是查找"},
+    {"输入文字、/、Ctrl+F", "定位到含有它的行，折叠的块随之展开；有“查找”的帐表里 Ctrl+F 问一个成员，到他的第一行"},
     {"F3、Shift+F3", "到下一处、上一处"},
     {"Esc", "关闭定位，清除筛选"},
 };
@@ -79,6 +80,15 @@ constexpr KeyEntry locateKeys[] = {
     {"Enter、↓、F3", "到下一处"},
     {"Shift+Enter、↑、Shift+F3", "到上一处"},
     {"Esc", "关闭定位，回到表格"},
+};
+
+constexpr KeyEntry searchKeys[] = {
+    {"Enter", "在查找栏里开始查找；在找到的分录上打开它的凭证"},
+    {"↓", "在查找栏里打开以前查找过的列表，选中就再查找"},
+    {"PageDown、Tab", "从查找栏到找到的分录"},
+    {"Ctrl+K", "回到查找栏"},
+    {"F5、Ctrl+D、Ctrl+E", "再查找一次、打开凭证、输出到文件"},
+    {"Esc", "停止查找，已经找到的留着"},
 };
 
 constexpr KeyEntry reportKeys[] = {
@@ -107,6 +117,7 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::filter, "筛选行", filterKeys},
     {KeyPlace::locate, "定位栏", locateKeys},
     {KeyPlace::voucher, "凭证窗口", voucherKeys},
+    {KeyPlace::search, "查找分录的窗口", searchKeys},
 };
 
 }  // namespace

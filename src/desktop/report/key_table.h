@@ -7,7 +7,7 @@
 
 namespace tz {
 
-enum class KeyPlace { everywhere, navigator, start, conditions, field, report, grid, filter, locate, voucher };
+enum class KeyPlace { everywhere, navigator, start, conditions, field, report, grid, filter, locate, voucher, search };
 
 struct KeyEntry {
   const char* keys;  // as a person reads them

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <fmt/format.h>
 
+#include "core/catalogue/catalogue.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/report_window.h"
+#include "desktop/report/search_window.h"
 #include "desktop/report/voucher_window.h"
 #include "desktop/shell/command_table.h"
 
@@ -99,6 +101,20 @@ void ReportLauncher::LaunchFromVoucher(const DetailTarget& target, VoucherWindow
     LaunchFromReport(target, voucher);
   } else {
     AfxMessageBox(voucher, obstacle);
+  }
+}
+
+void ReportLauncher::OpenSearch() {
+  if (LongWork::Running()) return;
+  if (!mayReadVouchers(who_)) {
+    AfxMessageBox(g_pDlgWnd, fmt::format("操作员 {} 没有任何明细帐的权限，不能查找分录", who_.name));
+  } else if (ProcessWindow* open = SlotOf(SearchWindow::searchWindow)) {
+    open->RefreshDisplay();
+  } else {
+    auto* window = new SearchWindow(nullptr);
+    connect(window, &SearchWindow::voucherWanted, this,
+            [this, window](const LineId& line) { OpenVoucher(line, window); });
+    Open(window);
   }
 }
 

@@ -41,6 +41,8 @@ class ReportLauncher : public QObject {
   ReportWindow* LaunchFromReport(const DetailTarget& target, QWidget* parent);
   // The voucher of a line, in the window that all reports share. Null when there is none to show.
   VoucherWindow* OpenVoucher(const LineId& line, QWidget* asker);
+  // The search across the ledger, which has one window: brought to the front where it is open.
+  void OpenSearch();
   // Opens a window that is no report, under the navigator, and gives it the slot of its key. False when it closed
   // itself instead; it goes once it is closed.
   bool Open(ProcessWindow* window);

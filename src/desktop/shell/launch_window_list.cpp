@@ -15,6 +15,8 @@
 namespace tz {
 namespace {
 
+constexpr const char* searchKey = "Ctrl+K";
+
 std::vector<QWidget*> allWindows(const ReportLauncher& launcher) {
   std::vector<QWidget*> all;
   if (g_pDlgWnd != nullptr) all.push_back(g_pDlgWnd);
@@ -46,6 +48,10 @@ void fill(QMenu* menu, ReportLauncher& launcher) {
     action->setChecked(here != nullptr && window == here->window());
     QObject::connect(action, &QAction::triggered, window, [window] { bringToFront(window); });
   }
+  menu->addSeparator();
+  auto* search = menu->addAction(QStringLiteral("查找分录(&K)…\t") + QLatin1String(searchKey));
+  search->setObjectName(QStringLiteral("search"));
+  QObject::connect(search, &QAction::triggered, &launcher, &ReportLauncher::OpenSearch);
   menu->addSeparator();
   const bool any = !launcher.Windows().empty();
   const auto add = [&](const char* name, const QString& text, auto&& command) {
@@ -140,16 +146,16 @@ void addWindowList(ProcessWindow& window, ReportLauncher& launcher) {
 }
 
 void addWindowKeys(QWidget& window, ReportLauncher& launcher) {
-  const auto add = [&](const char* name, const char* keys, bool forward) {
+  const auto add = [&](const char* name, const char* keys, auto&& command) {
     auto* action = new QAction(&window);
     action->setObjectName(QLatin1String(name));
     action->setShortcut(QKeySequence(QLatin1String(keys)));
-    QObject::connect(action, &QAction::triggered, &launcher,
-                     [&window, &launcher, forward] { goRound(&window, launcher, forward); });
+    QObject::connect(action, &QAction::triggered, &launcher, command);
     window.addAction(action);
   };
-  add("nextWindow", "Ctrl+Tab", true);
-  add("previousWindow", "Ctrl+Shift+Tab", false);
+  add("nextWindow", "Ctrl+Tab", [&window, &launcher] { goRound(&window, launcher, true); });
+  add("previousWindow", "Ctrl+Shift+Tab", [&window, &launcher] { goRound(&window, launcher, false); });
+  add("searchLedger", searchKey, [&launcher] { launcher.OpenSearch(); });
 }
 
 }  // namespace tz
