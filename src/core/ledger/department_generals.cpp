@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "core/ledger/balance_drill.h"
+#include "core/ledger/balance_find.h"
 #include "core/ledger/balance_report.h"
 #include "core/ledger/detail_controls.h"
 #include "core/ledger/period_report.h"
@@ -22,6 +23,16 @@ constexpr std::array knownDept = {
 };
 
 Sql oneDept(const Conditions& c) { return Sql("lDeptId = ? AND lDeptId <> 0", c.dept.lDeptId); }
+
+constexpr FindRule findDept = finds::findBy(907,
+                                            {.kind = finds::Kind::deptReference,
+                                             .key = ParameterKey::dept,
+                                             .id = 1033,
+                                             .companion = 1022,
+                                             .caption = "部  门:",
+                                             .label = 1064},
+                                            finds::deptNotFound, finds::choose);
+constexpr FindRule findAccountOfDept = finds::findAccount(908, 1064, 8036, deptAccountsInCombo, finds::accountNotFound);
 
 constexpr auto accountLedger = balance(
     {
@@ -46,6 +57,7 @@ constexpr auto accountLedger = balance(
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n科  目:{}", c.accountText()); },
         .detail = memberTo<10229>,
+        .find = always<findDept>,
     },
     {
         .selects = {.accounts = chosenAccount,
@@ -78,6 +90,7 @@ constexpr auto deptLedger = balance(
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n部  门: {}", c.dept.sDeptName); },
         .detail = memberTo<10230>,
+        .find = always<findAccountOfDept>,
     },
     {
         .selects = {.accounts = deptAccounts, .dimension = oneDept},

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "core/ledger/balance_drill.h"
+#include "core/ledger/balance_find.h"
 #include "core/ledger/balance_report.h"
 #include "core/ledger/detail_controls.h"
 #include "core/ledger/period_report.h"
@@ -38,6 +39,26 @@ Sql onePerson(const Conditions& c) {
   return Sql("lDeptId = ? AND lPersonId = ? AND lPersonId <> 0", c.dept.lDeptId, c.person.lId);
 }
 
+constexpr FindRule findDeptAndPerson{.dialog = {.id = 917,
+                                                .title = finds::findTitle,
+                                                .controls = {{.kind = finds::Kind::deptReference,
+                                                              .key = ParameterKey::dept,
+                                                              .id = 8052,
+                                                              .companion = 2006,
+                                                              .caption = "部门"},
+                                                             {.kind = finds::Kind::personReference,
+                                                              .key = ParameterKey::person,
+                                                              .id = 1014,
+                                                              .companion = 8063,
+                                                              .caption = "个人"}},
+                                                .group = finds::choose},
+                                     .columns = {0, 1},
+                                     .notFound = finds::personNotFound};
+constexpr FindRule findPerson = finds::findBy(
+    932, {.kind = finds::Kind::personCombo, .key = ParameterKey::person, .id = 8085, .caption = "个人", .label = 8083},
+    finds::personNotFound, finds::choose);
+constexpr FindRule findAccountOfPerson = finds::findAccount(932, 8083, 8085, personAccounts, finds::accountNotFound);
+
 constexpr auto accountTable = balance(
     {
         .command = 10183,
@@ -62,6 +83,7 @@ constexpr auto accountTable = balance(
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
         .detail = memberTo<10184>,
+        .find = always<findDeptAndPerson>,
     },
     {
         .selects = {.accounts = chosenAccount,
@@ -105,6 +127,7 @@ constexpr auto deptTable = balance(
         .subtitle =
             [](const Conditions& c) { return fmt::format("科目：{}\n部门：{}", c.accountText(), c.dept.sDeptName); },
         .detail = memberTo<10186>,
+        .find = always<findPerson>,
     },
     {
         .selects = {.accounts = chosenAccount,
@@ -138,6 +161,7 @@ constexpr auto personTable = balance(
         .subtitle =
             [](const Conditions& c) { return fmt::format("部门：{}\n个人：{}", c.dept.sDeptName, c.person.sName); },
         .detail = memberTo<10188>,
+        .find = always<findAccountOfPerson>,
     },
     {
         .selects = {.dimension = onePerson},

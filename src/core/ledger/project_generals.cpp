@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "core/ledger/balance_drill.h"
+#include "core/ledger/balance_find.h"
 #include "core/ledger/balance_report.h"
 #include "core/ledger/detail_controls.h"
 #include "core/ledger/period_report.h"
@@ -63,6 +64,34 @@ std::size_t groupingOf(const Conditions& c) {
   return c.dept.lDeptId == 0 ? c.request.choice(ParameterKey::deptGrouping) : oneDept;
 }
 
+constexpr FindRule findProjectOfAccount = finds::findBy(
+    281, {.kind = finds::Kind::itemCombo, .key = ParameterKey::project, .id = 2208, .caption = "项    目:"},
+    finds::productNotFound, {}, {}, "项目科目总帐查找");
+constexpr FindRule findProject = finds::findBy(953,
+                                               {.kind = finds::Kind::itemReference,
+                                                .key = ParameterKey::project,
+                                                .id = 8081,
+                                                .companion = 8082,
+                                                .caption = "项目："},
+                                               finds::recordNotFound);
+// What stands in the first column: departments, or projects.
+constexpr FindRule findDeptOfLedger = finds::findBy(1928,
+                                                    {.kind = finds::Kind::deptReference,
+                                                     .key = ParameterKey::dept,
+                                                     .id = 8081,
+                                                     .companion = 8082,
+                                                     .caption = "部门：",
+                                                     .label = 8083},
+                                                    finds::recordNotFound);
+constexpr FindRule findProjectOfLedger = finds::findBy(2018,
+                                                       {.kind = finds::Kind::itemReference,
+                                                        .key = ParameterKey::project,
+                                                        .id = 8081,
+                                                        .companion = 8082,
+                                                        .caption = "项目：",
+                                                        .label = 8083},
+                                                       finds::recordNotFound);
+
 constexpr auto accountLedger = balance(
     {
         .command = 10215,
@@ -96,6 +125,7 @@ constexpr auto accountLedger = balance(
         .toolbar = groupToolbar,
         .subtitle = ofAccount,
         .detail = memberTo<10219>,
+        .find = always<findProjectOfAccount>,
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = itemsOfClass},
@@ -134,6 +164,7 @@ constexpr auto projectLedger = balance(
               return fmt::format("项  目：{}\n部  门：{}", c.projectClass.sName, c.dept.sDeptName);
             },
         .detail = projectTo<10220>,
+        .find = always<findProject>,
     },
     {
         .selects = {.dimension = itemsOfDept},
@@ -188,6 +219,9 @@ constexpr auto deptLedger = balance(
         .period = printedClose,
         .subtitle = ofAccount,
         .detail = memberTo<10222>,
+        .find = [](const Conditions& c) -> const FindRule& {
+          return groupingOf(c) == 0 ? findDeptOfLedger : findProjectOfLedger;
+        },
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = itemsOfDepts},

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "core/ledger/balance_drill.h"
+#include "core/ledger/balance_find.h"
 #include "core/ledger/balance_report.h"
 #include "core/ledger/detail_controls.h"
 #include "core/ledger/period_report.h"
@@ -76,6 +77,36 @@ constexpr BalanceGrouping byAccount = {
     .levels = {{.entity = Entity::account}},
     .keys = {{.caption = "科目编码", .level = 0, .code = true}, {.caption = "科目名称", .level = 0}}};
 
+constexpr FindRule findUnitAccount = finds::findAccount(932, 8083, 8085, unitAccounts, finds::unitNotFound);
+constexpr FindRule findUnitClass = finds::findBy(
+    950, {.kind = finds::Kind::unitClassCombo, .key = ParameterKey::unitClass, .id = 2210, .caption = "分  类:"},
+    finds::unitNotFound);
+constexpr FindRule findUnitDept = finds::findBy(948,
+                                                {.kind = finds::Kind::deptReference,
+                                                 .key = ParameterKey::dept,
+                                                 .id = 8052,
+                                                 .companion = 8048,
+                                                 .caption = "部  门:"},
+                                                finds::unitNotFound);
+// The two columns of names as the grouping has them.
+constexpr FindRule unitAndProject(int unitColumn, int projectColumn) {
+  return {.dialog = {.id = 131,
+                     .title = finds::findTitle,
+                     .controls = {{.kind = finds::Kind::unitReference,
+                                   .key = ParameterKey::unit,
+                                   .id = 2115,
+                                   .companion = 2028,
+                                   .caption = "单  位："},
+                                  {.kind = finds::Kind::projectReference,
+                                   .key = ParameterKey::project,
+                                   .id = 2117,
+                                   .companion = 2015,
+                                   .caption = "项  目："}}},
+          .columns = {unitColumn, projectColumn},
+          .notFound = finds::unitNotFound};
+}
+constexpr std::array findUnitAndProject = {unitAndProject(0, 1), unitAndProject(1, 0)};
+
 constexpr auto accountTable = balance(
     {
         .command = 10196,
@@ -100,6 +131,7 @@ constexpr auto accountTable = balance(
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
         .detail = memberTo<10203>,
+        .find = always<findUnitAccount>,
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = allUnits},
@@ -142,6 +174,7 @@ constexpr auto unitTable = balance(
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n单  位: {}", c.unit.sEnterName); },
         .detail = toUnitLedger,
+        .find = always<findUnitAccount>,
     },
     {
         .selects = {.accounts = accountsInRange, .dimension = oneUnit},
@@ -189,6 +222,7 @@ constexpr auto classTable = balance(
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
         .detail = memberTo<10205, fillUnitClass>,
+        .find = always<findUnitClass>,
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = allUnits},
@@ -221,6 +255,7 @@ constexpr auto deptTable = balance(
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
         .detail = memberTo<10206, fillDept>,
+        .find = always<findUnitDept>,
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = allUnits},
@@ -259,6 +294,9 @@ constexpr auto projectTable = balance(
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
         .detail = memberTo<10207>,
+        .find = [](const Conditions& c) -> const FindRule& {
+          return findUnitAndProject.at(c.request.choice(ParameterKey::unitGrouping));
+        },
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = unitsWithProjects},

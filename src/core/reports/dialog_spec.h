@@ -21,12 +21,15 @@ struct ControlSpec {
     accountLists,  // offered and chosen accounts side by side, with move buttons
     deptReference,
     personReference,
+    personCombo,  // persons of the department
     unitReference,
     deptCombo,         // departments, with `all` also "全部"
     unitClassCombo,    // unit classes and "其它"
     clerkCombo,        // clerks of the account's lines and "其它"
     classCombo,        // project classes
     projectReference,  // project class (combo 2211), item name and its button
+    itemReference,     // an item of the class that stands already
+    itemCombo,
     projectRange,      // two combos from and to, which a button may unfold
     accountRange,      // the same for accounts
     months,
@@ -46,6 +49,7 @@ struct ControlSpec {
   std::string_view unfoldedCaption = {};  // of a button that shows and hides something, when that is shown
   std::string_view foldedCaption = {};    // when it was hidden again; empty = the caption
   std::string_view accountWhere = {};     // which accounts the ends of a range may be
+  int label = 0;                          // the id of its caption, where that has one
 };
 
 // The conditions of a control: one, or the two parts of months, ranges and project references.
@@ -95,6 +99,7 @@ struct DialogSpec {
   std::string_view messageCaption = {};  // of its message boxes; empty = the program's own
   // What the dialog, and the report that it asks for, say of a ledger that is not open.
   Message databaseNotOpen = messages::databaseNotOpen;
+  std::string_view group = {};  // the caption of a frame around the controls; empty = none
 };
 
 // A read that failed on the way to an answer: the refusal is what an empty result would have been answered with.

@@ -14,6 +14,7 @@
 #include "core/grid/row_subjects.h"
 #include "core/output/report_output.h"
 #include "core/reports/dialog_spec.h"
+#include "core/reports/find_rule.h"
 #include "core/reports/launch_check.h"
 #include "core/reports/period_form.h"
 #include "core/reports/window_command.h"
@@ -85,6 +86,7 @@ struct ReportDefinition {
   std::span<const LaunchCheck> launchChecks = {};
   bool busyBox = false;  // while it computes, a box says so, besides the status line
   DetailOf detail = nullptr;
+  FindOf find = nullptr;  // null: nothing is found by a member
   // What makes its window do more than show, under the name that the windows' registry has it; empty for none.
   std::string_view feature = {};
 };

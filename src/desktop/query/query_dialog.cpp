@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -76,9 +77,10 @@ void CTzQueryDialog::LayOut() {
   constexpr int betweenRows = 12;
   constexpr int labelGap = 12;
   constexpr int smallestWidth = 440;
-  auto* contents = new QWidget(this);
+  const bool framed = !dialog_.group.empty();
+  QWidget* contents = framed ? new QGroupBox(toQt(dialog_.group), this) : new QWidget(this);
   auto* rows = new QGridLayout(contents);
-  rows->setContentsMargins(0, 0, 0, 0);
+  if (!framed) rows->setContentsMargins(0, 0, 0, 0);
   rows->setVerticalSpacing(betweenRows);
   rows->setHorizontalSpacing(labelGap);
   rows->setColumnStretch(1, 1);
@@ -86,6 +88,7 @@ void CTzQueryDialog::LayOut() {
     if (field->HasLabel()) {
       auto* label = new QLabel(toQt(field->Spec().caption), contents);
       label->setBuddy(field->Stops().front());
+      if (const int id = field->Spec().label; id != 0) label->setObjectName(QString::number(id));
       rows->addWidget(label, row, 0, Qt::AlignRight);
     }
     rows->addWidget(field->Row(), row++, 1);
@@ -254,15 +257,20 @@ void CTzQueryDialog::OnOK() {
     DoDataExchange(true);
     // An amount format belongs to the account that it was chosen for.
     if (!sameAccounts(request_, openedOn_)) request_.clear(ParameterKey::format);
-    const auto validated = validate(dialog_, request_, session_);
-    const auto* refusal = std::get_if<Refusal>(&validated);
-    if (refusal == nullptr) {
+    const auto refusal = Refused();
+    if (!refusal) {
       QDialog::done(Accepted);
       return;
     }
     AfxMessageBox(this, *refusal);
     if (refusal->about) FocusOn(*refusal->about);
   });
+}
+
+std::optional<Refusal> CTzQueryDialog::Refused() {
+  auto validated = validate(dialog_, request_, session_);
+  auto* refusal = std::get_if<Refusal>(&validated);
+  return refusal == nullptr ? std::nullopt : std::optional(std::move(*refusal));
 }
 
 void CTzQueryDialog::OnReference(QueryField& field) {

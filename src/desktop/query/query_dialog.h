@@ -41,6 +41,8 @@ class CTzQueryDialog : public QDialog {
   virtual bool OnInitDialog();
   virtual void OnOK();
   virtual void OnCancel() { QDialog::done(Rejected); }
+  // Why what was asked for is not taken.
+  [[nodiscard]] virtual std::optional<Refusal> Refused();
   // The one place where values move: from the controls into the request, or back.
   void DoDataExchange(bool takes);
 

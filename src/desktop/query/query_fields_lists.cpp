@@ -151,6 +151,8 @@ std::unique_ptr<QueryField> makeListField(const ControlSpec& spec, QWidget* dial
   switch (spec.kind) {
     case ControlSpec::Kind::accountCombo:
     case ControlSpec::Kind::deptCombo:
+    case ControlSpec::Kind::personCombo:
+    case ControlSpec::Kind::itemCombo:
     case ControlSpec::Kind::unitClassCombo:
     case ControlSpec::Kind::clerkCombo:
     case ControlSpec::Kind::classCombo:

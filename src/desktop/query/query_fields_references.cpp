@@ -206,6 +206,27 @@ class ProjectField : public ReferenceField {
   bool hasWords_ = false;  // the dialog says itself that a class is wanted
 };
 
+// An item of a class that is not asked for.
+class ItemField : public ReferenceField {
+ public:
+  using ReferenceField::ReferenceField;
+  bool Refer(Request& request, Session& /*session*/) override {
+    const Names items = Edit()->List();
+    if (items == nullptr) return false;
+    CItemReferenceDlg reference(items, Row()->window());
+    reference.SetItem(request.member(ParameterKey::project));
+    if (!reference.DoModal()) return false;
+    setMember(request, ParameterKey::project, reference.Item());
+    return true;
+  }
+
+ protected:
+  [[nodiscard]] NameList Read(const CQnCwDB& db) const override {
+    const auto classId = CGetData::GetCode_Separator(Owners().text(ParameterKey::projectClass));
+    return classId.empty() ? NameList() : itemNames(db, classId);
+  }
+};
+
 }  // namespace
 
 std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget* dialog) {
@@ -218,6 +239,8 @@ std::unique_ptr<QueryField> makeReferenceField(const ControlSpec& spec, QWidget*
       return std::make_unique<UnitField>(spec, dialog);
     case ControlSpec::Kind::projectReference:
       return std::make_unique<ProjectField>(spec, dialog);
+    case ControlSpec::Kind::itemReference:
+      return std::make_unique<ItemField>(spec, dialog);
     default:
       return nullptr;
   }

@@ -80,6 +80,12 @@ QString table(const ReportDefinition& report) {
   const QString marks = report.colours.meaning.empty()
                             ? QString()
                             : QStringLiteral("CSV 的“标记”栏写明%1。").arg(text(report.colours.meaning));
+  const QString find =
+      report.find == nullptr
+          ? QString()
+          : QStringLiteral(
+                "<li>“查找”（Ctrl+F）问一个成员，到他的第一行，名称要完全相同；直接输入文字是“定位”，到"
+                "含有这些文字的各行；“查找分录”（Ctrl+K）找的是整个帐套。</li>");
   const QString formats = report.formats == nullptr ? QString() : QStringLiteral("与金额格式");
   return QStringLiteral(
              "<li>%1红色数字为红字。</li>"
@@ -102,8 +108,8 @@ QString table(const ReportDefinition& report) {
              "<li>输出以后可以打开文件（Alt+O）或它所在的文件夹（Alt+D）。%2</li>"
              "<li>表格上方可直接改换条件%3。</li>"
              "<li>状态栏左端和窗口列表写明本窗口的内容。</li>"
-             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li>")
-      .arg(colours, marks, formats);
+             "<li>计算时间较长时按 Esc 停止，原有内容不变。</li>%4")
+      .arg(colours, marks, formats, find);
 }
 
 QString page(const ReportDefinition& report) {

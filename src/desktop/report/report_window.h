@@ -86,6 +86,7 @@ class ReportWindow : public ProcessWindow {
   void OnQuery();
   void OnExport();
   void OnDetail();
+  void OnFind();
   void OnHelp();
   // Shows other rows of the same report, or all of them again.
   template <ParameterKey key>
@@ -141,6 +142,8 @@ class ReportWindow : public ProcessWindow {
   [[nodiscard]] bool Waits(int command) const;
   void EnableCommands();
   void OnRowActivated(qint64 row);
+  // Makes a row that was found current, also in a folded block; a filter that hides it is named.
+  void GoToFound(qint64 row);
 
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;

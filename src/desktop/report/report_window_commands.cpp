@@ -4,14 +4,18 @@
 #include <QToolBar>
 
 #include "core/platform/sink.h"
+#include "core/reports/offers.h"
+#include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/query/find_dialog.h"
 #include "desktop/report/help_window.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/report_status.h"
 #include "desktop/report/report_window.h"
 #include "desktop/report/window_commands.h"
 #include "desktop/report/work_display.h"
+#include "desktop/theme/qt_text.h"
 
 namespace tz {
 namespace {
@@ -32,6 +36,20 @@ std::optional<std::int64_t> rowAbout(const RowSubjects& subjects, const Subject&
     }
   }
   return std::nullopt;
+}
+
+// What stands already in a find dialog: the department whose persons it offers, the class of its items.
+Request findRequest(const FindRule& rule, const Conditions& conditions) {
+  Request request;
+  for (const auto key : {ParameterKey::dept, ParameterKey::projectClass}) {
+    const auto given = conditions.request.member(key);
+    if (!given.text.empty() && controlOf(rule.dialog, key) == nullptr) request.choose(key, given);
+  }
+  if (request.text(ParameterKey::projectClass).empty() && !conditions.projectClass.sItemId.empty() &&
+      controlOf(rule.dialog, ParameterKey::projectClass) == nullptr) {
+    request.set(ParameterKey::projectClass, conditions.projectClass.sItemId);
+  }
+  return request;
 }
 
 }  // namespace
@@ -157,6 +175,38 @@ void ReportWindow::OnDetail() {
     emit voucherWanted(voucher->line);
   } else {
     emit detailWanted(std::get<DetailTarget>(leadsTo));
+  }
+}
+
+void ReportWindow::OnFind() {
+  if (LongWork::Running()) return;
+  const auto tell = [this](const Message& message) { AfxMessageBox(this, refusalWith(message)); };
+  if (!shown_ || shown_->report.resolved == nullptr || shown_->report.grid.GetRows() == 0) {
+    tell(messages::nothingToFind);
+    return;
+  }
+  const Conditions& conditions = *shown_->report.resolved;
+  const FindRule& rule = definition_.find(conditions);
+  Session session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime, .who = g_operator};
+  FindDialog dialog(rule.dialog, session, this);
+  dialog.SetRequest(findRequest(rule, conditions));
+  if (!dialog.DoModal()) return;
+  try {
+    const auto row = findRow(shown_->report.grid, rule, dialog.GetRequest(), *g_pDB);
+    row < 0 ? tell(rule.notFound) : GoToFound(row);
+  } catch (const DbError& error) {
+    TellFailure(error);
+  }
+}
+
+void ReportWindow::GoToFound(qint64 row) {
+  view_->Reveal(row);
+  if (view_->Rows().Shows(row)) {
+    view_->SetCurrent(row, 0);
+    view_->setFocus();
+  } else {
+    status_->ShowNews(
+        QStringLiteral("找到了，在第 %1 行，但筛选把它隐藏着：按 Esc 清除筛选，再查找一次").arg(grouped(row + 1)));
   }
 }
 

@@ -16,6 +16,8 @@ bool onToolbar(const ReportDefinition& report) {
 
 bool leadsOn(const ReportDefinition& report) { return report.detail != nullptr; }
 
+bool findsRows(const ReportDefinition& report) { return report.find != nullptr; }
+
 constexpr ReportCommand commandsOfReports[] = {
     {.command = WindowCommand::print, .bitmap = 307, .shortcut = "Ctrl+P", .tip = "打印报表", .takesRows = true},
     {.command = WindowCommand::preview,
@@ -23,7 +25,13 @@ constexpr ReportCommand commandsOfReports[] = {
      .shortcut = "Ctrl+Shift+P",
      .tip = "预览打印的页面",
      .takesRows = true},
-    {.command = WindowCommand::find, .bitmap = 303, .shortcut = "Ctrl+F", .tip = "查找一行"},
+    {.command = WindowCommand::find,
+     .bitmap = 303,
+     .shortcut = "Ctrl+F",
+     .tip = "按名称查找一行",
+     .takesRows = true,
+     .action = &ReportWindow::OnFind,
+     .had = findsRows},
     {.command = WindowCommand::help,
      .bitmap = 300,
      .shortcut = "F1",

@@ -50,7 +50,6 @@ void fill(QMenu* menu, ReportLauncher& launcher) {
   }
   menu->addSeparator();
   auto* search = menu->addAction(QStringLiteral("查找分录(&K)…\t") + QLatin1String(searchKey));
-  search->setObjectName(QStringLiteral("search"));
   QObject::connect(search, &QAction::triggered, &launcher, &ReportLauncher::OpenSearch);
   menu->addSeparator();
   const bool any = !launcher.Windows().empty();

@@ -1,5 +1,7 @@
 // The search across the ledger in its window, by clicks and keys: from any window, with one window for all searches;
 // what is found leads on, what is not found differs from what could not be looked for.
+#include "desktop/report/search_window.h"
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
@@ -10,7 +12,6 @@
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/desktop.h"
 #include "desktop/host/host_ledger.h"
-#include "desktop/report/search_window.h"
 
 namespace tz::test {
 namespace {
@@ -22,13 +23,17 @@ class SearchWindowTest : public HostTest {
     desktop_ = std::make_unique<Desktop>(settings_, open_, who);
     desktop_->Show();
     navigator_ = qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(navigator_));
+    makeActive(*navigator_);
   }
   ~SearchWindowTest() override {
     desktop_.reset();
     deleteClosed();
   }
 
+  static void makeActive(QWidget& window) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+  }
   [[nodiscard]] static QList<SearchWindow*> windows() { return g_pDlgWnd->findChildren<SearchWindow*>(); }
   static QString told(const SearchWindow& window) { return control<QLabel>(window, "status").text(); }
   // Types into the field and presses Enter.
@@ -54,7 +59,7 @@ TEST_F(SearchWindowTest, OpensFromEveryWindowAndLeadsToTheVoucher) {
   QTest::mouseClick(&control<QToolButton>(*navigator_, "search"), Qt::LeftButton);
   ASSERT_EQ(windows().size(), 1);
   SearchWindow& window = *windows().front();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  makeActive(window);
   expectNamed(window);
   auto& field = control<QComboBox>(window, "search");
   EXPECT_TRUE(field.hasFocus());
@@ -77,8 +82,9 @@ TEST_F(SearchWindowTest, OpensFromEveryWindowAndLeadsToTheVoucher) {
   // The last searches, the latest first; Enter in the list searches again.
   search(window, QStringLiteral("300.50"));
   EXPECT_EQ(cell(window, 0, 6), "300.50");
-  window.activateWindow();
-  QTest::keyClick(&window, Qt::Key_K, Qt::ControlModifier);
+  makeActive(*navigator_);
+  QTest::keyClick(navigator_, Qt::Key_K, Qt::ControlModifier);
+  makeActive(window);
   EXPECT_EQ(windows().size(), 1);
   EXPECT_TRUE(field.hasFocus());
   EXPECT_EQ(field.itemText(0), "300.50");
@@ -96,6 +102,7 @@ TEST_F(SearchWindowTest, TellsNothingFoundFromWhatCouldNotBeLookedFor) {
   QTest::keyClick(navigator_, Qt::Key_K, Qt::ControlModifier);
   ASSERT_EQ(windows().size(), 1);
   SearchWindow& window = *windows().front();
+  makeActive(window);
   QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
   EXPECT_EQ(told(window), "请先查找，并选择一条分录");
   search(window, QStringLiteral("　"));
