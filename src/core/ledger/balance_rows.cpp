@@ -11,7 +11,6 @@ namespace {
 
 constexpr int figureWidth = 100;
 constexpr int keyWidth = 100;
-constexpr int codeWidth = 80;  // room to spare goes to the names
 constexpr int directionWidth = 60;
 
 SideFigures absolute(const SideFigures& figures) {
@@ -31,8 +30,7 @@ BalanceRows::BalanceRows(const BalanceGrouping& grouping, const Conditions& cond
     CTzGridControl::AddCol(grid_, "方向", directionWidth, text);
     return grid_.GetCols() - 1;
   };
-  for (const auto& key : grouping.keys)
-    CTzGridControl::AddCol(grid_, key.caption, key.code ? codeWidth : keyWidth, text);
+  for (const auto& key : grouping.keys) CTzGridControl::AddCol(grid_, key.caption, keyWidth, text);
   openingDirection_ = addDirection();
   opening_ = addFigures("期初余额", amount, quantity, foreign);
   debit_ = addFigures("借方", debitAmount, debitQuantity, debitForeign);
