@@ -1,5 +1,6 @@
 #include "core/ledger/detail_rows.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/ledger/direction_text.h"
@@ -22,6 +23,9 @@ DetailRows::DetailRows(ComputedReport& computed, const AmountLayout& layout, Sub
     addLedgerColumns(grid_, layout_, multiColumnCaptions);
     columns_->addTo(grid_);
   }
+  computed.carried = {.caption = summaryColumn,
+                      .firstBalance = layout_.balance.direction,
+                      .lastBalance = std::max({layout_.balance.amount, layout_.balance.foreign})};
 }
 
 void DetailRows::about(const Subject& subject, int level) {

@@ -16,6 +16,13 @@ namespace tz {
 
 struct Conditions;  // core/reports
 
+// Of a ledger with a running balance: which columns a line that carries it to the next page fills in, besides sums.
+struct CarriedColumns {
+  int caption = 0;
+  int firstBalance = 0;  // direction, then the balance
+  int lastBalance = 0;
+};
+
 struct ComputedReport {
   int report = 0;        // command id of the navigator
   int window = 0;        // dialog id of its window
@@ -34,6 +41,7 @@ struct ComputedReport {
   std::string subject;
   // Proposed for its files, without an ending: title, subject, period.
   std::string fileName;
+  std::optional<CarriedColumns> carried = {};  // none for reports that carry nothing over
   CTzGrid grid;
   RowSubjects subjects;  // of the grid's rows
   // What a coloured row means, for outputs without colours; empty when no row can be coloured.
