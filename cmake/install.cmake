@@ -25,10 +25,10 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/tzassistant.fish
 
 if(TZ_DESKTOP)
   file(RELATIVE_PATH TZ_FROM_PROGRAMS ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/tzassistant)
-  set_target_properties(tzassistant-desktop PROPERTIES INSTALL_RPATH "$ORIGIN/${TZ_FROM_PROGRAMS}")
+  set_target_properties(tzassistant-desktop tzassistant-pages PROPERTIES INSTALL_RPATH "$ORIGIN/${TZ_FROM_PROGRAMS}")
   set_target_properties(TzAssistant PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS tzcore TzAssistant LIBRARY DESTINATION ${TZ_LIBRARIES})
-  install(TARGETS tzassistant-desktop RUNTIME)
+  install(TARGETS tzassistant-desktop tzassistant-pages RUNTIME)
   install(FILES ${PROJECT_SOURCE_DIR}/src/desktop/host/tzassistant.desktop
           DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES ${PROJECT_SOURCE_DIR}/src/desktop/res/icons/three-column.svg RENAME tzassistant.svg

@@ -17,6 +17,10 @@ std::optional<std::string> givenPassword;
 
 void takeGivenPassword() { givenPassword = platform::takeVariable("TZ_PASSWORD"); }
 
+void giveBackPassword() {
+  if (givenPassword) platform::giveVariable("TZ_PASSWORD", *givenPassword);
+}
+
 std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name) {
   if (!needsLogon(db)) return everybody();
   if (name.empty()) {

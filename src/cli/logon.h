@@ -11,6 +11,8 @@ namespace tz::cli {
 
 // Keeps the password that TZ_PASSWORD holds and takes the variable away, so that no program started later learns it.
 void takeGivenPassword();
+// Puts it back, for the program that this one becomes.
+void giveBackPassword();
 
 // The operator, or nothing after a complaint when he cannot be logged on.
 [[nodiscard]] std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name);

@@ -101,6 +101,7 @@ Status run(const ReportOptions& options) {
   const auto* report = findReport(options.id);
   if (report == nullptr)
     throw WrongUse(fmt::format("没有编号为 {} 的报表；全部报表见 tzassistant reports", options.id));
+  makeSureOfOutput(options.output);
   const auto request = requestOf(options);
   const auto asked = logonDate(options);
   if (const auto wrong = ledgerAsOutput(options.output.file, options.ledger); !wrong.empty()) throw WrongUse(wrong);

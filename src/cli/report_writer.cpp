@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "cli/pages.h"
 #include "core/output/display_text.h"
 #include "core/output/grid_to_file.h"
 #include "core/platform/output_file.h"
@@ -39,11 +40,17 @@ void writeTo(const OutputOptions& options, const Producer& produce) {
   }
 }
 
-std::vector<std::string> outputForms() { return {"text", "csv", "json", "xlsx"}; }
+std::vector<std::string> outputForms() { return {"text", "csv", "json", "xlsx", "pdf"}; }
+
+void makeSureOfOutput(const OutputOptions& options) {
+  const bool needsFile = options.form == "xlsx" || options.form == "pdf";
+  if (needsFile && options.file.empty()) throw WrongUse("--as " + options.form + " 需要用 -o 指定文件");
+  if (options.form == "pdf") (void)pageWriter();
+}
 
 void writeReport(const ComputedReport& report, const OutputOptions& options) {
+  if (options.form == "pdf") return pageWriter()(report, options.file);
   if (options.form == "xlsx") {
-    if (options.file.empty()) throw WrongUse("--as xlsx 需要用 -o 指定文件");
     (void)CGridToFile(report).CreateFile(options.file, FileForm::xlsx);
     return;
   }

@@ -20,8 +20,9 @@ struct OutputOptions {
 [[nodiscard]] bool wantsColour(const OutputOptions& options);
 // Writes what is produced as text of any kind to where the options say. Throws OutputError when that fails.
 void writeTo(const OutputOptions& options, const Producer& produce);
-// Throws OutputError when the output cannot be written (a file is then left as it was), WrongUse when the form needs a
-// file and has none.
+// To be called before anything is computed. Throws WrongUse when the form needs a file and has none.
+void makeSureOfOutput(const OutputOptions& options);
+// Throws OutputError when the output cannot be written; a file is then left as it was.
 void writeReport(const ComputedReport& report, const OutputOptions& options);
 
 }  // namespace tz::cli

@@ -2,7 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg PrintSupport)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 set(TZ_DESKTOP_SOURCES)
-foreach(room res theme frame gridview picking query report shell)
+foreach(room res theme frame gridview page picking query report shell)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/${room}/*.cpp
        ${CMAKE_CURRENT_LIST_DIR}/${room}/*.h ${CMAKE_CURRENT_LIST_DIR}/${room}/*.qrc)
   list(APPEND TZ_DESKTOP_SOURCES ${sources})
@@ -24,3 +24,7 @@ target_link_libraries(tzhost PUBLIC TzAssistant PRIVATE tz_options)
 target_precompile_headers(tzhost PRIVATE <QtWidgets> <functional> <memory> <optional> <string> <vector>)
 add_executable(tzassistant-desktop ${CMAKE_CURRENT_LIST_DIR}/host/main.cpp)
 target_link_libraries(tzassistant-desktop PRIVATE tzhost tz_options)
+
+# The command line with the toolkit in it; tzassistant becomes it where pages are asked for.
+add_executable(tzassistant-pages ${PROJECT_SOURCE_DIR}/src/pages/main.cpp)
+target_link_libraries(tzassistant-pages PRIVATE tzcli TzAssistant tz_options)

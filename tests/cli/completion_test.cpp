@@ -211,7 +211,7 @@ TEST(Completion, WorksInFishAndIsReadByZsh) {
       {"fish", "--no-config", "-c",
        "source (\"$argv[1]\" completion fish | psub); complete -C\"$argv[1] report 10190 --as \"", TZ_PROGRAM});
   EXPECT_EQ(fish.err, "");
-  EXPECT_EQ(linesOf(fish.out), (Words{"csv", "json", "text", "xlsx"}));
+  EXPECT_EQ(linesOf(fish.out), (Words{"csv", "json", "pdf", "text", "xlsx"}));
   const TempFolder folder;
   std::ofstream(folder.file("_tzassistant")) << runProgram({"completion", "zsh"}).out;
   const auto zsh = runCommand({"zsh", "-n", folder.file("_tzassistant")});

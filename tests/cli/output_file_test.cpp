@@ -1,36 +1,15 @@
 // report -o: the file is written whole or not at all.
 #include <algorithm>
-#include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <regex>
-#include <sys/resource.h>
 
+#include "cli/full_disk.h"
 #include "cli/small_company.h"
 #include "core/output/temporary_folder.h"
 
 namespace tz::test {
 namespace {
-
-// No file may grow beyond the limit while this stands: the disk is full for the programs that are started.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit tight{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &tight);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, signal_);
-  }
-
- private:
-  rlimit before_{};
-  void (*signal_)(int);
-};
 
 class OutputFileTest : public ::testing::Test {
  protected:

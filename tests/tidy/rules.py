@@ -21,8 +21,8 @@ ACCOUNTING = ["core/platform", "core/data", "core/grid", "core/output", "core/re
 FAMILIES = ["core/ledger", "core/receivables", "core/plan", "core/projstat"]
 CORE = [*ACCOUNTING, "core/sample", "core/check", "core/voucher", "core/catalogue"]
 # The windows are one stair: each room may include every one before it.
-STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/gridview", "desktop/picking", "desktop/query",
-         "desktop/report", "desktop/shell", "desktop/host"]
+STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/gridview", "desktop/page", "desktop/picking",
+         "desktop/query", "desktop/report", "desktop/shell", "desktop/host"]
 MAY_INCLUDE = {
     "core/platform": set(),
     "core/data": {"core/platform"},
@@ -36,6 +36,7 @@ MAY_INCLUDE = {
     "core/catalogue": {*ACCOUNTING, *FAMILIES},
     "cli": set(CORE),
     **{room: {*CORE, *STAIR[:place]} for place, room in enumerate(STAIR)},
+    "pages": {"cli", *CORE, *STAIR},
 }
 # Libraries that one room hides from the others.
 AT_HOME = {
@@ -70,7 +71,7 @@ def layering(project):
 
 
 # Where the window toolkit may be used; bench and tools have sources for both.
-WINDOW_FOLDERS = ("src/desktop/", "tests/desktop/", "tools/images/", "bench/")
+WINDOW_FOLDERS = ("src/desktop/", "src/pages/", "tests/desktop/", "tools/images/", "bench/")
 
 
 def no_windows_below(project):

@@ -13,5 +13,7 @@ void openClosedStandardStreams();
 void failOnBrokenWrites();
 // Takes the variable out of the environment, which children inherit; nothing when it was not set.
 [[nodiscard]] std::optional<std::string> takeVariable(const char* name);
+// Sets a variable of the environment.
+void giveVariable(const char* name, const std::string& value);
 
 }  // namespace tz::platform

@@ -31,4 +31,6 @@ std::optional<std::string> takeVariable(const char* name) {
   return taken;
 }
 
+void giveVariable(const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); }
+
 }  // namespace tz::platform

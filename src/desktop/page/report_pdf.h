@@ -1,0 +1,28 @@
+// A report as a PDF: its pages as they are printed, texts that can be searched and copied, fonts inside.
+#pragma once
+
+#include <QPageLayout>
+#include <string>
+
+#include "core/output/grid_to_file.h"
+#include "core/output/report_pages.h"
+
+namespace tz {
+
+// Both included, counted from 1.
+struct SheetRange {
+  std::int64_t first = 1;
+  std::int64_t last = 0;
+};
+
+[[nodiscard]] QPageLayout pageLayoutOf(const Paper& paper);
+
+// Writes the file whole or not at all. False when the progress asked to stop; failures throw OutputError. Needs a
+// QGuiApplication.
+[[nodiscard]] bool writePdf(const ReportPages& pages, SheetRange sheets, const std::string& path,
+                            const FileProgress& progress = {});
+// Of a whole report.
+[[nodiscard]] bool writePdf(const ComputedReport& report, const PageOptions& options, const std::string& path,
+                            const FileProgress& progress = {});
+
+}  // namespace tz
