@@ -30,8 +30,8 @@ struct ControlSpec {
     projectReference,  // project class (combo 2211), item name and its button
     itemReference,     // an item of the class that stands already
     itemCombo,
-    projectRange,      // two combos from and to, which a button may unfold
-    accountRange,      // the same for accounts
+    projectRange,  // two combos from and to, which a button may unfold
+    accountRange,  // the same for accounts
     months,
     amountRange,
     side,

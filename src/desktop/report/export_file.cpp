@@ -11,6 +11,7 @@
 #include "core/reports/output_guard.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
+#include "desktop/page/report_pdf.h"
 #include "desktop/report/long_work.h"
 #include "desktop/theme/qt_text.h"
 
@@ -21,11 +22,13 @@ struct FileChoice {
   const char* filter;
   const char* ending;
   FileForm form;
+  bool pages = false;
 };
 constexpr std::array fileChoices = {
     FileChoice{"Excel 工作簿 (*.xlsx)", "xlsx", FileForm::xlsx},
     FileChoice{"CSV，UTF-8 (*.csv)", "csv", FileForm::csv},
     FileChoice{"CSV，GB18030 (*.csv)", "csv", FileForm::csvGb18030},
+    FileChoice{"PDF，同打印的页面 (*.pdf)", "pdf", FileForm::xlsx, true},
 };
 
 QString startFolder(const ExportFolder& folder) {
@@ -63,15 +66,19 @@ bool mayReplace(QWidget* parent, const QString& path) {
 
 }  // namespace
 
-std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report, const ExportFolder& folder) {
+std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedReport& report, const ExportFolder& folder,
+                                            bool pages) {
   QStringList filters;
   for (const FileChoice& choice : fileChoices) filters.append(QString::fromUtf8(choice.filter));
   QFileDialog dialog(parent, QStringLiteral("输出到文件"), startFolder(folder));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setNameFilters(filters);
-  dialog.setDefaultSuffix(QLatin1String(fileChoices.front().ending));
-  dialog.selectFile(toQt(report.fileName.empty() ? report.title : report.fileName) + QStringLiteral(".xlsx"));
+  const FileChoice& first = pages ? fileChoices.back() : fileChoices.front();
+  dialog.selectNameFilter(QString::fromUtf8(first.filter));
+  dialog.setDefaultSuffix(QLatin1String(first.ending));
+  dialog.selectFile(toQt(report.fileName.empty() ? report.title : report.fileName) + QLatin1Char('.') +
+                    QLatin1String(first.ending));
   QObject::connect(&dialog, &QFileDialog::filterSelected,
                    [&](const QString& filter) { followFilter(dialog, chosen(filters, filter)); });
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
@@ -86,16 +93,18 @@ std::optional<ExportTarget> askExportTarget(QWidget* parent, const ComputedRepor
     choice = named;
   }
   if (folder.keep) folder.keep(QFileInfo(path).absolutePath());
-  return ExportTarget{path, choice->form};
+  return ExportTarget{path, choice->form, choice->pages};
 }
 
-bool writeExport(const ComputedReport& report, const ExportTarget& target, LongWork& work) {
+bool writeExport(const ComputedReport& report, const ExportTarget& target, const PageOptions& options, LongWork& work) {
   const auto wrong = ledgerAsOutput(fromQt(target.path), g_lpszQnZwDBName);
   if (!wrong.empty()) throw OutputError(wrong);
-  const CGridToFile writer(report, [&work](std::int64_t done, std::int64_t of) {
+  const FileProgress progress = [&work](std::int64_t done, std::int64_t of) {
     work.Pump(done, of);
     return !work.Cancelled();
-  });
+  };
+  if (target.pages) return writePdf(report, options, fromQt(target.path), progress);
+  const CGridToFile writer(report, progress);
   return writer.CreateFile(fromQt(target.path), target.form);
 }
 

@@ -122,8 +122,8 @@ QString page(const ReportDefinition& report) {
              "<h3>按键</h3>")
              .arg(text(report.printTitle), text(report.windowTitle), text(report.about), conditions(report),
                   typing(report), rules(report), commands(report), table(report)) +
-         keysAsHtml({KeyPlace::grid, KeyPlace::filter, KeyPlace::locate, KeyPlace::report, KeyPlace::conditions,
-                     KeyPlace::field, KeyPlace::everywhere});
+         keysAsHtml({KeyPlace::grid, KeyPlace::filter, KeyPlace::locate, KeyPlace::preview, KeyPlace::report,
+                     KeyPlace::conditions, KeyPlace::field, KeyPlace::everywhere});
 }
 
 }  // namespace

@@ -106,6 +106,17 @@ constexpr KeyEntry voucherKeys[] = {
     {"Ctrl+W", "关闭窗口"},
 };
 
+constexpr KeyEntry previewKeys[] = {
+    {"PageDown、PageUp", "到下一页、上一页"},
+    {"Home、End", "到第一页、最后一页"},
+    {"Ctrl++、Ctrl+-、Ctrl+滚轮", "放大、缩小页面"},
+    {"Ctrl+0", "显示整页"},
+    {"Ctrl+P、Alt+P", "打印"},
+    {"Ctrl+S、Alt+S", "存为 PDF"},
+    {"Alt+F", "承前页、过次页的开关"},
+    {"Esc、Alt+C", "关闭预览"},
+};
+
 constexpr KeyGroup keyGroups[] = {
     {KeyPlace::everywhere, "每个窗口", everywhereKeys},
     {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
@@ -118,6 +129,7 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::locate, "定位栏", locateKeys},
     {KeyPlace::voucher, "凭证窗口", voucherKeys},
     {KeyPlace::search, "查找分录的窗口", searchKeys},
+    {KeyPlace::preview, "打印预览", previewKeys},
 };
 
 }  // namespace

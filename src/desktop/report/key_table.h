@@ -7,7 +7,20 @@
 
 namespace tz {
 
-enum class KeyPlace { everywhere, navigator, start, conditions, field, report, grid, filter, locate, voucher, search };
+enum class KeyPlace {
+  everywhere,
+  navigator,
+  start,
+  conditions,
+  field,
+  report,
+  grid,
+  filter,
+  locate,
+  voucher,
+  search,
+  preview
+};
 
 struct KeyEntry {
   const char* keys;  // as a person reads them

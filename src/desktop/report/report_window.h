@@ -2,8 +2,8 @@
 // It asks for its conditions, computes through the core and shows what came back. A computation that is refused, fails
 // or is stopped leaves what was shown, conditions included. What a window does beyond that is its report's feature.
 //
-// In three sources: the window and what it shows, its commands (report_window_commands.cpp), and conditions that are
-// changed on the live window (report_window_conditions.cpp).
+// In four sources: the window and what it shows, its commands (report_window_commands.cpp), what it does with paper
+// (report_window_pages.cpp), and conditions that are changed on the live window (report_window_conditions.cpp).
 #pragma once
 
 #include <QPointer>
@@ -18,6 +18,7 @@
 #include "desktop/report/report_feature.h"
 
 class QAction;
+class QPrinter;
 class QVBoxLayout;
 
 namespace tz {
@@ -28,6 +29,7 @@ class GridTools;
 class GridView;
 class NoticeBar;
 class ReportHeading;
+class ReportPages;
 class ReportStatus;
 struct MonthSpan;
 
@@ -85,6 +87,8 @@ class ReportWindow : public ProcessWindow {
   void OnCommand(int id) override;
   void OnQuery();
   void OnExport();
+  void OnPrint();
+  void OnPreview();
   void OnDetail();
   void OnFind();
   void OnHelp();
@@ -144,11 +148,13 @@ class ReportWindow : public ProcessWindow {
   void OnRowActivated(qint64 row);
   // Makes a row that was found current, also in a folded block; a filter that hides it is named.
   void GoToFound(qint64 row);
+  void Print(QPrinter& printer, const ReportPages& pages);
 
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;
   ConditionStore* store_ = nullptr;
   ExportFolder exportFolder_;
+  PageOptions pageOptions_;
   std::unique_ptr<Session> querySession_;
   QPointer<CTzQueryDialog> queryDialog_;  // ours, but its parent may go first
   Request request_;

@@ -222,7 +222,7 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
     {
       LongWork work(*this);
       const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
-      whole = writeExport(shown_->report, target, work);
+      whole = writeExport(shown_->report, target, pageOptions_, work);
     }
     if (whole) {
       status_->ShowExported(target.path);

@@ -269,7 +269,7 @@ void SearchWindow::Export() {
     {
       LongWork work(*this);
       const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
-      whole = writeExport(*shown_, *target, work);
+      whole = writeExport(*shown_, *target, {}, work);
     }
     whole ? status_->ShowExported(target->path) : status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));
   } catch (const OutputError& error) {

@@ -25,8 +25,8 @@
 namespace tz {
 namespace {
 
-constexpr QSize templateUnits(395, 230);
-constexpr QSize firstSize(1040, 600);
+constexpr QSize voucherUnits(395, 230);
+constexpr QSize voucherSize(1040, 600);
 
 constexpr CToolBarInfo toolBarTable[] = {
     {.bitmap = 310, .command = VoucherWindow::previousVoucher, .shortcut = "Alt+Left", .tip = "上一张凭证"},
@@ -61,7 +61,7 @@ QString escaped(QString text) { return text.replace(u'&', QStringLiteral("&&"));
 
 }  // namespace
 
-VoucherWindow::VoucherWindow(QWidget* parent) : ProcessWindow(templateId, templateUnits, parent) {
+VoucherWindow::VoucherWindow(QWidget* parent) : ProcessWindow(templateId, voucherUnits, parent) {
   background_.LoadBkGroundBitmap(CNeedBitmap::reportGround);
   setWindowTitle(QStringLiteral("记帐凭证"));
 }
@@ -107,7 +107,7 @@ void VoucherWindow::LayOut() {
   layout->setContentsMargins(12, 6, 12, 12);
   layout->addWidget(toolBar_);
   layout->addWidget(paper_, 1);
-  resize(firstSize);
+  resize(voucherSize);
 
   VoucherSheet& sheet = paper_->Sheet();
   connect(&sheet, &QTableView::activated, this, [this] { OnCommand(static_cast<int>(WindowCommand::detail)); });

@@ -19,12 +19,18 @@ bool leadsOn(const ReportDefinition& report) { return report.detail != nullptr; 
 bool findsRows(const ReportDefinition& report) { return report.find != nullptr; }
 
 constexpr ReportCommand commandsOfReports[] = {
-    {.command = WindowCommand::print, .bitmap = 307, .shortcut = "Ctrl+P", .tip = "打印报表", .takesRows = true},
+    {.command = WindowCommand::print,
+     .bitmap = 307,
+     .shortcut = "Ctrl+P",
+     .tip = "打印报表",
+     .takesRows = true,
+     .action = &ReportWindow::OnPrint},
     {.command = WindowCommand::preview,
      .bitmap = 306,
      .shortcut = "Ctrl+Shift+P",
      .tip = "预览打印的页面",
-     .takesRows = true},
+     .takesRows = true,
+     .action = &ReportWindow::OnPreview},
     {.command = WindowCommand::find,
      .bitmap = 303,
      .shortcut = "Ctrl+F",

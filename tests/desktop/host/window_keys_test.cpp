@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QTextBrowser>
+#include <array>
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/desktop.h"
@@ -97,7 +98,8 @@ TEST_F(WindowKeys, TheToolbarsKeysAreTheWindowsInEveryField) {
       SCOPED_TRACE(fromQt(place->objectName()) + " " + command->shortcut);
       const QKeyCombination keys = QKeySequence(QLatin1String(command->shortcut))[0];
       QSignalSpy ran(action, &QAction::triggered);
-      const bool opensModal = action->objectName() == "50020" || action->objectName() == "50031";
+      constexpr std::array dialogs = {"50000", "50001", "50020", "50031"};
+      const bool opensModal = std::ranges::find(dialogs, action->objectName()) != dialogs.end();
       if (opensModal) inModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
       press(*place, keys.key(), keys.keyboardModifiers());
       EXPECT_EQ(ran.size(), action->isEnabled() ? 1 : 0);
