@@ -24,6 +24,7 @@ void draw(const QDir& folder, bool all) {
     book.SetTheme(QString::fromLatin1(name));
     tz::images::drawNavigator(book);
     tz::images::drawReports(book, ledger);
+    tz::images::drawWayToVouchers(book);
     tz::images::drawDialogs(book, ledger);
     tz::images::drawHost(book, ledger);
     if (all) tz::images::drawControls(book);

@@ -8,6 +8,7 @@ namespace tz::images {
 
 void drawNavigator(const PictureBook& book);
 void drawReports(const PictureBook& book, SampleLedger& ledger);
+void drawWayToVouchers(const PictureBook& book);
 void drawDialogs(const PictureBook& book, SampleLedger& ledger);
 void drawHost(const PictureBook& book, SampleLedger& ledger);
 void drawControls(const PictureBook& book);

@@ -33,9 +33,22 @@ constexpr std::array reportViews = {
     ReportView{"quantity-foreign", "122105", "销售部", "O'Brien", "数量外币式"},
     ReportView{"foreign-alone", "122103", "销售部", "刘洋", "外币式"},
 };
-// A ledger of all units, whose first account has little to show, and one with columns.
+// A ledger of all units.
 constexpr int allUnits = 10203;
-constexpr std::array reportsInManual = {allUnits, 10232};
+// That, a ledger with columns, and of each family of tables and general ledgers those that differ most.
+constexpr std::array reportsInManual = {allUnits, 10232, 10183, 10189, 10200, 10216, 10218, 10226};
+
+// Where the first account or person has little to show.
+void askForMore(int command, Request& request) {
+  if (command == allUnits) request.set(ParameterKey::account, "112201");
+  if (command == 10200) request.set(ParameterKey::account, "220202");
+  if (command == 10226) request.set(ParameterKey::account, "221101");
+  if (command == 10189) {
+    request.set(ParameterKey::account, reportViews[0].account);
+    request.set(ParameterKey::dept, reportViews[0].dept);
+    request.set(ParameterKey::person, reportViews[0].person);
+  }
+}
 
 // Wide enough for most columns; the page of the manual shrinks it.
 constexpr QSize pictureSize(960, 600);
@@ -145,10 +158,8 @@ void drawReports(const PictureBook& book, SampleLedger& ledger) {
   test::Reader reader(ledger.File());
   for (auto& [report, request] : test::everyReport(reader)) {
     if (!book.All() && std::ranges::find(reportsInManual, report->command) == reportsInManual.end()) continue;
-    if (report->command == allUnits) {
-      request.set(ParameterKey::account, "112201");
-      drawBlocks(book, request);
-    }
+    askForMore(report->command, request);
+    if (report->command == allUnits) drawBlocks(book, request);
     drawWindow(book, report->command, request, QString::number(report->command));
   }
   if (book.All()) drawStates(book);
