@@ -58,6 +58,7 @@ class CTzResultDialog : public QDialog {
 
  private:
   void MoveToFreePlace();
+  void KeepTitleInSight();
 
   bool ended_ = false;
   bool placed_ = false;

@@ -1,6 +1,7 @@
 // The size and the place of a result window.
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 
 #include "desktop/frame/fit_window.h"
 #include "desktop/frame/result_dialog.h"
@@ -43,6 +44,7 @@ void CTzResultDialog::ShowPlaced() {
   if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
   show();
   if (first) given_ = NormalSize();
+  if (first) KeepTitleInSight();
   raise();
   activateWindow();
 }
@@ -61,6 +63,15 @@ void CTzResultDialog::OpenWide(int width) {
   } else {
     keepOnScreen(*this);
   }
+  KeepTitleInSight();
+}
+
+// How thick its frame is, a window learns only after it has shown.
+void CTzResultDialog::KeepTitleInSight() {
+  constexpr int settled = 200;  // milliseconds
+  QTimer::singleShot(settled, this, [this] {
+    if (isVisible() && !isMaximized() && !isMinimized() && !isFullScreen()) keepOnScreen(*this);
+  });
 }
 
 void CTzResultDialog::Arrange(const QRect& place) {

@@ -131,13 +131,22 @@ void ReportWindow::RefreshDisplay() {
   ShowCenterWindow();
   view_->setFocus();
   Recompute();
-  StandOnFirstRow();
 }
 
 void ReportWindow::StandOnFirstRow() {
   if (definition_.detail == nullptr || !shown_ || view_->Current().valid()) return;
-  const auto& grid = shown_->report.grid;
-  if (grid.GetRows() > 0 && grid.RowKindAt(0) == RowKind::line) view_->StandOn(0);
+  constexpr std::int64_t mostTried = 1000;
+  const auto& report = shown_->report;
+  const auto leadsToReport = [&](std::int64_t row) {
+    return std::holds_alternative<DetailTarget>(definition_.detail(*report.resolved, report, row));
+  };
+  for (std::int64_t row = 0; row < std::min(report.grid.GetRows(), mostTried); ++row) {
+    // A ledger begins with its opening in sight, on its first line where it has none.
+    const bool firstLine = row == 0 && report.grid.RowKindAt(row) == RowKind::line;
+    if (!firstLine && !leadsToReport(row)) continue;
+    view_->SetCurrent(row, 0);
+    return;
+  }
 }
 
 void ReportWindow::Recompute() {
@@ -242,16 +251,22 @@ void ReportWindow::Show(ComputedReport computed) {
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   TellSubject();
   if (otherColumns) OpenWide(width() - view_->width() + view_->AskedWidth());
-  if (const auto stand = std::exchange(stand_, std::nullopt)) StandOn(*stand);
+  if (const auto stand = std::exchange(stand_, std::nullopt)) {
+    StandOn(*stand);
+  } else {
+    StandOnFirstRow();
+  }
   update();
 }
 
 void ReportWindow::StandOn(const DetailTarget& target) {
   const auto standing = standingRow(shown_->report, target);
-  view_->StandOn(standing ? standing->row : 0);
+  const bool ofMember = target.stand != tz::Subject{};
+  // Where a member has no row, nobody else's is taken for its own.
+  if (standing || !ofMember) view_->StandOn(standing ? standing->row : 0);
   view_->setFocus();
   const bool missed = !standing || !standing->isLine;
-  if (missed && target.stand != tz::Subject{}) status_->ShowNews(QStringLiteral("查询月份内没有这一行的分录"));
+  if (missed && ofMember) status_->ShowNews(QStringLiteral("查询月份内没有这一行的分录"));
 }
 
 void ReportWindow::ShowRows(std::int64_t rows, const std::vector<Notice>& notices) {
