@@ -18,6 +18,7 @@ constexpr int narrowestText = 14;  // to which a text column gives way, its text
 struct Need {
   int natural = 0;  // letters
   int narrowest = 0;
+  bool single = false;  // one character at most
 };
 
 std::vector<Need> needsOf(const CTzGrid& grid) {
@@ -30,7 +31,7 @@ std::vector<Need> needsOf(const CTzGrid& grid) {
     const bool wraps =
         !traitsOf(column.kind).isNumber() && traitsOf(column.kind).content != ColumnTraits::Content::date;
     const int narrowest = wraps ? std::max(caption, std::min(natural, narrowestText)) : natural;
-    needs.push_back({natural + padding, narrowest + padding});
+    needs.push_back({natural + padding, narrowest + padding, wraps && contents[i] > 0 && contents[i] <= 2});
   }
   return needs;
 }
@@ -67,7 +68,8 @@ PageStrip strip(const std::vector<Need>& needs, const std::vector<std::size_t>& 
   double left = 0;
   for (std::size_t i = 0; i < chosen.size(); ++i) {
     const double width = widths[i] * letter * stretch;
-    columns.push_back({static_cast<int>(chosen[i]), left, width, static_cast<int>(width / letter) - padding});
+    columns.push_back({static_cast<int>(chosen[i]), left, width, static_cast<int>(width / letter) - padding,
+                       needs[chosen[i]].single});
     left += width;
   }
   return columns;

@@ -13,7 +13,8 @@ struct PageColumn {
   int column = 0;   // of the grid
   double left = 0;  // points from the left margin
   double width = 0;
-  int letters = 0;  // half-width letters that stand on one line of it
+  int letters = 0;       // half-width letters that stand on one line of it
+  bool centred = false;  // holds single characters, such as 借 and 贷
 };
 
 using PageStrip = std::vector<PageColumn>;

@@ -18,6 +18,7 @@ enum FoundColumn {
   debitColumn,
   creditColumn,
   businessColumn,
+  stateColumn,
   byColumn
 };
 
@@ -30,6 +31,7 @@ void addFoundColumns(CTzGrid& grid) {
   CTzGridControl::AddCol(grid, "借方", 100, ColumnKind::debitAmount);
   CTzGridControl::AddCol(grid, "贷方", 100, ColumnKind::creditAmount);
   CTzGridControl::AddCol(grid, "业务号", 80, ColumnKind::text);
+  CTzGridControl::AddCol(grid, "状态", 60, ColumnKind::text);
   CTzGridControl::AddCol(grid, "找到于", 80, ColumnKind::text);
 }
 
@@ -43,6 +45,12 @@ std::string membersOf(const FoundLine::Names& names) {
   std::string text;
   for (const auto& name : {names.dept, names.person, names.unit, names.project}) addPart(text, " ", name);
   return text;
+}
+
+// The entered opening items stand in period 0.
+std::string_view stateOf(const FoundLine& line) {
+  if (line.period == 0) return "期初";
+  return line.id.book == Book::posted ? "已记帐" : "未记帐";
 }
 
 void addFoundRow(ComputedReport& report, const FoundLine& line) {
@@ -64,6 +72,7 @@ void addFoundRow(ComputedReport& report, const FoundLine& line) {
     grid.SetNumber(row, creditColumn, line.credit);
   }
   grid.SetText(row, businessColumn, line.business);
+  grid.SetText(row, stateColumn, stateOf(line));
   grid.SetText(row, byColumn, foundByText(line.by));
   report.subjects.set(row, report.subjects.keep(line.about), RowSubjects::wholeReport, line.id);
   if (line.id.book == Book::posted) return;

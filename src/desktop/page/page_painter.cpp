@@ -171,13 +171,14 @@ void PagePainter::PaintCell(const Sheet& sheet, const PageLine& line, const Page
   const bool figures = traitsOf(kind).alignsRight();
   const bool strong = line.kind == PageLine::Kind::row && grid.RowKindAt(line.row) != RowKind::line;
   const auto& font = strong ? strong_ : text_;
+  const auto align = figures ? Align::right : column.centred ? Align::centre : Align::left;
   const double inset = columns.letterSize * padding;
   const double each = columns.lineHeight();
   double top = line.top + (line.height - each * static_cast<double>(lines.size())) / 2;
   for (const auto& text : lines) {
     const QRectF box(column.left + inset, top, column.width - 2 * inset, each);
     const bool red = figures && text.starts_with('-');
-    sheet.text(box, figures ? Align::right : Align::left, toQt(text), font, red ? redInk : ink);
+    sheet.text(box, align, toQt(text), font, red ? redInk : ink);
     top += each;
   }
 }

@@ -21,7 +21,8 @@ namespace {
 bool askPrinter(QPrinter& printer, const ReportPages& pages, QWidget* parent) {
   printer.setPageLayout(pageLayoutOf(pages.Columns().paper));
   printer.setFullPage(true);
-  printer.setDocName(toQt(pages.Report().fileName));
+  // The toolkit takes what stands behind a dot for an ending and drops it.
+  printer.setDocName(toQt(pages.Report().fileName).replace(QLatin1Char('.'), QLatin1Char('_')));
   QPrintDialog dialog(&printer, parent);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
   dialog.setMinMax(1, static_cast<int>(pages.Sheets()));

@@ -52,6 +52,7 @@ void ReportWindow::Print(QPrinter& printer, const ReportPages& pages) {
         return !work.Cancelled();
       });
     }
+    if (whole && !printer.outputFileName().isEmpty()) return status_->ShowExported(printer.outputFileName());
     status_->ShowNews(whole ? QStringLiteral("已送打印机，共 %1 页").arg(pages.Sheets())
                             : QStringLiteral("打印已停止"));
   } catch (const OutputError& error) {

@@ -68,7 +68,7 @@ TEST_F(SearchWindowTest, OpensFromEveryWindowAndLeadsToTheVoucher) {
   search(window, QStringLiteral("款"));
   ASSERT_EQ(window.Grid().RowCount(), 2);
   EXPECT_EQ(cell(window, 0, 1), "记-0001");
-  EXPECT_EQ(cell(window, 1, 8), "摘要");
+  EXPECT_EQ(cell(window, 1, 9), "摘要");
   EXPECT_TRUE(window.Grid().hasFocus());
   search(window, QStringLiteral("记-3"));
   ASSERT_EQ(window.Grid().RowCount(), 1);

@@ -36,7 +36,7 @@ class PreviewTest : public SampleReport {
     int dark = 0;
     for (int y = 0; y < image.height(); y += 2)
       for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 160 ? 1 : 0;
-    return dark > 500;
+    return dark > 150;
   }
 };
 
