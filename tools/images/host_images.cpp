@@ -102,6 +102,7 @@ void drawHost(const PictureBook& book, SampleLedger& ledger) {
   QApplication::processEvents();
   book.Take(*g_pDlgWnd->findChild<QDialog*>(QStringLiteral("help")), QStringLiteral("help-navigator"));
   for (auto* button : g_pDlgWnd->findChildren<QToolButton*>()) {
+    if (!button->text().endsWith(QStringLiteral("▾"))) continue;  // opens no menu
     const bool windows = button->text().startsWith(QStringLiteral("窗口"));
     book.TakePopup(windows ? QStringLiteral("host-windows") : QStringLiteral("host-menu"), [&] { button->click(); });
   }
