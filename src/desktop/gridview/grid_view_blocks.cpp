@@ -156,7 +156,10 @@ bool GridView::StandOn(std::int64_t row) {
   Reveal(row);
   if (!rows_.Shows(row) || !SetCurrent(row, columns_.ColumnAtPlace(0))) return false;
   const auto headings = Blocks().HeadingsAbove(row);
-  ShowAtTop(headings.empty() ? row : headings.back());
+  // With the beginning of its block in sight, and that of the report where there is room for both.
+  ShowAtTop(headings.empty() ? 0 : headings.back());
+  const bool inSight = viewport()->rect().contains(CellRect(row, current_.column));
+  if (headings.empty() && !inSight) ShowAtTop(row);
   ShowCell(current_);
   return true;
 }
