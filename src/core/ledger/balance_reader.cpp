@@ -104,8 +104,8 @@ class BalanceReader {
     std::map<RecordChain, SideFigures> latest;
     Counted counted;
     const auto open = [&] {
-      for (const auto& [chain, opening] : latest) {
-        counted.each([&](BalanceFigures& balance) { balance.opening += opening; });
+      for (const auto& ofChain : latest) {
+        counted.each([&](BalanceFigures& balance) { balance.opening += ofChain.second; });
       }
       latest.clear();
     };

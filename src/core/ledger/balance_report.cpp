@@ -80,7 +80,7 @@ class BalanceRun {
     for (const auto& [key, figures] : balances_.groups) {
       std::vector<MemberBalances::const_iterator> shown;
       for (; member != balances_.members.end() && member->first.parts[0] == key.parts[0]; ++member) {
-        if (!conditions_.hideDetails && isShown(member->second)) shown.push_back(member);
+        if (!conditions_.hideDetails && isShown(member->second)) shown.emplace_back(member);
       }
       all_.add(figures);
       if (shown.empty() && !isShown(figures)) continue;

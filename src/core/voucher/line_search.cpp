@@ -112,7 +112,7 @@ FoundLine lineOf(const Cursor& row, Book book, const FoundBy& by) {
   return line;
 }
 
-std::string namedOr(std::string name, Id id) {
+std::string namedOr(const std::string& name, Id id) {
   if (id == 0) return {};
   return name.empty() ? fmt::format("（编号 {}）", id) : name;
 }

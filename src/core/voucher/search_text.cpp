@@ -105,7 +105,8 @@ SearchText readSearchText(std::string_view typed) {
 }
 
 bool containsAnyCase(std::string_view text, std::string_view part) {
-  return !std::ranges::search(text, part, {}, small, small).empty() || part.empty();
+  const auto same = [](char one, char other) { return small(one) == small(other); };
+  return part.empty() || std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
 }
 
 }  // namespace tz
