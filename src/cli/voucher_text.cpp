@@ -75,22 +75,7 @@ std::string amountText(double amount) { return amount == 0 ? "" : figureText(amo
 
 class VoucherPage {
  public:
-  VoucherPage(const Voucher& voucher, bool colour) : voucher_(voucher), colour_(colour) {
-    for (const auto& line : voucher.lines) {
-      summary_ = std::max(summary_, displayWidth(line.entry.sDigest));
-      account_ = std::max(account_, displayWidth(line.accountText()));
-      for (const auto& text : accountTexts(line)) account_ = std::max(account_, displayWidth(text) + indent);
-      for (const double amount : {line.debit(), line.credit()}) {
-        figures_ = std::max(figures_, displayWidth(amountText(amount)));
-      }
-    }
-    for (const double total : {voucher.debit, voucher.credit}) {
-      figures_ = std::max(figures_, displayWidth(figureText(total, ColumnKind::amount)));
-    }
-    summary_ = std::min(summary_, widestSummary);
-    account_ = std::min(account_, widestAccount);
-    width_ = summary_ + account_ + 2 * figures_ + 3 * gap;
-  }
+  VoucherPage(const Voucher& voucher, bool colour) : voucher_(voucher), colour_(colour) { measure(); }
 
   std::string text() {
     writeHead();
@@ -101,6 +86,22 @@ class VoucherPage {
   }
 
  private:
+  void measure() {
+    for (const auto& line : voucher_.lines) {
+      summary_ = std::max(summary_, displayWidth(line.entry.sDigest));
+      account_ = std::max(account_, displayWidth(line.accountText()));
+      for (const auto& text : accountTexts(line)) account_ = std::max(account_, displayWidth(text) + indent);
+      for (const double amount : {line.debit(), line.credit()}) {
+        figures_ = std::max(figures_, displayWidth(amountText(amount)));
+      }
+    }
+    for (const double total : {voucher_.debit, voucher_.credit}) {
+      figures_ = std::max(figures_, displayWidth(figureText(total, ColumnKind::amount)));
+    }
+    summary_ = std::min(summary_, widestSummary);
+    account_ = std::min(account_, widestAccount);
+    width_ = summary_ + account_ + 2 * figures_ + 3 * gap;
+  }
   void writeLine(const std::string& text) { out_.append(text).append("\n"); }
 
   void writeHead() {
