@@ -1,5 +1,6 @@
 #include "desktop/page/report_pdf.h"
 
+#include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <exception>
