@@ -74,16 +74,16 @@ constexpr ReportCommand commandsOfReports[] = {
      .shortcut = "Ctrl+G",
      .tip = "不显示各组的明细行，小计和合计不变",
      .takesRows = true,
-     .action = &ReportWindow::OnToggle<ParameterKey::hideDetails>,
      .toggles = true,
+     .action = &ReportWindow::OnToggle<ParameterKey::hideDetails>,
      .had = onToolbar<WindowCommand::groupRows>},
     {.command = WindowCommand::zeroRows,
      .bitmap = 404,
      .shortcut = "Ctrl+L",
      .tip = "不显示期初、发生额和期末全为零的行",
      .takesRows = true,
-     .action = &ReportWindow::OnToggle<ParameterKey::hideZero>,
      .toggles = true,
+     .action = &ReportWindow::OnToggle<ParameterKey::hideZero>,
      .had = onToolbar<WindowCommand::zeroRows>},
 };
 

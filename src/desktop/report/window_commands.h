@@ -17,8 +17,8 @@ struct ReportCommand {
   const char* shortcut = "";  // portable text, empty for none
   const char* tip = "";
   bool takesRows = false;  // waits until there are rows to take
+  bool toggles = false;    // its button shows whether it is on
   void (ReportWindow::*action)() = nullptr;
-  bool toggles = false;  // its button shows whether it is on
   // Of reports that do not all have it; null: every report has.
   bool (*had)(const ReportDefinition&) = nullptr;
 
