@@ -67,6 +67,16 @@ class ReferenceField : public QueryField {
   const CQnCwDB* db_ = nullptr;
 };
 
+// Null: there is no list to choose from.
+bool referItem(const Names& items, QWidget* window, Request& request) {
+  if (items == nullptr) return false;
+  CItemReferenceDlg reference(items, window);
+  reference.SetItem(request.member(ParameterKey::project));
+  if (!reference.DoModal()) return false;
+  setMember(request, ParameterKey::project, reference.Item());
+  return true;
+}
+
 class DeptField : public ReferenceField {
  public:
   using ReferenceField::ReferenceField;
@@ -186,12 +196,7 @@ class ProjectField : public ReferenceField {
   }
   bool Refer(Request& request, Session& /*session*/) override {
     const Names items = class_->currentIndex() < 0 ? nullptr : Edit()->List();
-    if (items == nullptr) return false;
-    CItemReferenceDlg reference(items, Row()->window());
-    reference.SetItem(request.member(ParameterKey::project));
-    if (!reference.DoModal()) return false;
-    setMember(request, ParameterKey::project, reference.Item());
-    return true;
+    return referItem(items, Row()->window(), request);
   }
 
  protected:
@@ -212,12 +217,7 @@ class ItemField : public ReferenceField {
   using ReferenceField::ReferenceField;
   bool Refer(Request& request, Session& /*session*/) override {
     const Names items = Edit()->List();
-    if (items == nullptr) return false;
-    CItemReferenceDlg reference(items, Row()->window());
-    reference.SetItem(request.member(ParameterKey::project));
-    if (!reference.DoModal()) return false;
-    setMember(request, ParameterKey::project, reference.Item());
-    return true;
+    return referItem(items, Row()->window(), request);
   }
 
  protected:
