@@ -8,9 +8,6 @@
 namespace tz {
 namespace {
 
-constexpr double remarkSize = 9;
-constexpr double remarkSpacing = 1.4;
-
 bool grouped(const CTzGrid& grid) {
   return std::ranges::any_of(grid.Columns(), [](const GridColumn& column) { return !column.group.empty(); });
 }
@@ -143,7 +140,7 @@ std::vector<std::string> ReportPages::TextOf(const Page& page, const PageLine& l
   return {figureText(sum, grid_.Columns()[static_cast<std::size_t>(place)].kind)};
 }
 
-double ReportPages::RemarksHeight() const { return static_cast<double>(remarks_.size()) * remarkSize * remarkSpacing; }
+double ReportPages::RemarksHeight() const { return static_cast<double>(remarks_.size()) * remarkHeight; }
 
 double ReportPages::RemarksTop(const Page& last) const {
   constexpr double gap = 4;

@@ -49,6 +49,8 @@ class ReportPages {
   [[nodiscard]] std::vector<PageLine> LinesOf(const Page& page) const;
   // What a line shows in a column of the grid, on one line or several; empty for nothing.
   [[nodiscard]] std::vector<std::string> TextOf(const Page& page, const PageLine& line, const PageColumn& column) const;
+  static constexpr double remarkSize = 9;  // of a remark's letters
+  static constexpr double remarkHeight = remarkSize * 1.4;
   // Remarks below the table of the last page, and where they begin.
   [[nodiscard]] const std::vector<std::string>& Remarks() const { return remarks_; }
   [[nodiscard]] double RemarksTop(const Page& last) const;

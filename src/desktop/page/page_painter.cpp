@@ -201,12 +201,11 @@ void PagePainter::PaintRules(const Sheet& sheet, double bottom) const {
 }
 
 void PagePainter::PaintRemarks(const Sheet& sheet) const {
-  constexpr double size = 9;
-  constexpr double spacing = 1.4;
   double top = pages_.RemarksTop(sheet.page);
   for (const auto& remark : pages_.Remarks()) {
-    sheet.text(QRectF(0, top, sheet.width, size * spacing), Align::left, toQt(remark), textFace(size));
-    top += size * spacing;
+    sheet.text(QRectF(0, top, sheet.width, ReportPages::remarkHeight), Align::left, toQt(remark),
+               textFace(ReportPages::remarkSize));
+    top += ReportPages::remarkHeight;
   }
 }
 
