@@ -55,7 +55,7 @@ bool allChanged(Connection& connection, const Changes& changes) {
 // The batch is named by the first of its ids, which no other has.
 std::string logMarks(Connection& connection, const Changes& changes, const MarkOrigin& origin) {
   auto id = connection.newIds(MarkLogInfo::table, static_cast<std::int64_t>(changes.size()));
-  auto batch = origin.batch.value_or(std::to_string(id));
+  auto batch = origin.batch.value_or(origin.newBatch + std::to_string(id));
   const auto log = connection.insertInto(MarkLogInfo::table, columnNames<MarkLogInfo>());
   for (const auto& one : changes) {
     writeRow(*log, MarkLogInfo{.lId = id++,

@@ -26,6 +26,7 @@ struct MarkOrigin {
   std::string who;
   std::string when;                       // UTC, "2006-01-31T08:05:09Z"
   std::optional<std::string> batch = {};  // the batch that the rows belong to; none: a new one of their own
+  std::string newBatch = {};              // what the name of a new one begins with, before the number
 };
 
 struct LineMark {

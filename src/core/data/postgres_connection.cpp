@@ -17,17 +17,20 @@ namespace {
 
 // Without a look at the table and without a lock, which a ledger that is spread over several servers would have on one
 // of them only: the seconds since 2020 and 22 bits of chance. Two operators would have to begin in one second and side
-// by side among four million places; the table's key then refuses one of them. Those of one process grow.
-std::int64_t idsOfTheMoment(std::int64_t count) {
+// by side among four million places; the table's key then refuses one of them. Those of one process grow, and so do
+// those of whoever sees what others have written: `last` is the greatest id that stands there.
+std::int64_t idsOfTheMoment(std::int64_t count, std::int64_t last) {
   static std::mutex lock;
   static std::int64_t next = 0;
   static std::mt19937_64 chance{std::random_device{}()};
   constexpr auto begin = std::chrono::sys_days{std::chrono::year{2020} / 1 / 1};
   constexpr int chanceBits = 22;
+  constexpr std::int64_t gap = 1024;
   const auto seconds = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now() - begin).count();
   const std::lock_guard hold(lock);
   const auto place = static_cast<std::int64_t>(chance() & ((std::uint64_t{1} << chanceBits) - 1));
-  const auto first = std::max((std::max<std::int64_t>(seconds, 1) << chanceBits) + place, next);
+  const auto first =
+      std::max({(std::max<std::int64_t>(seconds, 1) << chanceBits) + place, next, last + 1 + place % gap});
   next = first + count;
   return first;
 }
@@ -48,7 +51,11 @@ class PostgresConnection final : public Connection {
   std::unique_ptr<RowWriter> insertInto(std::string_view table, std::span<const std::string> columns) override {
     return std::make_unique<PostgresWriter>(session_, table, columns);
   }
-  std::int64_t newIds(std::string_view /*table*/, std::int64_t count) override { return idsOfTheMoment(count); }
+  std::int64_t newIds(std::string_view table, std::int64_t count) override {
+    const auto last = query(Sql("SELECT coalesce(max(lId), 0) FROM " + std::string(table)));
+    last->next();
+    return idsOfTheMoment(count, last->integer(0));
+  }
   const Dialect& dialect() const override {
     static const PostgresDialect dialect;
     return dialect;

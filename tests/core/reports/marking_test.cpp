@@ -18,7 +18,8 @@ class Marking : public DatabaseTest {
   bool toggle(Session& session, int read) {
     if (!session.ask({.text = "要改两清标记吗？", .caption = "两清", .icon = MessageIcon::information})) return false;
     const std::vector<MarkChange> changes = {{5, 2, read, read == 0 ? 1 : 0}};
-    return std::holds_alternative<MarksWritten>(markLines(session, changes));
+    return std::holds_alternative<MarksWritten>(
+        markLines(session, changes, MarkWork::What::toggle, ClearingKind::person));
   }
 
   TestLedger ledger_{GetParam()};
@@ -47,11 +48,23 @@ TEST_P(Marking, MarksALineAndTakesItBackEachTimeWithARowInTheLog) {
   EXPECT_EQ(ledger_.rows("SELECT lTieId, lLineId, byOld, byNew, sOperator, sWhen FROM MarkLog ORDER BY sWhen"),
             "2|5|0|1|王会计|2025-12-31T23:59:59Z\n2|5|1|0|王会计|2026-01-01T00:00:00Z\n");
   EXPECT_EQ(ledger_.rows("SELECT count(DISTINCT lId), count(DISTINCT sBatch) FROM MarkLog"), "2|2\n");
+  EXPECT_EQ(ledger_.rows("SELECT count(*) FROM MarkLog WHERE sBatch LIKE 'toggle:person:%'"), "2\n");
+  EXPECT_EQ(ledger_.rows("SELECT byNew FROM MarkLog ORDER BY lId"), "1\n0\n");
   EXPECT_EQ(asked.size(), 3U);
   EXPECT_FALSE(toggle(session, 1)) << "the mark had been taken back";
 }
 
 TZ_ON_BOTH_DATABASES(Marking);
+
+TEST(Batches, SayWhatWasDoneAndToWhom) {
+  EXPECT_EQ(workText(workOf("toggle:person:17")), "手工勾对（个人往来）");
+  EXPECT_EQ(workText(workOf(undoOf("match:unit:18"))), "撤销自动勾对（单位往来）");
+  EXPECT_EQ(workOf(undoOf("reverse:person:19")), (MarkWork{MarkWork::What::reverse, ClearingKind::person, true}));
+  for (const auto* const foreign : {"17", "", "match", "match:", "match:plan:3", "notes: of May"}) {
+    EXPECT_EQ(workText(workOf(foreign)), "标记") << foreign;
+  }
+  EXPECT_EQ(workText(workOf("undo:17")), "撤销标记");
+}
 
 TEST(Questions, OfTheCommandLineAreAnsweredByAnOption) {
   std::string told;
