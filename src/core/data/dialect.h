@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -77,6 +78,9 @@ class Dialect {
   // Whether a column contains a text somewhere, whatever the case of ASCII letters; signs that patterns know mean
   // themselves.
   [[nodiscard]] virtual Sql contains(std::string_view column, std::string_view text) const = 0;
+  // The statement that keeps others from changing these tables until the transaction ends; empty where a writing one
+  // has all of them for itself.
+  [[nodiscard]] virtual std::string holdTables(std::span<const std::string_view> tables) const = 0;
   // A unique id of its own (SQLite: lines by lId alone) or together with its voucher (spread tables).
   [[nodiscard]] virtual bool linesKeyedByVoucher() const = 0;
 };

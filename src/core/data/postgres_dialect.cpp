@@ -194,4 +194,14 @@ Sql PostgresDialect::contains(std::string_view column, std::string_view text) co
   return Sql(std::string(column) + (letters ? " ILIKE ? ESCAPE '!'" : " LIKE ? ESCAPE '!'"), pattern);
 }
 
+// Readers go on; whoever writes waits.
+std::string PostgresDialect::holdTables(std::span<const std::string_view> tables) const {
+  std::string text = "LOCK TABLE ";
+  for (const auto& table : tables) {
+    if (&table != tables.data()) text += ", ";
+    text += table;
+  }
+  return text + " IN SHARE ROW EXCLUSIVE MODE";
+}
+
 }  // namespace tz
