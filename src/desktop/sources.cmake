@@ -2,7 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg PrintSupport)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 set(TZ_DESKTOP_SOURCES)
-foreach(room res theme frame gridview page picking query report shell)
+foreach(room res theme frame manual gridview page picking query report shell)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/${room}/*.cpp
        ${CMAKE_CURRENT_LIST_DIR}/${room}/*.h ${CMAKE_CURRENT_LIST_DIR}/${room}/*.qrc)
   list(APPEND TZ_DESKTOP_SOURCES ${sources})
@@ -13,6 +13,9 @@ set_target_properties(TzAssistant PROPERTIES AUTOMOC ON AUTORCC ON CXX_VISIBILIT
                                              VISIBILITY_INLINES_HIDDEN OFF)
 target_link_libraries(TzAssistant PUBLIC tzcore Qt6::Widgets Qt6::Svg Qt6::PrintSupport
                                   PRIVATE tz_options fmt::fmt-header-only ICU::i18n ICU::uc)
+# The user manual, which the windows carry in themselves.
+file(GLOB_RECURSE TZ_MANUAL_PAGES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/manual/*.md)
+qt_add_resources(TzAssistant manual PREFIX /manual BASE ${PROJECT_SOURCE_DIR}/docs/manual FILES ${TZ_MANUAL_PAGES})
 target_precompile_headers(TzAssistant PRIVATE <QtWidgets> <functional> <memory> <optional> <string> <vector>)
 
 # The windows of the host, which the tests and the pictures take in as well; the program is these and its main.

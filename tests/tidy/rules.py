@@ -21,8 +21,8 @@ ACCOUNTING = ["core/platform", "core/data", "core/grid", "core/output", "core/re
 FAMILIES = ["core/ledger", "core/receivables", "core/plan", "core/projstat"]
 CORE = [*ACCOUNTING, "core/sample", "core/check", "core/voucher", "core/catalogue"]
 # The windows are one stair: each room may include every one before it.
-STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/gridview", "desktop/page", "desktop/picking",
-         "desktop/query", "desktop/report", "desktop/shell", "desktop/host"]
+STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/manual", "desktop/gridview", "desktop/page",
+         "desktop/picking", "desktop/query", "desktop/report", "desktop/shell", "desktop/host"]
 MAY_INCLUDE = {
     "core/platform": set(),
     "core/data": {"core/platform"},

@@ -12,6 +12,7 @@
 #include "desktop/host/desktop_bar.h"
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/text_size.h"
+#include "desktop/manual/manual.h"
 #include "desktop/report/report_window.h"
 #include "desktop/report/search_window.h"
 #include "desktop/shell/launch_window_list.h"
@@ -143,11 +144,13 @@ void Desktop::WelcomeTable(Window& window) {
 
 void Desktop::Finish() {
   launcher_.CloseAll();
+  closeManual();
   emit finished();
 }
 
 void Desktop::Close() {
   launcher_.CloseAll();
+  closeManual();
   navigator_.hide();
 }
 

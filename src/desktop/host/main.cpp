@@ -5,6 +5,7 @@
 #include "core/platform/standard_streams.h"
 #include "desktop/frame/globals.h"
 #include "desktop/host/host.h"
+#include "desktop/manual/manual.h"
 #include "desktop/report/server_wait.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/language.h"
@@ -40,6 +41,7 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   tz::installFonts();
   tz::installLanguage();
+  tz::installManualKey();
   const tz::ServerWait serverWait;
   const Arguments arguments = readArguments();
   tz::g_lpArgument = arguments.startUp;

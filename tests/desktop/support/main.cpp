@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
+#include "desktop/manual/manual.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/language.h"
 #include "desktop/theme/theme.h"
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   tz::installFonts();
   tz::installLanguage();
+  tz::installManualKey();
   tz::applyTheme(tz::ThemeChoice::light);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
