@@ -40,7 +40,8 @@ QStringList PictureAccessible::actionNames() const { return {pressAction(), setF
 
 void PictureAccessible::doAction(const QString& action) {
   if (action == pressAction()) {
-    Button().click();
+    // Later: a command may show a dialog, and the reader would wait for its answer until that closes.
+    QMetaObject::invokeMethod(&Button(), &PictureButton::click, Qt::QueuedConnection);
   } else {
     QAccessibleWidget::doAction(action);
   }

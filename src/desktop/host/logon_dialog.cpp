@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "core/reports/explain_error.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/host/open_ledger.h"
 #include "desktop/report/log.h"
 #include "desktop/theme/qt_text.h"
@@ -97,6 +98,7 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
     names_->addItem(toQt(record.sName));
   }
   names_->setCurrentText(lastOperator);
+  nameCombo(*names_, QStringLiteral("操作员"));
   password_->setObjectName(QStringLiteral("password"));
   password_->setEchoMode(QLineEdit::Password);
 

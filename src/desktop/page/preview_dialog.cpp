@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/frame/combo_name.h"
 #include "desktop/frame/fit_window.h"
 #include "desktop/frame/narrow_button.h"
 #include "desktop/page/page_painter.h"
@@ -94,7 +95,7 @@ void PreviewDialog::AddSheetButtons(QHBoxLayout& bar) {
 void PreviewDialog::AddZoom(QHBoxLayout& bar) {
   zoom_ = new QComboBox(this);
   zoom_->setObjectName(QStringLiteral("zoom"));
-  zoom_->setAccessibleName(QStringLiteral("显示比例"));
+  nameCombo(*zoom_, QStringLiteral("显示比例"));
   zoom_->setToolTip(QStringLiteral("显示比例　Ctrl++、Ctrl+-、Ctrl+滚轮"));
   zoom_->addItem(QStringLiteral("整页"), PageView::wholeSheet);
   zoom_->addItem(QStringLiteral("页宽"), PageView::sheetWidth);
@@ -106,7 +107,7 @@ void PreviewDialog::AddZoom(QHBoxLayout& bar) {
 void PreviewDialog::AddOptions(QHBoxLayout& bar) {
   auto* orientation = new QComboBox(this);
   orientation->setObjectName(QStringLiteral("orientation"));
-  orientation->setAccessibleName(QStringLiteral("纸张方向"));
+  nameCombo(*orientation, QStringLiteral("纸张方向"));
   for (const char* text : orientations) orientation->addItem(QString::fromUtf8(text));
   orientation->setCurrentIndex(static_cast<int>(options_.orientation));
   bar.addWidget(orientation);

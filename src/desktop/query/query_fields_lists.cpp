@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "desktop/frame/combo_name.h"
 #include "desktop/frame/narrow_button.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
@@ -22,7 +23,7 @@ class ComboField : public QueryField {
       : QueryField(spec), combo_(madeCombo(spec.id, dialog)), choice_(*combo_, spec.key) {
     constexpr int signs = 28;
     combo_->setMinimumContentsLength(signs);
-    combo_->setAccessibleName(toQt(spec.caption));
+    nameCombo(*combo_, toQt(spec.caption));
     combo_->setToolTip(howToFind());
     combo_->setAccessibleDescription(howToFind());
     if (spec.all) combo_->lineEdit()->setPlaceholderText(toQt(allMembers));
@@ -79,8 +80,8 @@ class MonthsField : public QueryField {
         row_(new QWidget(dialog)),
         first_(madeCombo(spec.id, row_)),
         last_(madeCombo(spec.companion, row_)) {
-    first_->setAccessibleName(QStringLiteral("起始月份"));
-    last_->setAccessibleName(QStringLiteral("终止月份"));
+    nameCombo(*first_, QStringLiteral("起始月份"));
+    nameCombo(*last_, QStringLiteral("终止月份"));
     constexpr int signs = 7;  // "2006.01"
     for (CUsefulCombox* month : {first_, last_}) month->setMinimumContentsLength(signs);
     auto* layout = rowLayout(row_);

@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "desktop/frame/combo_name.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
 #include "desktop/query/query_folded_field.h"
@@ -19,8 +20,8 @@ class RangeField : public FoldedField {
         to_(madeCombo(spec.companion, Body())),
         fromKey_(keysOf(spec).front()),
         toKey_(keysOf(spec).back()) {
-    from_->setAccessibleName(toQt(parameter(fromKey_).label));
-    to_->setAccessibleName(toQt(parameter(toKey_).label));
+    nameCombo(*from_, toQt(parameter(fromKey_).label));
+    nameCombo(*to_, toQt(parameter(toKey_).label));
     for (CUsefulCombox* end : {from_, to_}) end->lineEdit()->setPlaceholderText(QStringLiteral("不限"));
     auto* layout = rowLayout(Body());
     layout->addWidget(from_, 1);

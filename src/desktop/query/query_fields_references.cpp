@@ -2,6 +2,7 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "desktop/frame/combo_name.h"
 #include "desktop/picking/archive_names.h"
 #include "desktop/picking/archive_references.h"
 #include "desktop/picking/name_edit.h"
@@ -169,7 +170,7 @@ class ProjectField : public ReferenceField {
   ProjectField(const ControlSpec& spec, QWidget* dialog) : ReferenceField(spec, dialog), class_(ClassCombo()) {
     constexpr int signs = 12;
     class_->setMinimumContentsLength(signs);
-    class_->setAccessibleName(QStringLiteral("项目大类"));
+    nameCombo(*class_, QStringLiteral("项目大类"));
     Edit()->setPlaceholderText(QStringLiteral("项目名称"));
     connect(class_, &CUsefulCombox::entryChanged, Edit(), &NameEdit::Forget);
     connect(class_, &CUsefulCombox::entryChanged, this, &QueryField::ownerChanged);

@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "desktop/frame/announce.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/frame/elided_label.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/frame/narrow_button.h"
@@ -42,8 +43,8 @@ SavedConditionsBar::SavedConditionsBar(ConditionStore& store, int report, Curren
                             this)),
       told_(new ElidedLabel(this)) {
   names_->setObjectName(QStringLiteral("savedConditions"));
-  names_->setAccessibleName(QStringLiteral("保存的条件"));
   names_->setEditable(true);
+  nameCombo(*names_, QStringLiteral("保存的条件"));
   names_->setInsertPolicy(QComboBox::NoInsert);
   names_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   names_->lineEdit()->setPlaceholderText(QStringLiteral("选择或输入名称"));

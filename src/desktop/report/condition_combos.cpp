@@ -7,6 +7,7 @@
 #include <array>
 
 #include "core/reports/offers.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/picking/search_popup.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/query/query_field_parts.h"
@@ -64,7 +65,7 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   label->setText(caption);
   auto* combo = new CUsefulCombox(this);
   combo->setObjectName(QString::number(comboId));
-  combo->setAccessibleName(caption);
+  nameCombo(*combo, caption);
   combo->setToolTip(howToFind());
   combo->setAccessibleDescription(howToFind());
   combo->lineEdit()->setPlaceholderText(QStringLiteral("请选择"));

@@ -6,6 +6,7 @@
 #include <QMenu>
 
 #include "core/reports/messages.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/frame/narrow_button.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/report/painted_static.h"
@@ -46,7 +47,7 @@ CUsefulCombox* MonthCombos::MadeCombo(const char* name, const QString& accessibl
   constexpr int signs = 7;  // "2006.01"
   auto* combo = new CUsefulCombox(this);
   combo->setObjectName(QString::fromLatin1(name));
-  combo->setAccessibleName(accessibleName);
+  nameCombo(*combo, accessibleName);
   combo->setMinimumContentsLength(signs);
   connect(combo, &CUsefulCombox::entryChanged, this, [this] { Choose(Current()); });
   connect(combo, &CUsefulCombox::notFound, this,

@@ -8,6 +8,7 @@
 
 #include "core/reports/condition_texts.h"
 #include "core/reports/control_kind.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/report/condition_combos.h"
 #include "desktop/report/painted_static.h"
 #include "desktop/theme/qt_text.h"
@@ -41,7 +42,7 @@ ReportHeading::ReportHeading(const ReportDefinition& report, QWidget* parent)
   auto* title = new PaintedStatic(titleId, PaintedStatic::Look::title, this);
   title->setText(toQt(report.paintedTitle));
   format_->setObjectName(QString::number(formatId));
-  format_->setAccessibleName(QStringLiteral("金额格式"));
+  nameCombo(*format_, QStringLiteral("金额格式"));
   format_->setToolTip(QStringLiteral("金额格式"));
   format_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   format_->setMinimumContentsLength(6);

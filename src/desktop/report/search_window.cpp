@@ -11,6 +11,7 @@
 
 #include "core/reports/explain_error.h"
 #include "core/reports/window_command.h"
+#include "desktop/frame/combo_name.h"
 #include "desktop/frame/window_keys.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/report/grid_tools.h"
@@ -119,7 +120,7 @@ QWidget* SearchWindow::MakeSearchRow() {
   field_->installEventFilter(this);
   field_->setMinimumContentsLength(fieldSigns);
   field_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  field_->setAccessibleName(QStringLiteral("查找"));
+  nameCombo(*field_, QStringLiteral("查找"));
   field_->setToolTip(QStringLiteral("按 ↓ 选以前查找过的"));
   field_->lineEdit()->setPlaceholderText(QStringLiteral("摘要、业务号、金额或凭证"));
   field_->lineEdit()->setMaxLength(longestTyped);
