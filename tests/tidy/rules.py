@@ -19,7 +19,7 @@ class Finding(NamedTuple):
 # The rooms of src, each with what it may include besides itself: rooms that stand before it.
 ACCOUNTING = ["core/platform", "core/data", "core/grid", "core/output", "core/reports"]
 FAMILIES = ["core/ledger", "core/receivables", "core/plan", "core/projstat"]
-CORE = [*ACCOUNTING, "core/sample", "core/check", "core/voucher", "core/catalogue"]
+CORE = [*ACCOUNTING, "core/sample", "core/check", "core/archives", "core/voucher", "core/catalogue"]
 # The windows are one stair: each room may include every one before it.
 STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/manual", "desktop/gridview", "desktop/page",
          "desktop/picking", "desktop/query", "desktop/report", "desktop/shell", "desktop/host"]
@@ -31,6 +31,7 @@ MAY_INCLUDE = {
     "core/sample": {"core/data"},
     "core/check": {"core/data"},
     "core/reports": set(ACCOUNTING[:-1]),
+    "core/archives": set(ACCOUNTING),
     "core/voucher": set(ACCOUNTING),
     **{family: set(ACCOUNTING) for family in FAMILIES},
     "core/catalogue": {*ACCOUNTING, *FAMILIES},

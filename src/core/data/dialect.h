@@ -81,6 +81,8 @@ class Dialect {
   // The statement that keeps others from changing these tables until the transaction ends; empty where a writing one
   // has all of them for itself.
   [[nodiscard]] virtual std::string holdTables(std::span<const std::string_view> tables) const = 0;
+  // Whether logins have rights of their own, so that a new table has to be opened to the reports' role.
+  [[nodiscard]] virtual bool hasRoles() const = 0;
   // A unique id of its own (SQLite: lines by lId alone) or together with its voucher (spread tables).
   [[nodiscard]] virtual bool linesKeyedByVoucher() const = 0;
 };

@@ -44,6 +44,7 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view structureQuery() const override { return ""; }
   [[nodiscard]] Sql contains(std::string_view column, std::string_view text) const override;
   [[nodiscard]] std::string holdTables(std::span<const std::string_view> tables) const override;
+  [[nodiscard]] bool hasRoles() const override { return true; }
   [[nodiscard]] bool linesKeyedByVoucher() const override { return true; }
 };
 

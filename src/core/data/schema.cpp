@@ -140,6 +140,15 @@ TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItem
   return schema;
 }
 
+std::string columnText(const ColumnSchema& column, const Dialect& dialect) {
+  std::string text = column.name;
+  text += ' ';
+  text += dialect.typeName(column.type);
+  text += " NOT NULL";
+  text += defaultOf(column.type);
+  return text;
+}
+
 std::string createTableText(const TableSchema& table, const Dialect& dialect) {
   static const std::vector<std::string> voucherAndLine = {"lTieId, lId"};
   const bool line = table.name == "RegSub" || table.name == "UnregSub";
@@ -151,15 +160,14 @@ std::string createTableText(const TableSchema& table, const Dialect& dialect) {
   text += table.name;
   text += " (";
   for (const auto& column : table.columns) {
-    text += column.name;
-    text += ' ';
-    text += dialect.typeName(column.type);
-    text += " NOT NULL";
     // A single id as primary key must be exactly INTEGER PRIMARY KEY to be the row's own id in SQLite.
     if (column.name == uniques.front()) {
-      text += " PRIMARY KEY";
+      text += column.name;
+      text += ' ';
+      text += dialect.typeName(column.type);
+      text += " NOT NULL PRIMARY KEY";
     } else {
-      text += defaultOf(column.type);
+      text += columnText(column, dialect);
     }
     text += ", ";
   }

@@ -37,6 +37,8 @@ struct IndexSchema {
 // The item table of a class, one column per field besides lId; the fields' types decide the columns' types.
 [[nodiscard]] TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItemsInfo>& fields);
 
+// A column as CREATE TABLE and ADD COLUMN write it.
+[[nodiscard]] std::string columnText(const ColumnSchema& column, const Dialect& dialect);
 [[nodiscard]] std::string createTableText(const TableSchema& table, const Dialect& dialect);
 
 // All tables and the catalogue view; indexes come last, when the contents are in. Both belong inside one transaction.

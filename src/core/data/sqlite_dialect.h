@@ -39,6 +39,7 @@ class SqliteDialect final : public Dialect {
   [[nodiscard]] std::string_view structureQuery() const override { return "PRAGMA integrity_check(20)"; }
   [[nodiscard]] Sql contains(std::string_view column, std::string_view text) const override;
   [[nodiscard]] std::string holdTables(std::span<const std::string_view> /*tables*/) const override { return ""; }
+  [[nodiscard]] bool hasRoles() const override { return false; }
   [[nodiscard]] bool linesKeyedByVoucher() const override { return false; }
 };
 
