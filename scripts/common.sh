@@ -138,3 +138,20 @@ build() {
   grep -q 'no work to do' "$log" || say "Built $folder in $((SECONDS - start)) s."
   exec 9>&-
 }
+
+# pack FOLDER [WHERE]: packs what was built in FOLDER as a Debian package into WHERE, without it into build, and prints
+# the package's name. An older package of that name is replaced when the new one is whole.
+pack() {
+  local folder=$PWD/$1 where=${2:-build} scratch made
+  mkdir -p "$where"
+  scratch=$(mktemp -d "$where/packing.XXXXXX")
+  (cd "$scratch" && umask 022 && cpack --config "$folder/CPackConfig.cmake" -B .) >"$where/package.log" 2>&1 || {
+    cat "$where/package.log" >&2
+    rm -rf "$scratch"
+    fail "The package could not be made."
+  }
+  made=("$scratch"/*.deb)
+  mv "${made[0]}" "$where/"
+  rm -rf "$scratch"
+  echo "$where/${made[0]##*/}"
+}

@@ -38,3 +38,9 @@ function(tz_pictures_test percent scale)
 endfunction()
 tz_pictures_test(100 1 --all)
 tz_pictures_test(200 2)
+# What is installed and packed, and a person who has only that. Nobody gets the sanitizers' programs.
+if(NOT TZ_SANITIZE)
+  add_test(NAME package COMMAND ${CMAKE_CURRENT_LIST_DIR}/package/check ${PROJECT_BINARY_DIR}
+                                ${CMAKE_CURRENT_BINARY_DIR}/package)
+  set_tests_properties(package PROPERTIES TIMEOUT 300)
+endif()

@@ -15,7 +15,7 @@ from dataclasses import dataclass
 
 from project import Project
 
-TEST = ("core", "test", "desktop")
+TEST = ("core", "test", "desktop", "package")
 
 
 @dataclass(frozen=True)
@@ -29,6 +29,7 @@ class Command:
 COMMANDS = (
     Command("./run", ("core", "desktop"), ("run", "scripts/common.sh", "src/", "cmake/", "CMakeLists.txt")),
     Command("./test", TEST, ("test", "scripts/common.sh", "src/", "tests/", "tools/", "cmake/", ".ci/")),
+    Command("scripts/package", ("core", "desktop", "package"), ("scripts/package", "scripts/common.sh", "cmake/")),
     Command("./test --long", (*TEST, "fuzz"), ("tests/fuzz/", "tests/support/")),
     Command("bench/run", (*TEST, "bench"), ("bench/",)),
     Command("scripts/screenshots", TEST, ("scripts/screenshots", "tools/")),

@@ -48,15 +48,18 @@ class OpenFile {
 };
 
 // At work the ledger keeps a log. Its counter of changes starts anywhere, so that a log of another ledger does not
-// begin where this one ends. (SQLite's own way to the log would make files beside this one.)
+// begin where this one ends. (SQLite's own way to the log would make files beside this one.) By the mark a desktop
+// tells a ledger from other databases.
 void setHead(const OpenFile& file) {
   constexpr off_t versionsPlace = 18;
   constexpr off_t counterPlace = 24;
+  constexpr off_t markPlace = 68;
   constexpr off_t countedPlace = 92;
   std::random_device random;
   const auto counter = asFigure(static_cast<std::uint32_t>(random()) >> 1U | 1U);
   file.write("\2\2", versionsPlace);
   file.write(counter, counterPlace);
+  file.write("TzAL", markPlace);
   file.write(counter, countedPlace);
 }
 

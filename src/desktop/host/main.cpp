@@ -1,6 +1,7 @@
 // tzassistant-desktop [LEDGER] [-ERPCONSOLE | -ERPSINGLE]: opens a ledger, logs an operator on and shows the navigator.
 // Without a ledger, or when it cannot be opened, the start window asks for one.
 #include <QApplication>
+#include <QIcon>
 
 #include "core/platform/standard_streams.h"
 #include "desktop/frame/globals.h"
@@ -39,6 +40,8 @@ int main(int argc, char** argv) {
   (void)tz::platform::takeVariable("TZ_PASSWORD");  // the command line's; no program that is opened from here learns it
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  QGuiApplication::setDesktopFileName(QStringLiteral("tzassistant"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/res/tzassistant.svg")));
   tz::installFonts();
   tz::installLanguage();
   tz::installManualKey();
