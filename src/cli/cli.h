@@ -19,6 +19,8 @@ void addReportsCommand(CLI::App& app, Work& work);
 [[nodiscard]] std::function<void(int reportId)> addReportCommand(CLI::App& app, Work& work);
 void addFindCommand(CLI::App& app, Work& work);
 void addLedgerCommand(CLI::App& app, Work& work);
+void addLogCommand(CLI::App& app, Work& work);
+void addOperatorCommand(CLI::App& app, Work& work);
 void addVoucherCommand(CLI::App& app, Work& work);
 void addOpenCommand(CLI::App& app, Work& work);
 void addCompletionCommand(CLI::App& app, Work& work);

@@ -7,6 +7,7 @@
 #include "cli/ledger_names.h"
 #include "core/catalogue/catalogue.h"
 #include "core/data/amount_format.h"
+#include "core/operators/right_table.h"
 #include "core/reports/parameter.h"
 
 namespace tz::cli {
@@ -116,8 +117,16 @@ void addReports(Candidates& found) {
   }
 }
 
+void addRights(Candidates& found) {
+  for (const auto& right : rightTable()) found.words.push_back({std::to_string(right.number), std::string(right.name)});
+}
+
 void addValues(Candidates& found, const TypedLine& line, const CLI::Option& option) {
   addChoices(found, line, option);
+  if (option.get_type_name() == "RIGHT") addRights(found);
+  if (const auto name = nameOf(option); name == "--operator" || name == "--by" || name == "OPERATOR") {
+    for (auto& one : operatorNames(line.given)) found.words.push_back({std::move(one), ""});
+  }
   if (line.command->get_name() != "report") return;
   if (option.get_name() == "ID") return addReports(found);
   const auto* condition = conditionOf(option, line);

@@ -70,6 +70,23 @@ void addExample(CLI::App& command, std::string_view line) {
   command.footer(fmt::format("{}{}例：tzassistant {}", before, before.empty() ? "" : "\n", line));
 }
 
+void addOperatorExamples(CLI::App& app) {
+  auto& parent = *app.get_subcommand("operator");
+  for (const auto& [command, line] :
+       {std::pair("list", "operator list --ledger 示例.db --operator 主管"),
+        std::pair("add", "operator add 李明 --ledger 示例.db --right 个人往来 --operator 主管"),
+        std::pair("rights", "operator rights 王会计 --ledger 示例.db --give 个人往来 --take 12 --operator 主管"),
+        std::pair("rename", "operator rename 王会计 王芳 --ledger 示例.db --operator 主管"),
+        std::pair("password", "operator password 王会计 --ledger 示例.db"),
+        std::pair("remove", "operator remove 王会计 --ledger 示例.db --operator 主管")}) {
+    addExample(*parent.get_subcommand(command), line);
+  }
+  addExample(parent, "operator add 主管 --ledger 示例.db --all");
+  for (const char* line : {"log --ledger 示例.db", "log --ledger 示例.db --by 王会计 --from 2025-03-01 --as json"}) {
+    addExample(*app.get_subcommand("log"), line);
+  }
+}
+
 }  // namespace
 
 void addReportExamples(CLI::App& app, int reportId) {
@@ -99,6 +116,7 @@ void addExamples(CLI::App& app, int reportId) {
                            "find 记-12 --ledger 示例.db", "find --ledger 示例.db -- -300"}) {
     addExample(*app.get_subcommand("find"), line);
   }
+  addOperatorExamples(app);
   addExample(*app.get_subcommand("completion"), "completion bash");
   addReportExamples(app, reportId);
 }

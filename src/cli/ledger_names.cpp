@@ -17,7 +17,7 @@ std::string givenFor(const GivenValues& given, const char* name) {
 
 // The ledger's path; empty when none is named or it is no file. A shell hands over "~/" as it was typed.
 std::string ledgerFile(const GivenValues& given) {
-  auto path = givenFor(given, "--ledger");
+  auto path = givenFor(given, given.contains("--ledger") ? "--ledger" : "LEDGER");
   const char* home = std::getenv("HOME");
   if (path.starts_with("~/") && home != nullptr) path.replace(0, 1, home);
   std::error_code ignored;
@@ -54,6 +54,20 @@ std::vector<std::pair<std::string, std::string>> ledgerNames(const Parameter& co
       auto beside = entry.text == word ? entry.beside : entry.text.substr(word.size() + 1);
       names.emplace_back(std::move(word), std::move(beside));
     }
+  } catch (const DbError&) {
+    names.clear();
+  }
+  return names;
+}
+
+std::vector<std::string> operatorNames(const GivenValues& given) {
+  std::vector<std::string> names;
+  const auto path = ledgerFile(given);
+  if (path.empty()) return names;
+  try {
+    CQnCwDB db(Access::read);
+    db.Open(path);
+    for (const auto& one : db.zOperator_GetInfo("lId > 0 ORDER BY lId")) names.push_back(one.sName);
   } catch (const DbError&) {
     names.clear();
   }

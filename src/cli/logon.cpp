@@ -12,10 +12,14 @@ namespace tz::cli {
 namespace {
 
 std::optional<std::string> givenPassword;
+std::optional<std::string> givenNewPassword;
 
 }  // namespace
 
-void takeGivenPassword() { givenPassword = platform::takeVariable("TZ_PASSWORD"); }
+void takeGivenPasswords() {
+  givenPassword = platform::takeVariable("TZ_PASSWORD");
+  givenNewPassword = platform::takeVariable("TZ_NEW_PASSWORD");
+}
 
 void giveBackPassword() {
   if (givenPassword) platform::giveVariable("TZ_PASSWORD", *givenPassword);
@@ -37,6 +41,22 @@ std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& 
   std::this_thread::sleep_for(logonDelays().Failed(name));
   complain("操作员姓名或口令不对");
   return std::nullopt;
+}
+
+std::optional<std::string> newPassword(const std::string& operatorName) {
+  if (givenNewPassword) return givenNewPassword;
+  const auto name = shownLine(operatorName);
+  auto password = platform::promptPassword(name + " 的新口令：");
+  const auto again = password ? platform::promptPassword("再输入一次：") : std::nullopt;
+  if (!again) {
+    complain("没有新口令：请设环境变量 TZ_NEW_PASSWORD，或在终端上运行");
+    return std::nullopt;
+  }
+  if (*again != *password) {
+    complain("两次输入的口令不同，没有更改");
+    return std::nullopt;
+  }
+  return password;
 }
 
 }  // namespace tz::cli

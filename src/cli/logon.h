@@ -1,4 +1,5 @@
-// Logging on from the command line: the name by --operator, the password from TZ_PASSWORD or a prompt.
+// Logging on from the command line: the name by --operator, the password from TZ_PASSWORD or a prompt. No password ever
+// comes from an argument.
 #pragma once
 
 #include <optional>
@@ -9,12 +10,16 @@
 
 namespace tz::cli {
 
-// Keeps the password that TZ_PASSWORD holds and takes the variable away, so that no program started later learns it.
-void takeGivenPassword();
-// Puts it back, for the program that this one becomes.
+// Keeps the passwords that TZ_PASSWORD and TZ_NEW_PASSWORD hold and takes the variables away, so that no program
+// started later learns them.
+void takeGivenPasswords();
+// Puts that of the logon back, for the program that this one becomes.
 void giveBackPassword();
 
 // The operator, or nothing after a complaint when he cannot be logged on.
 [[nodiscard]] std::optional<Operator> logOnFromTerminal(const CQnCwDB& db, const std::string& name);
+
+// A new password for an operator: from TZ_NEW_PASSWORD, or typed twice at a prompt. Nothing after a complaint.
+[[nodiscard]] std::optional<std::string> newPassword(const std::string& operatorName);
 
 }  // namespace tz::cli

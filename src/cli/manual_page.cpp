@@ -123,6 +123,7 @@ std::string manualPage(const CLI::App& app) {
   text += item("3", "数据库或输出失败") + item("4", "没有权限");
   text += section("环境变量");
   text += item("TZ_PASSWORD", "操作员的口令，不传给分页程序和桌面");
+  text += item("TZ_NEW_PASSWORD", "operator add 和 operator password 的新口令，不传给别的程序");
   text += item("PAGER", "在终端上显示报表的分页程序，缺省为 less；设为 cat 则直接输出，不能运行时也直接输出");
   text += item("NO_COLOR", "终端上不用颜色");
   text += item("PGPASSWORD", "数据库用户的口令；地址中的口令会留在命令历史和进程列表里");

@@ -78,6 +78,8 @@ Status run(int argc, char** argv) {
   if (!reportAlone) {
     addOpenCommand(app, work);
     addLedgerCommand(app, work);
+    addOperatorCommand(app, work);
+    addLogCommand(app, work);
     addReportsCommand(app, work);
     addVoucherCommand(app, work);
   }
@@ -120,7 +122,7 @@ void complain(const std::string& message) {
 int runProgram(int argc, char** argv) {
   platform::openClosedStandardStreams();
   platform::failOnBrokenWrites();
-  takeGivenPassword();
+  takeGivenPasswords();
   auto status = Status::failed;
   try {
     status = run(argc, argv);

@@ -52,10 +52,31 @@ class HelpTest : public ::testing::Test {
       if (word.ends_with(".xlsx") || words.back() == "create") made = word;
     }
     if (!made.empty()) std::filesystem::remove(made);
-    const auto run = runProgram(words);
+    const bool keeping = words.front() == "operator";
+    if (keeping) prepareOperators(line.ends_with("--all"));
+    const auto run = runProgram(words, {"TZ_PASSWORD=" + password_, "TZ_NEW_PASSWORD=" + password_});
+    if (keeping) std::filesystem::copy_file(folder_.file("原来.db"), folder_.file("示例.db"), overwrite);
     EXPECT_EQ(run.status, 0) << line << "\n" << run.err;
     EXPECT_EQ(run.err, "") << line;
     return made.empty() ? run.out : fileBytes(made);
+  }
+  // Examples of operators are of a ledger that has none yet, or of one with 主管 and 王会计. Every one begins so.
+  void prepareOperators(bool none) {
+    const auto ledger = folder_.file("示例.db");
+    const auto original = folder_.file("原来.db");
+    const auto kept = folder_.file("操作员.db");
+    if (!std::filesystem::exists(kept)) {
+      std::filesystem::copy_file(ledger, original);
+      const auto add = [&](Arguments words) {
+        words.insert(words.begin(), {"operator", "add", "--ledger", ledger, "--operator", "主管"});
+        const auto run = runProgram(words, {"TZ_PASSWORD=" + password_, "TZ_NEW_PASSWORD=" + password_});
+        EXPECT_EQ(run.status, 0) << run.err;
+      };
+      add({"主管", "--all"});
+      add({"王会计"});
+      std::filesystem::copy_file(ledger, kept);
+    }
+    std::filesystem::copy_file(none ? original : kept, ledger, overwrite);
   }
   // How many examples the help of a command shows.
   int runExamples(const Arguments& command, const std::string& expected) {
@@ -72,6 +93,8 @@ class HelpTest : public ::testing::Test {
     return examples;
   }
 
+  static constexpr auto overwrite = std::filesystem::copy_options::overwrite_existing;
+  const std::string password_ = "示例的口令足够长";
   TempFolder folder_;
 };
 

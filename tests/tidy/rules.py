@@ -19,10 +19,10 @@ class Finding(NamedTuple):
 # The rooms of src, each with what it may include besides itself: rooms that stand before it.
 ACCOUNTING = ["core/platform", "core/data", "core/grid", "core/output", "core/reports"]
 FAMILIES = ["core/ledger", "core/receivables", "core/plan", "core/projstat"]
-CORE = [*ACCOUNTING, "core/sample", "core/check", "core/archives", "core/voucher", "core/catalogue"]
+CORE = [*ACCOUNTING, "core/sample", "core/check", "core/archives", "core/voucher", "core/catalogue", "core/operators"]
 # The windows are one stair: each room may include every one before it.
 STAIR = ["desktop/res", "desktop/theme", "desktop/frame", "desktop/manual", "desktop/gridview", "desktop/page",
-         "desktop/picking", "desktop/query", "desktop/report", "desktop/shell", "desktop/host"]
+         "desktop/picking", "desktop/query", "desktop/report", "desktop/shell", "desktop/operators", "desktop/host"]
 MAY_INCLUDE = {
     "core/platform": set(),
     "core/data": {"core/platform"},
@@ -35,6 +35,7 @@ MAY_INCLUDE = {
     "core/voucher": set(ACCOUNTING),
     **{family: set(ACCOUNTING) for family in FAMILIES},
     "core/catalogue": {*ACCOUNTING, *FAMILIES},
+    "core/operators": {*ACCOUNTING, "core/catalogue"},
     "cli": set(CORE),
     **{room: {*CORE, *STAIR[:place]} for place, room in enumerate(STAIR)},
     "pages": {"cli", *CORE, *STAIR},

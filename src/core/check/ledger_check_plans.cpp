@@ -83,6 +83,11 @@ void checkOperators(Connection& connection, Report& report) {
   if (!report.tables().has(MarkLogInfo::table)) return;
   readTable<MarkLogInfo>(connection, report, [&](const MarkLogInfo& mark) {
     if (marks.twice(mark.lId)) report.add(mark.table, byId(mark.lId), "lId 重复");
+    // What was planned stands without a voucher: 1 where the plan was there, or is.
+    const int largest = mark.lTieId == 0 ? 1 : 2;
+    if (std::min(mark.byOld, mark.byNew) < 0 || std::max(mark.byOld, mark.byNew) > largest) {
+      report.add(mark.table, byId(mark.lId), fmt::format("标记 {}、{} 应为 0 至 {}", mark.byOld, mark.byNew, largest));
+    }
   });
 }
 

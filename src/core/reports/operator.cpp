@@ -1,6 +1,7 @@
 #include "core/reports/operator.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 #include "core/reports/password_hash.h"
 
@@ -40,5 +41,31 @@ std::optional<Operator> logOn(const LogonQuestion& question, const std::string& 
 }
 
 Operator everybody() { return {.name = {}, .everyRight = true, .rights = {}}; }
+
+Operator withRightsOfNow(const CQnCwDB& db, const Operator& who) {
+  if (who.id == 0) return needsLogon(db) ? Operator{} : who;
+  Operator now{.id = who.id, .name = who.name, .everyRight = false, .rights = {}};
+  const auto rows = db.Current().query(Sql(
+      "SELECT o.bAll, r.nRight FROM zOperator o LEFT JOIN zRight r ON r.lOperatorId = o.lId WHERE o.lId = ?", who.id));
+  while (rows->next()) {
+    now.everyRight = rows->integer(0) != 0;
+    if (rows->kind(1) != CellKind::null) now.rights.insert(static_cast<int>(rows->integer(1)));
+  }
+  return now;
+}
+
+AccessLog& accessLog() {
+  static AccessLog log;
+  return log;
+}
+
+void tellAccess(const AccessEvent& event) {
+  if (accessLog()) accessLog()(event);
+}
+
+CCheckAuth::CCheckAuth(const Operator& who, int right, int /*always1*/, std::string_view reportName)
+    : granted_(who.may(right)) {
+  if (!granted_) tellAccess({AccessEvent::Kind::rightRefused, who.name, fmt::format("{}（{} 号）", reportName, right)});
+}
 
 }  // namespace tz

@@ -1,6 +1,7 @@
 // Who works with a ledger and what he may do. A ledger without operators needs no logon: everything is granted.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -40,13 +41,27 @@ struct LogonQuestion {
 [[nodiscard]] std::optional<Operator> logOn(const LogonQuestion& question, const std::string& password);
 // What somebody is who need not log on.
 [[nodiscard]] Operator everybody();
+// Somebody who has logged on with the rights that the ledger gives him now: none once he is no longer there, and none
+// for whoever needed no logon in a ledger that has got operators meanwhile.
+[[nodiscard]] Operator withRightsOfNow(const CQnCwDB& db, const Operator& who);
+
+// Who was let in and who was not, for whoever looks after the ledger.
+struct AccessEvent {
+  enum class Kind { loggedOn, logonRefused, rightRefused };
+  Kind kind;
+  std::string who;
+  std::string what;  // the ledger, or the report with its right
+};
+// Told of every such event on the thread where it happens; empty: nobody is told.
+using AccessLog = std::function<void(const AccessEvent&)>;
+[[nodiscard]] AccessLog& accessLog();
+void tellAccess(const AccessEvent& event);
 
 // The rights check in front of every report command: true when the operator may do what the number stands for. The
-// second argument is 1 for every command; the name is the report's, for the log.
+// second argument is 1 for every command; the name is the report's, for the log, which is told of a refusal.
 class CCheckAuth {
  public:
-  CCheckAuth(const Operator& who, int right, int /*always1*/, std::string_view /*reportName*/)
-      : granted_(who.may(right)) {}
+  CCheckAuth(const Operator& who, int right, int /*always1*/, std::string_view reportName);
   explicit operator bool() const { return granted_; }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <sodium.h>
 #include <stdexcept>
@@ -14,6 +15,7 @@ namespace {
 
 struct PasswordLibrary {
   decltype(&::sodium_init) init = nullptr;
+  decltype(&::crypto_pwhash_str_alg) make = nullptr;
   decltype(&::crypto_pwhash_str_verify) verify = nullptr;
 };
 
@@ -24,8 +26,10 @@ const PasswordLibrary& passwordLibrary() {
     if (library == nullptr) throw std::runtime_error("核对口令需要 libsodium，本机没有安装");
     PasswordLibrary found;
     found.init = reinterpret_cast<decltype(found.init)>(platform::functionOf(library, "sodium_init"));
+    found.make = reinterpret_cast<decltype(found.make)>(platform::functionOf(library, "crypto_pwhash_str_alg"));
     found.verify = reinterpret_cast<decltype(found.verify)>(platform::functionOf(library, "crypto_pwhash_str_verify"));
-    if (found.init == nullptr || found.verify == nullptr) throw std::runtime_error("libsodium 太旧");
+    if (found.init == nullptr || found.make == nullptr || found.verify == nullptr)
+      throw std::runtime_error("libsodium 太旧");
     if (found.init() < 0) throw std::runtime_error("the password library does not start");
     return found;
   }();
@@ -64,6 +68,16 @@ bool acceptableHash(const std::string& hash) {
 const std::string& nobodysHash() {
   static const std::string hash =
       "$argon2id$v=19$m=65536,t=2,p=1$AAAAAAAAAAAAAAAAAAAAAA$AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
+  return hash;
+}
+
+std::string passwordHash(const std::string& password) {
+  std::string hash(crypto_pwhash_STRBYTES, '\0');
+  if (passwordLibrary().make(hash.data(), password.data(), password.size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                             crypto_pwhash_MEMLIMIT_INTERACTIVE, crypto_pwhash_ALG_ARGON2ID13) != 0) {
+    throw std::bad_alloc();
+  }
+  hash.resize(hash.find('\0'));
   return hash;
 }
 

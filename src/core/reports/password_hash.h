@@ -9,6 +9,8 @@ namespace tz {
 [[nodiscard]] bool acceptableHash(const std::string& hash);
 // The hash of no password, as dear as a usual one.
 [[nodiscard]] const std::string& nobodysHash();
+// Of a new password: argon2id with 64 MiB and two passes. May run on any thread.
+[[nodiscard]] std::string passwordHash(const std::string& password);
 // Takes as long as the hash demands; may run on any thread.
 [[nodiscard]] bool passwordFits(const std::string& hash, const std::string& password);
 

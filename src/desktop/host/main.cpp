@@ -37,7 +37,9 @@ Arguments readArguments() {
 int main(int argc, char** argv) {
   tz::platform::openClosedStandardStreams();
   tz::platform::failOnBrokenWrites();
-  (void)tz::platform::takeVariable("TZ_PASSWORD");  // the command line's; no program that is opened from here learns it
+  // The command line's; no program that is opened from here learns them.
+  (void)tz::platform::takeVariable("TZ_PASSWORD");
+  (void)tz::platform::takeVariable("TZ_NEW_PASSWORD");
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setDesktopFileName(QStringLiteral("tzassistant"));
