@@ -21,6 +21,7 @@ void addFindCommand(CLI::App& app, Work& work);
 void addLedgerCommand(CLI::App& app, Work& work);
 void addLogCommand(CLI::App& app, Work& work);
 void addOperatorCommand(CLI::App& app, Work& work);
+void addClearCommand(CLI::App& app, Work& work);
 void addVoucherCommand(CLI::App& app, Work& work);
 void addOpenCommand(CLI::App& app, Work& work);
 void addCompletionCommand(CLI::App& app, Work& work);

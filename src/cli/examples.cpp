@@ -26,6 +26,7 @@ constexpr std::array sampleValues = {
     SampleValue{ParameterKey::from, "1"},
     SampleValue{ParameterKey::to, "3"},
     SampleValue{ParameterKey::cutoff, "2025-03-31"},
+    SampleValue{ParameterKey::month, "3"},
 };
 
 // An account on which the sample company keeps what the area is about.
@@ -87,6 +88,18 @@ void addOperatorExamples(CLI::App& app) {
   }
 }
 
+void addClearExamples(CLI::App& app) {
+  auto& clear = *app.get_subcommand("clear");
+  addExample(clear, "clear match --ledger 示例.db --kind unit --unit 江淮重工集团");
+  for (const auto& [name, rest] : {std::pair{"toggle", "--line 27"},
+                                   {"reverse", "--kind unit --yes"},
+                                   {"check", "--account 112201 --unit 江淮重工集团 --month 3 --as json"},
+                                   {"match", "--kind person --dept 销售部 --as json"},
+                                   {"undo", "--as json"}}) {
+    addExample(*clear.get_subcommand(name), fmt::format("clear {} --ledger 示例.db {}", name, rest));
+  }
+}
+
 }  // namespace
 
 void addReportExamples(CLI::App& app, int reportId) {
@@ -117,6 +130,7 @@ void addExamples(CLI::App& app, int reportId) {
     addExample(*app.get_subcommand("find"), line);
   }
   addOperatorExamples(app);
+  addClearExamples(app);
   addExample(*app.get_subcommand("completion"), "completion bash");
   addReportExamples(app, reportId);
 }

@@ -86,6 +86,7 @@ Status run(int argc, char** argv) {
   auto addConditions = addReportCommand(app, work);
   if (!reportAlone) {
     addFindCommand(app, work);
+    addClearCommand(app, work);
     addCompletionCommand(app, work);
   }
   const int reportId = namedReport(app, words);

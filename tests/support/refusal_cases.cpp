@@ -239,6 +239,26 @@ const std::vector<RefusalCase> ofUnits = {
     {.command = 10210, .text = "没有符合条件的科目!", .change = noAccounts},
 };
 
+const std::vector<RefusalCase> ofClearing = {
+    {.command = 10192, .text = "没有个人两清数据,不能查", .change = noAccounts},
+    {.command = 10192,
+     .text = "没有查到符合要求的科目。",
+     .values = {{Key::dept, "销售部"}, {Key::person, "张三"}},
+     .accountErased = true},
+    {.command = 10192, .text = "部门不能为空,请重新输入。", .values = {{Key::account, "122101"}}},
+    {.command = 10192,
+     .text = "非法的部门，请重新输入。",
+     .values = {{Key::account, "122101"}, {Key::dept, "没有的部"}}},
+    {.command = 10192,
+     .text = "非法的人员,请重新输入。",
+     .values = {{Key::account, "122101"}, {Key::dept, "销售部"}, {Key::person, "没有的人"}}},
+    {.command = 10192,
+     .text = "该用户不属于该部门，请重新输入其他名字。",
+     .values = {{Key::account, "122101"}, {Key::dept, "销售部"}, {Key::person, "李四"}}},
+    {.command = 10211, .text = "没有查到符合要求的科目。", .change = noAccounts},
+    {.command = 10211, .text = "非法的单位", .values = {{Key::account, "112201"}, {Key::unit, "没有的单位"}}},
+};
+
 }  // namespace
 
 Request RefusalCase::request() const {
@@ -252,7 +272,7 @@ Request RefusalCase::request() const {
 std::vector<RefusalCase> refusalCases() {
   std::vector<RefusalCase> cases;
   for (const auto* part :
-       {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists, &ofBalances, &ofProjectGenerals}) {
+       {&ofPersons, &ofDepartments, &ofProjects, &ofUnits, &ofLists, &ofBalances, &ofProjectGenerals, &ofClearing}) {
     cases.insert(cases.end(), part->begin(), part->end());
   }
   addPersonCases(cases, 10188, "");

@@ -6,6 +6,7 @@
 #include "core/ledger/balance_report.h"
 #include "core/ledger/detail_report.h"
 #include "core/ledger/period_report.h"
+#include "core/receivables/clearing_report.h"
 
 namespace tz {
 
@@ -16,6 +17,7 @@ std::span<const ReportDefinition* const> catalogue() {
     add(detailReports());
     add(balanceReports());
     add(periodReports());
+    add(clearingReports());
     std::ranges::sort(all, {}, [](const auto* report) { return report->command; });
     return all;
   }();

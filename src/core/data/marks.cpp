@@ -88,6 +88,10 @@ std::vector<LineMark> marksNow(Connection& connection, const Changes& changes) {
 
 }  // namespace
 
+std::vector<LineMark> readMarks(Connection& connection, std::span<const MarkChange> lines) {
+  return marksNow(connection, inOrder(lines));
+}
+
 MarkOutcome writeMarks(Connection& connection, std::span<const MarkChange> changes, const MarkOrigin& origin) {
   if (changes.empty()) return MarksWritten{};
   const auto sorted = inOrder(changes);

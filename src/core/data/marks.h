@@ -45,6 +45,10 @@ struct MarksOvertaken {
 };
 using MarkOutcome = std::variant<MarksWritten, MarksOvertaken>;
 
+// The marks of these lines now, by voucher and line; a line that is gone is left out. What was read and is wanted does
+// not matter.
+[[nodiscard]] std::vector<LineMark> readMarks(Connection& connection, std::span<const MarkChange> lines);
+
 // One transaction of its own; each line may be named once. Throws DbError, after which nothing is written.
 [[nodiscard]] MarkOutcome writeMarks(Connection& connection, std::span<const MarkChange> changes,
                                      const MarkOrigin& origin);

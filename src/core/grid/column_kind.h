@@ -10,7 +10,8 @@ namespace tz {
 enum class ColumnKind : std::uint8_t {
   text,
   date,
-  amount,  // home currency: balances and others that no line adds to
+  isoDate,  // "2006-01-05"; other dates are "2006.01.05"
+  amount,   // home currency: balances and others that no line adds to
   quantity,
   foreign,
   price,
@@ -66,6 +67,7 @@ inline constexpr std::array columnKinds = [] {
   return std::array{
       ColumnTraits{ColumnKind::text, text, sixDecimals},
       ColumnTraits{ColumnKind::date, date, sixDecimals},
+      ColumnTraits{ColumnKind::isoDate, date, sixDecimals},
       ColumnTraits{ColumnKind::amount, number, amountForm, "金额"},
       ColumnTraits{ColumnKind::quantity, number, fourDecimals, "数量"},
       ColumnTraits{ColumnKind::foreign, number, amountForm, "外币"},

@@ -126,9 +126,10 @@ void appendExactFigure(std::string& out, double value) {
   out.append(text.data(), end);
 }
 
-void appendDate(std::string& out, Date date) {
+void appendDate(std::string& out, Date date, ColumnKind kind) {
+  const char separator = kind == ColumnKind::isoDate ? '-' : '.';
   if (!hasUsualWidth(date)) {
-    out += fmt::format("{}.{:02}.{:02}", date.year, date.month, date.day);
+    out += fmt::format("{}{}{:02}{}{:02}", date.year, separator, date.month, separator, date.day);
     return;
   }
   std::array<char, usualDateWidth> text;
@@ -138,7 +139,7 @@ void appendDate(std::string& out, Date date) {
   };
   put(0, date.year / 100);
   put(2, date.year);
-  text[4] = text[7] = '.';
+  text[4] = text[7] = separator;
   put(5, date.month);
   put(8, date.day);
   out.append(text.data(), text.size());

@@ -13,8 +13,8 @@ namespace tz {
 void appendFigure(std::string& out, double value, ColumnKind kind);
 // Appends a finite figure at full precision for other programs: the shortest digits that read back as the same value.
 void appendExactFigure(std::string& out, double value);
-// "2006.01.05".
-void appendDate(std::string& out, Date date);
+// "2006.01.05", or as a column of this kind shows it.
+void appendDate(std::string& out, Date date, ColumnKind kind = ColumnKind::date);
 // "记-0001".
 void appendVoucher(std::string& out, std::string_view word, int number);
 // Years of four digits give dates of ten signs.

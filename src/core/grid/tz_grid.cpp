@@ -132,7 +132,7 @@ std::string CTzGrid::ShownAt(std::int64_t row, int column) const {
       appendFigure(shown, NumberAt(row, column), columns_[static_cast<std::size_t>(column)].kind);
       break;
     case CellType::date:
-      appendDate(shown, DateAt(row, column));
+      appendDate(shown, DateAt(row, column), columns_[static_cast<std::size_t>(column)].kind);
       break;
   }
   return shown;

@@ -80,7 +80,7 @@ void appendCsvCell(std::string& out, const CTzGrid& grid, std::int64_t row, int 
       appendCsvNumber(out, grid.NumberAt(row, column));
       break;
     case CTzGrid::CellType::date:
-      appendDate(out, grid.DateAt(row, column));
+      appendDate(out, grid.DateAt(row, column), grid.Columns()[static_cast<std::size_t>(column)].kind);
       break;
   }
 }

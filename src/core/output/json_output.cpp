@@ -99,7 +99,7 @@ void appendCell(std::string& out, const CTzGrid& grid, std::int64_t row, int col
     appendNumber(out, grid.NumberAt(row, column));
   } else if (type == CTzGrid::CellType::date) {
     out += '"';
-    appendDate(out, grid.DateAt(row, column));
+    appendDate(out, grid.DateAt(row, column), grid.Columns()[static_cast<std::size_t>(column)].kind);
     out += '"';
   } else if (text.empty()) {
     out += "null";
@@ -135,7 +135,8 @@ void appendJsonHead(std::string& out, const ComputedReport& report) {
   out += "],\n \"rows\": [";
 }
 
-void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
+void appendJsonRow(std::string& out, const ComputedReport& report, std::int64_t row) {
+  const CTzGrid& grid = report.grid;
   out += row == 0 ? "\n  {\"cells\": [" : ",\n  {\"cells\": [";
   for (int column = 0; column < grid.GetCols(); ++column) {
     if (column > 0) out += ", ";
@@ -143,7 +144,12 @@ void appendRow(std::string& out, const CTzGrid& grid, std::int64_t row) {
   }
   out += "], \"background\": ";
   appendBackground(out, grid.BackgroundAt(row));
-  out += ", \"data\": " + std::to_string(grid.RowDataAt(row)) + "}";
+  out += ", \"data\": " + std::to_string(grid.RowDataAt(row));
+  if (report.namesLines) {
+    const auto line = report.subjects.line(row);
+    out += ", \"line\": " + (line ? std::to_string(line->line) : "null");
+  }
+  out += '}';
 }
 
 }  // namespace
@@ -152,7 +158,7 @@ bool writeJson(const ComputedReport& report, const Sink& sink) {
   BlockWriter writer(sink);
   appendJsonHead(writer.text, report);
   for (std::int64_t row = 0; row < report.grid.GetRows(); ++row) {
-    appendRow(writer.text, report.grid, row);
+    appendJsonRow(writer.text, report, row);
     if (!writer.HandOver()) return false;
   }
   writer.text += "],\n \"notices\": ";

@@ -43,7 +43,8 @@ struct ComputedReport {
   std::string fileName;
   std::optional<CarriedColumns> carried = {};  // none for reports that carry nothing over
   CTzGrid grid;
-  RowSubjects subjects;  // of the grid's rows
+  RowSubjects subjects;     // of the grid's rows
+  bool namesLines = false;  // JSON names the voucher line of each row
   // What a coloured row means, for outputs without colours; empty when no row can be coloured.
   std::string highlightMeaning;
   // What the rows were computed for: the conditions with every name resolved, and the amount formats that these offer,

@@ -160,7 +160,7 @@ class TextWriter {
     const bool coloured = grid_.BackgroundAt(row) != noColour;
     if (coloured) Colour(greenGround);
     Line line(out_);
-    if (coloured) line.Put(0, 1, "*");
+    if (coloured && !report_.highlightMeaning.empty()) line.Put(0, 1, "*");
     for (int i = 0; i < grid_.GetCols(); ++i) {
       const TextColumn& column = layout_.columns[static_cast<std::size_t>(i)];
       switch (grid_.TypeAt(row, i)) {
@@ -172,7 +172,7 @@ class TextWriter {
           break;
         case CTzGrid::CellType::date:
           figure_.clear();
-          appendDate(figure_, grid_.DateAt(row, i));
+          appendDate(figure_, grid_.DateAt(row, i), grid_.Columns()[static_cast<std::size_t>(i)].kind);
           WriteText(line, column, figure_);
           break;
         case CTzGrid::CellType::empty:

@@ -11,6 +11,8 @@ const char* numberFormat(XlsxCell cell) {
   switch (cell) {
     case XlsxCell::date:
       return "yyyy.mm.dd";
+    case XlsxCell::isoDate:
+      return "yyyy-mm-dd";
     case XlsxCell::amount:
       return "#,##0.00;[Red]-#,##0.00";
     case XlsxCell::price:
@@ -56,7 +58,7 @@ lxw_format* XlsxFormats::Make(XlsxCell cell, bool bold, Rgb ground) {
   if (const char* form = numberFormat(cell)) library_.setNumberFormat(format, form);
   if (bold) library_.setBold(format);
   if (ground != noColour) library_.setGround(format, ground);
-  if (cell == XlsxCell::date) library_.setAlign(format, LXW_ALIGN_LEFT);
+  if (cell == XlsxCell::date || cell == XlsxCell::isoDate) library_.setAlign(format, LXW_ALIGN_LEFT);
   if (cell == XlsxCell::textRight) library_.setAlign(format, LXW_ALIGN_RIGHT);
   if (cell == XlsxCell::title) library_.setFontSize(format, 16);
   if (cell == XlsxCell::title || cell == XlsxCell::caption || cell == XlsxCell::group) {

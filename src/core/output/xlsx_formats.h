@@ -14,6 +14,7 @@ enum class XlsxCell : std::uint8_t {
   text,
   textRight,
   date,
+  isoDate,
   amount,
   price,
   quantity,

@@ -177,13 +177,14 @@ class XlsxWriter {
   }
 
   void WriteDateCell(int column, Date date, bool bold, Rgb ground) {
+    const ColumnKind kind = grid_.Columns()[static_cast<std::size_t>(column)].kind;
     if (inSheetCalendar(date)) {
       lxw_datetime cell{date.year, date.month, date.day, 0, 0, 0};
-      lxw_format* format = formats_.Get(XlsxCell::date, bold, ground);
+      lxw_format* format = formats_.Get(kind == ColumnKind::isoDate ? XlsxCell::isoDate : XlsxCell::date, bold, ground);
       library_.check(library_.writeDate(sheet_, Row(), static_cast<lxw_col_t>(column), &cell, format));
     } else {
       std::string text;
-      appendDate(text, date);
+      appendDate(text, date, kind);
       WriteText(column, text, formats_.Get(XlsxCell::text, bold, ground));
     }
   }

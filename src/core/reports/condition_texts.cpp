@@ -37,6 +37,11 @@ std::vector<std::string> conditionTexts(const ReportDefinition& report, const Co
   for (const auto& toggle : rowToggles) {
     if (conditions.request.flag(toggle.key)) texts.emplace_back(parameter(toggle.key).label);
   }
+  for (const auto& tab : toolbarTabs) {
+    if (conditions.request.text(tab.key) != tab.value || conditions.request.choice(tab.key) == 0) continue;
+    const auto& told = parameter(tab.key);
+    texts.push_back(fmt::format("{}: {}", told.label, told.choices[conditions.request.choice(tab.key)].caption));
+  }
   if (report.formats != nullptr && conditions.format != AmountFormat::amount) {
     texts.push_back(fmt::format("金额格式: {}", formatName(conditions.format)));
   }

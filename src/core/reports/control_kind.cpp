@@ -210,6 +210,7 @@ const std::array kinds = {
                 .told = tellAccountRange,
                 .inFileName = nameFileByAccounts},
     ControlKind{.kind = Kind::months, .keys = monthKeys},
+    ControlKind{.kind = Kind::month},
     ControlKind{.kind = Kind::amountRange, .keys = amountKeys, .told = tellAmountRange},
     ControlKind{.kind = Kind::side, .told = tellSide},
     ControlKind{.kind = Kind::date, .told = tellDate},

@@ -33,6 +33,7 @@ struct ControlSpec {
     projectRange,  // two combos from and to, which a button may unfold
     accountRange,  // the same for accounts
     months,
+    month,  // the last one
     amountRange,
     side,
     date,

@@ -34,9 +34,11 @@ enum class ParameterKey {
   side,
   cutoff,
   analysis,
+  month,
   creditLimit,
   unitGrouping,
   deptGrouping,
+  clearingGrouping,
   hideDetails,
   hideZero,
   format,
@@ -62,6 +64,12 @@ inline constexpr std::array unitGroupings = {ParameterChoice{"unit", "按单位�
 // Of the projects' department ledger: which departments' projects, or which project's departments stand together.
 inline constexpr std::array deptGroupings = {ParameterChoice{"dept", "按部门查"},
                                              ParameterChoice{"project", "按项目查"}};
+
+// Of unit two-clearing: what the lines stand together by.
+enum class ClearingGrouping : std::uint8_t { date, dept, project, clerk };
+inline constexpr std::array clearingGroupings = {ParameterChoice{"date", "按日期"}, ParameterChoice{"dept", "按部门"},
+                                                 ParameterChoice{"project", "按项目"},
+                                                 ParameterChoice{"clerk", "按业务员"}};
 
 struct Parameter {
   enum class Kind {

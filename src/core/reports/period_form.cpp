@@ -30,6 +30,14 @@ std::string months::inSubject(const Conditions& conditions, int year) {
   return fmt::format("{}.{:02}–{}.{:02}", year, conditions.from, year, conditions.to);
 }
 
+std::string last_month::text(const Conditions& conditions, int year) {
+  return fmt::format("截止月份: {:4}.{:02}", year, conditions.to);
+}
+
+std::string last_month::alone(const Conditions& conditions, int year) {
+  return fmt::format("{:4}.{:02}", year, conditions.to);
+}
+
 std::string periodIn(PeriodForm::Text form, const Conditions& conditions, int year) {
   return form == nullptr ? std::string() : form(conditions, year);
 }

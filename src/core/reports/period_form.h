@@ -43,6 +43,20 @@ inline constexpr PeriodForm monthsPeriod{
     .inSubject = months::inSubject,
     .tells = ParameterKey::from,
 };
+// "截止月份: 2006.03", in names and lists "2006.03".
+namespace last_month {
+[[nodiscard]] std::string text(const Conditions& conditions, int year);
+[[nodiscard]] std::string alone(const Conditions& conditions, int year);
+}  // namespace last_month
+
+inline constexpr PeriodForm lastMonthPeriod{
+    .text = last_month::text,
+    .painted = last_month::text,
+    .printed = last_month::text,
+    .inFileName = last_month::alone,
+    .inSubject = last_month::alone,
+    .tells = ParameterKey::month,
+};
 inline constexpr PeriodForm noPeriod{};
 
 // Empty for a form that is missing.

@@ -86,7 +86,8 @@ struct ReportDefinition {
   std::span<const LaunchCheck> launchChecks = {};
   bool busyBox = false;  // while it computes, a box says so, besides the status line
   DetailOf detail = nullptr;
-  FindOf find = nullptr;  // null: nothing is found by a member
+  DetailOf generalLedger = nullptr;  // where the command for it leads
+  FindOf find = nullptr;             // null: nothing is found by a member
   // What makes its window do more than show, under the name that the windows' registry has it; empty for none.
   std::string_view feature = {};
 };
@@ -99,8 +100,21 @@ struct RowToggle {
 inline constexpr std::array rowToggles = {RowToggle{WindowCommand::groupRows, ParameterKey::hideDetails},
                                           RowToggle{WindowCommand::zeroRows, ParameterKey::hideZero}};
 
-// The conditions that a report takes: those of its dialog, the toggles of its toolbar, and the amount format where it
-// has formats.
+// Tabs of a toolbar, one of which is on: the value that each gives to a condition.
+struct ToolbarTab {
+  WindowCommand command;
+  ParameterKey key;
+  std::string_view value;
+};
+inline constexpr std::array toolbarTabs = {
+    ToolbarTab{WindowCommand::tabDate, ParameterKey::clearingGrouping, "date"},
+    ToolbarTab{WindowCommand::tabDept, ParameterKey::clearingGrouping, "dept"},
+    ToolbarTab{WindowCommand::tabProject, ParameterKey::clearingGrouping, "project"},
+    ToolbarTab{WindowCommand::tabClerk, ParameterKey::clearingGrouping, "clerk"},
+};
+
+// The conditions that a report takes: those of its dialog, the toggles and tabs of its toolbar, and the amount format
+// where it has formats.
 [[nodiscard]] std::vector<ParameterKey> parametersOf(const ReportDefinition& report);
 // Where the dialog has a list of accounts, several can be named: the option may be given once for each.
 [[nodiscard]] bool takesSeveral(const ReportDefinition& report, ParameterKey key);

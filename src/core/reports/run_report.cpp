@@ -82,6 +82,10 @@ std::vector<ParameterKey> parametersOf(const ReportDefinition& report) {
   for (const auto& toggle : rowToggles) {
     if (std::ranges::find(report.toolbar, toggle.command) != report.toolbar.end()) keys.push_back(toggle.key);
   }
+  for (const auto& tab : toolbarTabs) {
+    const bool first = std::ranges::find(keys, tab.key) == keys.end();
+    if (first && std::ranges::find(report.toolbar, tab.command) != report.toolbar.end()) keys.push_back(tab.key);
+  }
   if (report.formats != nullptr) keys.push_back(ParameterKey::format);
   return keys;
 }

@@ -38,6 +38,11 @@ bool takeAccount(const DialogSpec& dialog, CheckContext& context) {
 // Months that are left out: where none are asked for, the report is about the whole year.
 void takeMonths(const DialogSpec& dialog, const Session& session, const Request& request, Conditions& conditions) {
   constexpr int lastMonth = 12;
+  if (hasControl(dialog, ControlSpec::Kind::month)) {
+    conditions.from = 1;
+    conditions.to = monthOr(request, ParameterKey::month, session.logon.month);
+    return;
+  }
   const bool given = request.month(ParameterKey::from) != 0 || request.month(ParameterKey::to) != 0;
   const bool asks = given || hasControl(dialog, ControlSpec::Kind::months);
   conditions.from = monthOr(request, ParameterKey::from, asks ? session.logon.month : 1);

@@ -15,10 +15,18 @@ enum class WindowCommand {
   reverseClearing = 50029,
   query = 50031,
   detail = 50052,
+  generalLedger = 50053,
   planReport = 50058,
+  matchLines = 50061,
+  checkClearing = 50063,
   planView = 50066,
   groupRows = 50077,
   zeroRows = 50078,
+  tabDate = 50079,
+  tabDept = 50080,
+  tabProject = 50081,
+  tabClerk = 50083,
+  undoMarks = 50084,
 };
 
 }  // namespace tz

@@ -71,6 +71,39 @@ class ComboField : public QueryField {
   ComboList offer_;
 };
 
+void takeMonth(Request& request, ParameterKey key, const CUsefulCombox& month) {
+  const auto unknown = month.UnknownText();
+  if (!unknown.empty()) throw WrongUse(key, messages::notListed(unknown));
+  setText(request, key, month.currentIndex() < 0 ? "" : std::to_string(month.CurrentDatum()));
+}
+
+constexpr int signsOfMonth = 7;  // "2006.01"
+
+// One month, the last one that is listed; that of the logon unless something else is asked for.
+class MonthField : public QueryField {
+ public:
+  MonthField(const ControlSpec& spec, QWidget* dialog) : QueryField(spec), month_(madeCombo(spec.id, dialog)) {
+    nameCombo(*month_, toQt(parameter(spec.key).label));
+    month_->setMinimumContentsLength(signsOfMonth);
+  }
+  QWidget* Row() override { return month_; }
+  std::vector<QWidget*> Stops() override { return {month_}; }
+  void Fill(const DialogSpec& /*dialog*/, Session& session) override {
+    month_->FillMonths(session.logon.year);
+    logonMonth_ = session.logon.month;
+  }
+  void Show(const Request& request) override {
+    const int month = request.month(Spec().key);
+    month_->SelectDatum(month == 0 ? logonMonth_ : month);
+  }
+  void Take(Request& request) const override { takeMonth(request, Spec().key, *month_); }
+  void Demand() const override { demandChoice(*month_, Spec().key); }
+
+ private:
+  CUsefulCombox* month_;
+  int logonMonth_ = 1;
+};
+
 // Two months, with the months that are asked for most as buttons beside them: these are one stop of the Tab key, the
 // arrow keys move among them.
 class MonthsField : public QueryField {
@@ -82,8 +115,7 @@ class MonthsField : public QueryField {
         last_(madeCombo(spec.companion, row_)) {
     nameCombo(*first_, QStringLiteral("起始月份"));
     nameCombo(*last_, QStringLiteral("终止月份"));
-    constexpr int signs = 7;  // "2006.01"
-    for (CUsefulCombox* month : {first_, last_}) month->setMinimumContentsLength(signs);
+    for (CUsefulCombox* month : {first_, last_}) month->setMinimumContentsLength(signsOfMonth);
     auto* layout = rowLayout(row_);
     layout->addWidget(first_, 1);
     layout->addWidget(new QLabel(QStringLiteral("至"), row_));
@@ -105,8 +137,8 @@ class MonthsField : public QueryField {
     last_->SelectDatum(MonthOr(request, ParameterKey::to));
   }
   void Take(Request& request) const override {
-    TakeMonth(request, Spec().key, *first_);
-    TakeMonth(request, ParameterKey::to, *last_);
+    takeMonth(request, Spec().key, *first_);
+    takeMonth(request, ParameterKey::to, *last_);
   }
   void Demand() const override {
     demandChoice(*first_, Spec().key);
@@ -128,11 +160,6 @@ class MonthsField : public QueryField {
     group_->addButton(button);
     buttons_.push_back(button);
     return button;
-  }
-  static void TakeMonth(Request& request, ParameterKey key, const CUsefulCombox& month) {
-    const auto unknown = month.UnknownText();
-    if (!unknown.empty()) throw WrongUse(key, messages::notListed(unknown));
-    setText(request, key, month.currentIndex() < 0 ? "" : std::to_string(month.CurrentDatum()));
   }
   [[nodiscard]] int MonthOr(const Request& request, ParameterKey key) const {
     const int month = request.month(key);
@@ -160,6 +187,8 @@ std::unique_ptr<QueryField> makeListField(const ControlSpec& spec, QWidget* dial
       return std::make_unique<ComboField>(spec, dialog);
     case ControlSpec::Kind::months:
       return std::make_unique<MonthsField>(spec, dialog);
+    case ControlSpec::Kind::month:
+      return std::make_unique<MonthField>(spec, dialog);
     default:
       return nullptr;
   }

@@ -90,12 +90,18 @@ class ReportWindow : public ProcessWindow {
   void OnPrint();
   void OnPreview();
   void OnDetail();
+  void OnGeneralLedger();
   void OnFind();
   void OnHelp();
   // Shows other rows of the same report, or all of them again.
   template <ParameterKey key>
   void OnToggle() {
     Toggle(key);
+  }
+  // Shows the rows in the order of a tab.
+  template <WindowCommand command>
+  void OnTab() {
+    OpenTab(command);
   }
   void OnClose() { EndDialog(Accepted); }
 
@@ -114,8 +120,11 @@ class ReportWindow : public ProcessWindow {
   void LayOut();
   void DrawToolBar();
   void ConnectParts();
+  // Goes where the current row leads.
+  void Follow(DetailOf detail);
   void Toggle(ParameterKey key);
-  // The buttons of toggles, and their entries in the menu, as the conditions have them.
+  void OpenTab(WindowCommand command);
+  // The buttons of toggles and tabs, and their entries in the menu, as the conditions have them.
   void ShowToggles();
   // In the grid's menu, where somebody answers it.
   void OfferInMenu(WindowCommand command, const char* text);

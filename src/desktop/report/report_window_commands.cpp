@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QToolBar>
+#include <algorithm>
 
 #include "core/platform/sink.h"
 #include "core/reports/offers.h"
@@ -153,22 +154,39 @@ void ReportWindow::ShowToggles() {
       if (entry->data().toInt() == command) entry->setChecked(on);
     }
   }
+  for (const auto& tab : toolbarTabs) {
+    QAction* button = ActionOf(static_cast<int>(tab.command));
+    const auto& choice = parameter(tab.key).choices[request_.choice(tab.key)];
+    if (button != nullptr) button->setChecked(choice.value == tab.value);
+  }
+}
+
+void ReportWindow::OpenTab(WindowCommand command) {
+  const auto* const tab = std::ranges::find(toolbarTabs, command, &ToolbarTab::command);
+  if (shown_ && !LongWork::Running() && tab != toolbarTabs.end()) {
+    request_.set(tab->key, tab->value);
+    Recompute();
+  }
+  ShowToggles();
 }
 
 void ReportWindow::OnQuery() {
   if (OnCommandQuery()) Recompute();
 }
 
-void ReportWindow::OnDetail() {
+void ReportWindow::OnDetail() { Follow(definition_.detail); }
+
+void ReportWindow::OnGeneralLedger() { Follow(definition_.generalLedger); }
+
+void ReportWindow::Follow(DetailOf detail) {
   if (LongWork::Running()) return;
   // A first computation that came to nothing leaves a table without rows.
   static const ComputedReport nothing;
   static const Conditions none;
   const bool something = shown_ && shown_->report.resolved != nullptr;
   const GridCell cell = view_->Current();
-  const auto leadsTo = something
-                           ? definition_.detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1)
-                           : definition_.detail(none, nothing, -1);
+  const auto leadsTo = something ? detail(*shown_->report.resolved, shown_->report, cell.valid() ? cell.row : -1)
+                                 : detail(none, nothing, -1);
   if (const auto* refusal = std::get_if<Refusal>(&leadsTo)) {
     AfxMessageBox(this, *refusal);
   } else if (const auto* voucher = std::get_if<VoucherTarget>(&leadsTo)) {

@@ -14,6 +14,8 @@ bool onToolbar(const ReportDefinition& report) {
   return std::ranges::find(report.toolbar, command) != report.toolbar.end();
 }
 
+bool leadsToGeneralLedger(const ReportDefinition& report) { return report.generalLedger != nullptr; }
+
 bool leadsOn(const ReportDefinition& report) { return report.detail != nullptr; }
 
 bool findsRows(const ReportDefinition& report) { return report.find != nullptr; }
@@ -54,7 +56,44 @@ constexpr ReportCommand commandsOfReports[] = {
      .tip = "输出到文件",
      .takesRows = true,
      .action = &ReportWindow::OnExport},
+    {.command = WindowCommand::matchLines, .bitmap = 282, .tip = "勾对互相结清的分录", .takesRows = true},
     {.command = WindowCommand::reverseClearing, .bitmap = 281, .tip = "撤销两清标记", .takesRows = true},
+    {.command = WindowCommand::undoMarks, .bitmap = 284, .tip = "取回最近一批两清标记", .takesRows = true},
+    {.command = WindowCommand::checkClearing, .bitmap = 283, .tip = "检查两清的分录借贷是否相等", .takesRows = true},
+    {.command = WindowCommand::tabDate,
+     .bitmap = 286,
+     .tip = "按日期列出",
+     .takesRows = true,
+     .toggles = true,
+     .action = &ReportWindow::OnTab<WindowCommand::tabDate>,
+     .had = onToolbar<WindowCommand::tabDate>},
+    {.command = WindowCommand::tabDept,
+     .bitmap = 287,
+     .tip = "按部门分组",
+     .takesRows = true,
+     .toggles = true,
+     .action = &ReportWindow::OnTab<WindowCommand::tabDept>,
+     .had = onToolbar<WindowCommand::tabDept>},
+    {.command = WindowCommand::tabProject,
+     .bitmap = 288,
+     .tip = "按项目分组",
+     .takesRows = true,
+     .toggles = true,
+     .action = &ReportWindow::OnTab<WindowCommand::tabProject>,
+     .had = onToolbar<WindowCommand::tabProject>},
+    {.command = WindowCommand::tabClerk,
+     .bitmap = 289,
+     .tip = "按业务员分组",
+     .takesRows = true,
+     .toggles = true,
+     .action = &ReportWindow::OnTab<WindowCommand::tabClerk>,
+     .had = onToolbar<WindowCommand::tabClerk>},
+    {.command = WindowCommand::generalLedger,
+     .bitmap = 285,
+     .tip = "查看这个科目和往来方的总帐",
+     .takesRows = true,
+     .action = &ReportWindow::OnGeneralLedger,
+     .had = leadsToGeneralLedger},
     {.command = WindowCommand::query,
      .bitmap = 308,
      .shortcut = "F5",
