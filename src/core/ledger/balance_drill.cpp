@@ -5,13 +5,6 @@
 namespace tz {
 namespace {
 
-constexpr Message nothingShown{"没有记录，不能查明细!"};
-constexpr Message noMemberChosen{"请先选择一条记录"};
-constexpr Message rowWithoutDept{"部门不能不空!"};
-constexpr Message noProjectRow{"请选择项目记录!"};
-constexpr Message noProjectChosen{"请选择产品名称!"};
-constexpr Message noMonthChosen{"请选择要查询的月份。"};
-
 // What the detail ledgers ask for as well.
 constexpr std::array carried = {
     ParameterKey::account, ParameterKey::dept,         ParameterKey::person,      ParameterKey::unit,
@@ -27,79 +20,92 @@ DetailTarget targetWith(int command, const Request& own) {
   return target;
 }
 
+int monthOf(const DrillPlace& place) {
+  return place.row < 0 ? 0 : CGetData::GetMonth(place.shown.grid.TextAt(place.row, 0));
+}
+
+std::string nameIn(const DrillPlace& place) { return std::string(place.shown.grid.TextAt(place.row, 0)); }
+
+DetailTarget periodIn(int command, const DrillPlace& place) {
+  auto target = targetWith(command, place.conditions.request);
+  for (const auto key : {ParameterKey::from, ParameterKey::to}) {
+    target.conditions.set(key, std::to_string(monthOf(place)));
+  }
+  return target;
+}
+
 }  // namespace
 
-DrillAnswer drillFromMember(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
-  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
-  if (row < 0 || shown.grid.RowKindAt(row) != RowKind::line) return refusalWith(noMemberChosen);
-  auto answer = targetWith(target, conditions.request);
-  answer.stand = shown.subjects.of(row);
+namespace drills {
+
+bool anythingShown(const DrillPlace& place) { return place.shown.grid.GetRows() != 0; }
+
+bool memberRow(const DrillPlace& place) {
+  return place.row >= 0 && place.shown.grid.RowKindAt(place.row) == RowKind::line;
+}
+
+bool rowWithDept(const DrillPlace& place) { return place.shown.subjects.of(place.row).dept != 0; }
+
+bool noSum(const DrillPlace& place) { return place.row < 0 || !addsUp(place.shown.grid.RowKindAt(place.row)); }
+
+bool projectRow(const DrillPlace& place) {
+  const auto& subject = place.shown.subjects.of(place.row);
+  return subject.item != 0 && subject.account == 0;
+}
+
+bool projectAsked(const DrillPlace& place) { return place.conditions.project.lId != 0; }
+
+bool monthRow(const DrillPlace& place) { return monthOf(place) != 0; }
+
+}  // namespace drills
+
+DrillAnswer memberTarget(const DrillRule& rule, const DrillPlace& place) {
+  auto target = targetWith(rule.reports[0], place.conditions.request);
+  const auto& subject = place.shown.subjects.of(place.row);
+  target.stand = subject;
   // The account that was asked for covers those below it, which the lines are of.
-  if (answer.stand.account == conditions.account.lId) answer.stand.account = 0;
-  return answer;
+  if (target.stand.account == place.conditions.account.lId) target.stand.account = 0;
+  if (rule.fill != nullptr) rule.fill(target, subject, nameIn(place));
+  return target;
 }
 
-std::optional<Refusal> fillUnitClass(DetailTarget& target, const Subject& subject, const std::string& name) {
+void fillUnitClass(DetailTarget& target, const Subject& subject, const std::string& name) {
   target.conditions.choose(ParameterKey::unitClass, {name, subject.unitClass.value_or(0)});
-  return std::nullopt;
 }
 
-std::optional<Refusal> fillDept(DetailTarget& target, const Subject& subject, const std::string& name) {
-  if (subject.dept == 0) return refusalWith(rowWithoutDept);
+void fillDept(DetailTarget& target, const Subject& subject, const std::string& name) {
   target.conditions.choose(ParameterKey::dept, {name, subject.dept});
-  return std::nullopt;
 }
 
-std::optional<Refusal> fillClerk(DetailTarget& target, const Subject& subject, const std::string& name) {
+void fillClerk(DetailTarget& target, const Subject& subject, const std::string& name) {
   // A clerk is a name; the id tells one who is called "其它" from none.
   const bool none = !subject.clerk || subject.clerk->empty();
   target.conditions.choose(ParameterKey::clerk, {name, none ? 0 : 1});
-  return std::nullopt;
 }
 
-DrillAnswer drillWithMember(int target, FillMember fill, const Conditions& conditions, const ComputedReport& shown,
-                            std::int64_t row) {
-  auto answer = drillFromMember(target, conditions, shown, row);
-  if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {
-    auto refused = fill(*leadsTo, shown.subjects.of(row), std::string(shown.grid.TextAt(row, 0)));
-    if (refused) return std::move(*refused);
-  }
-  return answer;
+DrillAnswer projectTarget(const DrillRule& rule, const DrillPlace& place) {
+  const auto& subject = place.shown.subjects.of(place.row);
+  auto target = targetWith(rule.reports[0], place.conditions.request);
+  target.conditions.set(ParameterKey::projectClass, subject.itemClass);
+  target.conditions.choose(ParameterKey::project, {nameIn(place), subject.item});
+  target.stand = subject;
+  return target;
 }
 
-DrillAnswer drillFromProject(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
-  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
-  if (row >= 0 && addsUp(shown.grid.RowKindAt(row))) return refusalWith(noMemberChosen);
-  const auto& subject = shown.subjects.of(row);
-  if (subject.item == 0 || subject.account != 0) return refusalWith(noProjectRow);
-  auto answer = targetWith(target, conditions.request);
-  answer.conditions.set(ParameterKey::projectClass, subject.itemClass);
-  answer.conditions.choose(ParameterKey::project, {std::string(shown.grid.TextAt(row, 0)), subject.item});
-  answer.stand = subject;
-  return answer;
-}
-
-DrillAnswer drillFromPeriodOfProject(int target, int targetOfDept, const Conditions& conditions,
-                                     const ComputedReport& shown, std::int64_t row) {
-  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
-  if (conditions.project.lId == 0) return refusalWith(noProjectChosen);
-  auto answer = drillFromPeriod(conditions.dept.lDeptId == 0 ? target : targetOfDept, conditions, shown, row);
-  if (auto* leadsTo = std::get_if<DetailTarget>(&answer)) {
-    leadsTo->conditions.set(ParameterKey::projectClass, conditions.projectClass.sItemId);
+DrillAnswer periodOfProjectTarget(const DrillRule& rule, const DrillPlace& place) {
+  const auto& conditions = place.conditions;
+  const bool allDepts = conditions.dept.lDeptId == 0;
+  auto target = periodIn(rule.reports[allDepts ? 0 : 1], place);
+  target.conditions.set(ParameterKey::projectClass, conditions.projectClass.sItemId);
+  if (allDepts) {
+    target.conditions.clear(ParameterKey::dept);
+  } else {
     // The department's ledger is of any accounts and would not take the format from this one.
-    if (conditions.dept.lDeptId != 0) leadsTo->conditions.set(ParameterKey::format, formatName(conditions.format));
-    if (conditions.dept.lDeptId == 0) leadsTo->conditions.clear(ParameterKey::dept);
+    target.conditions.set(ParameterKey::format, formatName(conditions.format));
   }
-  return answer;
+  return target;
 }
 
-DrillAnswer drillFromPeriod(int target, const Conditions& conditions, const ComputedReport& shown, std::int64_t row) {
-  if (shown.grid.GetRows() == 0) return refusalWith(nothingShown);
-  const int month = row < 0 ? 0 : CGetData::GetMonth(shown.grid.TextAt(row, 0));
-  if (month == 0) return refusalWith(noMonthChosen);
-  auto answer = targetWith(target, conditions.request);
-  for (const auto key : {ParameterKey::from, ParameterKey::to}) answer.conditions.set(key, std::to_string(month));
-  return answer;
-}
+DrillAnswer periodTarget(const DrillRule& rule, const DrillPlace& place) { return periodIn(rule.reports[0], place); }
 
 }  // namespace tz

@@ -136,6 +136,12 @@ void computeBalance(const ReportDefinition& report, Session& session, const Cond
   BalanceRun(member, session, conditions, whole, computed).run();
 }
 
+void addBalanceColumns(const ReportDefinition& report, const Conditions& conditions, CTzGrid& grid) {
+  ComputedReport columns;
+  const BalanceRows rows(static_cast<const BalanceReport&>(report).member.groupingFor(conditions), conditions, columns);
+  grid = std::move(columns.grid);
+}
+
 std::vector<const BalanceReport*> balanceReports() {
   std::vector<const BalanceReport*> all;
   for (const auto ofArea : {personBalances(), unitBalances(), departmentGenerals(), projectGenerals()})

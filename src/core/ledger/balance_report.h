@@ -68,6 +68,8 @@ struct BalanceReport : ReportDefinition {
 void computeBalance(const ReportDefinition& report, Session& session, const Conditions& conditions,
                     ComputedReport& computed);
 
+void addBalanceColumns(const ReportDefinition& report, const Conditions& conditions, CTzGrid& grid);
+
 // What the family says of a ledger that is not open.
 inline constexpr Message balanceLedgerNotOpen{"The Database is not Opened!"};
 
@@ -76,6 +78,8 @@ inline constexpr Message balanceLedgerNotOpen{"The Database is not Opened!"};
   report.rules = member.opening == BalanceOpening::latestRecord ? std::span(latestRecordRules) : balanceRules;
   if (report.toolbar.empty()) report.toolbar = balanceToolbar;
   report.formats = member.selects.accounts == chosenAccount ? formatsOfAccount : commonFormats;
+  report.columnMeanings = balanceMeanings;
+  report.columns = addBalanceColumns;
   report.compute = computeBalance;
   if (report.period.printed == monthsPeriod.printed) report.period.printed = months::text;
   report.colours = {};

@@ -33,6 +33,7 @@ constexpr auto accountLedger = detail(
         .windowTitle = "部门管理_科目明细帐",
         .paintedTitle = "科 目 明 细 帐",
         .printTitle = "科目明细帐",
+        .purpose = "核对一个科目的部门明细时用：每个部门的每一笔都列出，合计与总帐一致。",
         .about = "一个科目（含下级科目）的部门逐笔明细，按部门分段，已记帐分录按凭证排列，未记帐分录按分录日期"
                  "排列。每个部门一段，有部门期初和小计，最后是合计。",
         .dialog =
@@ -68,6 +69,7 @@ constexpr auto deptLedger = detail(
         .windowTitle = "部门管理_部门明细帐",
         .paintedTitle = "部 门 明 细 帐",
         .printTitle = "部门明细帐",
+        .purpose = "部门核对自己的费用时用：一个部门在全部科目上的每一笔，按科目分段，可以打印出来请部门确认。",
         .about = "一个部门在全部部门科目上的逐笔明细，按科目分段，已记帐分录按凭证排列，未记帐分录按分录日期排"
                  "列。每个科目一段，有科目期初和小计，最后是合计。",
         .dialog =
@@ -103,6 +105,7 @@ constexpr auto threeColumnLedger = detail(
         .windowTitle = "部门管理_三栏明细帐",
         .paintedTitle = "三 栏 式 明 细 帐",
         .printTitle = "部门三栏式明细帐",
+        .purpose = "查一个部门的一项费用是怎样形成的时用：按凭证一笔一笔列下来，每一笔后面都有余额。",
         .about = "一个部门在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
                  "，随时看到余额。",
         .exampleAccount = "660101",
@@ -147,6 +150,9 @@ constexpr auto multiColumnLedger = detail(
         .windowTitle = "部门管理_多栏明细帐",
         .paintedTitle = "多 栏 式 明 细 帐",
         .printTitle = "部门三栏明细帐",
+        .purpose =
+            "费用科目设了下级（如管理费用下的办公费、差旅费）时用：一个部门的每一笔记在哪个明细科目上，右边分栏看"
+            "清。",
         .about = "一个部门在一个非末级科目上的逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。期初由年初"
                  "余额加上起始月份以前的已记帐分录得出。",
         .dialog =

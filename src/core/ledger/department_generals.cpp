@@ -44,6 +44,7 @@ constexpr auto accountLedger = balance(
         .windowTitle = "部门管理_科目总帐",
         .paintedTitle = "科 目 总 帐",
         .printTitle = "科目总帐",
+        .purpose = "看一项费用或收入在各部门之间怎样分布时用：例如差旅费各部门本月发生多少、累计余额多少。",
         .about =
             "一个科目（含下级科目）在各部门的总帐，每个部门一行，最后是合计。没有部门的余额不列入。包含未记帐凭证时，"
             "起始月份以前的未记帐分录加进期初。",
@@ -56,7 +57,7 @@ constexpr auto accountLedger = balance(
                 .controls = {controls::account, controls::months, controls::unposted},
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n科  目:{}", c.accountText()); },
-        .detail = memberTo<10229>,
+        .detail = memberTo(10229),
         .find = always<findDept>,
     },
     {
@@ -78,6 +79,7 @@ constexpr auto deptLedger = balance(
         .windowTitle = "部门管理_部门总帐",
         .paintedTitle = "部 门 总 帐",
         .printTitle = "部门总帐",
+        .purpose = "看一个部门的全部收支时用：它在每个部门核算科目上的期初、发生额和期末，一张表列全。",
         .about =
             "一个部门在全部部门核算科目上的总帐，每个科目一行，最后是合计。科目的余额方向各不相同，合计按借为正、贷为"
             "负相加。包含未记帐凭证时只加查询月份内的未记帐分录，期初不变。",
@@ -89,7 +91,7 @@ constexpr auto deptLedger = balance(
                 .checks = knownDept,
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n部  门: {}", c.dept.sDeptName); },
-        .detail = memberTo<10230>,
+        .detail = memberTo(10230),
         .find = always<findAccountOfDept>,
     },
     {
@@ -110,6 +112,7 @@ constexpr auto threeColumnLedger = periods(
         .windowTitle = "部门管理_三栏式总帐",
         .paintedTitle = "三 栏 式 总 帐",
         .printTitle = "部门三栏式总帐",
+        .purpose = "看一个部门的一项费用在一年里怎样变化时用：逐月的发生额和余额。",
         .about = "一个部门在一个科目（含下级科目）上全年逐月的总帐。",
         .dialog =
             {
@@ -123,7 +126,7 @@ constexpr auto threeColumnLedger = periods(
         .toolbar = toolbarWithoutFind,
         .subtitle =
             [](const Conditions& c) { return fmt::format("部  门:{}\n科  目:{}", c.dept.sDeptName, c.accountText()); },
-        .detail = periodTo<10231>,
+        .detail = periodTo(10231),
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = oneDept},

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "core/reports/report_definition.h"
+
 namespace tz {
 
 inline constexpr std::array<std::string_view, 7> detailRules = {
@@ -30,5 +32,29 @@ inline constexpr std::array<std::string_view, 10> multiColumnRules = {
     "本月合计、本年累计只加分录科目恰好是该栏科目的分录，所以记在上级科目或更下级科目上的分录不进入各栏合计。",
     "余额分析的各栏合计是借贷相抵后的净额，贷方科目反号；金额分析的各栏合计是每笔净额的绝对值之和。",
 };
+
+inline constexpr std::array<ColumnMeaning, 9> detailMeanings = {{
+    {"日期", "凭证日期。期初、合计各行没有日期。"},
+    {"凭证号", "凭证字和凭证号，如“记-0012”。"},
+    {"摘要", "分录的摘要；在标题行是这一段的名称，在期初和合计各行写明是什么数。"},
+    {"单价", "分录的金额 ÷ 数量。"},
+    {"汇率", "分录的金额 ÷ 外币，外币作除数的按外币 ÷ 金额。"},
+    {"借方", "分录的借方发生额，带正负号；合计各行是它们的和。"},
+    {"贷方", "分录的贷方发生额，带正负号；合计各行是它们的和。"},
+    {"方向", "右边余额的方向：借、贷，余额为零是“平”。"},
+    {"余额", "记完这一行以后的余额，取绝对值：上一行的余额＋借方－贷方。"},
+}};
+
+inline constexpr std::array<ColumnMeaning, 9> multiColumnMeanings = {{
+    {"日期", "凭证日期。一笔分录不属于任何一个下级科目的栏时，金额写在这里。"},
+    {"凭证号", "凭证字和凭证号，如“记-0012”。"},
+    {"摘  要", "分录的摘要；在期初和合计各行写明是什么数。"},
+    detailMeanings[3],
+    detailMeanings[4],
+    {"借方金额", "分录的借方发生额，带正负号；合计各行是它们的和。"},
+    {"贷方金额", "分录的贷方发生额，带正负号；合计各行是它们的和。"},
+    detailMeanings[7],
+    {"期末余额", "记完这一行以后的余额，取绝对值：上一行的余额＋借方－贷方。"},
+}};
 
 }  // namespace tz

@@ -10,6 +10,11 @@ void computeDetail(const ReportDefinition& report, Session& session, const Condi
   runDetailLedger(member, session, conditions, wholeSubject(report, conditions), computed);
 }
 
+void addDetailColumns(const ReportDefinition& report, const Conditions& conditions, CTzGrid& grid) {
+  const bool multiColumn = static_cast<const DetailReport&>(report).member.columnFlag != 0;
+  addLedgerColumns(grid, amountLayout(conditions.format), multiColumn ? multiColumnCaptions : threeColumnCaptions);
+}
+
 std::vector<const DetailReport*> detailReports() {
   std::vector<const DetailReport*> all;
   for (const auto ofArea : {personDetails(), unitDetails(), departmentDetails(), projectDetails()}) {

@@ -34,13 +34,18 @@ struct DetailReport : ReportDefinition {
 void computeDetail(const ReportDefinition& report, Session& session, const Conditions& conditions,
                    ComputedReport& computed);
 
+// Its columns but those of sub-accounts.
+void addDetailColumns(const ReportDefinition& report, const Conditions& conditions, CTzGrid& grid);
+
 // What a record leaves out is the family's.
 [[nodiscard]] constexpr DetailReport detail(ReportDefinition report, const DetailMember& member) {
   const bool multiColumn = member.columnFlag != 0;
   const bool oneAccount = member.selects.accounts == chosenAccount;
   report.rules = multiColumn ? std::span<const std::string_view>(multiColumnRules) : detailRules;
+  report.columnMeanings = multiColumn ? std::span<const ColumnMeaning>(multiColumnMeanings) : detailMeanings;
   report.toolbar = detailToolbar;
   report.formats = multiColumn ? formatsOfAccount : oneAccount ? detailFormats : formatsOfManyAccounts;
+  report.columns = addDetailColumns;
   report.compute = computeDetail;
   if (report.detail == nullptr) report.detail = toVoucherOf(report.area);
   if (report.area == Area::unit) report.period.printed = months::printedWide;

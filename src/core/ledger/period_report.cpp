@@ -161,6 +161,11 @@ void computePeriods(const ReportDefinition& report, Session& session, const Cond
   }
 }
 
+void addPeriodColumns(const ReportDefinition& /*report*/, const Conditions& conditions, CTzGrid& grid) {
+  addLedgerColumns(grid, amountLayout(conditions.format), threeColumnCaptions);
+  (void)addLimitColumns(grid, conditions);
+}
+
 std::vector<const PeriodReport*> periodReports() {
   std::vector<const PeriodReport*> all;
   for (const auto ofArea : {personPeriods(), unitPeriods(), departmentPeriods(), projectPeriods()})

@@ -24,11 +24,15 @@ struct PeriodReport : ReportDefinition {
 void computePeriods(const ReportDefinition& report, Session& session, const Conditions& conditions,
                     ComputedReport& computed);
 
+void addPeriodColumns(const ReportDefinition& report, const Conditions& conditions, CTzGrid& grid);
+
 // What a record leaves out is the family's.
 [[nodiscard]] constexpr PeriodReport periods(ReportDefinition report, const PeriodMember& member) {
   report.rules = member.yearTotals ? std::span<const std::string_view>(yearTotalRules) : periodRules;
   if (report.toolbar.empty()) report.toolbar = detailToolbar;
   report.formats = formatsOfAccount;
+  report.columnMeanings = periodMeanings;
+  report.columns = addPeriodColumns;
   report.compute = computePeriods;
   report.period.printed = months::text;
   report.colours = {};

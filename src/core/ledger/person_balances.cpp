@@ -69,6 +69,9 @@ constexpr auto accountTable = balance(
         .windowTitle = "个人往来_科目余额表",
         .paintedTitle = "科 目 余 额 表",
         .printTitle = "科目余额表",
+        .purpose =
+            "月末核对备用金、职工借款等个人往来时用：一个科目上谁还欠公司、公司还欠谁、各是多少，一页看全。清理往"
+            "来前先看这张表，再从有余额的人进入他的明细帐。",
         .about = "一个科目（含下级科目）的个人往来余额，每个部门的每个人一行，按部门、再按个人排列，最后是合计。没有"
                  "个人的余额不列入。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。",
         .dialog =
@@ -82,7 +85,7 @@ constexpr auto accountTable = balance(
                 .checks = {amountsInOrder},
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n科目：{}", c.accountText()); },
-        .detail = memberTo<10184>,
+        .detail = memberTo(10184),
         .find = always<findDeptAndPerson>,
     },
     {
@@ -104,6 +107,7 @@ constexpr auto deptTable = balance(
         .windowTitle = "个人往来_部门余额表",
         .paintedTitle = "部 门 余 额 表",
         .printTitle = "部门余额表",
+        .purpose = "部门经理问“我们部门的人还有多少借款没还”时用：只列一个部门的人在一个科目上的余额。",
         .about = "一个部门在一个科目（含下级科目）上的个人往来余额，每人一行，最后是合计。包含未记帐凭证时只加查询月份"
                  "内的未记帐分录，期初不变。",
         .dialog =
@@ -126,7 +130,7 @@ constexpr auto deptTable = balance(
             },
         .subtitle =
             [](const Conditions& c) { return fmt::format("科目：{}\n部门：{}", c.accountText(), c.dept.sDeptName); },
-        .detail = memberTo<10186>,
+        .detail = memberTo(10186),
         .find = always<findPerson>,
     },
     {
@@ -147,6 +151,7 @@ constexpr auto personTable = balance(
         .windowTitle = "个人往来_个人余额表",
         .paintedTitle = "个 人 余 额 表",
         .printTitle = "个人余额表",
+        .purpose = "一个人离职、调动或要对帐时用：他在全部往来科目上各有多少余额，合起来欠还是多。",
         .about = "一个人在全部科目上的往来余额，每个科目一行，最后是合计。科目的余额方向各不相同，合计按借为正、贷为负"
                  "相加。包含未记帐凭证时只加查询月份内的未记帐分录，期初不变。",
         .dialog =
@@ -160,7 +165,7 @@ constexpr auto personTable = balance(
             },
         .subtitle =
             [](const Conditions& c) { return fmt::format("部门：{}\n个人：{}", c.dept.sDeptName, c.person.sName); },
-        .detail = memberTo<10188>,
+        .detail = memberTo(10188),
         .find = always<findAccountOfPerson>,
     },
     {
@@ -181,6 +186,9 @@ constexpr auto threeColumnTable = periods(
         .windowTitle = "个人往来_三栏式余额表",
         .paintedTitle = "三 栏 式 余 额 表",
         .printTitle = "三栏式余额表",
+        .purpose =
+            "看一个人的往来在一年里怎样变化时用：每月借了多少、还了多少、月末还剩多少。哪个月起没有动静，一眼就看"
+            "得到。",
         .about = "一个人在一个科目（含下级科目）上全年逐月的往来余额。",
         .dialog =
             {
@@ -195,7 +203,7 @@ constexpr auto threeColumnTable = periods(
             [](const Conditions& c) {
               return fmt::format("科目：{}\n部门：{}     个人：{}", c.accountText(), c.dept.sDeptName, c.person.sName);
             },
-        .detail = periodTo<10190>,
+        .detail = periodTo(10190),
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = onePerson},

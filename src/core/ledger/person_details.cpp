@@ -47,6 +47,7 @@ constexpr auto accountLedger = detail(
         .windowTitle = "个人往来_科目明细帐",
         .paintedTitle = "科 目 明 细 帐",
         .printTitle = "个人往来明细帐",
+        .purpose = "核对一个往来科目的全部发生额时用：把科目下每个人的借款、还款和报销逐笔列出，与总帐对得上。",
         .about = "一个科目（含下级科目）的个人往来逐笔明细，按部门、再按个人分段，段内按分录日期排列。每人一段"
                  "：个人期初、凭证、本月合计、本年累计、个人小计；每个部门有部门小计，最后是合计。没有个人的分"
                  "录不列入。",
@@ -82,6 +83,7 @@ constexpr auto deptLedger = detail(
         .windowTitle = "个人往来_部门明细帐",
         .paintedTitle = "部 门 明 细 帐",
         .printTitle = "部门明细帐",
+        .purpose = "一个部门的往来要逐笔交代时用：部门里每个人借过什么、还过什么。",
         .about = "一个部门在一个科目（含下级科目）上的个人往来逐笔明细，按个人分段，段内按分录日期排列。每人一"
                  "段，有个人期初和个人小计，最后是合计。",
         .dialog =
@@ -124,6 +126,7 @@ constexpr auto personLedger = detail(
         .windowTitle = "个人往来_个人明细帐",
         .paintedTitle = "个 人 明 细 帐",
         .printTitle = "个人明细帐",
+        .purpose = "与一个人对帐时用：他在所有往来科目上的每一笔，按科目分开，可以打印出来请本人签字。",
         .about = "一个人在全部科目上的往来逐笔明细，按科目分段，段内按分录日期排列。每个科目一段，有科目期初和"
                  "科目小计，最后是合计。科目的余额方向各不相同，小计与合计按借为正、贷为负相加。",
         .dialog =
@@ -156,6 +159,7 @@ constexpr auto threeColumnLedger = detail(
         .windowTitle = "个人往来_三栏明细帐",
         .paintedTitle = "三 栏 式 明 细 帐",
         .printTitle = "三栏式明细帐",
+        .purpose = "查一个人在一个科目上的帐时用：按日期一笔一笔列下来，每一笔后面都有余额。这是最常用的个人往来帐。",
         .about = "一个人在一个科目（含下级科目）上的往来逐笔明细，按分录日期排列，随时看到余额。",
         .dialog =
             {
@@ -191,6 +195,7 @@ constexpr auto multiColumnLedger = detail(
         .windowTitle = "个人往来_多栏式明细帐",
         .paintedTitle = "多 栏 式 明 细 帐",
         .printTitle = "多栏式明细帐",
+        .purpose = "往来科目设了下级（如备用金、借款、代垫款）时用：一个人的每一笔记在哪个下级科目上，右边分栏看清。",
         .about = "一个人在一个非末级科目上的往来逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。",
         .dialog =
             {

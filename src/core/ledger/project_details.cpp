@@ -52,6 +52,7 @@ constexpr auto accountLedger = detail(
         .windowTitle = "项目管理_科目明细帐",
         .paintedTitle = "科 目 明 细 帐",
         .printTitle = "项目科目明细帐",
+        .purpose = "核对一个科目的项目明细时用：每个项目的每一笔都列出，合计与总帐一致。",
         .about = "一个科目（含下级科目）的项目逐笔明细，按项目分段，已记帐分录按凭证排列，未记帐分录按分录日期"
                  "排列。每个项目一段，有项目期初和项目小计，最后是合计。项目范围可限定项目编码的起止，两端都包"
                  "括，空着的一端不限。",
@@ -96,6 +97,7 @@ constexpr auto projectLedger = detail(
         .windowTitle = "项目管理_项目明细帐",
         .paintedTitle = "项 目 明 细 帐",
         .printTitle = "项目明细帐",
+        .purpose = "项目结算、审计时用：一个项目的全部分录，可以限定部门和科目。",
         .about = "一个项目在所选科目上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列。不选科目即全"
                  "部项目科目；部门为“全部”时包括所有部门。",
         .dialog =
@@ -146,6 +148,7 @@ constexpr auto threeColumnLedger = detail(
         .windowTitle = "项目管理_三栏明细帐",
         .paintedTitle = "三 栏 式 明 细 帐",
         .printTitle = "项目明细帐",
+        .purpose = "查一个项目的一项成本或费用是怎样形成的时用：按凭证一笔一笔列下来，每一笔后面都有余额。",
         .about = "一个项目在一个科目（含下级科目）上的逐笔明细，已记帐分录按凭证排列，未记帐分录按分录日期排列"
                  "，随时看到余额。",
         .dialog =
@@ -192,6 +195,7 @@ constexpr auto deptLedger = detail(
         .windowTitle = "项目管理_部门明细帐",
         .paintedTitle = "部 门 项 目 明 细 帐",
         .printTitle = "部门项目明细帐",
+        .purpose = "部门与项目交叉核对时用：一个科目上每个部门的每个项目有哪些分录，项目和部门都有小结。",
         .about = "一个科目（含下级科目）的部门项目逐笔明细，按部门、再按项目分段。每个项目有项目小结，每个部门"
                  "有部门小结，最后是合计。没有部门或没有项目的分录不列入。可限定一个部门和项目编码的起止。",
         .dialog =
@@ -245,6 +249,7 @@ constexpr auto multiColumnLedger = detail(
         .windowTitle = "项目管理_多栏明细帐",
         .paintedTitle = "多 栏 式 明 细 帐",
         .printTitle = "项目明细帐",
+        .purpose = "成本科目设了下级（如直接材料、直接人工）时用：一个项目的每一笔记在哪个下级科目上，右边分栏看清。",
         .about = "一个项目在一个非末级科目上的逐笔明细，每个下级科目在右边各占一栏；部门为“全部”时包括所有部门"
                  "。",
         .dialog =

@@ -102,6 +102,7 @@ constexpr auto accountLedger = balance(
         .windowTitle = "项目管理_科目总帐",
         .paintedTitle = "科 目 总 帐",
         .printTitle = "项目科目总帐",
+        .purpose = "看一个科目在各项目上的余额时用：例如生产成本在每个产品、在建工程在每项工程上各有多少。",
         .about =
             "一个科目（含下级科目）在一个项目大类的各项目上的总帐，每个项目一行，最后是合计。项目范围可限定项目编码的"
             "起止，两端都包括，空着的一端不限。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。",
@@ -124,7 +125,7 @@ constexpr auto accountLedger = balance(
             },
         .toolbar = groupToolbar,
         .subtitle = ofAccount,
-        .detail = memberTo<10219>,
+        .detail = memberTo(10219),
         .find = always<findProjectOfAccount>,
     },
     {
@@ -145,6 +146,7 @@ constexpr auto projectLedger = balance(
         .windowTitle = "项目管理_项目总帐",
         .paintedTitle = "项 目 总 帐",
         .printTitle = "项目总帐",
+        .purpose = "看项目的全貌时用：每个项目在全部科目上的收入、成本和费用，项目行下面列出它的各个科目。",
         .about =
             "一个项目大类的各项目在全部科目上的总帐：每个项目一行，下面是它的各个科目，最后是合计。科目的余额方向各不"
             "相同，项目行按借为正、贷为负相加；合计是项目行之和。可以只查一个部门，部门为“全部”时包括所有部门和没有"
@@ -163,7 +165,7 @@ constexpr auto projectLedger = balance(
             [](const Conditions& c) {
               return fmt::format("项  目：{}\n部  门：{}", c.projectClass.sName, c.dept.sDeptName);
             },
-        .detail = projectTo<10220>,
+        .detail = projectTo(10220),
         .find = always<findProject>,
     },
     {
@@ -186,6 +188,7 @@ constexpr auto deptLedger = balance(
         .windowTitle = "项目管理_部门总帐",
         .paintedTitle = "部 门 项 目 总 帐",
         .printTitle = "项目部门总帐",
+        .purpose = "项目由几个部门共同承担时用：一个科目在各部门各项目上的发生额和余额，可以按部门看，也可以按项目看。",
         .about =
             "一个科目（含下级科目）在各部门各项目上的总帐，按部门查时各部门的项目在一起，有部门小计，按项目查时各项目"
             "的部门在一起，有项目小计，最后是合计。只查一个部门时每个项目一行，没有小计。没有部门或没有项目的余额不列"
@@ -218,7 +221,7 @@ constexpr auto deptLedger = balance(
         .toolbar = groupToolbar,
         .period = printedClose,
         .subtitle = ofAccount,
-        .detail = memberTo<10222>,
+        .detail = memberTo(10222),
         .find = [](const Conditions& c) -> const FindRule& {
           return groupingOf(c) == 0 ? findDeptOfLedger : findProjectOfLedger;
         },
@@ -244,6 +247,7 @@ constexpr auto threeColumnLedger = periods(
         .windowTitle = "项目管理_三栏总帐",
         .paintedTitle = "三 栏 式 总 帐",
         .printTitle = "项目三栏总帐",
+        .purpose = "看一个项目在一个科目上逐月怎样变化时用：成本是哪几个月发生的，余额到了多少。",
         .about =
             "一个项目在一个科目（含下级科目）上全年逐月的总帐；可以只查一个部门，部门空着或为“全部”时包括所有部门和"
             "没有部门的余额。",
@@ -272,7 +276,7 @@ constexpr auto threeColumnLedger = periods(
             [](const Conditions& c) {
               return fmt::format("科  目：{}\n项  目：{}", c.accountText(), c.project.fields.at(1));
             },
-        .detail = periodOfProjectTo<10221, 10220>,
+        .detail = periodOfProjectTo(10221, 10220),
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = oneItemOfDept},

@@ -57,9 +57,10 @@ Sql unitsWithProjects(const Conditions& c) {
 
 // The ledger of a unit lists accounts of units alone. Where that covers the range, it shows just these accounts; else
 // it shows all, among which the row's stands as well.
-DrillAnswer toUnitLedger(const Conditions& c, const ComputedReport& shown, std::int64_t row) {
-  auto answer = drillFromMember(10204, c, shown, row);
+DrillAnswer unitLedgerOf(const DrillRule& rule, const DrillPlace& place) {
+  auto answer = memberTarget(rule, place);
   auto* leadsTo = std::get_if<DetailTarget>(&answer);
+  const Conditions& c = place.conditions;
   if (leadsTo == nullptr || c.accountRange.all) return answer;
   std::string picked;
   bool covers = false;
@@ -67,7 +68,7 @@ DrillAnswer toUnitLedger(const Conditions& c, const ComputedReport& shown, std::
     if (account.bEnd == 0 || !account.keeps('B')) continue;
     if (account.sAssBook != "B") return answer;
     picked += (picked.empty() ? "" : "\n") + account.sCode;
-    covers = covers || account.lId == shown.subjects.of(row).account;
+    covers = covers || account.lId == place.shown.subjects.of(place.row).account;
   }
   if (covers) leadsTo->conditions.set(ParameterKey::account, picked);
   return answer;
@@ -117,6 +118,9 @@ constexpr auto accountTable = balance(
         .windowTitle = "单位往来_科目余额表",
         .paintedTitle = "科 目 余 额 表",
         .printTitle = "科目余额表",
+        .purpose =
+            "按科目汇总往来余额时用：应收（或应付）帐款下各明细科目与全部单位还有多少没有结清，与总帐科目余额核对"
+            "。",
         .about = "一个科目下各末级科目的单位往来余额，每个科目一行，是全部单位之和，最后是合计。包含未记帐凭证时，起始"
                  "月份以前的未记帐分录加进期初。",
         .dialog =
@@ -130,7 +134,7 @@ constexpr auto accountTable = balance(
             },
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
-        .detail = memberTo<10203>,
+        .detail = memberTo(10203),
         .find = always<findUnitAccount>,
     },
     {
@@ -151,6 +155,9 @@ constexpr auto unitTable = balance(
         .windowTitle = "单位往来_单位余额表(详细)",
         .paintedTitle = "单 位 往 来 余 额 表",
         .printTitle = "单位往来余额表",
+        .purpose =
+            "与一个单位对帐前用：它在所有往来科目上各有多少余额，净额是应收还是应付；打开信用额度，可以看到是否超"
+            "额。",
         .about = "一个单位的往来余额，每个科目一行，最后是合计；可以只查一个范围的科目，按编码，两端都包括，终止科目含"
                  "其下级。科目的余额方向各不相同，合计按借为正、贷为负"
                  "相加。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。显示信用额度时每行与单位的额度比较。",
@@ -173,7 +180,7 @@ constexpr auto unitTable = balance(
                 .choices = {choices::accountRange},
             },
         .subtitle = [](const Conditions& c) { return fmt::format("\n单  位: {}", c.unit.sEnterName); },
-        .detail = toUnitLedger,
+        .detail = {.reports = {10204}, .checks = memberChecks, .target = unitLedgerOf},
         .find = always<findUnitAccount>,
     },
     {
@@ -193,6 +200,7 @@ constexpr auto classTable = balance(
         .windowTitle = "单位往来_分类余额表",
         .paintedTitle = "分 类 余 额 表",
         .printTitle = "分类余额表",
+        .purpose = "按客户或供应商的分类（国内、国外、关联企业……）看往来余额时用，写往来分析和报表附注也取自这里。",
         .about =
             "一个科目（含下级科目）的单位往来余额，每个单位分类一行，没有分类的单位在“其它”，排在最后，然后是合计。"
             "包含未记帐凭证时，起始月份以前的未记帐分录加进期初。信用额度是分类中全部单位的额度之和。",
@@ -221,7 +229,7 @@ constexpr auto classTable = balance(
             },
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
-        .detail = memberTo<10205, fillUnitClass>,
+        .detail = memberTo(10205, fillUnitClass),
         .find = always<findUnitClass>,
     },
     {
@@ -241,6 +249,7 @@ constexpr auto deptTable = balance(
         .windowTitle = "单位往来_部门余额表",
         .paintedTitle = "部 门 余 额 表",
         .printTitle = "部门余额表",
+        .purpose = "看往来余额落在哪些部门时用：应收帐款考核到部门，就以这张表为准。",
         .about =
             "一个科目（含下级科目）的单位往来余额，每个部门一行，最后是合计；没有部门的余额合为一行，部门空着。包含未"
             "记帐凭证时，起始月份以前的未记帐分录加进期初。",
@@ -254,7 +263,7 @@ constexpr auto deptTable = balance(
             },
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
-        .detail = memberTo<10206, fillDept>,
+        .detail = memberOfDeptTo(10206),
         .find = always<findUnitDept>,
     },
     {
@@ -274,6 +283,9 @@ constexpr auto projectTable = balance(
         .windowTitle = "单位往来_项目余额表",
         .paintedTitle = "项 目 余 额 表",
         .printTitle = "项目余额表",
+        .purpose =
+            "合同或工程项目的往来要分单位、分项目核对时用：一个单位的各个项目欠了多少，或一个项目有哪些单位没有结"
+            "清。",
         .about =
             "一个科目（含下级科目）上各单位各项目的往来余额，按单位或按项目分组，每组有小计，最后是合计；可以只查一个"
             "单位，或一个范围内的项目。包含未记帐凭证时，起始月份以前的未记帐分录加进期初。",
@@ -293,7 +305,7 @@ constexpr auto projectTable = balance(
             },
         .toolbar = unitTableToolbar,
         .subtitle = ofAccount,
-        .detail = memberTo<10207>,
+        .detail = memberTo(10207),
         .find = [](const Conditions& c) -> const FindRule& {
           return findUnitAndProject.at(c.request.choice(ParameterKey::unitGrouping));
         },
@@ -319,6 +331,7 @@ constexpr auto clerkTable = balance(
         .windowTitle = "单位往来_业务员余额表",
         .paintedTitle = "业 务 员 余 额 表",
         .printTitle = "业务员余额表",
+        .purpose = "考核业务员收款时用：各人经手的往来本期增加多少、收回多少、期末还有多少。",
         .about =
             "一个科目（含下级科目）的单位往来余额，每个业务员一行，没有业务员的分录在“其它”，排在最后，然后是合计。"
             "余额不记业务员，所以期初是起始月份以前的已记帐分录（含期初凭证）之和，发生额也由分录加出。包含未记帐凭证"
@@ -333,7 +346,7 @@ constexpr auto clerkTable = balance(
             },
         .toolbar = toolbarWithoutFind,
         .subtitle = ofAccount,
-        .detail = memberTo<10210, fillClerk>,
+        .detail = memberTo(10210, fillClerk),
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = allUnits},
@@ -353,6 +366,7 @@ constexpr auto threeColumnTable = periods(
         .windowTitle = "单位往来_三栏式余额表",
         .paintedTitle = "三 栏 式 余 额 表",
         .printTitle = "三栏式余额表",
+        .purpose = "看一个单位的往来逐月怎样变化时用：哪些月份只有发货没有回款，余额是在上升还是下降。",
         .about = "一个单位在一个科目（含下级科目）上逐月的往来余额。显示信用额度时每行的余额与单位的额度比较。",
         .dialog =
             {
@@ -371,7 +385,7 @@ constexpr auto threeColumnTable = periods(
             [](const Conditions& c) {
               return fmt::format("科  目: {}\n单  位: {}", c.accountText(), c.unit.sEnterName);
             },
-        .detail = periodTo<10208>,
+        .detail = periodTo(10208),
     },
     {
         .selects = {.accounts = chosenAccount, .dimension = oneUnit},

@@ -43,6 +43,7 @@ constexpr auto accountLedger = detail(
         .windowTitle = "部门管理_科目明细帐",
         .paintedTitle = "科 目 明 细 帐",
         .printTitle = "单位往来_科目明细帐",
+        .purpose = "核对一个往来科目的全部单位明细时用：科目下每个单位的每一笔都列出，合计与总帐一致。",
         .about = "一个科目（含下级科目）的单位往来逐笔明细，按单位分段，段内按分录日期排列。每个单位一段，有单"
                  "位期初和小计，最后是合计。",
         .dialog =
@@ -77,6 +78,7 @@ constexpr auto unitLedger = detail(
         .windowTitle = "单位往来_单位明细帐",
         .paintedTitle = "单 位 明 细 帐",
         .printTitle = "单位明细帐",
+        .purpose = "与一个单位逐笔对帐时用：它在所选科目上的全部分录，按科目分段，可以打印或输出给对方。",
         .about = "一个单位在所选科目上的往来逐笔明细，按科目分段，段内按凭证排列；不选科目即全部单位科目。列出"
                  "到终止月份为止有已记帐分录的科目，包含未记帐凭证时也列出只有未记帐分录的科目；只有期初而从无"
                  "分录的科目不列。",
@@ -120,6 +122,7 @@ constexpr auto classLedger = detail(
         .windowTitle = "单位往来_分类明细帐",
         .paintedTitle = "分 类 明 细 帐",
         .printTitle = "分类明细帐",
+        .purpose = "查一类单位的往来明细时用：例如全部国外客户在应收帐款上的每一笔。",
         .about = "一个单位分类在一个科目（含下级科目）上的往来逐笔明细，按单位分段，段内按分录日期排列。“其它”"
                  "是没有分类的单位；没有指定分类时取第一个。",
         .dialog =
@@ -161,6 +164,7 @@ constexpr auto deptLedger = detail(
         .windowTitle = "单位往来_部门明细帐",
         .paintedTitle = "部 门 明 细 帐",
         .printTitle = "部门明细帐",
+        .purpose = "查一个部门的单位往来明细时用：这个部门的应收、应付是怎样一笔笔形成的。",
         .about = "一个部门在一个科目（含下级科目）上的单位往来逐笔明细，按单位分段，段内按分录日期排列。没有指"
                  "定部门时取第一个。",
         .dialog =
@@ -196,6 +200,7 @@ constexpr auto projectLedger = detail(
         .windowTitle = "单位往来_项目明细帐",
         .paintedTitle = "项 目 明 细 帐",
         .printTitle = "项目往来明细帐",
+        .purpose = "按项目核对往来时用：每个项目下各单位的开票、收款逐笔列出，项目与单位都有小计。",
         .about = "一个科目（含下级科目）的单位往来逐笔明细，按项目、再按单位分段，段内按分录日期排列。每个单位"
                  "有单位小计，每个项目有项目小计，最后是合计。统计条件可限定项目编码的起止，两端都包括，空着的"
                  "一端不限。",
@@ -231,6 +236,7 @@ constexpr auto threeColumnLedger = detail(
         .windowTitle = "单位往来_三栏明细帐",
         .paintedTitle = "三 栏 式 明 细 帐",
         .printTitle = "三栏式明细帐",
+        .purpose = "查一个单位在一个科目上的帐时用：按日期一笔一笔列下来，每一笔后面都有余额。对帐时最常用。",
         .about = "一个单位在一个科目（含下级科目）上的往来逐笔明细，按分录日期排列，随时看到余额。",
         .dialog =
             {
@@ -271,6 +277,7 @@ constexpr auto multiColumnLedger = detail(
         .windowTitle = "单位往来_多栏式明细帐",
         .paintedTitle = "多 栏 式 明 细 帐",
         .printTitle = "单位往来多栏帐",
+        .purpose = "往来科目设了下级（如货款、质保金、运费）时用：一个单位的每一笔记在哪个下级科目上，右边分栏看清。",
         .about = "一个单位在一个非末级科目上的往来逐笔明细，按分录日期排列，每个下级科目在右边各占一栏。",
         .dialog =
             {
@@ -312,6 +319,7 @@ constexpr auto clerkLedger = detail(
         .windowTitle = "单位往来_业务员明细帐",
         .paintedTitle = "业 务 员 明 细 帐",
         .printTitle = "业务员明细帐",
+        .purpose = "业务员对帐、交接时用：他经手的每一笔往来，按单位列出。",
         .about = "一个业务员经手的单位往来逐笔明细，按单位分段，段内按分录日期排列，每个单位有单位小记。只列他"
                  "经手的分录；余额不记业务员，所以期初是单位的全部期初。“其它”是没有业务员的分录；没有指定业务"
                  "员时取第一个。",

@@ -2,11 +2,22 @@
 
 namespace tz {
 
-DrillAnswer drillToVoucher(const VoucherWords& words, const ComputedReport& shown, std::int64_t row) {
-  if (shown.grid.GetRows() == 0) return refusalWith(words.nothingShown);
-  if (row < 0) return refusalWith(words.noRow);
-  if (const auto line = shown.subjects.line(row)) return VoucherTarget{*line};
-  return refusalWith(shown.grid.RowKindAt(row) == RowKind::opening ? words.opening : words.noVoucher);
+namespace drills {
+
+bool lineShown(const DrillPlace& place) { return place.shown.grid.GetRows() != 0; }
+
+bool rowChosen(const DrillPlace& place) { return place.row >= 0; }
+
+bool noOpening(const DrillPlace& place) {
+  return rowOfVoucher(place) || place.shown.grid.RowKindAt(place.row) != RowKind::opening;
+}
+
+bool rowOfVoucher(const DrillPlace& place) { return place.shown.subjects.line(place.row).has_value(); }
+
+}  // namespace drills
+
+DrillAnswer voucherTarget(const DrillRule& /*rule*/, const DrillPlace& place) {
+  return VoucherTarget{*place.shown.subjects.line(place.row)};
 }
 
 }  // namespace tz

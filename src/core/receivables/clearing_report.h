@@ -37,6 +37,19 @@ inline constexpr std::array<std::string_view, 7> clearingRules = {
     "撤销取回最近一批标记：一次手工勾对、一次自动勾对或一次反两清，逐批向前。",
 };
 
+inline constexpr std::array<ColumnMeaning, 10> clearingMeanings = {{
+    {"日期", "凭证日期。"},
+    {"凭证号数", "凭证字和凭证号。"},
+    {"部门", "按部门分组时，这条分录的部门。"},
+    {"项目", "按项目分组时，这条分录的项目。"},
+    {"业务员", "按业务员分组时，这条分录的业务员。"},
+    {"摘要", "分录的摘要；小计、合计各行写明是什么数。"},
+    {"业务号", "分录上的发票号、合同号等，自动勾对时用它配对。"},
+    {"借方", "分录的借方发生额，带正负号。"},
+    {"贷方", "分录的贷方发生额，带正负号。"},
+    {"两清", "“√”是手工勾对的，“○”是自动勾对的，空着的还没有两清。"},
+}};
+
 // The computation of both; the report is a ClearingReport.
 void computeClearing(const ReportDefinition& report, Session& session, const Conditions& conditions,
                      ComputedReport& computed);

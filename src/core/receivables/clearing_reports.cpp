@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 
+#include "core/receivables/clearing_columns.h"
 #include "core/receivables/clearing_drill.h"
 #include "core/receivables/clearing_report.h"
 
@@ -37,12 +38,19 @@ constexpr std::array unitToolbar = {
     WindowCommand::help,          WindowCommand::close,
 };
 
+void addColumns(const ReportDefinition& /*report*/, const Conditions& conditions, CTzGrid& grid) {
+  const auto grouping = static_cast<ClearingGrouping>(conditions.request.choice(ParameterKey::clearingGrouping));
+  (void)addClearingColumns(grid, conditions.format, grouping);
+}
+
 // What a record leaves out is the family's.
 constexpr ClearingReport clearing(ReportDefinition report, const ClearingMember& member) {
   report.rules = clearingRules;
+  report.columnMeanings = clearingMeanings;
   report.period = lastMonthPeriod;
   report.colours = {};
   report.formats = [](const Conditions& c) { return c.amounts.formats; };
+  report.columns = addColumns;
   report.compute = computeClearing;
   report.busyBox = true;
   return {report, member};
@@ -58,6 +66,7 @@ constexpr auto personClearing = clearing(
         .windowTitle = "个人往来_个人往来两清",
         .paintedTitle = "个 人 往 来 两 清",
         .printTitle = "个人往来两清",
+        .purpose = "清理个人往来时用：一个人的借款和还款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
         .about = "一个人在一个末级科目上的往来分录，哪些已经两清，哪些还没有。",
         .exampleAccount = "122101",
         .dialog =
@@ -97,8 +106,8 @@ constexpr auto personClearing = clearing(
             [](const Conditions& c) {
               return fmt::format("科目：{}\n部门：{}     个人：{}", c.accountText(), c.dept.sDeptName, c.person.sName);
             },
-        .detail = clearingVoucher<ClearingKind::person>,
-        .generalLedger = clearingLedger<ClearingKind::person>,
+        .detail = clearingVoucher(ClearingKind::person),
+        .generalLedger = clearingLedger(ClearingKind::person),
     },
     {
         .kind = ClearingKind::person,
@@ -121,6 +130,7 @@ constexpr auto unitClearing = clearing(
         .windowTitle = "单位往来_单位往来两清",
         .paintedTitle = "单 位 往 来 两 清",
         .printTitle = "单位往来两清",
+        .purpose = "清理单位往来时用：发货和收款、收货和付款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
         .about =
             "一个单位在一个末级科目上的往来分录，哪些已经两清，哪些还没有；可以按部门、项目或业务员分组，各组有小计。",
         .exampleAccount = "112201",
@@ -148,8 +158,8 @@ constexpr auto unitClearing = clearing(
             [](const Conditions& c) {
               return fmt::format("科  目：{}\n单  位：{}", c.accountText(), c.unit.sEnterName);
             },
-        .detail = clearingVoucher<ClearingKind::unit>,
-        .generalLedger = clearingLedger<ClearingKind::unit>,
+        .detail = clearingVoucher(ClearingKind::unit),
+        .generalLedger = clearingLedger(ClearingKind::unit),
     },
     {
         .kind = ClearingKind::unit,

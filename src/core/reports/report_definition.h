@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -50,8 +51,39 @@ struct VoucherTarget {
 };
 // Where a row leads, or why it leads nowhere.
 using DrillAnswer = std::variant<DetailTarget, Refusal, VoucherTarget>;
-// Of a row of what is shown, -1 where none is current.
-using DetailOf = DrillAnswer (*)(const Conditions&, const ComputedReport&, std::int64_t row);
+// A row of what is shown, -1 where none is current.
+struct DrillPlace {
+  const Conditions& conditions;
+  const ComputedReport& shown;
+  std::int64_t row;
+};
+struct DrillCheck {
+  bool (*passes)(const DrillPlace&);
+  Message message;
+  std::string_view advice;  // of the manual: why, and what to do
+};
+// What Detail does: its checks in their order, and where it leads when they pass.
+struct DrillRule {
+  static constexpr std::size_t mostChecks = 4;
+  static constexpr std::size_t mostReports = 2;
+
+  Few<int, mostReports> reports = {};  // none: the voucher
+  Few<DrillCheck, mostChecks> checks = {};
+  DrillAnswer (*target)(const DrillRule&, const DrillPlace&) = nullptr;
+  // What the row's own member fills in, by its name in the first column, where the ledger asks for it.
+  void (*fill)(DetailTarget&, const Subject&, const std::string& name) = nullptr;
+
+  [[nodiscard]] DrillAnswer operator()(const Conditions& conditions, const ComputedReport& shown,
+                                       std::int64_t row) const;
+  // A report whose rows lead nowhere has none.
+  [[nodiscard]] constexpr bool operator==(std::nullptr_t) const { return target == nullptr; }
+};
+
+// What a column holds and where its figures come from. Of a group of columns: what they have in common.
+struct ColumnMeaning {
+  std::string_view caption;
+  std::string_view meaning;
+};
 
 struct ReportDefinition {
   int command = 0;  // of the navigator; the report's id everywhere
@@ -62,10 +94,12 @@ struct ReportDefinition {
   std::string_view windowTitle;
   std::string_view paintedTitle;  // static 1010
   std::string_view printTitle;    // files, terminal and JSON
-  // For the manual: what the report answers, which lines it takes, in which order and with which subtotals; and what
-  // holds for the whole family.
-  std::string_view about;
-  std::span<const std::string_view> rules;
+  // For the manual: when an accountant takes it; which lines it takes, in which order and with which subtotals; what
+  // holds for the whole family; and what its columns hold.
+  std::string_view purpose = {};
+  std::string_view about = {};
+  std::span<const std::string_view> rules = {};
+  std::span<const ColumnMeaning> columnMeanings = {};
   // Of the sample company, for the examples of help, where those of its area do not qualify.
   std::string_view exampleAccount = {};
   DialogSpec dialog = {};
@@ -79,15 +113,17 @@ struct ReportDefinition {
   std::string (*subtitle)(const Conditions&) = nullptr;
   // The amount formats that may be chosen for these conditions.
   std::vector<AmountFormat> (*formats)(const Conditions&) = nullptr;
+  // The columns under these conditions, as far as they are known without the ledger.
+  void (*columns)(const ReportDefinition&, const Conditions&, CTzGrid&) = nullptr;
   // Fills the grid, whose columns are not yet there, its notices and the subjects of its rows.
   void (*compute)(const ReportDefinition&, Session&, const Conditions&, ComputedReport&) = nullptr;
 
   // Checked in this order before the navigator or the command line opens it.
   std::span<const LaunchCheck> launchChecks = {};
   bool busyBox = false;  // while it computes, a box says so, besides the status line
-  DetailOf detail = nullptr;
-  DetailOf generalLedger = nullptr;  // where the command for it leads
-  FindOf find = nullptr;             // null: nothing is found by a member
+  DrillRule detail = {};
+  DrillRule generalLedger = {};  // where the command for it leads
+  FindOf find = nullptr;         // null: nothing is found by a member
   // What makes its window do more than show, under the name that the windows' registry has it; empty for none.
   std::string_view feature = {};
 };

@@ -58,6 +58,14 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
 
 }  // namespace
 
+DrillAnswer DrillRule::operator()(const Conditions& conditions, const ComputedReport& shown, std::int64_t row) const {
+  const DrillPlace place{conditions, shown, row};
+  for (const auto& check : checks) {
+    if (!check.passes(place)) return refusalWith(check.message);
+  }
+  return target(*this, place);
+}
+
 std::string_view areaName(Area area) {
   switch (area) {
     case Area::person:

@@ -121,7 +121,7 @@ class ReportWindow : public ProcessWindow {
   void DrawToolBar();
   void ConnectParts();
   // Goes where the current row leads.
-  void Follow(DetailOf detail);
+  void Follow(const DrillRule& detail);
   void Toggle(ParameterKey key);
   void OpenTab(WindowCommand command);
   // The buttons of toggles and tabs, and their entries in the menu, as the conditions have them.

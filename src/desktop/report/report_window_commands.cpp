@@ -178,7 +178,7 @@ void ReportWindow::OnDetail() { Follow(definition_.detail); }
 
 void ReportWindow::OnGeneralLedger() { Follow(definition_.generalLedger); }
 
-void ReportWindow::Follow(DetailOf detail) {
+void ReportWindow::Follow(const DrillRule& detail) {
   if (LongWork::Running()) return;
   // A first computation that came to nothing leaves a table without rows.
   static const ComputedReport nothing;
