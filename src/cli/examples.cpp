@@ -1,70 +1,14 @@
 #include "cli/examples.h"
 
-#include <algorithm>
-#include <array>
 #include <fmt/format.h>
-#include <iterator>
 
 #include "core/catalogue/catalogue.h"
+#include "core/manual/sample_conditions.h"
 
 namespace tz::cli {
 namespace {
 
-// Members of the sample company, and months in which all of them have lines.
-struct SampleValue {
-  ParameterKey key;
-  std::string_view value;
-};
-constexpr std::array sampleValues = {
-    SampleValue{ParameterKey::dept, "销售部"},
-    SampleValue{ParameterKey::person, "李明"},
-    SampleValue{ParameterKey::unit, "江淮重工集团"},
-    SampleValue{ParameterKey::unitClass, "国内客户"},
-    SampleValue{ParameterKey::clerk, "李明"},
-    SampleValue{ParameterKey::projectClass, "01"},
-    SampleValue{ParameterKey::project, "江淮数控车床"},
-    SampleValue{ParameterKey::from, "1"},
-    SampleValue{ParameterKey::to, "3"},
-    SampleValue{ParameterKey::cutoff, "2025-03-31"},
-    SampleValue{ParameterKey::month, "3"},
-};
-
-// An account on which the sample company keeps what the area is about.
-std::string_view sampleAccount(Area area) {
-  switch (area) {
-    case Area::person:
-      return "1221";
-    case Area::department:
-    case Area::plan:
-      return "6601";
-    case Area::project:
-      return "6001";
-    case Area::unit:
-      return "1122";
-  }
-  return {};
-}
-
-// Empty for conditions that an example leaves out.
-std::string_view sampleValue(const ReportDefinition& report, ParameterKey key) {
-  if (key == ParameterKey::account) {
-    return report.exampleAccount.empty() ? sampleAccount(report.area) : report.exampleAccount;
-  }
-  const auto* const found = std::ranges::find(sampleValues, key, &SampleValue::key);
-  return found == sampleValues.end() ? std::string_view() : found->value;
-}
-
 const ReportDefinition& anyReport() { return *catalogue().front(); }
-
-// With its conditions in their order.
-std::string reportLine(const ReportDefinition& report) {
-  auto line = fmt::format("report {} --ledger 示例.db", report.command);
-  for (const auto key : parametersOf(report)) {
-    const auto value = sampleValue(report, key);
-    if (!value.empty()) fmt::format_to(std::back_inserter(line), " --{} {}", parameter(key).option, value);
-  }
-  return line;
-}
 
 void addExample(CLI::App& command, std::string_view line) {
   const auto before = command.get_footer();
@@ -105,7 +49,7 @@ void addClearExamples(CLI::App& app) {
 void addReportExamples(CLI::App& app, int reportId) {
   const auto* named = findReport(reportId);
   const auto& report = named == nullptr ? anyReport() : *named;
-  const auto line = reportLine(report);
+  const auto line = manual::sampleCommand(report);
   const auto workbook = fmt::format(" --as xlsx -o {}.xlsx", report.printTitle);
   for (const std::string_view more : {std::string_view(), std::string_view(" --as json"), std::string_view(workbook)}) {
     addExample(*app.get_subcommand("report"), fmt::format("{}{}", line, more));
@@ -116,7 +60,7 @@ void addExamples(CLI::App& app, int reportId) {
   auto& ledger = *app.get_subcommand("ledger");
   addExample(app, "ledger create 示例.db --sample");
   addExample(app, "reports");
-  addExample(app, reportLine(anyReport()));
+  addExample(app, manual::sampleCommand(anyReport()));
   addExample(ledger, "ledger create 示例.db --sample");
   addExample(*ledger.get_subcommand("create"), "ledger create 示例.db --sample");
   addExample(*ledger.get_subcommand("create"), "ledger create 新帐套.db --empty --year 2025 --name 新帐套");

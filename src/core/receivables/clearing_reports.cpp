@@ -66,7 +66,8 @@ constexpr auto personClearing = clearing(
         .windowTitle = "个人往来_个人往来两清",
         .paintedTitle = "个 人 往 来 两 清",
         .printTitle = "个人往来两清",
-        .purpose = "清理个人往来时用：一个人的借款和还款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
+        .purpose =
+            "清理个人往来时用：一个人的借款和还款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
         .about = "一个人在一个末级科目上的往来分录，哪些已经两清，哪些还没有。",
         .exampleAccount = "122101",
         .dialog =
@@ -130,7 +131,8 @@ constexpr auto unitClearing = clearing(
         .windowTitle = "单位往来_单位往来两清",
         .paintedTitle = "单 位 往 来 两 清",
         .printTitle = "单位往来两清",
-        .purpose = "清理单位往来时用：发货和收款、收货和付款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
+        .purpose =
+            "清理单位往来时用：发货和收款、收货和付款，哪些已经对上，哪些还挂着。对上的打上标记，以后只看没有对上的。",
         .about =
             "一个单位在一个末级科目上的往来分录，哪些已经两清，哪些还没有；可以按部门、项目或业务员分组，各组有小计。",
         .exampleAccount = "112201",
