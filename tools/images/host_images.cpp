@@ -12,7 +12,6 @@
 #include "desktop/host/server_dialog.h"
 #include "desktop/host/start_window.h"
 #include "desktop/report/export_file.h"
-#include "desktop/shell/navigator_help.h"
 #include "images/images.h"
 
 namespace tz::images {
@@ -98,9 +97,6 @@ void drawHost(const PictureBook& book, SampleLedger& ledger) {
   QApplication::processEvents();
   book.Take(*g_pDlgWnd, QStringLiteral("host"));
   if (!book.All()) return;
-  showNavigatorHelp(g_pDlgWnd);
-  QApplication::processEvents();
-  book.Take(*g_pDlgWnd->findChild<QDialog*>(QStringLiteral("help")), QStringLiteral("help-navigator"));
   for (auto* button : g_pDlgWnd->findChildren<QToolButton*>()) {
     if (!button->text().endsWith(QStringLiteral("▾"))) continue;  // opens no menu
     const bool windows = button->text().startsWith(QStringLiteral("窗口"));

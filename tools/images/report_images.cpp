@@ -6,9 +6,10 @@
 #include "core/catalogue/catalogue.h"
 #include "desktop/frame/general_dialog.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/manual/manual.h"
 #include "desktop/report/export_file.h"
-#include "desktop/report/help_window.h"
 #include "desktop/report/report_window.h"
 #include "desktop/shell/launch.h"
 #include "desktop/shell/launch_window_list.h"
@@ -143,10 +144,11 @@ void drawStates(const PictureBook& book) {
     book.Take(busy, QStringLiteral("busy-box"));
     busy.End();
   });
-  draw("help", usual, [&book](QWidget& window) {
-    showHelp(&window, reportOf(window).Definition());
+  draw("manual", usual, [&book](QWidget& window) {
+    showManual(&window, manualPageOf(&window));
     QApplication::processEvents();
-    book.Take(*window.findChild<QDialog*>(QStringLiteral("help")), QStringLiteral("help"));
+    book.Take(*QApplication::activeWindow(), QStringLiteral("manual"));
+    closeManual();
   });
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/reports/explain_error.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
@@ -66,8 +67,16 @@ void setTextWidth(QMessageBox& box) {
       std::clamp(label->fontMetrics().boundingRect({}, 0, box.text()).width() + 1, narrowest, widest));
 }
 
+// What a report says stands on its page.
+QString pageOfMessages(const QWidget* parent) {
+  const QString page = manualPageOf(parent).section(QLatin1Char('#'), 0, 0);
+  return page.startsWith(QStringLiteral("reports/")) ? page + QStringLiteral("#提示与拒绝")
+                                                     : QStringLiteral("messages");
+}
+
 bool showBox(QWidget* parent, const ShownMessage& message) {
   QMessageBox box(QMessageBox::NoIcon, toQt(message.caption), toQt(message.text), QMessageBox::NoButton, parent);
+  setManualPage(box, pageOfMessages(parent));
   box.setIconPixmap(iconOf(message, box.devicePixelRatioF()));
   // Names from a ledger may look like markup.
   box.setTextFormat(Qt::PlainText);

@@ -16,7 +16,6 @@
 #include "desktop/report/report_window.h"
 #include "desktop/report/search_window.h"
 #include "desktop/shell/launch_window_list.h"
-#include "desktop/shell/navigator_help.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -32,7 +31,7 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
   launcher_.OfferSaved(conditions_);
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
-                        [this](unsigned) { showNavigatorHelp(&navigator_); },
+                        [this](unsigned) { showManual(&navigator_, QStringLiteral("start#导航窗口")); },
                         [this] { return MayLeave(QStringLiteral("退出")); }});
   connect(&launcher_, &ReportLauncher::opened, this, &Desktop::Welcome);
   connect(&launcher_, &ReportLauncher::windowsChanged, this, [this] { leaves_ = false; });
@@ -77,6 +76,8 @@ void Desktop::FillLedgerMenu(QMenu* menu) {
   });
   AddThemes(menu->addMenu(QStringLiteral("外观")));
   fillTextSizes(menu->addMenu(QStringLiteral("文字大小")), settings_, navigator_);
+  menu->addSeparator();
+  menu->addAction(QStringLiteral("使用手册\tF1"), this, [this] { showManual(&navigator_, QStringLiteral("index")); });
   menu->addSeparator();
   menu->addAction(QStringLiteral("打开其他帐套…"), this, &Desktop::anotherWanted);
   menu->addAction(QStringLiteral("退出"), &navigator_, &QWidget::close);

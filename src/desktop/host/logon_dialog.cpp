@@ -13,6 +13,7 @@
 
 #include "core/reports/explain_error.h"
 #include "desktop/frame/combo_name.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/host/open_ledger.h"
 #include "desktop/report/log.h"
 #include "desktop/theme/qt_text.h"
@@ -44,6 +45,7 @@ class LogonDateDialog : public QDialog {
   LogonDateDialog(QWidget* parent, Date date, std::optional<int> accountYear)
       : QDialog(parent), date_(date, accountYear, this), failure_(new FailureNote(this)) {
     setWindowTitle(QStringLiteral("登录日期"));
+    setManualPage(*this, QStringLiteral("start#登录"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(margin / 2);
@@ -94,6 +96,7 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
       date_(ledger.ProposedDate(), ledger.AccountYear(), this),
       failure_(new FailureNote(this)) {
   setWindowTitle(QStringLiteral("登录 — ") + ledger.Name());
+  setManualPage(*this, QStringLiteral("start#登录"));
   for (const auto& record : ledger.Database().zOperator_GetInfo("lId > 0 ORDER BY lId")) {
     names_->addItem(toQt(record.sName));
   }

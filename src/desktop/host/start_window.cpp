@@ -3,20 +3,19 @@
 #include <QDate>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "core/data/connection.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/host/new_ledger_dialog.h"
 #include "desktop/host/open_ledger.h"
 #include "desktop/host/recent_list.h"
 #include "desktop/host/server_dialog.h"
 #include "desktop/host/settings.h"
-#include "desktop/report/help_window.h"
-#include "desktop/report/key_table.h"
+#include "desktop/manual/manual.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/qt_text.h"
 
@@ -33,19 +32,6 @@ Failure named(const QString& address, Failure failure) {
   return failure;
 }
 
-QString startHelp() {
-  return QStringLiteral(
-             "<h2>打开帐套</h2><ul>"
-             "<li>最近的帐套写明单位和会计年度；文件已不在原处的也写明。从列表中移除的帐套仍在原处。</li>"
-             "<li>示例单位的帐套第一次打开时建立在本机，以后打开的是同一个。</li>"
-             "<li>新建帐套建立一个空的文件；已有的文件不会被覆盖。</li>"
-             "<li>服务器上的帐套按主机、端口、数据库和用户连接，整个地址也可以粘贴进来。口令在服务器要求时询问，"
-             "不会保存。</li>"
-             "<li>打不开时，原因写在选择它的地方下面；“详细”是数据库的原文，供管理员参考。</li></ul>"
-             "<h3>按键</h3>") +
-         keysAsHtml({KeyPlace::start, KeyPlace::everywhere});
-}
-
 }  // namespace
 
 StartWindow::StartWindow(HostSettings& settings, Open open, QWidget* parent)
@@ -55,6 +41,7 @@ StartWindow::StartWindow(HostSettings& settings, Open open, QWidget* parent)
       recent_(new RecentList(settings, this)),
       recentFailure_(new FailureNote(this)) {
   setWindowTitle(QStringLiteral("辅助核算 — 打开帐套"));
+  setManualPage(*this, QStringLiteral("start#打开帐套"));
   LayOut();
   connect(recent_, &RecentList::openWanted, this, &StartWindow::OpenRecent);
   connect(recent_, &RecentList::changed, this, &StartWindow::EnableRecent);
@@ -115,7 +102,16 @@ void StartWindow::LayOut() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(startMargin, startMargin, startMargin, startMargin);
   layout->setSpacing(startMargin / 2);
-  layout->addWidget(title);
+  auto* manual = new QPushButton(QStringLiteral("使用手册"), this);
+  manual->setObjectName(QStringLiteral("manual"));
+  manual->setToolTip(QStringLiteral("打开使用手册（F1）"));
+  manual->setFlat(true);
+  manual->setAutoDefault(false);
+  connect(manual, &QPushButton::clicked, this, [this] { showManual(this, manualPageOf(this)); });
+  auto* head = new QHBoxLayout;
+  head->addWidget(title, 1);
+  head->addWidget(manual);
+  layout->addLayout(head);
   layout->addLayout(columns, 1);
   resize(startSize.boundedTo(roomFor(*this)));
 }
@@ -208,14 +204,6 @@ void StartWindow::Tell(QWidget* from, const Failure& failure) {
   note->Tell(failure);
   from->setFocus();
   if (note != recentFailure_) choices_->ensureWidgetVisible(note);
-}
-
-void StartWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F1) {
-    showHelpPage(this, startHelp());
-  } else {
-    QDialog::keyPressEvent(event);
-  }
 }
 
 void StartWindow::ClearNotes() {

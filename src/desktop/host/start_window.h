@@ -32,8 +32,6 @@ class StartWindow : public QDialog {
   void SetSample(FillLedger fill) { sample_ = std::move(fill); }
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
-
  private:
   void LayOut();
   QPushButton* AddChoice(QVBoxLayout& choices, const char* name, const QString& caption, const QString& hint);

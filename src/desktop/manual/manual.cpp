@@ -10,16 +10,19 @@
 namespace tz {
 namespace {
 
-QPointer<ManualWindow> theManual;
+QPointer<ManualWindow>& theManual() {
+  static QPointer<ManualWindow> window;
+  return window;
+}
 
-// A dialog that ends lets go of the manual beside it, which stays.
+// A dialog that ends leaves the manual to the one below it, or to nobody; the manual stays.
 class Beside : public QObject {
  public:
   explicit Beside(QWidget& dialog) : QObject(&dialog) { dialog.installEventFilter(this); }
 
   bool eventFilter(QObject* dialog, QEvent* event) override {
     if (event->type() == QEvent::Hide) {
-      if (theManual != nullptr) theManual->StandBeside(nullptr);
+      if (theManual() != nullptr) theManual()->StandBeside(QApplication::activeModalWidget());
       dialog->removeEventFilter(this);
       deleteLater();
     }
@@ -46,18 +49,18 @@ class ManualKey : public QObject {
 }  // namespace
 
 void showManual(QWidget* /*asker*/, const QString& page) {
-  if (theManual == nullptr) theManual = new ManualWindow;
-  theManual->Open(manualPlace(page));
+  if (theManual() == nullptr) theManual() = new ManualWindow;
+  theManual()->Open(manualPlace(page));
   QWidget* modal = QApplication::activeModalWidget();
-  theManual->StandBeside(modal);
   if (modal != nullptr) new Beside(*modal);
-  if (theManual->isMinimized()) theManual->setWindowState(theManual->windowState() & ~Qt::WindowMinimized);
-  theManual->show();
-  theManual->raise();
-  theManual->activateWindow();
+  if (theManual()->isMinimized()) theManual()->setWindowState(theManual()->windowState() & ~Qt::WindowMinimized);
+  theManual()->show();
+  theManual()->StandBeside(modal);
+  theManual()->raise();
+  theManual()->activateWindow();
 }
 
-void closeManual() { delete theManual.data(); }
+void closeManual() { delete theManual().data(); }
 
 void installManualKey() { qApp->installEventFilter(new ManualKey(qApp)); }
 

@@ -6,6 +6,8 @@
 #include <QTextFrame>
 #include <QTextList>
 #include <QTextTable>
+#include <array>
+#include <vector>
 
 #include "desktop/manual/manual_pages.h"
 #include "desktop/theme/fonts.h"
@@ -14,8 +16,8 @@
 namespace tz {
 namespace {
 
-constexpr int lineHeight = 150;  // percent
-constexpr int denseLines = 130;
+constexpr int lineHeight = 118;  // percent of what the face asks for
+constexpr int denseLines = 100;
 
 struct Typography {
   int pixels;
@@ -24,22 +26,20 @@ struct Typography {
 };
 
 void setHeading(QTextCursor& cursor, int level, const Typography& type) {
-  static constexpr double sizes[] = {1.7, 1.3, 1.1};
-  static constexpr double above[] = {0.2, 1.4, 1.0};
-  const int place = std::min(level, 3) - 1;
+  static constexpr std::array sizes = {1.7, 1.3, 1.1};
+  static constexpr std::array above = {0.2, 1.4, 1.0};
+  const auto place = static_cast<std::size_t>(std::min(level, 3) - 1);
   QTextBlockFormat block;
   block.setTopMargin(type.Em(above[place]));
   block.setBottomMargin(type.Em(0.4));
   cursor.mergeBlockFormat(block);
+  // In place of what the reader set: its sizes follow the text's.
   QTextCharFormat text;
-  text.setFont(uiFont(type.Em(sizes[place]), QFont::DemiBold), QTextCharFormat::FontPropertiesSpecifiedOnly);
-  text.setFontPointSize(0);
-  text.setProperty(QTextFormat::FontPixelSize, type.Em(sizes[place]));
-  text.clearProperty(QTextFormat::FontSizeAdjustment);
+  text.setFont(uiFont(type.Em(sizes[place]), QFont::DemiBold));
   text.setForeground(level == 1 ? currentTheme().accent : currentTheme().text);
   text.setAnchor(true);
   text.setAnchorNames({anchorOf(cursor.block().text())});
-  cursor.mergeCharFormat(text);
+  cursor.setCharFormat(text);
 }
 
 void setText(QTextCursor& cursor, const Typography& type) {
@@ -57,7 +57,7 @@ void setTable(QTextTable& table, const Typography& type) {
   format.setBorder(1);
   format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
   format.setBorderBrush(currentTheme().rule);
-  format.setCellPadding(type.Em(0.45));
+  format.setCellPadding(type.Em(0.35));
   format.setCellSpacing(0);
   format.setTopMargin(type.Em(0.2));
   format.setBottomMargin(type.Em(1));
@@ -75,27 +75,36 @@ void setTable(QTextTable& table, const Typography& type) {
   }
 }
 
-void colourLinks(const QTextBlock& block, const QTextCursor& whole) {
-  std::vector<std::pair<int, int>> links;
+// Links in the accent, what is typed in a terminal on a ground of its own.
+void setParts(const QTextBlock& block, QTextDocument& document, const Typography& type) {
+  std::vector<std::pair<QTextFragment, QTextCharFormat>> parts;
   for (auto part = block.begin(); !part.atEnd(); ++part) {
     const QTextFragment fragment = part.fragment();
-    if (!fragment.charFormat().anchorHref().isEmpty()) links.emplace_back(fragment.position(), fragment.length());
-  }
-  for (const auto& [from, length] : links) {
-    QTextCursor cursor(whole);
-    cursor.setPosition(from);
-    cursor.setPosition(from + length, QTextCursor::KeepAnchor);
     QTextCharFormat text;
-    text.setForeground(currentTheme().accent);
-    text.setFontUnderline(false);
+    if (!fragment.charFormat().anchorHref().isEmpty()) {
+      text.setForeground(currentTheme().accent);
+      text.setFontUnderline(false);
+    }
+    if (fragment.charFormat().fontFixedPitch()) {
+      text.setBackground(currentTheme().header);
+      text.setProperty(QTextFormat::FontPixelSize, type.Em(0.9));
+    }
+    if (text.propertyCount() > 0) parts.emplace_back(fragment, text);
+  }
+  for (const auto& [fragment, text] : parts) {
+    QTextCursor cursor(&document);
+    cursor.setPosition(fragment.position());
+    cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
     cursor.mergeCharFormat(text);
   }
 }
 
 }  // namespace
 
-void setManualPageInto(QTextDocument& document, const QString& markdown, int pixels) {
+QTextDocument* manualDocument(const QString& markdown, int pixels, QObject* parent) {
   const Typography type{pixels};
+  auto* made = new QTextDocument(parent);
+  QTextDocument& document = *made;
   document.setUndoRedoEnabled(false);
   document.setDefaultFont(uiFont(pixels));
   document.setMarkdown(markdown);
@@ -107,12 +116,13 @@ void setManualPageInto(QTextDocument& document, const QString& markdown, int pix
     cursor.setPosition(block.position() + block.length() - 1, QTextCursor::KeepAnchor);
     const int level = block.blockFormat().headingLevel();
     level > 0 ? setHeading(cursor, level, type) : setText(cursor, type);
-    colourLinks(block, cursor);
+    setParts(block, document, type);
   }
   for (QTextFrame* frame : document.rootFrame()->childFrames()) {
     if (auto* table = qobject_cast<QTextTable*>(frame)) setTable(*table, type);
   }
   cursor.endEditBlock();
+  return made;
 }
 
 }  // namespace tz

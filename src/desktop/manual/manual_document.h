@@ -4,11 +4,12 @@
 
 #include <QString>
 
+class QObject;
 class QTextDocument;
 
 namespace tz {
 
-// `pixels` is the height of running text.
-void setManualPageInto(QTextDocument& document, const QString& markdown, int pixels);
+// `pixels` is the height of running text. What is not shown yet is not laid out at each change.
+[[nodiscard]] QTextDocument* manualDocument(const QString& markdown, int pixels, QObject* parent);
 
 }  // namespace tz

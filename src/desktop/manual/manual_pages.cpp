@@ -8,9 +8,9 @@
 namespace tz {
 namespace {
 
-const QString root = QStringLiteral(":/manual/");
-const QString ending = QStringLiteral(".md");
-const QString indexPage = QStringLiteral("index");
+constexpr QLatin1String root(":/manual/");
+constexpr QLatin1String ending(".md");
+constexpr QLatin1String indexPage("index");
 
 // One heading and what stands below it, without marks of Markdown.
 struct Section {
@@ -19,6 +19,29 @@ struct Section {
   QString heading;
   QStringList lines;
 };
+
+// A line break inside a paragraph is none on the screen; between Chinese signs no blank stands for it either.
+QString unwrapped(const QString& markdown) {
+  static const QRegularExpression begins(QStringLiteral(R"(^\s*([#|>]|[-*]\s|\d+\.\s|```|$))"));
+  QStringList lines;
+  bool fenced = false;
+  for (const QString& line : markdown.split(QLatin1Char('\n'))) {
+    const bool fence = line.startsWith(QStringLiteral("```"));
+    const bool goesOn = !fenced && !lines.empty() && !lines.back().startsWith(QStringLiteral("```")) &&
+                        !lines.back().isEmpty() && !begins.match(line).hasMatch() &&
+                        !lines.back().startsWith(QLatin1Char('#')) && !lines.back().startsWith(QLatin1Char('|'));
+    if (fence) fenced = !fenced;
+    if (!goesOn) {
+      lines << line;
+      continue;
+    }
+    const QString more = line.trimmed();
+    const auto latin = [](QChar sign) { return sign.unicode() < 0x100; };
+    if (latin(lines.back().back()) && latin(more.front())) lines.back() += QLatin1Char(' ');
+    lines.back() += more;
+  }
+  return lines.join(QLatin1Char('\n'));
+}
 
 QString withoutMarks(QString line) {
   static const QRegularExpression link(QStringLiteral(R"(\[([^\]]*)\]\([^)]*\))"));
@@ -67,23 +90,23 @@ QString sentenceOf(const Section& section, const QStringList& words) {
   constexpr int longest = 60;
   const auto at = best->indexOf(words.front(), 0, Qt::CaseInsensitive);
   const auto start = at > before ? at - before : 0;
-  QString words_ = best->mid(start, longest);
-  if (start > 0) words_.prepend(QStringLiteral("…"));
-  if (start + longest < best->size()) words_.append(QStringLiteral("…"));
-  return words_;
+  QString sentence = best->mid(start, longest);
+  if (start > 0) sentence.prepend(QStringLiteral("…"));
+  if (start + longest < best->size()) sentence.append(QStringLiteral("…"));
+  return sentence;
 }
 
 }  // namespace
 
 QString manualText(const QString& page) {
   QFile file(root + page + ending);
-  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  return file.open(QIODevice::ReadOnly) ? unwrapped(QString::fromUtf8(file.readAll())) : QString();
 }
 
 const std::vector<QString>& manualPages() {
   static const auto pages = [] {
     std::vector<QString> all;
-    QDirIterator files(root, {QLatin1Char('*') + ending}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(root, {QStringLiteral("*.md")}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) all.push_back(files.next().mid(root.size()).chopped(ending.size()));
     std::ranges::sort(all, {}, [](const QString& page) { return std::pair(page != indexPage, page); });
     return all;

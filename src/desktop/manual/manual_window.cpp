@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScrollBar>
@@ -29,16 +30,20 @@ namespace {
 constexpr QSize manualSize(980, 680);
 constexpr int contentsWidth = 250;
 constexpr int textPixels = 15;
+constexpr int besideText = 6;  // of an entry
 constexpr std::array zooms = {80, 90, 100, 115, 130, 150, 175, 200};
 constexpr int usualZoom = 2;
 // As it was left, for the next time that the manual is opened.
-int lastZoom = usualZoom;
+int& lastZoom() {
+  static int zoom = usualZoom;
+  return zoom;
+}
 
 }  // namespace
 
 ManualWindow::ManualWindow()
     : QWidget(nullptr, Qt::Window),
-      zoom_(lastZoom),
+      zoom_(lastZoom()),
       browser_(new QTextBrowser(this)),
       contents_(new QTreeWidget(this)),
       found_(new QListWidget(this)),
@@ -74,6 +79,7 @@ void ManualWindow::LayOut() {
   found_->setObjectName(QStringLiteral("found"));
   found_->setAccessibleName(QStringLiteral("找到的段落"));
   found_->setWordWrap(true);
+  found_->setSpacing(besideText / 2);
   found_->setFrameShape(QFrame::NoFrame);
   found_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   left_->addWidget(contents_);
@@ -160,6 +166,7 @@ void ManualWindow::FillContents() {
     auto* item = above == nullptr ? new QTreeWidgetItem(contents_) : new QTreeWidgetItem(above);
     item->setText(0, entry.title);
     item->setToolTip(0, entry.title);
+    item->setSizeHint(0, {0, fontMetrics().height() + besideText});
     item->setData(0, Qt::UserRole, entry.page);
     return item;
   };
@@ -196,9 +203,11 @@ void ManualWindow::GoTo(std::size_t visit) {
 }
 
 void ManualWindow::SetPage() {
-  setManualPageInto(
-      *browser_->document(), manualText(Place().page),
-      textPixels * textSize() / usualTextSize * zooms.at(static_cast<std::size_t>(zoom_)) / usualTextSize);
+  const int pixels =
+      textPixels * textSize() / usualTextSize * zooms.at(static_cast<std::size_t>(zoom_)) / usualTextSize;
+  const QPointer<QTextDocument> before = browser_->document();  // the browser deletes the first one itself
+  browser_->setDocument(manualDocument(manualText(Place().page), pixels, browser_));
+  delete before.data();
   browser_->verticalScrollBar()->setValue(0);
 }
 
@@ -235,7 +244,7 @@ void ManualWindow::UsualSize() { SetZoom(usualZoom); }
 void ManualWindow::SetZoom(int zoom) {
   const int wanted = std::clamp(zoom, 0, static_cast<int>(zooms.size()) - 1);
   if (wanted == zoom_) return;
-  zoom_ = lastZoom = wanted;
+  zoom_ = lastZoom() = wanted;
   const QScrollBar& bar = *browser_->verticalScrollBar();
   const double place = bar.maximum() == 0 ? 0 : static_cast<double>(bar.value()) / bar.maximum();
   SetPage();
@@ -269,16 +278,21 @@ void ManualWindow::OnLink(const QUrl& link) {
 }
 
 void ManualWindow::Search(const QString& words) {
+  constexpr std::size_t most = 60;
   hits_ = searchManual(words);
+  const auto all = hits_.size();
+  hits_.resize(std::min(all, most));
   found_->clear();
   for (const ManualHit& hit : hits_) {
     const QString where = hit.heading == hit.title ? hit.title : hit.title + QStringLiteral(" › ") + hit.heading;
     found_->addItem(hit.words.isEmpty() ? where : where + QLatin1Char('\n') + hit.words);
   }
-  if (hits_.empty() && !words.trimmed().isEmpty()) {
-    found_->addItem(QStringLiteral("手册里没有找到"));
-    found_->item(0)->setFlags(Qt::NoItemFlags);
-  }
+  const auto tell = [this](const QString& note) {
+    found_->addItem(note);
+    found_->item(found_->count() - 1)->setFlags(Qt::NoItemFlags);
+  };
+  if (hits_.empty()) tell(QStringLiteral("手册里没有找到"));
+  if (all > most) tell(QStringLiteral("还有 %1 处，再写几个字就能缩小范围").arg(all - most));
   if (!hits_.empty()) found_->setCurrentRow(0);
   left_->setCurrentWidget(words.trimmed().isEmpty() ? static_cast<QWidget*>(contents_) : found_);
 }

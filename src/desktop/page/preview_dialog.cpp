@@ -12,6 +12,7 @@
 
 #include "desktop/frame/combo_name.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/narrow_button.h"
 #include "desktop/page/page_painter.h"
 #include "desktop/page/page_view.h"
@@ -29,6 +30,7 @@ PreviewDialog::PreviewDialog(const ComputedReport& report, PageOptions& options,
     : QDialog(parent), report_(report), options_(options), view_(new PageView(this)) {
   setObjectName(QStringLiteral("preview"));
   setWindowTitle(QStringLiteral("打印预览"));
+  setManualPage(*this, QStringLiteral("printing"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

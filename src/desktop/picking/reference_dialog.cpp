@@ -13,6 +13,7 @@
 
 #include "desktop/frame/dialog_keys.h"
 #include "desktop/frame/fit_window.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/picking/search_model.h"
 #include "desktop/theme/qt_text.h"
 #include "desktop/theme/theme.h"
@@ -74,6 +75,7 @@ ReferenceDialog::ReferenceDialog(const QString& title, const QString& groupCapti
       count_(new QLabel(this)),
       ok_(new QPushButton(QStringLiteral("确定"), this)) {
   setWindowTitle(title);
+  setManualPage(*this, QStringLiteral("conditions#输入"));
   search_->setObjectName(QStringLiteral("search"));
   search_->setPlaceholderText(QStringLiteral("输入编码、名称或拼音首字母查找"));
   search_->setAccessibleName(QStringLiteral("查找"));

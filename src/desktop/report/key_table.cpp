@@ -1,13 +1,10 @@
 #include "desktop/report/key_table.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace tz {
 namespace {
 
 constexpr KeyEntry everywhereKeys[] = {
-    {"F1", "打开本窗口的说明"},
+    {"F1", "打开使用手册里讲这个窗口的一页；在提示框里，讲这条提示的一页"},
     {"Ctrl+Tab、Ctrl+Shift+Tab", "到下一个、上一个打开的窗口"},
     {"Alt+W", "打开窗口列表：按数字到那个窗口，T 并排，S 层叠，A 全部关闭"},
     {"Ctrl+K", "在整个帐套里查找分录"},
@@ -117,6 +114,15 @@ constexpr KeyEntry previewKeys[] = {
     {"Esc、Alt+C", "关闭预览"},
 };
 
+constexpr KeyEntry manualKeys[] = {
+    {"Alt+←、Alt+→", "后退、前进"},
+    {"Alt+Home", "到目录"},
+    {"Ctrl+F", "在手册里查找；Enter 打开找到的第一段，↓ 选其他的"},
+    {"Ctrl++、Ctrl+-、Ctrl+0", "放大、缩小手册的文字，恢复通常的大小"},
+    {"Ctrl+P", "打印这一页"},
+    {"Esc、Ctrl+W", "关闭手册；查找栏里有文字时，Esc 先清除它"},
+};
+
 constexpr KeyGroup keyGroups[] = {
     {KeyPlace::everywhere, "每个窗口", everywhereKeys},
     {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
@@ -130,24 +136,11 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::voucher, "凭证窗口", voucherKeys},
     {KeyPlace::search, "查找分录的窗口", searchKeys},
     {KeyPlace::preview, "打印预览", previewKeys},
+    {KeyPlace::manual, "使用手册", manualKeys},
 };
 
 }  // namespace
 
 std::span<const KeyGroup> keyTable() { return keyGroups; }
-
-QString keysAsHtml(std::initializer_list<KeyPlace> places) {
-  QString html;
-  for (const KeyGroup& group : keyGroups) {
-    if (std::ranges::find(places, group.place) == places.end()) continue;
-    html += QStringLiteral("<p><b>%1</b></p><table>").arg(QString::fromUtf8(group.caption));
-    for (const KeyEntry& entry : group.entries) {
-      html += QStringLiteral("<tr><td style='padding-right:16px'>%1</td><td>%2</td></tr>")
-                  .arg(QString::fromUtf8(entry.keys).toHtmlEscaped(), QString::fromUtf8(entry.does).toHtmlEscaped());
-    }
-    html += QStringLiteral("</table>");
-  }
-  return html;
-}
 
 }  // namespace tz

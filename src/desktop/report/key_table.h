@@ -1,8 +1,7 @@
-// The keys of all windows, in one table: the help windows and the manual's page of keys are drawn up from it. Keys of a
+// The keys of all windows, in one table, from which the manual's page of keys is drawn up. Keys of a
 // report's toolbar stand with its commands (window_commands.h).
 #pragma once
 
-#include <QString>
 #include <span>
 
 namespace tz {
@@ -19,7 +18,8 @@ enum class KeyPlace {
   locate,
   voucher,
   search,
-  preview
+  preview,
+  manual
 };
 
 struct KeyEntry {
@@ -35,7 +35,5 @@ struct KeyGroup {
 
 // In the order of a day's work.
 [[nodiscard]] std::span<const KeyGroup> keyTable();
-// The groups of these places as a piece of a help page.
-[[nodiscard]] QString keysAsHtml(std::initializer_list<KeyPlace> places);
 
 }  // namespace tz

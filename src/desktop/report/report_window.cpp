@@ -6,9 +6,11 @@
 #include <QVBoxLayout>
 #include <cassert>
 
+#include "core/manual/report_page.h"
 #include "core/reports/explain_error.h"
 #include "core/reports/standing_row.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/frame/window_keys.h"
 #include "desktop/gridview/grid_view.h"
@@ -43,6 +45,7 @@ ReportWindow::ReportWindow(const ReportDefinition& definition, QWidget* parent)
   assert(definition.feature.empty() || feature_ != nullptr);
   background_->LoadBkGroundBitmap(CNeedBitmap::reportGround);
   setWindowTitle(toQt(definition.windowTitle));
+  setManualPage(*this, toQt(manual::reportPage(definition)));
 }
 
 ReportWindow::~ReportWindow() { delete queryDialog_; }

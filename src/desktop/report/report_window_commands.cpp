@@ -7,10 +7,11 @@
 #include "core/platform/sink.h"
 #include "core/reports/offers.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/manual/manual.h"
 #include "desktop/query/find_dialog.h"
-#include "desktop/report/help_window.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/report_status.h"
 #include "desktop/report/report_window.h"
@@ -207,6 +208,7 @@ void ReportWindow::OnFind() {
   const FindRule& rule = definition_.find(conditions);
   Session session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime, .who = g_operator};
   FindDialog dialog(rule.dialog, session, this);
+  setManualPage(dialog, QStringLiteral("tables#定位和查找"));
   dialog.SetRequest(findRequest(rule, conditions));
   if (!dialog.DoModal()) return;
   try {
@@ -252,6 +254,6 @@ void ReportWindow::ExportTo(const ExportTarget& target) {
   }
 }
 
-void ReportWindow::OnHelp() { showHelp(this, definition_); }
+void ReportWindow::OnHelp() { showManual(this, manualPageOf(this)); }
 
 }  // namespace tz

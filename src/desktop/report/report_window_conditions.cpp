@@ -1,6 +1,7 @@
 // Conditions that are asked for again or changed on the live window.
 #include "core/reports/explain_error.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/query/condition_store.h"
 #include "desktop/query/query_dialog.h"
@@ -21,6 +22,7 @@ bool ReportWindow::OnCommandQuery() {
     querySession_ =
         std::make_unique<Session>(Session{.db = *g_pDB, .ledger = g_lpszQnZwDBName, .logon = g_tmLogonTime});
     queryDialog_ = new CTzQueryDialog(definition_.dialog, *querySession_, g_pDlgWnd);
+    setManualPage(*queryDialog_, manualPageOf(this) + QStringLiteral("#条件"));
     if (store_ != nullptr) queryDialog_->OfferSaved(*store_, definition_.command);
   }
   if (IsCreated()) queryDialog_->setParent(this, queryDialog_->windowFlags());

@@ -12,11 +12,11 @@
 #include "core/reports/explain_error.h"
 #include "core/reports/window_command.h"
 #include "desktop/frame/combo_name.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/window_keys.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/manual/manual.h"
 #include "desktop/report/grid_tools.h"
-#include "desktop/report/help_window.h"
-#include "desktop/report/key_table.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/notice_bar.h"
@@ -47,27 +47,11 @@ constexpr CToolBarInfo searchTools[] = {
     {301, idOf(WindowCommand::close), "Ctrl+W", "关闭窗口"},
 };
 
-QString searchHelp() {
-  QString rules;
-  for (const auto rule : searchRules) rules += QStringLiteral("<li>%1</li>").arg(toQt(rule).toHtmlEscaped());
-  return QStringLiteral(
-             "<h2>查找分录</h2><p>在整个帐套里查找，不限科目和期间。写下要查找的文字或数，按 Enter。</p>"
-             "<h3>找什么</h3><ul>%1</ul>"
-             "<h3>结果</h3><ul>"
-             "<li>按期间、凭证字、凭证号、分录的次序列出，最后一栏说明找到于哪一项；浅绿色的行来自未记帐凭证。</li>"
-             "<li>在一行上按 Enter 或双击，打开它的凭证。</li>"
-             "<li>最多列出前 %2 条，并说明一共找到多少条；写得详细些就能缩小范围。</li>"
-             "<li>查找时找到多少就先列出多少；按 Esc 停止，已经找到的留着，并说明没有找完。</li>"
-             "<li>“定位”和“筛选”只在列出的行里找；这里查找的是整个帐套。</li></ul>"
-             "<h3>按键</h3>")
-             .arg(rules, grouped(static_cast<qint64>(mostFound))) +
-         keysAsHtml({KeyPlace::search, KeyPlace::grid, KeyPlace::filter, KeyPlace::locate, KeyPlace::everywhere});
-}
-
 }  // namespace
 
 SearchWindow::SearchWindow(QWidget* parent) : ProcessWindow(searchWindow, searchTemplate, parent) {
   setWindowTitle(QStringLiteral("查找分录"));
+  setManualPage(*this, QStringLiteral("search"));
 }
 
 bool SearchWindow::OnInitDialog() {
@@ -176,7 +160,7 @@ void SearchWindow::OnCommand(int id) {
   if (command == idOf(WindowCommand::query)) Search();
   if (command == idOf(WindowCommand::detail)) OpenVoucher();
   if (command == idOf(WindowCommand::exportFile)) Export();
-  if (command == idOf(WindowCommand::help)) showHelpPage(this, searchHelp());
+  if (command == idOf(WindowCommand::help)) showManual(this, manualPageOf(this));
   if (command == idOf(WindowCommand::close)) EndDialog(Accepted);
 }
 

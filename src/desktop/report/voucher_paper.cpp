@@ -15,11 +15,11 @@
 namespace tz {
 namespace {
 
-constexpr int titlePixels = 28;
+constexpr int voucherTitlePixels = 28;
 constexpr int ruleGap = 3;
 
 QFont titleFont() {
-  QFont font = kaiFont(titlePixels);
+  QFont font = kaiFont(voucherTitlePixels);
   font.setWeight(QFont::Bold);
   return font;
 }
@@ -134,7 +134,7 @@ void VoucherPaper::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), theme.surface);
   lines.Frame(rect(), theme.edge);
   // Two rules below the title, a little wider than it.
-  const int half = title_->fontMetrics().horizontalAdvance(title_->text()) / 2 + titlePixels;
+  const int half = title_->fontMetrics().horizontalAdvance(title_->text()) / 2 + voucherTitlePixels;
   const QRect first(title_->geometry().center().x() - half, title_->geometry().bottom() + ruleGap, 2 * half, 1);
   lines.Top(first, theme.text);
   lines.Top(first.translated(0, ruleGap), theme.text);

@@ -12,9 +12,9 @@
 #include "core/voucher/voucher_ledgers.h"
 #include "desktop/frame/announce.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/message_box.h"
-#include "desktop/report/help_window.h"
-#include "desktop/report/key_table.h"
+#include "desktop/manual/manual.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/voucher_paper.h"
@@ -41,22 +41,6 @@ constexpr CToolBarInfo toolBarTable[] = {
     {.bitmap = 301, .command = static_cast<int>(WindowCommand::close), .shortcut = "Ctrl+W", .tip = "关闭窗口"},
 };
 
-QString helpPage() {
-  return QStringLiteral(
-             "<h2>记帐凭证</h2>"
-             "<p>从明细帐的一行、查找的一条结果打开。各帐表共用这一个窗口，打开时停在来处的分录上。</p><ul>"
-             "<li>上一张、下一张按会计期间、凭证字、凭证号、编号的次序；已记帐和未记帐凭证各自排列，期初凭证不在其中。<"
-             "/li>"
-             "<li>科目写出各级名称，下面是部门、个人、单位、项目，数量、单价、外币、汇率，业务员、业务号和两清标记。</"
-             "li>"
-             "<li>红字为红色并带负号。合计的大写金额按借方合计书写，借贷不平时注明。</li>"
-             "<li>"
-             "从分录到明细帐：个人、单位、部门、项目中，科目核算而分录写明的各有一本三栏式明细帐；有几本时在菜单里选。"
-             "月份是凭证的会计期间；未记帐凭证连同未记帐分录。</li></ul>"
-             "<h3>按键</h3>") +
-         keysAsHtml({KeyPlace::voucher, KeyPlace::everywhere});
-}
-
 QString escaped(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
 }  // namespace
@@ -64,6 +48,7 @@ QString escaped(QString text) { return text.replace(u'&', QStringLiteral("&&"));
 VoucherWindow::VoucherWindow(QWidget* parent) : ProcessWindow(templateId, voucherUnits, parent) {
   background_.LoadBkGroundBitmap(CNeedBitmap::reportGround);
   setWindowTitle(QStringLiteral("记帐凭证"));
+  setManualPage(*this, QStringLiteral("vouchers"));
 }
 
 VoucherWindow::~VoucherWindow() = default;
@@ -170,7 +155,7 @@ void VoucherWindow::OnCommand(int id) {
       return OnDetail();
     case static_cast<int>(WindowCommand::help):
     case helpCommand:
-      return showHelpPage(this, helpPage());
+      return showManual(this, manualPageOf(this));
     case static_cast<int>(WindowCommand::close):
       return EndDialog(Accepted);
     default:

@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QTextBrowser>
 
 #include "core/catalogue/catalogue.h"
 #include "desktop/frame/fit_window.h"
@@ -15,12 +14,11 @@
 #include "desktop/host/server_dialog.h"
 #include "desktop/host/settings.h"
 #include "desktop/host/start_window.h"
+#include "desktop/manual/open_manual.h"
 #include "desktop/picking/reference_dialog.h"
 #include "desktop/query/condition_store.h"
 #include "desktop/query/query_dialog.h"
-#include "desktop/report/help_window.h"
 #include "desktop/shell/navigator.h"
-#include "desktop/shell/navigator_help.h"
 #include "support/refusal_cases.h"
 
 namespace tz::test {
@@ -176,8 +174,10 @@ TEST_F(SmallScreen, HoldsWhatTheHostShows) {
   CQnCwAssistantDlg navigator(nullptr);
   navigator.show();
   expectOnScreen(navigator);
-  showNavigatorHelp(&navigator);
-  expectOnScreen(*navigator.findChild<QDialog*>("help"));
+  showManual(&navigator, QStringLiteral("index"));
+  expectOnScreen(*openManual());
+  expectUncut(*openManual());
+  closeManual();
 }
 
 TEST_F(SmallScreen, HoldsReportsReferencesAndMessages) {
@@ -213,23 +213,6 @@ TEST_F(SmallScreen, HoldsReportsReferencesAndMessages) {
   window->OnCommand(50020);
   window->close();
   deleteClosed();
-}
-
-// Help in windows speaks of fields: no options, no words of the command line.
-TEST(WindowHelp, SpeaksOfFields) {
-  QWidget parent;
-  for (const ReportDefinition* report : catalogue()) {
-    SCOPED_TRACE(report->command);
-    showHelp(&parent, *report);
-    auto* help = parent.findChild<QDialog*>("help");
-    const QString text = help->findChild<QTextBrowser*>()->toPlainText();
-    for (const char* word : {"--", "命令行", "缺省为", "both", "balance ", "可重复", "CODE", "选项"}) {
-      EXPECT_FALSE(text.contains(QString::fromUtf8(word))) << word;
-    }
-    for (const ControlSpec& asked : report->dialog.controls)
-      EXPECT_TRUE(text.contains(toQt(asked.caption).simplified()));
-    delete help;
-  }
 }
 
 }  // namespace

@@ -2,12 +2,15 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTextBrowser>
 #include <array>
 
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/desktop.h"
 #include "desktop/host/host_ledger.h"
+#include "desktop/manual/open_manual.h"
+#include "desktop/report/search_window.h"
 #include "desktop/report/window_commands.h"
 #include "desktop/shell/command_table.h"
 
@@ -36,6 +39,7 @@ class WindowKeys : public HostTest {
     second_ = reports[1];
   }
   void TearDown() override {
+    closeManual();
     desktop_.reset();
     deleteClosed();
   }
@@ -54,6 +58,12 @@ class WindowKeys : public HostTest {
     expectActive(*place.window());
     place.setFocus();
     ASSERT_EQ(place.window()->focusWidget(), &place);
+  }
+  // Back to a dialog beside which the manual stands, and out of it.
+  static void leave(QWidget& dialog) {
+    dialog.activateWindow();
+    expectActive(dialog);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
   }
   static void press(QWidget& place, int key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&place, static_cast<Qt::Key>(key), modifiers);
@@ -103,7 +113,7 @@ TEST_F(WindowKeys, TheToolbarsKeysAreTheWindowsInEveryField) {
       if (opensModal) inModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
       press(*place, keys.key(), keys.keyboardModifiers());
       EXPECT_EQ(ran.size(), action->isEnabled() ? 1 : 0);
-      if (action->objectName() == "50009") first_->findChild<QDialog*>("help")->close();
+      if (action->objectName() == "50009") closeManual();
       focus(*place);
     }
   }
@@ -159,8 +169,8 @@ TEST_F(WindowKeys, TextsGrowAndShrinkByKeysAndByTheMenu) {
   EXPECT_EQ(label->font().pixelSize(), usualLabel);
 }
 
-// Also while a report's own help is open, and from each area.
-TEST_F(WindowKeys, F1InTheNavigatorIsTheNavigatorsHelp) {
+// Also while the manual is open already, and from each area.
+TEST_F(WindowKeys, F1InTheNavigatorIsItsPage) {
   focus(first_->Grid());
   press(first_->Grid(), Qt::Key_F1, Qt::NoModifier);
   for (const AreaPicture& area : areaPictures()) {
@@ -171,14 +181,96 @@ TEST_F(WindowKeys, F1InTheNavigatorIsTheNavigatorsHelp) {
     for (QWidget* place : {&button, &control<QWidget>(*navigator_, QString::number(commands.front().id))}) {
       focus(*place);
       press(*place, Qt::Key_F1, Qt::NoModifier);
-      auto* help = navigator_->findChild<QDialog*>("help", Qt::FindDirectChildrenOnly);
-      ASSERT_NE(help, nullptr);
-      expectActive(*help);
-      EXPECT_TRUE(help->findChild<QTextBrowser*>()->toPlainText().startsWith("辅助核算"));
-      QTest::keyClick(help, Qt::Key_Escape);
-      EXPECT_FALSE(help->isVisible());
+      auto* manual = openManual();
+      ASSERT_NE(manual, nullptr);
+      expectActive(*manual);
+      EXPECT_EQ(manual->Place(), (ManualPlace{"start", "导航窗口"}));
+      QTest::keyClick(manual, Qt::Key_Escape);
+      EXPECT_EQ(openManual(), nullptr);
     }
   }
+}
+
+// F1 wherever the focus is, and the Help button: each window opens the page that tells of it, in one window for all.
+TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
+  const auto expectPage = [](const char* page, const char* anchor) {
+    auto* manual = openManual();
+    ASSERT_NE(manual, nullptr);
+    EXPECT_EQ(manual->Place(), (ManualPlace{page, anchor}));
+    EXPECT_NE(manualText(page), "");
+    const QString heading = "# " + QString::fromUtf8(anchor);
+    EXPECT_TRUE(*anchor == '\0' || manualText(page).contains(heading + "\n")) << anchor;
+  };
+  for (QWidget* place : placesOf(*first_)) {
+    focus(*place);
+    press(*place, Qt::Key_F1, Qt::NoModifier);
+    expectPage("reports/10190", "");
+  }
+  const QPointer<QWidget> before = openManual();
+  focus(second_->Grid());
+  second_->findChild<QAction*>("50009")->trigger();
+  EXPECT_EQ(openManual(), before);
+
+  inModal([&](QWidget& dialog) {
+    QTest::keyClick(&control<QWidget>(dialog, "2111"), Qt::Key_F1);
+    expectPage("reports/10190", "条件");
+    inModal([&](QWidget& reference) {
+      QTest::keyClick(reference.focusWidget(), Qt::Key_F1);
+      expectPage("conditions", "输入");
+      leave(reference);
+    });
+    click(dialog, "2007");
+    control<QLineEdit>(dialog, "8052").setText("没有的部");
+    const MessageHandler recorded = setMessageHandler({});
+    inModal([&](QWidget& box) {
+      QTest::keyClick(&box, Qt::Key_F1);
+      expectPage("reports/10190", "提示与拒绝");
+      leave(box);
+    });
+    click(dialog, "1");
+    setMessageHandler(recorded);
+    leave(dialog);
+  });
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_F5, Qt::NoModifier);
+
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_K, Qt::ControlModifier);
+  auto* search = navigator_->findChild<SearchWindow*>();
+  ASSERT_NE(search, nullptr);
+  QTest::keyClick(search->focusWidget(), Qt::Key_F1);
+  expectPage("search", "");
+}
+
+// A dialog that waits for an answer leaves the manual beside it free: it scrolls, follows links and closes; and it
+// stays when the dialog goes.
+TEST_F(WindowKeys, TheManualIsFreeBesideADialog) {
+  inModal([&](QWidget& dialog) {
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_F1);
+    auto* manual = openManual();
+    ASSERT_NE(manual, nullptr);
+    expectActive(*manual);
+    auto& page = control<QTextBrowser>(*manual, "page");
+    page.verticalScrollBar()->setValue(0);
+    QTest::keyClick(&page, Qt::Key_PageDown);
+    EXPECT_GT(page.verticalScrollBar()->value(), 0);
+    QTest::mouseClick(&control<QAbstractButton>(*manual, "home"), Qt::LeftButton);
+    EXPECT_EQ(manual->Place().page, "index");
+    QTest::keyClick(manual, Qt::Key_Escape);
+    EXPECT_EQ(openManual(), nullptr);
+    dialog.activateWindow();
+    expectActive(dialog);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_F1);
+    leave(dialog);
+  });
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_F5, Qt::NoModifier);
+  auto* manual = openManual();
+  ASSERT_NE(manual, nullptr);
+  EXPECT_TRUE(manual->isVisible());
+  QTest::mouseClick(&control<QAbstractButton>(*manual, "back"), Qt::LeftButton);
+  desktop_->Close();
+  EXPECT_EQ(openManual(), nullptr);
 }
 
 }  // namespace

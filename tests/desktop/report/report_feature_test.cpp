@@ -4,7 +4,6 @@
 
 #include <QLabel>
 #include <QTabBar>
-#include <QTextBrowser>
 #include <QToolBar>
 
 #include "core/catalogue/catalogue.h"
@@ -91,16 +90,11 @@ class FeatureTest : public ::testing::Test {
   RecordedMessages messages_;
 };
 
-TEST_F(FeatureTest, AReportWithoutMonthsShowsItsOwnPeriodAndHelp) {
+TEST_F(FeatureTest, AReportWithoutMonthsShowsItsOwnPeriod) {
   ReportWindow& window = open();
   EXPECT_EQ(fromQt(control<QLabel>(window, "1007").text()), "截止 2006-03-31");
   EXPECT_EQ(fromQt(control<QLabel>(window, "1013").text()), "") << "told already";
   EXPECT_EQ(window.ListEntry(), "欠款一览 — 全部单位");
-  press(window, WindowCommand::help);
-  const auto help = window.findChild<QTextBrowser*>()->toPlainText();
-  EXPECT_TRUE(help.contains("浅绿色的行已过期，红色数字为红字。")) << fromQt(help);
-  EXPECT_TRUE(help.contains("CSV 的“标记”栏写明已过期。"));
-  EXPECT_FALSE(help.contains("未记帐凭证"));
   window.close();
   made_.period = noPeriod;
   ReportWindow& without = open();
@@ -159,12 +153,14 @@ TEST_F(FeatureTest, WhatAFeatureLeavesTheWindowDoes) {
 }
 
 TEST_F(FeatureTest, ARowLeadsWhereTheRecordSays) {
-  made_.detail = [](const Conditions&, const ComputedReport& report, std::int64_t row) -> DrillAnswer {
-    if (row <= 0) return refusalWith(messages::noMatchingAccount);
-    Request person = ReportLedger::zhangSan();
-    if (report.grid.TextAt(row, 0) == "丙公司") person.set(ParameterKey::to, "1");
-    return DetailTarget{.command = 10190, .conditions = person};
-  };
+  made_.detail = {.reports = {10190},
+                  .checks = {{.passes = [](const DrillPlace& place) { return place.row > 0; },
+                              .message = messages::noMatchingAccount}},
+                  .target = [](const DrillRule& rule, const DrillPlace& place) -> DrillAnswer {
+                    Request person = ReportLedger::zhangSan();
+                    if (place.shown.grid.TextAt(place.row, 0) == "丙公司") person.set(ParameterKey::to, "1");
+                    return DetailTarget{.command = rule.reports[0], .conditions = person};
+                  }};
   ReportWindow& window = open();
   EXPECT_TRUE(button(window, WindowCommand::detail).isEnabled());
   const auto led = [&]() -> const ReportWindow* { return qobject_cast<ReportWindow*>(launcher_->SlotOf(10190)); };

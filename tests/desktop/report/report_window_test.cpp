@@ -248,15 +248,6 @@ TEST_F(ReportWindowTest, QueryAsksAgainOnTheLiveWindow) {
   EXPECT_EQ(fromQt(combo(2208).currentText()), "赵六");
 }
 
-TEST_F(ReportWindowTest, HelpOpensOnceAndNamesTheReport) {
-  ReportWindow& window = open();
-  QTest::keyClick(&window, Qt::Key_F1);
-  window.OnCommand(50009);
-  const auto help = window.findChildren<QDialog*>(QStringLiteral("help"));
-  ASSERT_EQ(help.size(), 1);
-  EXPECT_TRUE(help.front()->isVisible());
-}
-
 TEST(ReportWindowStart, WithoutAccountsItSaysSoAndCloses) {
   const ReportLedger ledger(false);
   RecordedMessages messages;
