@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "core/output/report_output.h"
+#include "core/output/page_head.h"
 
 namespace tz::cli {
 
 // Writes a report's pages into a file, whole or not at all. Throws OutputError.
-using PageWriter = void (*)(const ComputedReport& report, const std::string& file);
+using PageWriter = void (*)(const ComputedReport& report, const PageStamp& stamp, const std::string& file);
 // Said by the program that can.
 void offerPages(PageWriter writer);
 

@@ -11,6 +11,7 @@
 #include "cli/voucher_writer.h"
 #include "core/catalogue/catalogue.h"
 #include "core/reports/output_guard.h"
+#include "core/reports/page_stamp.h"
 #include "core/reports/report_definition.h"
 
 namespace tz::cli {
@@ -67,8 +68,8 @@ Status show(const ReportDefinition& report, const Request& request, const RunOpt
   return handOn(std::get<ComputedReport>(outcome));
 }
 
-Status write(const ComputedReport& report, const OutputOptions& output) {
-  writeReport(report, output);
+Status write(const ComputedReport& report, const OutputOptions& output, const Session& session) {
+  writeReport(report, output, pageStamp(session.who, session.now()));
   return Status::done;
 }
 
@@ -94,7 +95,7 @@ Status showDetail(const ReportDefinition& report, const ComputedReport& shown, c
   }
   const auto& target = std::get<DetailTarget>(leadsTo);
   return show(*findReport(target.command), target.conditions, {.formatYields = true}, session,
-              [&](const ComputedReport& behind) { return write(behind, options.output); });
+              [&](const ComputedReport& behind) { return write(behind, options.output, session); });
 }
 
 Status run(const ReportOptions& options) {
@@ -114,7 +115,7 @@ Status run(const ReportOptions& options) {
   refuseOtherYear(db, asked);
   Session session{.db = db, .ledger = options.ledger, .logon = asked ? *asked : defaultLogonDate(db), .who = *who};
   return show(*report, request, {}, session, [&](const ComputedReport& shown) {
-    return options.detail ? showDetail(*report, shown, options, session) : write(shown, options.output);
+    return options.detail ? showDetail(*report, shown, options, session) : write(shown, options.output, session);
   });
 }
 

@@ -48,8 +48,8 @@ void makeSureOfOutput(const OutputOptions& options) {
   if (options.form == "pdf") (void)pageWriter();
 }
 
-void writeReport(const ComputedReport& report, const OutputOptions& options) {
-  if (options.form == "pdf") return pageWriter()(report, options.file);
+void writeReport(const ComputedReport& report, const OutputOptions& options, const PageStamp& stamp) {
+  if (options.form == "pdf") return pageWriter()(report, stamp, options.file);
   if (options.form == "xlsx") {
     (void)CGridToFile(report).CreateFile(options.file, FileForm::xlsx);
     return;

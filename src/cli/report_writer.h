@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/output/page_head.h"
 #include "core/output/report_output.h"
 #include "core/platform/sink.h"
 
@@ -23,6 +24,6 @@ void writeTo(const OutputOptions& options, const Producer& produce);
 // To be called before anything is computed. Throws WrongUse when the form needs a file and has none.
 void makeSureOfOutput(const OutputOptions& options);
 // Throws OutputError when the output cannot be written; a file is then left as it was.
-void writeReport(const ComputedReport& report, const OutputOptions& options);
+void writeReport(const ComputedReport& report, const OutputOptions& options, const PageStamp& stamp = {});
 
 }  // namespace tz::cli

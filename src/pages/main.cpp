@@ -24,7 +24,8 @@ int main(int argc, char** argv) {
   int count = 1;
   const QApplication application(count, own.data());
   tz::installFonts();
-  tz::cli::offerPages(
-      [](const tz::ComputedReport& report, const std::string& file) { (void)tz::writePdf(report, {}, file); });
+  tz::cli::offerPages([](const tz::ComputedReport& report, const tz::PageStamp& stamp, const std::string& file) {
+    (void)tz::writePdf(report, {}, stamp, file);
+  });
   return tz::cli::runProgram(argc, argv);
 }

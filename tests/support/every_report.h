@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/reports/report_definition.h"
+#include "core/voucher/voucher.h"
 
 namespace tz::test {
 
@@ -19,6 +20,9 @@ class Reader {
  public:
   explicit Reader(const std::string& ledger);
   [[nodiscard]] ReportOutcome ask(const Question& question);
+  [[nodiscard]] std::variant<Voucher, Refusal> voucher(const LineId& line) {
+    return readVoucher(session_, line.book, line.voucher);
+  }
   [[nodiscard]] CQnCwDB& db() { return db_; }
 
  private:

@@ -1,6 +1,8 @@
 #include "core/output/page_head.h"
 
 #include <algorithm>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "core/output/line_breaking.h"
 
@@ -33,9 +35,20 @@ class HeadWriter {
     add(text, HeadPiece::Face::title, HeadPiece::Place::centre, std::min(titleSize, fitting));
     head_.height += titleSize * titleSpacing;
   }
-  void centred(const std::string& text) {
-    if (text.empty()) return;
-    add(text, HeadPiece::Face::text, HeadPiece::Place::centre, textSize);
+  // The period in the middle, the company at the left of it, or above it where it is too long for that.
+  void companyAndPeriod(const std::string& company, const std::string& period) {
+    const double besides = (room_ / (textSize * columnEm_) - displayWidth(period)) / 2;
+    if (!company.empty()) {
+      const bool fits = displayWidth(company) + 2 <= besides;
+      const auto lines = fits ? std::vector{company} : broken(company, 0);
+      for (const auto& line : lines) {
+        add(line, HeadPiece::Face::text, HeadPiece::Place::left, textSize);
+        if (!fits) next();
+      }
+      if (fits && period.empty()) next();
+    }
+    if (period.empty()) return;
+    add(period, HeadPiece::Face::text, HeadPiece::Place::centre, textSize);
     next();
   }
   // Two columns of lines: at the left margin, broken where they are too long, and at the right one.
@@ -51,6 +64,7 @@ class HeadWriter {
     }
   }
   void wide(const std::string& text, HeadPiece::Face face) {
+    if (text.empty()) return;
     for (const auto& line : broken(text, 0)) {
       add(line, face, HeadPiece::Place::left, textSize);
       next();
@@ -85,9 +99,9 @@ PageHead pageHead(const ComputedReport& report, const PageColumns& columns, doub
   for (const auto& line : lines) {
     if (line.kind == HeadLine::Kind::title) head.title(line.text);
   }
-  head.centred(report.printedPeriod);
+  head.companyAndPeriod(report.company.empty() ? "" : "核算单位：" + report.company, report.printedPeriod);
   head.sides(linesOf(report.subtitle), linesOf(report.unit));
-  for (const auto& condition : report.conditions) head.wide(condition, HeadPiece::Face::text);
+  head.wide(fmt::format("{}", fmt::join(report.printedConditions, "　　")), HeadPiece::Face::text);
   for (const auto& line : lines) {
     if (line.kind == HeadLine::Kind::warning) head.wide(line.text, HeadPiece::Face::warning);
   }

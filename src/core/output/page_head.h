@@ -1,5 +1,5 @@
-// What stands above the table on every page: title, period, subtitle and unit as the report's family gives them, its
-// further conditions and its warnings.
+// What stands above the table on every page: title, company, period, subtitle and unit as the report's family gives
+// them, its further conditions and its warnings.
 #pragma once
 
 #include <cstdint>
@@ -25,6 +25,12 @@ struct HeadPiece {
 struct PageHead {
   std::vector<HeadPiece> pieces;
   double height = 0;  // points
+};
+
+// By whom and when pages are printed, at the foot of each; empty texts are left out.
+struct PageStamp {
+  std::string printedBy;
+  std::string printedAt;  // "2006-01-31 09:30"
 };
 
 [[nodiscard]] PageHead pageHead(const ComputedReport& report, const PageColumns& columns, double columnEm);

@@ -41,6 +41,9 @@ struct ComputedReport {
   std::string subject;
   // Proposed for its files, without an ending: title, subject, period.
   std::string fileName;
+  // On a printed page: the company whose ledger it is, and the conditions without what the subtitle says already.
+  std::string company = {};
+  std::vector<std::string> printedConditions = {};
   std::optional<CarriedColumns> carried = {};  // none for reports that carry nothing over
   CTzGrid grid;
   RowSubjects subjects;     // of the grid's rows

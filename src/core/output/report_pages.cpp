@@ -1,6 +1,7 @@
 #include "core/output/report_pages.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 #include "core/grid/figures.h"
 #include "core/output/line_breaking.h"
@@ -21,14 +22,14 @@ bool endsMonth(RowKind kind) { return kind != RowKind::line; }
 
 }  // namespace
 
-ReportPages::ReportPages(const ComputedReport& report, const PageOptions& options)
+ReportPages::ReportPages(const ComputedReport& report, const PageOptions& options, PageStamp stamp)
     : report_(report),
       grid_(report.grid),
+      stamp_(std::move(stamp)),
       columns_(fitColumns(report.grid, options)),
       head_(pageHead(report, columns_, options.columnEm)),
       headerLines_(grouped(grid_) ? 2 : 1),
       remarks_(remarks(grid_)) {
-  if (!report.highlightMeaning.empty()) remarks_.insert(remarks_.begin(), "底色行：" + report.highlightMeaning);
   Divide(options.carriedLines && report.carried.has_value());
 }
 
@@ -138,6 +139,21 @@ std::vector<std::string> ReportPages::TextOf(const Page& page, const PageLine& l
   const double sum = (brought ? page.before : page.sums)[static_cast<std::size_t>(place)];
   if (sum == 0) return {};
   return {figureText(sum, grid_.Columns()[static_cast<std::size_t>(place)].kind)};
+}
+
+bool ReportPages::HasColour(const Page& page) const {
+  for (auto row = page.first; row < page.end; ++row) {
+    if (grid_.BackgroundAt(row) != noColour) return true;
+  }
+  return false;
+}
+
+ReportPages::Foot ReportPages::FootOf(std::size_t sheet) const {
+  const auto& page = pages_[(sheet - 1) / columns_.strips.size()];
+  return {.left = stamp_.printedBy.empty() ? "" : "制表人：" + stamp_.printedBy,
+          .centre = fmt::format("第 {} 页　共 {} 页", sheet, Sheets()),
+          .right = stamp_.printedAt.empty() ? "" : "打印日期：" + stamp_.printedAt,
+          .colour = HasColour(page) ? report_.highlightMeaning : ""};
 }
 
 double ReportPages::RemarksHeight() const { return static_cast<double>(remarks_.size()) * remarkHeight; }

@@ -34,7 +34,7 @@ struct Page {
 class ReportPages {
  public:
   // The report must outlive it.
-  ReportPages(const ComputedReport& report, const PageOptions& options);
+  ReportPages(const ComputedReport& report, const PageOptions& options, PageStamp stamp = {});
 
   [[nodiscard]] const PageColumns& Columns() const { return columns_; }
   [[nodiscard]] const PageHead& Head() const { return head_; }
@@ -54,6 +54,12 @@ class ReportPages {
   // Remarks below the table of the last page, and where they begin.
   [[nodiscard]] const std::vector<std::string>& Remarks() const { return remarks_; }
   [[nodiscard]] double RemarksTop(const Page& last) const;
+  // What stands below each sheet, counted from 1: who printed, which page of how many, when; and what coloured rows
+  // mean, where the sheet has such.
+  struct Foot {
+    std::string left, centre, right, colour;
+  };
+  [[nodiscard]] Foot FootOf(std::size_t sheet) const;
   [[nodiscard]] const ComputedReport& Report() const { return report_; }
 
  private:
@@ -62,6 +68,7 @@ class ReportPages {
   [[nodiscard]] double RowHeight(std::int64_t row) const;
   [[nodiscard]] double TableTop() const { return head_.height + HeaderHeight(); }
   [[nodiscard]] double RemarksHeight() const;
+  [[nodiscard]] bool HasColour(const Page& page) const;
   // Whether the first row of a page may be this one.
   [[nodiscard]] bool MayBegin(std::int64_t row) const;
   // Whether what stands before a row is carried over to it.
@@ -70,6 +77,7 @@ class ReportPages {
 
   const ComputedReport& report_;
   const CTzGrid& grid_;
+  PageStamp stamp_;
   PageColumns columns_;
   PageHead head_;
   int headerLines_ = 1;

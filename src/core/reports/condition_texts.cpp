@@ -21,18 +21,21 @@ bool inSubtitle(const ReportDefinition& report, ControlSpec::Kind kind, const Co
   return report.subtitle(renamed) != report.subtitle(conditions);
 }
 
-}  // namespace
-
-bool toldByPeriod(const ReportDefinition& report, const ControlSpec& control) {
-  return report.period.tells == control.key;
+// What one control's condition adds to the subtitle.
+std::string besideSubtitle(const ReportDefinition& report, const ControlSpec& control, const Conditions& conditions,
+                           bool onPage) {
+  const auto& kind = controlKind(control.kind);
+  if (!inSubtitle(report, control.kind, conditions)) return conditionText(control, conditions);
+  if (kind.unsaid == nullptr) return {};
+  return onPage ? kind.unsaid(conditions) : conditionText(control, conditions);
 }
 
-std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions) {
+std::vector<std::string> textsOf(const ReportDefinition& report, const Conditions& conditions, bool onPage) {
   std::vector<std::string> texts;
   for (const auto& control : report.dialog.controls) {
     if (toldByPeriod(report, control)) continue;
-    auto text = conditionText(control, conditions);
-    if (!text.empty() && !inSubtitle(report, control.kind, conditions)) texts.push_back(std::move(text));
+    auto text = besideSubtitle(report, control, conditions, onPage);
+    if (!text.empty()) texts.push_back(std::move(text));
   }
   for (const auto& toggle : rowToggles) {
     if (conditions.request.flag(toggle.key)) texts.emplace_back(parameter(toggle.key).label);
@@ -46,6 +49,20 @@ std::vector<std::string> conditionTexts(const ReportDefinition& report, const Co
     texts.push_back(fmt::format("金额格式: {}", formatName(conditions.format)));
   }
   return texts;
+}
+
+}  // namespace
+
+bool toldByPeriod(const ReportDefinition& report, const ControlSpec& control) {
+  return report.period.tells == control.key;
+}
+
+std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions) {
+  return textsOf(report, conditions, false);
+}
+
+std::vector<std::string> printedConditionTexts(const ReportDefinition& report, const Conditions& conditions) {
+  return textsOf(report, conditions, true);
 }
 
 std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,

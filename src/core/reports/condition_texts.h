@@ -16,6 +16,10 @@ namespace tz {
 // Every condition that neither the subtitle nor the period tells, the amount format included.
 [[nodiscard]] std::vector<std::string> conditionTexts(const ReportDefinition& report, const Conditions& conditions);
 
+// The same for a printed page, where nothing stands twice: of what the subtitle names, only what it leaves unsaid.
+[[nodiscard]] std::vector<std::string> printedConditionTexts(const ReportDefinition& report,
+                                                             const Conditions& conditions);
+
 // Reversed months and ranges, the format that does not fit its captions, a logon date outside the account year.
 [[nodiscard]] std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
                                                    const Session& session);

@@ -32,6 +32,7 @@ void renameUnit(Conditions& c) { c.unit.sEnterName += '?'; }
 void renameUnitClass(Conditions& c) { c.unitClass.sName += '?'; }
 void renameClass(Conditions& c) { c.projectClass.sName += '?'; }
 void renameClerk(Conditions& c) { c.clerk.name += '?'; }
+void renameProject(Conditions& c) { c.project.fields.at(1) += '?'; }
 
 std::string captioned(const ControlSpec& control, const std::string& value) {
   return value.empty() ? "" : fmt::format("{}: {}", control.caption, value);
@@ -47,6 +48,8 @@ std::string tellPickedAccounts(const ControlSpec& /*control*/, const Conditions&
 std::string tellProject(const ControlSpec& /*control*/, const Conditions& c) {
   return fmt::format("项目: {} {}", c.projectClass.sName, c.project.fields.at(1));
 }
+
+std::string tellClass(const Conditions& c) { return "项目大类: " + c.projectClass.sName; }
 
 std::string rangeEnd(const Conditions& c, ParameterKey key) { return CGetData::GetCode_Separator(c.request.text(key)); }
 
@@ -195,6 +198,8 @@ const std::array kinds = {
                 .keys = projectKeys,
                 .offered = offers::projects,
                 .told = tellProject,
+                .rename = renameProject,
+                .unsaid = tellClass,
                 .inFileName = nameFileByProject},
     ControlKind{.kind = Kind::itemReference, .offered = offers::projects, .follows = true},
     ControlKind{.kind = Kind::itemCombo, .offered = offers::projects, .follows = true},

@@ -21,6 +21,8 @@ struct ControlKind {
   std::string (*told)(const ControlSpec&, const Conditions&) = nullptr;  // the whole words, where they are others
   // Gives the member another name, which shows whether a text tells it.
   void (*rename)(Conditions&) = nullptr;
+  // Of a condition that says more than its member: the rest, for where the member is told already.
+  std::string (*unsaid)(const Conditions&) = nullptr;
   // What it adds to the name of a file. A person's department and a project's class say nothing more.
   std::string (*inFileName)(const DialogSpec&, const Conditions&) = nullptr;
 };

@@ -43,7 +43,9 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.printedPeriod = period(report.period.printed);
   computed.unit = unitText(conditions.format, conditions.amounts);
   if (report.formats != nullptr) computed.format = conditions.format;
+  computed.company = companyName(session.db);
   computed.conditions = conditionTexts(report, conditions);
+  computed.printedConditions = printedConditionTexts(report, conditions);
   computed.subject = subjectText(report, conditions, session.logon.year);
   computed.fileName = proposedFileName(report, conditions, session.logon.year);
   if (report.colours.apply == nullptr || report.colours.apply(conditions)) {

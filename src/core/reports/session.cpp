@@ -8,6 +8,11 @@ std::optional<int> accountYear(const CQnCwDB& db) {
   return static_cast<int>(set->integer(0));
 }
 
+std::string companyName(const CQnCwDB& db) {
+  const auto set = db.Current().query("SELECT sName FROM zAccountM ORDER BY lId LIMIT 1");
+  return set->next() ? std::string(set->text(0)) : std::string();
+}
+
 Date defaultLogonDate(const CQnCwDB& db) {
   const auto last = db.Current().query("SELECT dtBill FROM RegMain ORDER BY dtBill DESC LIMIT 1");
   if (last->next()) return last->date(0);

@@ -35,6 +35,8 @@ struct Session {
 
 // The year of the account set, in which a logon date lies; nothing in a ledger that names none.
 [[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
+// The company of the account set; empty in a ledger that names none.
+[[nodiscard]] std::string companyName(const CQnCwDB& db);
 // The last posted voucher's date; the first day of the account year in a ledger without posted vouchers.
 [[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);
 

@@ -11,6 +11,7 @@
 
 #include "core/data/line_query.h"
 #include "core/data/records.h"
+#include "core/output/report_output.h"
 #include "core/reports/messages.h"
 #include "core/reports/session.h"
 
@@ -48,6 +49,7 @@ struct Voucher {
   Book book = Book::posted;
   RegMainInfo head;
   std::vector<VoucherLine> lines;
+  std::string company = {};  // whose ledger it stands in
   double debit = 0;
   double credit = 0;
   Id previous = 0;  // 0: it is the first one
@@ -64,6 +66,9 @@ inline constexpr Message openingVoucher{"期初数无法联查凭证"};
 
 // The voucher, or why there is none to show. Throws DbError when the ledger cannot be read.
 [[nodiscard]] std::variant<Voucher, Refusal> readVoucher(Session& session, Book book, Id id);
+
+// The voucher as a table with its total, for paper: head, lines and signatures.
+[[nodiscard]] ComputedReport voucherReport(const Voucher& voucher);
 
 // What a line carries besides account and amounts, each as caption and text, in the order in which vouchers show it.
 struct VoucherDetail {

@@ -1,6 +1,8 @@
 // What the host sets for the windows: the ledger they read, as of which date, and the window they open under.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <string>
 
 #include "core/data/qncw_db.h"
@@ -18,6 +20,8 @@ extern std::string g_lpszQnZwDBName;
 extern Id g_lAccountId;
 // The logon date: its year is the account year of all period texts, its month the month that conditions start with.
 extern Date g_tmLogonTime;
+// The moment that windows work in; pictures and tests set one that stands still.
+extern std::function<std::chrono::sys_seconds()> g_now;
 // Who has logged on.
 extern Operator g_operator;
 // The navigator while it lives, else null.

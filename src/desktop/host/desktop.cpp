@@ -13,8 +13,10 @@
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/text_size.h"
 #include "desktop/manual/manual.h"
+#include "desktop/report/page_output.h"
 #include "desktop/report/report_window.h"
 #include "desktop/report/search_window.h"
+#include "desktop/report/voucher_window.h"
 #include "desktop/shell/launch_window_list.h"
 #include "desktop/theme/qt_text.h"
 
@@ -125,7 +127,11 @@ void Desktop::Welcome(ProcessWindow* window) {
   if (settings_.Maximized(key)) window->setWindowState(window->windowState() | Qt::WindowMaximized);
   addWindowList(*window, launcher_);
   addTextSizeKeys(*window, settings_, navigator_);
-  if (auto* report = qobject_cast<ReportWindow*>(window)) WelcomeTable(*report);
+  if (auto* report = qobject_cast<ReportWindow*>(window)) {
+    WelcomeTable(*report);
+    WelcomePages(*report);
+  }
+  if (auto* voucher = qobject_cast<VoucherWindow*>(window)) WelcomePages(*voucher);
   if (auto* search = qobject_cast<SearchWindow*>(window)) WelcomeTable(*search);
   connect(window, &ProcessWindow::closed, this, [this, window, key] {
     // A minimised window goes back to what it was.
@@ -134,10 +140,22 @@ void Desktop::Welcome(ProcessWindow* window) {
   });
 }
 
+ExportFolder Desktop::KeptFolder() {
+  return {.last = [this] { return settings_.ExportFolder(); },
+          .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }};
+}
+
+template <class Window>
+void Desktop::WelcomePages(Window& window) {
+  window.KeepFolder(KeptFolder());
+  const int key = window.Key();
+  window.KeepPages({.last = [this, key] { return settings_.Pages(key); },
+                    .keep = [this, key](const PageOptions& options) { settings_.SetPages(key, options); }});
+}
+
 template <class Window>
 void Desktop::WelcomeTable(Window& window) {
-  window.KeepFolder({.last = [this] { return settings_.ExportFolder(); },
-                     .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }});
+  window.KeepFolder(KeptFolder());
   window.Grid().SetArrangement(settings_.Columns(window.Key()));
   connect(&window, &Window::closed, this,
           [this, &window] { settings_.SetColumns(window.Key(), window.Grid().Arrangement()); });

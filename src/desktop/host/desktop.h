@@ -8,6 +8,7 @@
 #include "desktop/host/open_ledger.h"
 #include "desktop/host/settings.h"
 #include "desktop/query/condition_store.h"
+#include "desktop/report/export_file.h"
 #include "desktop/shell/launch.h"
 #include "desktop/shell/navigator.h"
 
@@ -46,7 +47,11 @@ class Desktop : public QObject {
   void AddThemes(QMenu* menu);
   void OnSessionEnd(QSessionManager& manager);
   void Welcome(ProcessWindow* window);
-  // What a table keeps besides the size of its window: the folder of its files, what was made of its columns.
+  // What a window keeps besides its size: the folder of its files, how its pages are made, what was made of its
+  // columns.
+  [[nodiscard]] ExportFolder KeptFolder();
+  template <class Window>
+  void WelcomePages(Window& window);
   template <class Window>
   void WelcomeTable(Window& window);
   void Finish();

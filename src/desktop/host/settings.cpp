@@ -25,6 +25,8 @@ QString maximizedKey(int command) { return QStringLiteral("maximized/%1").arg(co
 QString widthsKey(int command) { return QStringLiteral("columns/%1").arg(command); }
 QString movedKey(int command) { return QStringLiteral("movedColumns/%1").arg(command); }
 QString hiddenKey(int command) { return QStringLiteral("hiddenColumns/%1").arg(command); }
+QString paperKey(int command) { return QStringLiteral("paper/%1").arg(command); }
+QString carriedKey(int command) { return QStringLiteral("carriedLines/%1").arg(command); }
 
 }  // namespace
 
@@ -106,6 +108,20 @@ ColumnArrangement HostSettings::Columns(int command) const {
   }
   for (const QString& key : settings_.value(hiddenKey(command)).toStringList()) arrangement.hidden.insert(key);
   return arrangement;
+}
+
+PageOptions HostSettings::Pages(int command) const {
+  PageOptions options;
+  const int kept = settings_.value(paperKey(command)).toInt();
+  if (kept > 0 && kept <= static_cast<int>(Orientation::landscape))
+    options.orientation = static_cast<Orientation>(kept);
+  options.carriedLines = settings_.value(carriedKey(command), true).toBool();
+  return options;
+}
+
+void HostSettings::SetPages(int command, const PageOptions& options) {
+  settings_.setValue(paperKey(command), static_cast<int>(options.orientation));
+  settings_.setValue(carriedKey(command), options.carriedLines);
 }
 
 void HostSettings::SetColumns(int command, const ColumnArrangement& arrangement) {

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <filesystem>
 
+#include "core/output/page_paper.h"
 #include "desktop/gridview/column_arrangement.h"
 #include "desktop/theme/theme.h"
 
@@ -56,6 +57,10 @@ class HostSettings {
   // What was made of the columns of a report.
   [[nodiscard]] ColumnArrangement Columns(int command) const;
   void SetColumns(int command, const ColumnArrangement& arrangement);
+
+  // How the pages of a window were made last.
+  [[nodiscard]] PageOptions Pages(int command) const;
+  void SetPages(int command, const PageOptions& options);
 
   // Where conditions are kept under names.
   [[nodiscard]] std::filesystem::path ConditionFile() const;

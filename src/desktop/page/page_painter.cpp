@@ -18,7 +18,36 @@ const QColor ink(0x14, 0x14, 0x14);
 const QColor redInk(0xB0, 0x14, 0x14);
 const QColor ruleInk(0x8C, 0x8C, 0x8C);
 const QColor headerGround(0xEE, 0xF1, 0xF4);
-const QColor totalGround(0xF6, 0xF6, 0xF6);
+const QColor headingGround(0xF1, 0xF5, 0xFA);
+constexpr double rowBarWidth = 2.5;  // of the bar beside a coloured row, which is seen without colours too
+constexpr int rowBarDepth = 160;     // percent, against the row's ground
+
+struct PrintedRow {
+  QColor ground;     // none: white
+  bool strong;       // bold letters
+  double ruleAbove;  // 0: that of the row before
+};
+
+// As far apart on paper as on a screen, also without colours.
+PrintedRow printedRow(RowKind kind) {
+  switch (kind) {
+    case RowKind::line:
+    case RowKind::opening:
+      return {{}, false, 0};
+    case RowKind::heading:
+      return {headingGround, true, 0};
+    case RowKind::monthTotal:
+    case RowKind::yearTotal:
+      return {QColor(0xF7, 0xF7, 0xF7), true, 0};
+    case RowKind::subtotal:
+      return {QColor(0xEF, 0xEF, 0xEF), true, 0.7};
+    case RowKind::total:
+      return {QColor(0xE7, 0xE7, 0xE7), true, 1.2};
+  }
+  return {};
+}
+
+QColor rowBarOf(Rgb ground) { return QColor::fromRgb(ground).darker(rowBarDepth); }
 
 QFont faceOf(const char* family, double points, bool bold = false) {
   QFont font(QString::fromUtf8(family));
@@ -48,9 +77,10 @@ struct PagePainter::Sheet {
   double width;
   double height;
 
-  // A line of text in a box. What is wider than its box is squeezed into it: nothing is cut.
-  void text(const QRectF& box, Align align, const QString& words, const QFont& font, const QColor& colour = ink) const {
-    if (words.isEmpty()) return;
+  // A line of text in a box; gives where it ends. What is wider than its box is squeezed into it: nothing is cut.
+  double text(const QRectF& box, Align align, const QString& words, const QFont& font,
+              const QColor& colour = ink) const {
+    if (words.isEmpty()) return box.left();
     const QFontMetricsF metrics(font);
     const double natural = metrics.horizontalAdvance(words) / grain;
     const double squeeze = natural > box.width() && natural > 0 ? box.width() / natural : 1;
@@ -64,6 +94,7 @@ struct PagePainter::Sheet {
     painter.setPen(colour);
     painter.drawText(QPointF(0, 0), words);
     painter.restore();
+    return left + natural * squeeze;
   }
   void rule(double x1, double y1, double x2, double y2, double thickness) const {
     painter.setPen(QPen(ruleInk, thickness));
@@ -147,17 +178,19 @@ void PagePainter::PaintGroups(const Sheet& sheet) const {
 void PagePainter::PaintGround(const Sheet& sheet, const PageLine& line) const {
   const auto& grid = pages_.Report().grid;
   const bool row = line.kind == PageLine::Kind::row;
+  if (!row) return;
   const QRectF box(0, line.top, sheet.width, line.height);
-  const auto colour = row ? grid.BackgroundAt(line.row) : noColour;
-  if (colour != noColour) {
-    sheet.painter.fillRect(box, QColor::fromRgb(colour));
-  } else if (row && addsUp(grid.RowKindAt(line.row))) {
-    sheet.painter.fillRect(box, totalGround);
-  }
+  const auto colour = grid.BackgroundAt(line.row);
+  const auto ground = colour == noColour ? printedRow(grid.RowKindAt(line.row)).ground : QColor::fromRgb(colour);
+  if (ground.isValid()) sheet.painter.fillRect(box, ground);
+  if (colour != noColour) sheet.painter.fillRect(QRectF(0, line.top, rowBarWidth, line.height), rowBarOf(colour));
 }
 
 void PagePainter::PaintLine(const Sheet& sheet, const PageLine& line) const {
   for (const auto& column : sheet.strip) PaintCell(sheet, line, column);
+  const auto kind = pages_.Report().grid.RowKindAt(line.row);
+  const double above = line.kind == PageLine::Kind::row ? printedRow(kind).ruleAbove : 0;
+  if (above > 0) sheet.rule(0, line.top, sheet.width, line.top, above);
   const double bottom = line.top + line.height;
   sheet.rule(0, bottom, sheet.width, bottom, thinRule);
 }
@@ -169,7 +202,7 @@ void PagePainter::PaintCell(const Sheet& sheet, const PageLine& line, const Page
   const auto& columns = pages_.Columns();
   const auto kind = grid.Columns()[static_cast<std::size_t>(column.column)].kind;
   const bool figures = traitsOf(kind).alignsRight();
-  const bool strong = line.kind == PageLine::Kind::row && grid.RowKindAt(line.row) != RowKind::line;
+  const bool strong = line.kind == PageLine::Kind::row && printedRow(grid.RowKindAt(line.row)).strong;
   const auto& font = strong ? strong_ : text_;
   const auto align = figures ? Align::right : column.centred ? Align::centre : Align::left;
   const double inset = columns.letterSize * padding;
@@ -211,9 +244,22 @@ void PagePainter::PaintRemarks(const Sheet& sheet) const {
 
 void PagePainter::PaintFoot(const Sheet& sheet, std::size_t number) const {
   constexpr double size = 8;
-  const QRectF box(0, sheet.height + 6, sheet.width, size * 1.4);
-  const auto text = QStringLiteral("第 %1 页　共 %2 页").arg(number).arg(pages_.Sheets());
-  sheet.text(box, Align::centre, text, textFace(size));
+  constexpr double sides = 0.36;  // of the width, beside the number of the page
+  const auto foot = pages_.FootOf(number);
+  const QRectF line(0, sheet.height + 6, sheet.width, size * 1.4);
+  const double side = sheet.width * sides;
+  const QFont font = textFace(size);
+  const QRectF left(line.left(), line.top(), side, line.height());
+  const double after = sheet.text(left, Align::left, toQt(foot.left).simplified(), font);
+  sheet.text(line, Align::centre, toQt(foot.centre), font);
+  sheet.text({line.right() - side, line.top(), side, line.height()}, Align::right, toQt(foot.right), font);
+  if (foot.colour.empty()) return;
+  // A piece of such a row, and what it means.
+  const QRectF swatch(after + (foot.left.empty() ? 0 : size), line.top() + 1, 3 * size, line.height() - 2);
+  sheet.painter.fillRect(swatch, QColor::fromRgb(lightGreen));
+  sheet.painter.fillRect(QRectF(swatch.topLeft(), QSizeF(rowBarWidth, swatch.height())), rowBarOf(lightGreen));
+  const QRectF words(swatch.right() + size / 2, line.top(), left.right() - swatch.right() - size / 2, line.height());
+  sheet.text(words, Align::left, toQt(foot.colour), font);
 }
 
 }  // namespace tz

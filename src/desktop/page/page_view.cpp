@@ -15,6 +15,7 @@ namespace {
 constexpr double gap = 16;  // around the sheets
 constexpr double pixelsPerPoint = 96.0 / 72.0;
 constexpr double smallestScale = 0.1;
+constexpr double kept = 0.1;  // of what was seen, when the view leafs on inside a sheet
 
 }  // namespace
 
@@ -40,25 +41,25 @@ int PageView::Percent() const { return static_cast<int>(std::lround(Scale() / pi
 
 int PageView::Sheets() const { return pages_ == nullptr ? 0 : static_cast<int>(pages_->Sheets()); }
 
-int PageView::Current() const {
-  const double each = SheetSize().height() + gap;
+int PageView::SheetInTheMiddle() const {
   const double middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
-  return std::clamp(static_cast<int>((middle - gap / 2) / each), 0, std::max(0, Sheets() - 1));
+  return std::clamp(static_cast<int>((middle - gap / 2) / RowHeight()), 0, std::max(0, Rows() - 1)) * Across();
 }
 
 void PageView::GoTo(int sheet) {
-  const double each = SheetSize().height() + gap;
-  verticalScrollBar()->setValue(static_cast<int>(std::lround(std::clamp(sheet, 0, std::max(0, Sheets() - 1)) * each)));
-  emit currentChanged(Current());
+  const int wanted = std::clamp(sheet, 0, std::max(0, Sheets() - 1));
+  verticalScrollBar()->setValue(static_cast<int>(std::lround(wanted / Across() * RowHeight())));
+  current_ = wanted;  // also where the view sees several rows
+  emit currentChanged(current_);
 }
 
 double PageView::Scale() const {
   if (pages_ == nullptr) return 1;
   const auto& paper = pages_->Columns().paper;
-  const double wide = (viewport()->width() - 2 * gap) / paper.width;
+  const double wide = (viewport()->width() - (Across() + 1) * gap) / (paper.width * Across());
   const double high = (viewport()->height() - 2 * gap) / paper.height;
   if (zoom_ == sheetWidth) return std::max(smallestScale, wide);
-  if (zoom_ == wholeSheet) return std::max(smallestScale, std::min(wide, high));
+  if (zoom_ == wholeSheet || zoom_ == twoSheets) return std::max(smallestScale, std::min(wide, high));
   return pixelsPerPoint * zoom_ / 100;
 }
 
@@ -68,17 +69,21 @@ QSizeF PageView::SheetSize() const {
   return QSizeF(paper.width, paper.height) * Scale();
 }
 
+double PageView::RowHeight() const { return SheetSize().height() + gap; }
+
 QRectF PageView::SheetPlace(int sheet) const {
   const QSizeF size = SheetSize();
-  const double room = viewport()->width() - size.width();
+  const double all = Across() * (size.width() + gap) - gap;
+  const double room = viewport()->width() - all;
   const double left = room > 2 * gap ? room / 2 : gap - horizontalScrollBar()->value();
-  return {QPointF(left, gap + sheet * (size.height() + gap) - verticalScrollBar()->value()), size};
+  return {QPointF(left + sheet % Across() * (size.width() + gap),
+                  gap + sheet / Across() * RowHeight() - verticalScrollBar()->value()),
+          size};
 }
 
 void PageView::LayOut() {
-  const QSizeF size = SheetSize();
-  const double height = gap + Sheets() * (size.height() + gap);
-  const double width = size.width() + 2 * gap;
+  const double height = gap + Rows() * RowHeight();
+  const double width = Across() * (SheetSize().width() + gap) + gap;
   verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(height)) - viewport()->height()));
   verticalScrollBar()->setPageStep(viewport()->height());
   verticalScrollBar()->setSingleStep(static_cast<int>(3 * gap));
@@ -88,7 +93,7 @@ void PageView::LayOut() {
 
 template <typename Change>
 void PageView::KeepingPlace(Change change) {
-  const int sheet = Current();
+  const int sheet = current_;
   change();
   LayOut();
   GoTo(sheet);
@@ -99,9 +104,8 @@ void PageView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), currentTheme().ground);
   if (pages_ == nullptr) return;
-  const double each = SheetSize().height() + gap;
-  const int first = std::max(0, static_cast<int>((verticalScrollBar()->value() - gap) / each));
-  for (int sheet = first; sheet < Sheets(); ++sheet) {
+  const int firstRow = std::max(0, static_cast<int>((verticalScrollBar()->value() - gap) / RowHeight()));
+  for (int sheet = firstRow * Across(); sheet < Sheets(); ++sheet) {
     const QRectF place = SheetPlace(sheet);
     if (place.top() > viewport()->height()) break;
     painter.fillRect(place, Qt::white);
@@ -122,15 +126,23 @@ void PageView::resizeEvent(QResizeEvent* event) {
 
 void PageView::scrollContentsBy(int /*dx*/, int /*dy*/) {
   viewport()->update();
-  emit currentChanged(Current());
+  current_ = SheetInTheMiddle();
+  emit currentChanged(current_);
+}
+
+void PageView::Leaf(int direction) {
+  if (SheetSize().height() <= viewport()->height()) return Turn(direction);
+  const double step = viewport()->height() * (1 - kept);
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + static_cast<int>(direction * step));
 }
 
 void PageView::keyPressEvent(QKeyEvent* event) {
+  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
   switch (event->key()) {
     case Qt::Key_PageDown:
-      return GoTo(Current() + 1);
+      return control ? Turn(1) : Leaf(1);
     case Qt::Key_PageUp:
-      return GoTo(Current() - 1);
+      return control ? Turn(-1) : Leaf(-1);
     case Qt::Key_Home:
       return GoTo(0);
     case Qt::Key_End:

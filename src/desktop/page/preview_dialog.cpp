@@ -26,8 +26,8 @@ constexpr std::array orientations = {"按宽度选纸向", "纵向", "横向"};
 
 }  // namespace
 
-PreviewDialog::PreviewDialog(const ComputedReport& report, PageOptions& options, QWidget* parent)
-    : QDialog(parent), report_(report), options_(options), view_(new PageView(this)) {
+PreviewDialog::PreviewDialog(const ComputedReport& report, PageOptions& options, PageStamp stamp, QWidget* parent)
+    : QDialog(parent), report_(report), options_(options), stamp_(std::move(stamp)), view_(new PageView(this)) {
   setObjectName(QStringLiteral("preview"));
   setWindowTitle(QStringLiteral("打印预览"));
   setManualPage(*this, QStringLiteral("printing"));
@@ -60,6 +60,18 @@ PreviewDialog::PreviewDialog(const ComputedReport& report, PageOptions& options,
 
 PreviewDialog::~PreviewDialog() = default;
 
+void PreviewDialog::SetFoot(QWidget* foot) { layout()->addWidget(foot); }
+
+QString PreviewDialog::PaperText() const {
+  const auto& columns = pages_->Columns();
+  QString text = QStringLiteral("共 %1 页，A4 %2")
+                     .arg(grouped(view_->Sheets()),
+                          columns.paper.width > columns.paper.height ? QStringLiteral("横向") : QStringLiteral("纵向"));
+  const auto strips = columns.strips.size();
+  if (strips > 1) text += QStringLiteral("；栏目多，每 %1 页并排成一张表").arg(strips);
+  return text;
+}
+
 QPushButton* PreviewDialog::AddButton(QHBoxLayout& bar, const char* name, const QString& text, const QString& tip) {
   auto* button = new NarrowButton(text, this);
   button->setObjectName(QLatin1String(name));
@@ -88,8 +100,8 @@ void PreviewDialog::AddSheetButtons(QHBoxLayout& bar) {
   for (auto* button : {first_, previous_, next_, last_})
     button->setAccessibleName(button->toolTip().section(QChar(0x3000), 0, 0));
   connect(first_, &QPushButton::clicked, this, [this] { view_->GoTo(0); });
-  connect(previous_, &QPushButton::clicked, this, [this] { view_->GoTo(view_->Current() - 1); });
-  connect(next_, &QPushButton::clicked, this, [this] { view_->GoTo(view_->Current() + 1); });
+  connect(previous_, &QPushButton::clicked, this, [this] { view_->Turn(-1); });
+  connect(next_, &QPushButton::clicked, this, [this] { view_->Turn(1); });
   connect(last_, &QPushButton::clicked, this, [this] { view_->GoTo(view_->Sheets() - 1); });
   connect(sheet_, &QSpinBox::valueChanged, this, [this](int number) { view_->GoTo(number - 1); });
 }
@@ -98,9 +110,10 @@ void PreviewDialog::AddZoom(QHBoxLayout& bar) {
   zoom_ = new QComboBox(this);
   zoom_->setObjectName(QStringLiteral("zoom"));
   nameCombo(*zoom_, QStringLiteral("显示比例"));
-  zoom_->setToolTip(QStringLiteral("显示比例　Ctrl++、Ctrl+-、Ctrl+滚轮"));
+  zoom_->setToolTip(QStringLiteral("显示比例　Ctrl++、Ctrl+-、Ctrl+滚轮；整页 Ctrl+0，页宽 Ctrl+1，双页 Ctrl+2"));
   zoom_->addItem(QStringLiteral("整页"), PageView::wholeSheet);
   zoom_->addItem(QStringLiteral("页宽"), PageView::sheetWidth);
+  zoom_->addItem(QStringLiteral("双页"), PageView::twoSheets);
   for (const int percent : percents) zoom_->addItem(QStringLiteral("%1 %").arg(percent), percent);
   bar.addWidget(zoom_);
   connect(zoom_, &QComboBox::activated, this, [this] { view_->SetZoom(zoom_->currentData().toInt()); });
@@ -131,13 +144,14 @@ void PreviewDialog::AddOptions(QHBoxLayout& bar) {
 
 void PreviewDialog::Divide() {
   options_.columnEm = pageColumnEm();
-  auto pages = std::make_unique<ReportPages>(report_, options_);
+  auto pages = std::make_unique<ReportPages>(report_, options_, stamp_);
   view_->Show(*pages);
   pages_ = std::move(pages);
   const QSignalBlocker quiet(sheet_);
   sheet_->setRange(1, view_->Sheets());
   of_->setText(QStringLiteral("/ %1 页").arg(grouped(view_->Sheets())));
   ShowPlace();
+  emit divided();
 }
 
 void PreviewDialog::ShowPlace() {
@@ -145,7 +159,7 @@ void PreviewDialog::ShowPlace() {
   const int current = view_->Current();
   sheet_->setValue(current + 1);
   for (auto* button : {first_, previous_}) button->setEnabled(current > 0);
-  for (auto* button : {next_, last_}) button->setEnabled(current + 1 < view_->Sheets());
+  for (auto* button : {next_, last_}) button->setEnabled(!view_->AtEnd());
 }
 
 void PreviewDialog::ZoomBy(int steps) {
@@ -161,13 +175,41 @@ void PreviewDialog::SetZoom(int zoom) {
   view_->SetZoom(zoom);
 }
 
+bool PreviewDialog::TakesKey(int key) {
+  switch (key) {
+    case Qt::Key_P:
+      emit printAsked();
+      return true;
+    case Qt::Key_S:
+      emit pdfAsked();
+      return true;
+    case Qt::Key_G:
+      sheet_->setFocus(Qt::ShortcutFocusReason);
+      sheet_->selectAll();
+      return true;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      ZoomBy(1);
+      return true;
+    case Qt::Key_Minus:
+      ZoomBy(-1);
+      return true;
+    case Qt::Key_0:
+      SetZoom(PageView::wholeSheet);
+      return true;
+    case Qt::Key_1:
+      SetZoom(PageView::sheetWidth);
+      return true;
+    case Qt::Key_2:
+      SetZoom(PageView::twoSheets);
+      return true;
+    default:
+      return false;
+  }
+}
+
 void PreviewDialog::keyPressEvent(QKeyEvent* event) {
-  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-  if (control && event->key() == Qt::Key_P) return emit printAsked();
-  if (control && event->key() == Qt::Key_S) return emit pdfAsked();
-  if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) return ZoomBy(1);
-  if (control && event->key() == Qt::Key_Minus) return ZoomBy(-1);
-  if (control && event->key() == Qt::Key_0) return SetZoom(PageView::wholeSheet);
+  if (event->modifiers().testFlag(Qt::ControlModifier) && TakesKey(event->key())) return;
   QDialog::keyPressEvent(event);
 }
 

@@ -1,5 +1,5 @@
-// The preview of a report's pages: to look at, to turn, to print or to keep as a PDF. How pages are made is chosen here
-// and holds for the prints that follow.
+// The preview of a report's pages: to look at, to turn, to print or to keep as a PDF, which leaves it open. How pages
+// are made is chosen here and holds for the prints that follow.
 #pragma once
 
 #include <QDialog>
@@ -23,15 +23,21 @@ class PreviewDialog : public QDialog {
 
  public:
   // The report must outlive it. `options` is what is chosen, then and now.
-  PreviewDialog(const ComputedReport& report, PageOptions& options, QWidget* parent);
+  PreviewDialog(const ComputedReport& report, PageOptions& options, PageStamp stamp, QWidget* parent);
   ~PreviewDialog() override;
 
+  // A line below the pages, which becomes the dialog's.
+  void SetFoot(QWidget* foot);
   [[nodiscard]] PageView& View() { return *view_; }
   [[nodiscard]] const ReportPages& Pages() const { return *pages_; }
+  // "共 12 页，A4 纵向"
+  [[nodiscard]] QString PaperText() const;
 
  signals:
   void printAsked();
   void pdfAsked();
+  // The report was divided anew.
+  void divided();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -46,9 +52,11 @@ class PreviewDialog : public QDialog {
   void ShowPlace();
   void ZoomBy(int steps);
   void SetZoom(int zoom);
+  bool TakesKey(int key);
 
   const ComputedReport& report_;
   PageOptions& options_;
+  PageStamp stamp_;
   std::unique_ptr<ReportPages> pages_;
   PageView* view_;
   QPushButton* first_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <exception>
+#include <numeric>
 
 #include "core/platform/output_file.h"
 #include "desktop/page/page_painter.h"
@@ -50,7 +51,8 @@ QPageLayout pageLayoutOf(const Paper& paper) {
           QPageLayout::Point};
 }
 
-bool writePdf(const ReportPages& pages, SheetRange sheets, const std::string& path, const FileProgress& progress) {
+bool writePdf(const ReportPages& pages, const std::vector<int>& sheets, const std::string& path,
+              const FileProgress& progress) {
   OutputFile file(path);
   {
     SinkDevice device(file.Contents());
@@ -61,10 +63,14 @@ bool writePdf(const ReportPages& pages, SheetRange sheets, const std::string& pa
     writer.setCreator(QStringLiteral("TzAssistant"));
     QPainter painter(&writer);
     const PagePainter onPaper(pages);
-    for (auto sheet = sheets.first; sheet <= sheets.last; ++sheet) {
-      if (sheet > sheets.first) writer.newPage();
+    const auto all = static_cast<std::int64_t>(sheets.size());
+    std::int64_t done = 0;
+    for (const int sheet : sheets) {
+      if (done++ > 0) writer.newPage();
       onPaper.Paint(painter, static_cast<std::size_t>(sheet - 1), dotsPerInch / pointsPerInch);
-      if (progress && !progress(sheet - sheets.first + 1, sheets.last - sheets.first + 1)) return false;
+      // A disk that is full is no reason to paint all the rest.
+      device.Check();
+      if (progress && !progress(done, all)) return false;
     }
     painter.end();
     device.Check();
@@ -73,12 +79,14 @@ bool writePdf(const ReportPages& pages, SheetRange sheets, const std::string& pa
   return true;
 }
 
-bool writePdf(const ComputedReport& report, const PageOptions& options, const std::string& path,
+bool writePdf(const ComputedReport& report, const PageOptions& options, const PageStamp& stamp, const std::string& path,
               const FileProgress& progress) {
   PageOptions asked = options;
   asked.columnEm = pageColumnEm();
-  const ReportPages pages(report, asked);
-  return writePdf(pages, {1, static_cast<std::int64_t>(pages.Sheets())}, path, progress);
+  const ReportPages pages(report, asked, stamp);
+  std::vector<int> sheets(pages.Sheets());
+  std::iota(sheets.begin(), sheets.end(), 1);
+  return writePdf(pages, sheets, path, progress);
 }
 
 }  // namespace tz

@@ -3,26 +3,21 @@
 
 #include <QPageLayout>
 #include <string>
+#include <vector>
 
 #include "core/output/grid_to_file.h"
 #include "core/output/report_pages.h"
 
 namespace tz {
 
-// Both included, counted from 1.
-struct SheetRange {
-  std::int64_t first = 1;
-  std::int64_t last = 0;
-};
-
 [[nodiscard]] QPageLayout pageLayoutOf(const Paper& paper);
 
-// Writes the file whole or not at all. False when the progress asked to stop; failures throw OutputError. Needs a
-// QGuiApplication.
-[[nodiscard]] bool writePdf(const ReportPages& pages, SheetRange sheets, const std::string& path,
+// Writes these sheets, counted from 1, whole or not at all. False when the progress asked to stop; failures throw
+// OutputError. Needs a QGuiApplication.
+[[nodiscard]] bool writePdf(const ReportPages& pages, const std::vector<int>& sheets, const std::string& path,
                             const FileProgress& progress = {});
 // Of a whole report.
-[[nodiscard]] bool writePdf(const ComputedReport& report, const PageOptions& options, const std::string& path,
-                            const FileProgress& progress = {});
+[[nodiscard]] bool writePdf(const ComputedReport& report, const PageOptions& options, const PageStamp& stamp,
+                            const std::string& path, const FileProgress& progress = {});
 
 }  // namespace tz

@@ -13,6 +13,7 @@
 #include "desktop/frame/message_box.h"
 #include "desktop/page/report_pdf.h"
 #include "desktop/report/long_work.h"
+#include "desktop/report/work_display.h"
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
@@ -103,7 +104,7 @@ bool writeExport(const ComputedReport& report, const ExportTarget& target, const
     work.Pump(done, of);
     return !work.Cancelled();
   };
-  if (target.pages) return writePdf(report, options, fromQt(target.path), progress);
+  if (target.pages) return writePdf(report, options, windowStamp(), fromQt(target.path), progress);
   const CGridToFile writer(report, progress);
   return writer.CreateFile(fromQt(target.path), target.form);
 }

@@ -98,18 +98,21 @@ constexpr KeyEntry voucherKeys[] = {
     {"↑、↓、PageUp、PageDown", "在分录之间移动"},
     {"Enter、双击、Ctrl+D", "查看当前分录的明细帐；有几本时打开菜单，按数字选"},
     {"Alt+←、Alt+→", "到上一张、下一张凭证；也可以按 Ctrl+PageUp、Ctrl+PageDown"},
+    {"Ctrl+P、Ctrl+Shift+P", "打印凭证、预览打印的页面"},
     {"Ctrl+C", "复制当前分录的文字"},
     {"菜单键、Shift+F10、右键", "打开菜单：明细帐、复制、上一张、下一张"},
     {"Ctrl+W", "关闭窗口"},
 };
 
 constexpr KeyEntry previewKeys[] = {
-    {"PageDown、PageUp", "到下一页、上一页"},
+    {"PageDown、PageUp", "到下一页、上一页；页面比窗口高时翻过看到的一段"},
+    {"Ctrl+PageDown、Ctrl+PageUp", "总是到下一页、上一页"},
     {"Home、End", "到第一页、最后一页"},
+    {"Ctrl+G", "输入页号，Enter 到那一页"},
     {"Ctrl++、Ctrl+-、Ctrl+滚轮", "放大、缩小页面"},
-    {"Ctrl+0", "显示整页"},
+    {"Ctrl+0、Ctrl+1、Ctrl+2", "显示整页、页宽、并排两页"},
     {"Ctrl+P、Alt+P", "打印"},
-    {"Ctrl+S、Alt+S", "存为 PDF"},
+    {"Ctrl+S、Alt+S", "存为 PDF；预览不关，写好以后 Alt+O、Alt+D 打开文件、打开它所在的文件夹"},
     {"Alt+F", "承前页、过次页的开关"},
     {"Esc、Alt+C", "关闭预览"},
 };

@@ -57,8 +57,8 @@ bool LongWork::Carries(const QWidget* window) const {
 
 bool LongWork::eventFilter(QObject* receiver, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(receiver);
-  // The busy box and questions that the computation asks.
-  if (widget != nullptr && widget->window()->isModal()) return false;
+  // The busy box and questions that the computation asks, but not a modal window that works itself.
+  if (widget != nullptr && widget->window()->isModal() && !Carries(widget->window())) return false;
   // Shortcuts go to actions, everything else that counts to widgets; what the toolkit sends to its own window objects
   // reaches a widget next.
   if (event->type() == QEvent::Shortcut) return true;

@@ -259,12 +259,13 @@ void ReportStatus::CopySelection() {
   ShowNews(QStringLiteral("已复制：") + selection_->text());
 }
 
-void ReportStatus::BeginWork(const QString& text) {
+void ReportStatus::BeginWork(const QString& text, const QString& unit) {
   EndNews();
   messageBefore_ = message_->text();
   restedBefore_ = rests_;
   failureBefore_ = failure_;
   workText_ = text;
+  workUnit_ = unit;
 }
 
 void ReportStatus::ShowProgress(qint64 done, qint64 of) {
@@ -273,7 +274,7 @@ void ReportStatus::ShowProgress(qint64 done, qint64 of) {
   if (of != 0) progress_->setValue(static_cast<int>(done * 100 / of));
   progress_->show();
   stop_->show();
-  SetMessage(done == 0 ? workText_ : QStringLiteral("%1 已处理 %2 行").arg(workText_, grouped(done)), false);
+  SetMessage(done == 0 ? workText_ : QStringLiteral("%1 已处理 %2 %3").arg(workText_, grouped(done), workUnit_), false);
 }
 
 void ReportStatus::EndWork() {

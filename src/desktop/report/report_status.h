@@ -49,7 +49,8 @@ class ReportStatus : public QWidget {
   // A file that was written, with the buttons that open it and its folder.
   void ShowExported(const QString& path);
 
-  void BeginWork(const QString& text);
+  // `unit` is what its steps are called.
+  void BeginWork(const QString& text, const QString& unit);
   void ShowProgress(qint64 done, qint64 of);
   void EndWork();
   [[nodiscard]] QWidget* StopButton() const;
@@ -81,6 +82,7 @@ class ReportStatus : public QWidget {
   QToolButton* stop_;
   QString exported_;
   QString workText_;
+  QString workUnit_;
   QString messageBefore_;
   QString lasting_;
   QTimer* news_;

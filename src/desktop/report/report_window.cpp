@@ -21,6 +21,7 @@
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
 #include "desktop/report/notice_bar.h"
+#include "desktop/report/page_output.h"
 #include "desktop/report/report_heading.h"
 #include "desktop/report/report_status.h"
 #include "desktop/report/work_display.h"
@@ -41,7 +42,8 @@ ReportWindow::ReportWindow(const ReportDefinition& definition, QWidget* parent)
     : ProcessWindow(definition.window, templateUnits, parent),
       definition_(definition),
       background_(std::make_unique<CNeedBitmap>()),
-      feature_(definition.feature.empty() ? nullptr : makeFeature(definition.feature)) {
+      feature_(definition.feature.empty() ? nullptr : makeFeature(definition.feature)),
+      pages_(std::make_unique<PageOutput>(*this)) {
   assert(definition.feature.empty() || feature_ != nullptr);
   background_->LoadBkGroundBitmap(CNeedBitmap::reportGround);
   setWindowTitle(toQt(definition.windowTitle));
@@ -87,6 +89,7 @@ void ReportWindow::LayOut() {
   tools_ = new GridTools(*view_, *body_, findIsFree);
   heading_->AddButton(tools_->FilterAction());
   status_ = new ReportStatus(this);
+  pages_->SetStatus(*status_);
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 6, 12, 8);

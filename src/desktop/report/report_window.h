@@ -3,7 +3,8 @@
 // or is stopped leaves what was shown, conditions included. What a window does beyond that is its report's feature.
 //
 // In four sources: the window and what it shows, its commands (report_window_commands.cpp), what it does with paper
-// (report_window_pages.cpp), and conditions that are changed on the live window (report_window_conditions.cpp).
+// and files (report_window_pages.cpp), and conditions that are changed on the live window
+// (report_window_conditions.cpp).
 #pragma once
 
 #include <QPointer>
@@ -18,7 +19,6 @@
 #include "desktop/report/report_feature.h"
 
 class QAction;
-class QPrinter;
 class QVBoxLayout;
 
 namespace tz {
@@ -28,9 +28,10 @@ class CTzQueryDialog;
 class GridTools;
 class GridView;
 class NoticeBar;
+class PageOutput;
 class ReportHeading;
-class ReportPages;
 class ReportStatus;
+struct KeptPages;
 struct MonthSpan;
 
 // What a window shows, and the conditions that it would ask for again.
@@ -47,7 +48,9 @@ class ReportWindow : public ProcessWindow {
   ~ReportWindow() override;
 
   // Lets exports begin in the folder of the last one. What it calls must outlive the window.
-  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
+  void KeepFolder(ExportFolder folder);
+  // The same for how its pages are made.
+  void KeepPages(KeptPages kept);
   // Lets the condition dialog keep conditions under names. The store must outlive the window.
   void OfferSaved(ConditionStore& store) { store_ = &store; }
 
@@ -157,13 +160,10 @@ class ReportWindow : public ProcessWindow {
   void OnRowActivated(qint64 row);
   // Makes a row that was found current, also in a folded block; a filter that hides it is named.
   void GoToFound(qint64 row);
-  void Print(QPrinter& printer, const ReportPages& pages);
 
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;
   ConditionStore* store_ = nullptr;
-  ExportFolder exportFolder_;
-  PageOptions pageOptions_;
   std::unique_ptr<Session> querySession_;
   QPointer<CTzQueryDialog> queryDialog_;  // ours, but its parent may go first
   Request request_;
@@ -182,6 +182,7 @@ class ReportWindow : public ProcessWindow {
   GridView* view_ = nullptr;
   GridTools* tools_ = nullptr;
   ReportStatus* status_ = nullptr;
+  std::unique_ptr<PageOutput> pages_;
 };
 
 }  // namespace tz

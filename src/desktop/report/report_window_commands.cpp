@@ -230,30 +230,6 @@ void ReportWindow::GoToFound(qint64 row) {
   }
 }
 
-void ReportWindow::OnExport() {
-  if (!shown_ || LongWork::Running()) return;
-  const auto target = askExportTarget(this, shown_->report, exportFolder_);
-  if (target) ExportTo(*target);
-}
-
-void ReportWindow::ExportTo(const ExportTarget& target) {
-  try {
-    bool whole = false;
-    {
-      LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
-      whole = writeExport(shown_->report, target, pageOptions_, work);
-    }
-    if (whole) {
-      status_->ShowExported(target.path);
-    } else {
-      status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));
-    }
-  } catch (const OutputError& error) {
-    TellFailure(error);
-  }
-}
-
 void ReportWindow::OnHelp() { showManual(this, manualPageOf(this)); }
 
 }  // namespace tz

@@ -17,6 +17,7 @@
 #include "desktop/manual/manual.h"
 #include "desktop/report/log.h"
 #include "desktop/report/long_work.h"
+#include "desktop/report/report_status.h"
 #include "desktop/report/voucher_paper.h"
 #include "desktop/report/voucher_sheet.h"
 #include "desktop/report/work_display.h"
@@ -29,6 +30,12 @@ constexpr QSize voucherUnits(395, 230);
 constexpr QSize voucherSize(1040, 600);
 
 constexpr CToolBarInfo toolBarTable[] = {
+    {.bitmap = 307, .command = static_cast<int>(WindowCommand::print), .shortcut = "Ctrl+P", .tip = "打印凭证"},
+    {.bitmap = 306,
+     .command = static_cast<int>(WindowCommand::preview),
+     .shortcut = "Ctrl+Shift+P",
+     .tip = "预览打印的页面，也可以存为 PDF"},
+    {},
     {.bitmap = 310, .command = VoucherWindow::previousVoucher, .shortcut = "Alt+Left", .tip = "上一张凭证"},
     {.bitmap = 311, .command = VoucherWindow::nextVoucher, .shortcut = "Alt+Right", .tip = "下一张凭证"},
     {},
@@ -45,7 +52,8 @@ QString escaped(QString text) { return text.replace(u'&', QStringLiteral("&&"));
 
 }  // namespace
 
-VoucherWindow::VoucherWindow(QWidget* parent) : ProcessWindow(templateId, voucherUnits, parent) {
+VoucherWindow::VoucherWindow(QWidget* parent)
+    : ProcessWindow(templateId, voucherUnits, parent), pages_(std::make_unique<PageOutput>(*this)) {
   background_.LoadBkGroundBitmap(CNeedBitmap::reportGround);
   setWindowTitle(QStringLiteral("记帐凭证"));
   setManualPage(*this, QStringLiteral("vouchers"));
@@ -92,6 +100,9 @@ void VoucherWindow::LayOut() {
   layout->setContentsMargins(12, 6, 12, 12);
   layout->addWidget(toolBar_);
   layout->addWidget(paper_, 1);
+  status_ = new ReportStatus(this);
+  layout->addWidget(status_);
+  pages_->SetStatus(*status_);
   resize(voucherSize);
 
   VoucherSheet& sheet = paper_->Sheet();
@@ -104,6 +115,10 @@ void VoucherWindow::LayOut() {
   connect(&sheet, &QWidget::customContextMenuRequested, this,
           [this, &sheet](QPoint at) { OpenMenu(sheet.viewport()->mapToGlobal(at)); });
 }
+
+void VoucherWindow::KeepFolder(ExportFolder folder) { pages_->KeepFolder(std::move(folder)); }
+
+void VoucherWindow::KeepPages(KeptPages kept) { pages_->KeepOptions(std::move(kept)); }
 
 void VoucherWindow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -151,6 +166,10 @@ void VoucherWindow::OnCommand(int id) {
       return GoTo(voucher_->next);
     case copyLine:
       return CopyLine();
+    case static_cast<int>(WindowCommand::print):
+      return pages_->Print(voucherReport(*voucher_));
+    case static_cast<int>(WindowCommand::preview):
+      return pages_->Preview(voucherReport(*voucher_));
     case static_cast<int>(WindowCommand::detail):
       return OnDetail();
     case static_cast<int>(WindowCommand::help):

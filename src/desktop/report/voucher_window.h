@@ -9,11 +9,13 @@
 #include "core/voucher/voucher.h"
 #include "desktop/frame/need_bitmap.h"
 #include "desktop/frame/process_window.h"
+#include "desktop/report/page_output.h"
 
 class QAction;
 
 namespace tz {
 
+class ReportStatus;
 class VoucherPaper;
 
 class VoucherWindow : public ProcessWindow {
@@ -35,6 +37,10 @@ class VoucherWindow : public ProcessWindow {
   // Null before the first one is shown.
   [[nodiscard]] const Voucher* Shown() const { return voucher_.get(); }
   [[nodiscard]] VoucherPaper* Paper() const { return paper_; }
+
+  // Where PDFs go and how pages are made, as ReportWindow has them.
+  void KeepFolder(ExportFolder folder);
+  void KeepPages(KeptPages kept);
 
   bool OnInitDialog() override;
   void RefreshDisplay() override;
@@ -66,6 +72,8 @@ class VoucherWindow : public ProcessWindow {
   Id line_ = 0;
   QToolBar* toolBar_ = nullptr;
   VoucherPaper* paper_ = nullptr;
+  ReportStatus* status_ = nullptr;
+  std::unique_ptr<PageOutput> pages_;
 };
 
 }  // namespace tz

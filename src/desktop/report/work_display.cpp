@@ -1,5 +1,6 @@
 #include "desktop/report/work_display.h"
 
+#include "core/reports/page_stamp.h"
 #include "desktop/frame/general_dialog.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
@@ -14,6 +15,7 @@ Session windowSession(LongWork& work, QWidget* window) {
       .ledger = g_lpszQnZwDBName,
       .logon = g_tmLogonTime,
       .who = g_operator,
+      .now = g_now,
       .ask = [window](const Question& question) { return AfxMessageBox(window, question); },
       .progress = [&work](std::int64_t done, std::int64_t of) { work.Pump(done, of); },
       .cancelled =
@@ -24,9 +26,12 @@ Session windowSession(LongWork& work, QWidget* window) {
   };
 }
 
-WorkDisplay::WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox)
+PageStamp windowStamp() { return pageStamp(g_operator, g_now()); }
+
+WorkDisplay::WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox,
+                         const QString& unit)
     : status_(status) {
-  status_.BeginWork(what);
+  status_.BeginWork(what, unit);
   QObject::connect(&work, &LongWork::progressed, &status_, &ReportStatus::ShowProgress);
   QObject::connect(&status_, &ReportStatus::stopClicked, &work, &LongWork::Cancel);
   work.Allow(status_.StopButton());

@@ -4,6 +4,7 @@
 #include <QString>
 #include <memory>
 
+#include "core/output/page_head.h"
 #include "core/reports/session.h"
 
 class QWidget;
@@ -17,10 +18,14 @@ class ReportStatus;
 // Questions become message boxes of the window; progress and stopping are the work's.
 [[nodiscard]] Session windowSession(LongWork& work, QWidget* window);
 
+// Whoever prints in a window, and when.
+[[nodiscard]] PageStamp windowStamp();
+
 // Shows how far a work is for as long as it lives: in the status line, and in the busy box where the report has one.
 class WorkDisplay {
  public:
-  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox);
+  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox,
+              const QString& unit = QStringLiteral("行"));
   WorkDisplay(const WorkDisplay&) = delete;
   WorkDisplay& operator=(const WorkDisplay&) = delete;
   ~WorkDisplay();

@@ -143,15 +143,35 @@ TEST(ReportPages, HeadSaysWhatTheReportSays) {
   report.subtitle = "\n科目：1133 其他应收款";
   report.unit = "台\n美元";
   report.printedPeriod = "月份: 2006.1--2006.2";
-  report.conditions = {"包含未记帐凭证"};
+  report.printedConditions = {"项目大类: 产品", "包含未记帐凭证"};
   report.grid.notices = {Notice{"起始月份在终止月份之后。", Notice::Weight::warning}, Notice{"本单只列已两清分录"}};
-  const ReportPages pages(report, {});
-  std::string said;
-  for (const auto& piece : pages.Head().pieces) said += piece.text + "|";
-  EXPECT_EQ(
-      said,
-      "三栏式明细帐|月份: 2006.1--2006.2|科目：1133 其他应收款|台|美元|包含未记帐凭证|※ 起始月份在终止月份之后。|");
-  EXPECT_EQ(pages.Remarks(), (std::vector<std::string>{"底色行：未记帐凭证", "本单只列已两清分录"}));
+  report.company = "华源机械制造有限公司";
+  const auto said = [&] {
+    const ReportPages pages(report, {});
+    std::string text;
+    for (const auto& piece : pages.Head().pieces) text += piece.text + "|";
+    return text;
+  };
+  const std::string below =
+      "月份: 2006.1--2006.2|科目：1133 其他应收款|台|美元|项目大类: 产品　　包含未记帐凭证|※ 起始月份在终止月份之后。|";
+  EXPECT_EQ(said(), "三栏式明细帐|核算单位：华源机械制造有限公司|" + below);
+  EXPECT_EQ(ReportPages(report, {}).Remarks(), std::vector<std::string>{"本单只列已两清分录"});
+  // A name that does not fit beside the period stands above it, all of it.
+  for (int i = 0; i < 20; ++i) report.company += "机械制造";
+  EXPECT_NE(said().find("机械制造|" + below), std::string::npos) << said();
+}
+
+TEST(ReportPages, FootSaysWhoWhenAndWhatColoursMean) {
+  const auto report = ledgerReport();
+  const auto foot = ReportPages(report, {}, {"王会计", "2006-03-01 09:30"}).FootOf(1);
+  EXPECT_EQ(foot.left, "制表人：王会计");
+  EXPECT_EQ(foot.centre, "第 1 页　共 1 页");
+  EXPECT_EQ(foot.right, "打印日期：2006-03-01 09:30");
+  EXPECT_EQ(foot.colour, "未记帐凭证");
+  auto plain = longLedger(1, 3, 3);
+  plain.highlightMeaning = report.highlightMeaning;
+  const auto bare = ReportPages(plain, {}).FootOf(1);
+  EXPECT_EQ(bare.left + bare.right + bare.colour, "") << "no operator, and no such row on this page";
 }
 
 TEST(LineBreaking, KeepsWordsAndClosingMarks) {

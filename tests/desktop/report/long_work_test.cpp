@@ -96,6 +96,16 @@ TEST_F(LongWorkTest, ClosingTheWindowStopsItAndThenCloses) {
   EXPECT_TRUE(window_.isNull());
 }
 
+TEST_F(LongWorkTest, AModalWindowThatWorksIsStoppedAndStaysOpen) {
+  QDialog dialog(window_);
+  dialog.open();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  LongWork work(dialog);
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  EXPECT_TRUE(work.Cancelled());
+  EXPECT_TRUE(dialog.isVisible());
+}
+
 TEST_F(LongWorkTest, ABusyBoxWithACancelButtonShowsWhereTheReportAsksForIt) {
   counted_.definition.busyBox = true;
   computeWhile([this] {

@@ -1,12 +1,20 @@
 // The preview of a report's pages, by keys and clicks, and what it leads to.
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QProcess>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
+#include <QToolButton>
+#include <filesystem>
 #include <fstream>
 
+#include "cli/full_disk.h"
 #include "desktop/page/page_view.h"
 #include "desktop/page/preview_dialog.h"
+#include "desktop/page/report_printer.h"
 #include "desktop/report/sample_report.h"
 
 namespace tz::test {
@@ -87,10 +95,38 @@ TEST_F(PreviewTest, OptionsDivideAnewAndHoldForTheNextPreview) {
   });
 }
 
-TEST_F(PreviewTest, KeepsAPdf) {
-  const TempFolder folder;
-  Window().KeepFolder({.last = [&] { return toQt(folder.path().string()); }, .keep = [](const QString&) {}});
+TEST_F(PreviewTest, ShowsTwoSheetsBesideEachOther) {
   preview([&](PreviewDialog& preview) {
+    auto& view = preview.View();
+    QTest::keyClick(&view, Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(view.Zoom(), PageView::twoSheets);
+    QTest::keyClick(&view, Qt::Key_PageDown);
+    EXPECT_EQ(sheetOf(preview), "3");
+    QTest::keyClick(&view, Qt::Key_G, Qt::ControlModifier);
+    auto* number = qobject_cast<QSpinBox*>(preview.focusWidget());
+    ASSERT_NE(number, nullptr);
+    QTest::keyClicks(number, QString::number(view.Sheets()));
+    QTest::keyClick(number, Qt::Key_Return);
+    EXPECT_EQ(view.Current() + 1, view.Sheets());
+    EXPECT_FALSE(control<QPushButton>(preview, "next").isEnabled());
+    EXPECT_TRUE(hasInk(preview));
+    // Larger than the view, a sheet is leafed through before the next one comes.
+    QTest::keyClick(&view, Qt::Key_Home);
+    for (int i = 0; i < 8; ++i) QTest::keyClick(&view, Qt::Key_Plus, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_PageDown);
+    EXPECT_EQ(view.Current(), 0);
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    QTest::keyClick(&view, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(view.Current(), 1);
+  });
+}
+
+class PreviewPdfTest : public PreviewTest {
+ protected:
+  PreviewPdfTest() {
+    Window().KeepFolder({.last = [&] { return toQt(folder_.path().string()); }, .keep = [](const QString&) {}});
+  }
+  static void askForPdf(PreviewDialog& preview) {
     inModal([&](QWidget& dialog) {
       auto& name = control<QLineEdit>(dialog, "fileNameEdit");
       EXPECT_TRUE(name.text().endsWith(QStringLiteral(".pdf"))) << fromQt(name.text());
@@ -98,12 +134,68 @@ TEST_F(PreviewTest, KeepsAPdf) {
       QTest::keyClick(&name, Qt::Key_Return);
     });
     QTest::keyClick(&preview.View(), Qt::Key_S, Qt::ControlModifier);
+  }
+  static std::string told(PreviewDialog& preview) { return fromQt(control<QLabel>(preview, "status").text()); }
+
+  TempFolder folder_;
+  std::string file_ = folder_.file("帐页.pdf");
+};
+
+TEST_F(PreviewPdfTest, KeepsAPdfAndStaysOpen) {
+  preview([&](PreviewDialog& preview) {
+    EXPECT_NE(told(preview).find("A4 纵向"), std::string::npos) << told(preview);
+    askForPdf(preview);
+    ASSERT_TRUE(preview.isVisible());
+    EXPECT_NE(told(preview).find("已输出到 " + file_), std::string::npos) << told(preview);
+    EXPECT_TRUE(control<QToolButton>(preview, "openFile").isVisible());
+    QTest::keyClick(&preview.View(), Qt::Key_PageDown);
+    EXPECT_EQ(sheetOf(preview), "2");
   });
-  std::ifstream file(folder.file("帐页.pdf"), std::ios::binary);
+  std::ifstream pdf(file_, std::ios::binary);
   std::string head(5, ' ');
-  file.read(head.data(), 5);
+  pdf.read(head.data(), 5);
   EXPECT_EQ(head, "%PDF-");
-  EXPECT_NE(fromQt(control<QLabel>(Window(), "status").text()).find("已输出到"), std::string::npos);
+}
+
+TEST_F(PreviewPdfTest, AFullDiskLeavesNothingAndSaysSo) {
+  preview([&](PreviewDialog& preview) {
+    const FullDisk disk(20'000);
+    askForPdf(preview);
+    ASSERT_TRUE(preview.isVisible());
+    EXPECT_NE(told(preview).find("无法写入"), std::string::npos) << told(preview);
+  });
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.path()));
+}
+
+// Printing through the toolkit's dialog into a file, which needs no printer.
+TEST_F(PreviewTest, PrintsARangeThroughTheRealDialog) {
+  const TempFolder folder;
+  const std::string file = folder.file("打印.pdf");
+  const ReportPages pages(Report(), {.columnEm = pageColumnEm()});
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFileName(toQt(file));
+  inModal([&](QWidget& dialog) {
+    control<QRadioButton>(dialog, "printRange").setChecked(true);
+    control<QSpinBox>(dialog, "from").setValue(2);
+    control<QSpinBox>(dialog, "to").setValue(3);
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+  });
+  ASSERT_TRUE(askPrinter(printer, pages, &Window()));
+  EXPECT_EQ(printPages(printer, pages), 2);
+  QProcess reader;
+  reader.start(QStringLiteral("pdftotext"), {toQt(file), QStringLiteral("-")});
+  ASSERT_TRUE(reader.waitForFinished());
+  const auto text = fromQt(QString::fromUtf8(reader.readAllStandardOutput()));
+  EXPECT_EQ(text.find("第 1 页"), std::string::npos);
+  EXPECT_NE(text.find("第 2 页"), std::string::npos) << text;
+  EXPECT_NE(text.find("第 3 页"), std::string::npos);
+}
+
+TEST_F(PreviewTest, WithoutPrinterOffersAPdf) {
+  if (anyPrinter()) GTEST_SKIP() << "this machine has a printer";
+  messages_.answer = false;
+  Press(Qt::Key_P, Qt::ControlModifier);
+  EXPECT_NE(messages_.takeLast().find("没有找到打印机"), std::string::npos);
 }
 
 }  // namespace
