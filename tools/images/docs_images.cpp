@@ -25,6 +25,8 @@ void draw(const QDir& folder, bool all) {
     tz::images::drawNavigator(book);
     tz::images::drawReports(book, ledger);
     tz::images::drawWayToVouchers(book);
+    // Paper knows neither theme nor scale.
+    if (choice == tz::ThemeChoice::light && qApp->devicePixelRatio() == 1) tz::images::drawPages(book, ledger);
     tz::images::drawDialogs(book, ledger);
     tz::images::drawHost(book, ledger);
     if (all) tz::images::drawControls(book);
@@ -55,6 +57,7 @@ int compare(const QList<QDir>& kept, const QDir& drawn) {
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setCursorFlashTime(0);  // in no picture by chance
+  qputenv("TZ", "UTC0");                // nor the clock of this place
   QCommandLineParser words;
   const QCommandLineOption all(QStringLiteral("all"));
   const QCommandLineOption against(QStringLiteral("against"), {}, QStringLiteral("KEPT"));

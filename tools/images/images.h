@@ -9,6 +9,7 @@ namespace tz::images {
 void drawNavigator(const PictureBook& book);
 void drawReports(const PictureBook& book, SampleLedger& ledger);
 void drawWayToVouchers(const PictureBook& book);
+void drawPages(const PictureBook& book, SampleLedger& ledger);
 void drawDialogs(const PictureBook& book, SampleLedger& ledger);
 void drawHost(const PictureBook& book, SampleLedger& ledger);
 void drawControls(const PictureBook& book);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QImage>
 #include <QPixmap>
 #include <QTest>
 #include <QTimer>
@@ -26,6 +27,11 @@ void PictureBook::Take(QWidget& window, const QString& name) const {
   const int percent = qRound(window.devicePixelRatioF() * 100);
   const QString file = folder_.filePath(QStringLiteral("%1-%2-%3.png").arg(name, theme_).arg(percent));
   if (!window.grab().save(file)) fail(QStringLiteral("cannot write ") + file);
+}
+
+void PictureBook::Keep(const QImage& picture, const QString& name) const {
+  const QString file = folder_.filePath(QStringLiteral("%1-%2-100.png").arg(name, theme_));
+  if (!picture.save(file)) fail(QStringLiteral("cannot write ") + file);
 }
 
 void PictureBook::TakeModal(const QString& name, const std::function<void()>& open, const Step& first,

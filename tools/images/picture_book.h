@@ -6,6 +6,7 @@
 #include <QString>
 #include <functional>
 
+class QImage;
 class QWidget;
 
 namespace tz::images {
@@ -19,6 +20,8 @@ class PictureBook {
   [[nodiscard]] bool All() const { return all_; }
   // Draws a window as NAME-THEME-PERCENT.png.
   void Take(QWidget& window, const QString& name) const;
+  // The same with a picture that is drawn already.
+  void Keep(const QImage& picture, const QString& name) const;
   // Draws the modal window that `open` shows, and closes it; `first` runs in it before it is drawn, `then` behind.
   using Step = std::function<void(QWidget&)>;
   void TakeModal(const QString& name, const std::function<void()>& open, const Step& first = {},

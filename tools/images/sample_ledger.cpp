@@ -13,6 +13,9 @@ SampleLedger::SampleLedger() : file_(folder_.filePath(QStringLiteral("sample.db"
   g_pDB = &db_;
   g_lpszQnZwDBName = file_;
   g_tmLogonTime = defaultLogonDate(db_);
+  // A day at work after the year that the pictures show.
+  const std::chrono::sys_days day = std::chrono::year(g_tmLogonTime.year + 1) / std::chrono::January / 5;
+  g_now = [day] { return day + std::chrono::hours(9) + std::chrono::minutes(30); };
 }
 
 SampleLedger::~SampleLedger() { g_pDB = nullptr; }

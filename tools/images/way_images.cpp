@@ -5,7 +5,6 @@
 
 #include "core/catalogue/catalogue.h"
 #include "desktop/gridview/grid_view.h"
-#include "desktop/page/preview_dialog.h"
 #include "desktop/report/report_window.h"
 #include "desktop/report/search_window.h"
 #include "desktop/report/voucher_window.h"
@@ -52,12 +51,7 @@ void drawWayToVouchers(const PictureBook& book) {
   ReportLauncher launcher(everybody(), findReport);
   const std::unique_ptr<ReportWindow> ledger(
       launcher.LaunchFromReport({.command = 10203, .conditions = ledgerOfUnits()}, nullptr));
-  PageOptions options;
-  PreviewDialog preview(ledger->Shown()->report, options, ledger.get());
-  preview.show();
-  QApplication::processEvents();
-  book.Take(preview, QStringLiteral("preview"));
-  preview.close();
+  book.TakeModal(QStringLiteral("preview"), [&] { ledger->OnPreview(); });
   drawVoucher(book, launcher, *ledger);
   drawSearch(book, launcher);
   launcher.CloseAll();
