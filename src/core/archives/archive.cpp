@@ -12,10 +12,10 @@ namespace {
 using Kind = ArchiveField::Kind;
 
 constexpr std::array directories = {
-    ArchiveDirectory{ArchiveDirectory::Kind::persons, 10178, 1, "个人目录"},
-    ArchiveDirectory{ArchiveDirectory::Kind::projects, 10179, 13, "项目目录"},
-    ArchiveDirectory{ArchiveDirectory::Kind::units, 10180, 75, "单位目录"},
-    ArchiveDirectory{ArchiveDirectory::Kind::departments, 10181, 8, "部门目录"},
+    ArchiveDirectory{ArchiveDirectory::Kind::persons, 10178, 1, "个人目录", "个人档案"},
+    ArchiveDirectory{ArchiveDirectory::Kind::projects, 10179, 13, "项目目录", "项目档案"},
+    ArchiveDirectory{ArchiveDirectory::Kind::units, 10180, 75, "单位目录", "单位档案"},
+    ArchiveDirectory{ArchiveDirectory::Kind::departments, 10181, 8, "部门目录", "部门档案"},
 };
 
 // Departments bear two ids, which need not go together.

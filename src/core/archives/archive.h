@@ -96,6 +96,7 @@ struct ArchiveDirectory {
   int command;
   int right;
   std::string_view title;
+  std::string_view rightName;
 };
 [[nodiscard]] std::span<const ArchiveDirectory> archiveDirectories();
 // Null for a command that is none.

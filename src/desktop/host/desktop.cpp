@@ -31,6 +31,7 @@ Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
       openLedger_(ledger) {
   g_operator = std::move(who);
   launcher_.OfferSaved(conditions_);
+  launcher_.KeepFolder(FolderOfFiles());
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
                         [this](unsigned) { showManual(&navigator_, QStringLiteral("start#导航窗口")); },
@@ -140,14 +141,14 @@ void Desktop::Welcome(ProcessWindow* window) {
   });
 }
 
-ExportFolder Desktop::KeptFolder() {
+ExportFolder Desktop::FolderOfFiles() {
   return {.last = [this] { return settings_.ExportFolder(); },
           .keep = [this](const QString& folder) { settings_.SetExportFolder(folder); }};
 }
 
 template <class Window>
 void Desktop::WelcomePages(Window& window) {
-  window.KeepFolder(KeptFolder());
+  window.KeepFolder(FolderOfFiles());
   const int key = window.Key();
   window.KeepPages({.last = [this, key] { return settings_.Pages(key); },
                     .keep = [this, key](const PageOptions& options) { settings_.SetPages(key, options); }});
@@ -155,7 +156,7 @@ void Desktop::WelcomePages(Window& window) {
 
 template <class Window>
 void Desktop::WelcomeTable(Window& window) {
-  window.KeepFolder(KeptFolder());
+  window.KeepFolder(FolderOfFiles());
   window.Grid().SetArrangement(settings_.Columns(window.Key()));
   connect(&window, &Window::closed, this,
           [this, &window] { settings_.SetColumns(window.Key(), window.Grid().Arrangement()); });

@@ -49,7 +49,7 @@ class Desktop : public QObject {
   void Welcome(ProcessWindow* window);
   // What a window keeps besides its size: the folder of its files, how its pages are made, what was made of its
   // columns.
-  [[nodiscard]] ExportFolder KeptFolder();
+  [[nodiscard]] ExportFolder FolderOfFiles();
   template <class Window>
   void WelcomePages(Window& window);
   template <class Window>

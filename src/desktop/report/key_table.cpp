@@ -126,6 +126,21 @@ constexpr KeyEntry manualKeys[] = {
     {"Esc、Ctrl+W", "关闭手册；查找栏里有文字时，Esc 先清除它"},
 };
 
+constexpr KeyEntry archivesKeys[] = {
+    {"输入文字、Ctrl+F", "按编码、名称或拼音首字母查找"},
+    {"Enter、↓", "从查找栏到列表"},
+    {"Insert、Ctrl+N", "新增一条；在左边的分类或大类里是新增一个分类或大类"},
+    {"Enter、F2、双击", "修改当前的一条"},
+    {"Del", "删除当前的一条"},
+    {"Ctrl+Shift+S", "按当前列排序，再按一次倒过来；也可以点栏目名"},
+    {"Alt+D、Alt+A", "项目目录里大类的字段、科目"},
+    {"F5", "重新读取"},
+    {"Ctrl+Enter、Alt+O", "在修改的窗口里保存；Enter 到下一项，在最后一项上保存"},
+    {"Alt+N", "保存，再新增一条"},
+    {"F2", "在修改的窗口里打开部门、分类或科目的参照"},
+    {"Esc", "清除查找；再按一次关闭目录"},
+};
+
 constexpr KeyGroup keyGroups[] = {
     {KeyPlace::everywhere, "每个窗口", everywhereKeys},
     {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
@@ -140,6 +155,7 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::search, "查找分录的窗口", searchKeys},
     {KeyPlace::preview, "打印预览", previewKeys},
     {KeyPlace::manual, "使用手册", manualKeys},
+    {KeyPlace::archives, "档案的目录", archivesKeys},
 };
 
 }  // namespace

@@ -19,7 +19,8 @@ enum class KeyPlace {
   voucher,
   search,
   preview,
-  manual
+  manual,
+  archives
 };
 
 struct KeyEntry {

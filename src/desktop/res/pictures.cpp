@@ -98,6 +98,9 @@ constexpr Picture pictures[] = {
     {1413, "clearing", "单位往来两清"},
     {1414, "statement", "单位对帐单"},
     {1415, "aging", "单位往来帐龄分析"},
+    {1501, "add", "新增"},
+    {1502, "edit", "修改"},
+    {1503, "remove", "删除"},
 };
 
 QString fileOf(const Picture& picture) {

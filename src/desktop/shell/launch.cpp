@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <fmt/format.h>
 
+#include "core/archives/archive.h"
 #include "core/catalogue/catalogue.h"
+#include "desktop/archives/archive_dialog.h"
 #include "desktop/frame/globals.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/report/log.h"
@@ -37,10 +39,22 @@ ReportLauncher::ReportLauncher(Operator who, Find find) : who_(std::move(who)), 
 ReportLauncher::~ReportLauncher() = default;
 
 std::string ReportLauncher::Obstacle(int command) const {
+  const auto wanted = [&](int right, std::string_view name) {
+    if (who_.may(right)) return std::string();
+    return fmt::format("操作员 {} 没有“{}”的权限（{} 号），请向管理员申请", who_.name, name, right);
+  };
+  if (const auto* directory = findArchiveDirectory(command)) return wanted(directory->right, directory->rightName);
   const ReportDefinition* report = find_(command);
-  if (report == nullptr) return "该功能尚未提供";
-  if (who_.may(report->right)) return {};
-  return fmt::format("操作员 {} 没有“{}”的权限（{} 号），请向管理员申请", who_.name, report->rightName, report->right);
+  return report == nullptr ? "该功能尚未提供" : wanted(report->right, report->rightName);
+}
+
+// Nothing of it stays once it is closed: windows read the archives anew at their next refresh.
+void ReportLauncher::RunDirectory(const ArchiveDirectory& directory) {
+  const CCheckAuth auth(who_, directory.right, 1, directory.rightName);
+  if (!auth) return;
+  ArchiveDialog window(directory, *g_pDB, g_lpszQnZwDBName, g_pDlgWnd);
+  window.KeepFolder(exportFolder_);
+  window.DoModal();
 }
 
 bool ReportLauncher::MayLaunch(const ReportDefinition& report) const {
@@ -52,8 +66,10 @@ bool ReportLauncher::MayLaunch(const ReportDefinition& report) const {
 }
 
 void ReportLauncher::Launch(int command) {
+  if (LongWork::Running()) return;
+  if (const auto* directory = findArchiveDirectory(command)) return RunDirectory(*directory);
   const ReportDefinition* report = find_(command);
-  if (report == nullptr || LongWork::Running() || !MayLaunch(*report)) return;
+  if (report == nullptr || !MayLaunch(*report)) return;
   if (hasSlot(command)) slots_.erase(command);
   ReportWindow* window = NewWindow(*report, nullptr);
   if (hasSlot(command)) slots_[command] = window;

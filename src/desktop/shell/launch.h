@@ -11,11 +11,13 @@
 
 #include "core/reports/operator.h"
 #include "core/reports/report_definition.h"
+#include "desktop/report/export_file.h"
 
 class QWidget;
 
 namespace tz {
 
+struct ArchiveDirectory;
 class ConditionStore;
 class ProcessWindow;
 class ReportWindow;
@@ -30,6 +32,8 @@ class ReportLauncher : public QObject {
   explicit ReportLauncher(Operator who, Find find);
   ~ReportLauncher() override;
 
+  // Where files of windows that are no report begin.
+  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
   // Lets condition dialogs keep conditions under names. The store must outlive the windows.
   void OfferSaved(ConditionStore& store) { store_ = &store; }
 
@@ -58,6 +62,7 @@ class ReportLauncher : public QObject {
   void windowsChanged();
 
  private:
+  void RunDirectory(const ArchiveDirectory& directory);
   [[nodiscard]] bool MayLaunch(const ReportDefinition& report) const;
   [[nodiscard]] ReportWindow* NewWindow(const ReportDefinition& report, QWidget* parent);
   // From a line of a voucher; the right to that ledger is asked for.
@@ -69,6 +74,7 @@ class ReportLauncher : public QObject {
   Operator who_;
   Find find_;
   ConditionStore* store_ = nullptr;
+  ExportFolder exportFolder_;
   std::map<int, ProcessWindow*> slots_;
   std::vector<ProcessWindow*> windows_;
 };
