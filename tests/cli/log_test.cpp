@@ -4,6 +4,7 @@
 
 #include "cli/small_company.h"
 #include "core/data/new_ids.h"
+#include "core/receivables/mark_history.h"
 #include "core/reports/marking.h"
 #include "core/reports/plan_log.h"
 
@@ -48,6 +49,7 @@ class WorkLogCommand : public DatabaseTest {
       writing.commit();
       return 0;
     });
+    moment_ += 1h;
   }
   [[nodiscard]] ProgramRun log(std::vector<std::string> more, const std::string& who = "主管") const {
     more.insert(more.begin(), {"log", "--ledger", ledger_.address(), "--operator", who});
@@ -68,18 +70,21 @@ class WorkLogCommand : public DatabaseTest {
 
 TEST_P(WorkLogCommand, TellsWhoDidWhatAndWhen) {
   const auto batch = mark("会计", 0, 2);
+  plan("会计");
+  const MarkHistory marks(db_.Current());
+  ASSERT_FALSE(marks.open().empty());
+  EXPECT_EQ(marks.open().front()->name, batch) << "plans are no marks that could be taken back";
   mark("主管", 2, 0, undoOf(batch));
   mark("会计", 0, 1, "17");
-  plan("会计");
   const auto all = entries({});
   ASSERT_EQ(all.size(), 5U);
   std::vector<std::string> works;
   for (const auto& one : all) works.push_back(one["work"]);
-  EXPECT_EQ(works, (std::vector<std::string>{"自动编制：增加计划", "自动编制：删除计划", "手工勾对",
-                                             "撤销自动勾对（个人往来）", "自动勾对（个人往来）"}));
-  EXPECT_EQ(all[0]["voucher"], nullptr);
-  EXPECT_EQ(all[0]["period"], 3);
-  EXPECT_EQ(all[1]["account"], nullptr) << "of a plan that is gone no more is known";
+  EXPECT_EQ(works, (std::vector<std::string>{"手工勾对", "撤销自动勾对（个人往来）", "自动编制：增加计划",
+                                             "自动编制：删除计划", "自动勾对（个人往来）"}));
+  EXPECT_EQ(all[2]["voucher"], nullptr);
+  EXPECT_EQ(all[2]["period"], 3);
+  EXPECT_EQ(all[3]["account"], nullptr) << "of a plan that is gone no more is known";
   EXPECT_EQ(all[4]["when"], "2026-01-31T15:59:59Z");
   EXPECT_EQ(all[4]["operator"], "会计");
   EXPECT_EQ(all[4]["voucher"], voucher_);

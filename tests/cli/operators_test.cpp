@@ -150,6 +150,19 @@ TEST(LogonDelays, GrowWithTheFailures) {
   for (int i = 0; i < 40; ++i) EXPECT_LE(delays.Failed("丙"), 32s);
 }
 
+TEST(LogonDelays, AreLeftToWhoeverTriesNext) {
+  using namespace std::chrono_literals;
+  auto now = LogonDelays::Clock::time_point{} + 1h;
+  LogonDelays delays(1s, [&] { return now; });
+  EXPECT_EQ(delays.Left(), 0s);
+  (void)delays.Failed("甲");
+  (void)delays.Failed("甲");
+  now += 500ms;
+  EXPECT_EQ(delays.Left(), 1500ms);
+  now += 2s;
+  EXPECT_EQ(delays.Left(), 0s);
+}
+
 TEST(PasswordHash, TheOneOfNobodyIsWellFormed) {
   EXPECT_TRUE(acceptableHash(nobodysHash()));
   EXPECT_FALSE(passwordFits(nobodysHash(), ""));

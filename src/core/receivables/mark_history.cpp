@@ -8,8 +8,9 @@ namespace tz {
 
 MarkHistory::MarkHistory(Connection& connection) {
   std::unordered_map<std::string, std::uint32_t> places;
-  const auto log =
-      connection.query("SELECT lTieId, lLineId, byOld, byNew, sOperator, sWhen, sBatch FROM MarkLog ORDER BY lId");
+  // Rows without a voucher tell of plans.
+  const auto log = connection.query(
+      "SELECT lTieId, lLineId, byOld, byNew, sOperator, sWhen, sBatch FROM MarkLog WHERE lTieId <> 0 ORDER BY lId");
   enum Column { voucher, line, before, after, who, when, name };
   std::string batchName;
   while (log->next()) {

@@ -1,8 +1,9 @@
-// How long an answer to a wrong password waits. Each failure of one operator doubles it, and so do further failures of
-// whomever in this process.
+// How long whoever gave a wrong password waits before the next attempt. Each failure of one operator doubles it, and so
+// do further failures of whomever in this process.
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <string>
 
@@ -10,14 +11,22 @@ namespace tz {
 
 class LogonDelays {
  public:
-  explicit LogonDelays(std::chrono::milliseconds first = std::chrono::seconds(1)) : first_(first) {}
+  using Clock = std::chrono::steady_clock;
+  using Milliseconds = std::chrono::milliseconds;
+  explicit LogonDelays(Milliseconds first = std::chrono::seconds(1),
+                       std::function<Clock::time_point()> now = Clock::now)
+      : first_(first), now_(std::move(now)) {}
 
   // Counts a failure; how long to wait before the next attempt.
-  [[nodiscard]] std::chrono::milliseconds Failed(const std::string& name);
+  [[nodiscard]] Milliseconds Failed(const std::string& name);
   void Succeeded(const std::string& name);
+  // What is left of that wait, whoever asks: a window that is closed and opened again does not end it.
+  [[nodiscard]] Milliseconds Left() const;
 
  private:
-  std::chrono::milliseconds first_;
+  Milliseconds first_;
+  std::function<Clock::time_point()> now_;
+  Clock::time_point until_{};
   std::map<std::string, int> failures_;
   int all_ = 0;
 };

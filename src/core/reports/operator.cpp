@@ -46,9 +46,11 @@ Operator withRightsOfNow(const CQnCwDB& db, const Operator& who) {
   if (who.id == 0) return needsLogon(db) ? Operator{} : who;
   Operator now{.id = who.id, .name = who.name, .everyRight = false, .rights = {}};
   const auto rows = db.Current().query(Sql(
-      "SELECT o.bAll, r.nRight FROM zOperator o LEFT JOIN zRight r ON r.lOperatorId = o.lId WHERE o.lId = ?", who.id));
+      "SELECT o.bAll, r.nRight, o.sName FROM zOperator o LEFT JOIN zRight r ON r.lOperatorId = o.lId WHERE o.lId = ?",
+      who.id));
   while (rows->next()) {
     now.everyRight = rows->integer(0) != 0;
+    now.name = rows->text(2);
     if (rows->kind(1) != CellKind::null) now.rights.insert(static_cast<int>(rows->integer(1)));
   }
   return now;

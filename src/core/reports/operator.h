@@ -19,6 +19,7 @@ struct Operator {
   std::set<int> rights;
 
   [[nodiscard]] bool may(int right) const { return everyRight || rights.contains(right); }
+  bool operator==(const Operator&) const = default;
 };
 
 [[nodiscard]] bool needsLogon(const CQnCwDB& db);
@@ -41,8 +42,8 @@ struct LogonQuestion {
 [[nodiscard]] std::optional<Operator> logOn(const LogonQuestion& question, const std::string& password);
 // What somebody is who need not log on.
 [[nodiscard]] Operator everybody();
-// Somebody who has logged on with the rights that the ledger gives him now: none once he is no longer there, and none
-// for whoever needed no logon in a ledger that has got operators meanwhile.
+// Somebody who has logged on with the name and rights that the ledger gives him now: no rights once he is gone, and
+// none for whoever needed no logon in a ledger that has got operators meanwhile.
 [[nodiscard]] Operator withRightsOfNow(const CQnCwDB& db, const Operator& who);
 
 // Who was let in and who was not, for whoever looks after the ledger.

@@ -11,7 +11,10 @@
 #include "desktop/gridview/grid_view.h"
 #include "desktop/host/desktop_bar.h"
 #include "desktop/host/logon_dialog.h"
+#include "desktop/host/operator_form.h"
+#include "desktop/host/operators_dialog.h"
 #include "desktop/host/text_size.h"
+#include "desktop/host/work_log_window.h"
 #include "desktop/manual/manual.h"
 #include "desktop/report/page_output.h"
 #include "desktop/report/report_window.h"
@@ -25,13 +28,15 @@ namespace tz {
 Desktop::Desktop(HostSettings& settings, const OpenLedger& ledger, Operator who)
     : settings_(settings),
       conditions_(settings.ConditionFile(), fromQt(ledger.Address())),
-      operatorName_(toQt(who.name)),
       navigator_(nullptr),
       launcher_(who, findReport),
       openLedger_(ledger) {
   g_operator = std::move(who);
   launcher_.OfferSaved(conditions_);
   launcher_.KeepFolder(FolderOfFiles());
+  launcher_.FollowRights([this](const Operator& now) { return withRightsOfNow(openLedger_.Database(), now); });
+  // A command of the navigator may be what notices it: its picture is still needed.
+  connect(&launcher_, &ReportLauncher::rightsChanged, this, &Desktop::OnRights, Qt::QueuedConnection);
   navigator_.SetRunner({[this](int command) { return toQt(launcher_.Obstacle(command)); },
                         [this](int command) { launcher_.Launch(command); },
                         [this](unsigned) { showManual(&navigator_, QStringLiteral("start#导航窗口")); },
@@ -65,7 +70,8 @@ void Desktop::AddBar() {
 
 void Desktop::ShowWho() {
   const QString date = toQt(isoText(g_tmLogonTime));
-  bar_->SetWho(operatorName_.isEmpty() ? date : operatorName_ + QStringLiteral(" · ") + date);
+  const QString name = toQt(launcher_.Who().name);
+  bar_->SetWho(name.isEmpty() ? date : name + QStringLiteral(" · ") + date);
 }
 
 void Desktop::FillLedgerMenu(QMenu* menu) {
@@ -77,6 +83,7 @@ void Desktop::FillLedgerMenu(QMenu* menu) {
       ShowWho();
     }
   });
+  AddOperatorEntries(menu);
   AddThemes(menu->addMenu(QStringLiteral("外观")));
   fillTextSizes(menu->addMenu(QStringLiteral("文字大小")), settings_, navigator_);
   menu->addSeparator();
@@ -84,6 +91,55 @@ void Desktop::FillLedgerMenu(QMenu* menu) {
   menu->addSeparator();
   menu->addAction(QStringLiteral("打开其他帐套…"), this, &Desktop::anotherWanted);
   menu->addAction(QStringLiteral("退出"), &navigator_, &QWidget::close);
+}
+
+void Desktop::AddOperatorEntries(QMenu* menu) {
+  auto* keep = menu->addAction(QString(), this, &Desktop::KeepOperators);
+  auto* own = menu->addAction(QString(), this, [this] { (void)changeOwnPassword(&navigator_); });
+  menu->addAction(QStringLiteral("操作日志…"), this, &Desktop::OpenWorkLog);
+  auto* again = menu->addAction(QString(), this, &Desktop::logonWanted);
+  keep->setObjectName(QStringLiteral("operators"));
+  own->setObjectName(QStringLiteral("ownPassword"));
+  again->setObjectName(QStringLiteral("logonAgain"));
+  connect(menu, &QMenu::aboutToShow, this, [=, this] {
+    launcher_.ReadRights();
+    const Operator& who = launcher_.Who();
+    const auto offer = [](QAction* action, const QString& caption, const QString& obstacle) {
+      action->setEnabled(obstacle.isEmpty());
+      action->setText(obstacle.isEmpty() ? caption : QStringLiteral("%1（%2）").arg(caption, obstacle));
+    };
+    const QString nobody = who.id == 0 && who.everyRight ? QStringLiteral("帐套没有操作员") : QString();
+    offer(keep, QStringLiteral("操作员…"), who.everyRight ? QString() : QStringLiteral("需要全部权限"));
+    offer(own, QStringLiteral("更改口令…"), who.id == 0 ? QStringLiteral("没有登录") : QString());
+    offer(again, QStringLiteral("重新登录…"), nobody);
+  });
+}
+
+void Desktop::KeepOperators() {
+  OperatorsDialog(g_lpszQnZwDBName, launcher_.Who(), &navigator_).exec();
+  const bool loggedOn = launcher_.Who().id != 0;
+  launcher_.ReadRights();
+  // Whoever works without a name in a ledger that asks for one now, or the other way round, begins anew.
+  try {
+    if (needsLogon(openLedger_.Database()) != loggedOn) emit logonWanted();
+  } catch (const DbError& error) {
+    AfxMessageBox(&navigator_, error);
+  }
+}
+
+void Desktop::OpenWorkLog() {
+  launcher_.ReadRights();
+  if (ProcessWindow* open = launcher_.SlotOf(WorkLogWindow::workLogWindow)) return open->RefreshDisplay();
+  auto* window = new WorkLogWindow(launcher_.Who(), nullptr);
+  connect(window, &WorkLogWindow::voucherWanted, this,
+          [this, window](const LineId& line) { launcher_.OpenVoucher(line, window); });
+  launcher_.Open(window);
+}
+
+void Desktop::OnRights() {
+  g_operator = launcher_.Who();
+  navigator_.ShowAvailable();
+  ShowWho();
 }
 
 void Desktop::AddThemes(QMenu* menu) {
@@ -134,6 +190,7 @@ void Desktop::Welcome(ProcessWindow* window) {
   }
   if (auto* voucher = qobject_cast<VoucherWindow*>(window)) WelcomePages(*voucher);
   if (auto* search = qobject_cast<SearchWindow*>(window)) WelcomeTable(*search);
+  if (auto* log = qobject_cast<WorkLogWindow*>(window)) WelcomeTable(*log);
   connect(window, &ProcessWindow::closed, this, [this, window, key] {
     // A minimised window goes back to what it was.
     settings_.SetMaximized(key, window->windowState().testFlag(Qt::WindowMaximized));

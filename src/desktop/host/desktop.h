@@ -39,11 +39,18 @@ class Desktop : public QObject {
   void finished();
   // Another ledger is to be chosen; this one stays until that one is open.
   void anotherWanted();
+  // Somebody is to log on to this ledger; everything stays until he has.
+  void logonWanted();
 
  private:
   void AddBar();
   void ShowWho();
   void FillLedgerMenu(QMenu* menu);
+  // What has to do with operators; what somebody may not do is pale and says why.
+  void AddOperatorEntries(QMenu* menu);
+  void KeepOperators();
+  void OpenWorkLog();
+  void OnRights();
   void AddThemes(QMenu* menu);
   void OnSessionEnd(QSessionManager& manager);
   void Welcome(ProcessWindow* window);
@@ -58,7 +65,6 @@ class Desktop : public QObject {
 
   HostSettings& settings_;
   FileConditionStore conditions_;
-  QString operatorName_;
   CQnCwAssistantDlg navigator_;
   ReportLauncher launcher_;
   const OpenLedger& openLedger_;

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 
+#include "desktop/frame/message_box.h"
 #include "desktop/host/logon_dialog.h"
 #include "desktop/host/start_window.h"
 #include "desktop/report/log.h"
@@ -41,6 +42,19 @@ void Host::OpenAnother() {
   }
 }
 
+void Host::LogOnAgain() {
+  const Failure failure = Choose(address_, desktop_->Navigator());
+  if (chosen_ == nullptr) {
+    if (failure.kind) AfxMessageBox(desktop_->Navigator(), fromQt(failure.text));
+    return;
+  }
+  if (desktop_->MayLeave(QStringLiteral("重新登录"))) {
+    ShowChosen();
+  } else {
+    chosen_.reset();
+  }
+}
+
 bool Host::Ask(QWidget* parent, const QString& failed, const Failure& failure) {
   StartWindow start(
       settings_, [this](const QString& address, QWidget* window) { return Choose(address, window); }, parent);
@@ -50,12 +64,12 @@ bool Host::Ask(QWidget* parent, const QString& failed, const Failure& failure) {
 
 Failure Host::Choose(const QString& address, QWidget* window) {
   try {
-    Chosen chosen{openLedgerAt(address), everybody(), {}};
+    Chosen chosen{address, openLedgerAt(address), everybody(), {}};
     chosen.logon = chosen.ledger->ProposedDate();
     if (needsLogon(chosen.ledger->Database())) {
-      LogonDialog logon(*chosen.ledger, settings_.LastOperator(), window);
+      LogonDialog logon(*chosen.ledger, settings_.LastOperator(chosen.ledger->Address()), window);
       if (logon.exec() != QDialog::Accepted) return {QStringLiteral("没有登录，帐套没有打开")};
-      settings_.SetLastOperator(toQt(logon.Who().name));
+      settings_.SetLastOperator(chosen.ledger->Address(), toQt(logon.Who().name));
       chosen.who = logon.Who();
       chosen.logon = logon.LogonDate();
     }
@@ -74,12 +88,14 @@ void Host::ShowChosen() {
   if (desktop_ != nullptr) desktop_->Close();
   desktop_.reset();
   chosen_->ledger->MakeCurrent(chosen_->logon);
+  address_ = chosen_->address;
   ledger_ = std::move(chosen_->ledger);
   desktop_ = std::make_unique<Desktop>(settings_, *ledger_, std::move(chosen_->who));
   chosen_.reset();
   // The windows that end, or ask for another ledger, are still on the stack: what follows waits for the event loop.
   connect(desktop_.get(), &Desktop::finished, this, &Host::finished, Qt::QueuedConnection);
   connect(desktop_.get(), &Desktop::anotherWanted, this, &Host::OpenAnother, Qt::QueuedConnection);
+  connect(desktop_.get(), &Desktop::logonWanted, this, &Host::LogOnAgain, Qt::QueuedConnection);
   desktop_->Show();
 }
 

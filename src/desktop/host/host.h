@@ -19,6 +19,8 @@ class Host : public QObject {
   bool Start(const QString& address);
   // Lets the person choose another ledger. What is open stays when nothing comes of it.
   void OpenAnother();
+  // Lets somebody else log on to the ledger on the screen. It stays when nothing comes of it.
+  void LogOnAgain();
 
   [[nodiscard]] HostSettings& Settings() { return settings_; }
   // Null before a ledger is open.
@@ -31,6 +33,7 @@ class Host : public QObject {
  private:
   // A ledger with its operator, about to be shown.
   struct Chosen {
+    QString address;  // as it was given, with a password that stands in it
     std::unique_ptr<OpenLedger> ledger;
     Operator who;
     Date logon;
@@ -45,6 +48,7 @@ class Host : public QObject {
 
   HostSettings settings_;
   std::unique_ptr<Chosen> chosen_;
+  QString address_;
   std::unique_ptr<OpenLedger> ledger_;
   std::unique_ptr<Desktop> desktop_;
 };

@@ -5,16 +5,16 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QThread>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "core/reports/explain_error.h"
 #include "desktop/frame/combo_name.h"
 #include "desktop/frame/manual_page.h"
+#include "desktop/host/logon_wait.h"
 #include "desktop/host/open_ledger.h"
+#include "desktop/host/password_edit.h"
 #include "desktop/report/log.h"
 #include "desktop/theme/qt_text.h"
 
@@ -92,7 +92,7 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
       ledger_(ledger),
       delays_(delays),
       names_(new QComboBox(this)),
-      password_(new QLineEdit(this)),
+      password_(new PasswordEdit(QStringLiteral("password"), QStringLiteral("口令"), this)),
       date_(ledger.ProposedDate(), ledger.AccountYear(), this),
       failure_(new FailureNote(this)) {
   setWindowTitle(QStringLiteral("登录 — ") + ledger.Name());
@@ -102,8 +102,6 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
   }
   names_->setCurrentText(lastOperator);
   nameCombo(*names_, QStringLiteral("操作员"));
-  password_->setObjectName(QStringLiteral("password"));
-  password_->setEchoMode(QLineEdit::Password);
 
   auto* form = new QFormLayout;
   form->setLabelAlignment(Qt::AlignRight);
@@ -122,6 +120,13 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
   layout->addWidget(box);
   setMinimumWidth(340);
   password_->setFocus();
+  wait_ = new LogonWait(delays_, *ok_);
+  connect(wait_, &LogonWait::begun, this, [this] { TakeInput(false); });
+  connect(wait_, &LogonWait::over, this, [this] {
+    TakeInput(true);
+    if (failure_->isVisible()) Refuse({QStringLiteral("操作员姓名或口令不对")});
+  });
+  wait_->Begin();  // what is left of an earlier one
 }
 
 void LogonDialog::TakeInput(bool taking) {
@@ -133,7 +138,7 @@ void LogonDialog::TakeInput(bool taking) {
 
 void LogonDialog::Refuse(const Failure& failure) {
   failure_->Tell(failure);
-  password_->selectAll();
+  password_->Line()->selectAll();
   password_->setFocus();
 }
 
@@ -159,8 +164,8 @@ void LogonDialog::Check(const LogonQuestion& question) {
   failure_->hide();
   setCursor(Qt::BusyCursor);
   const auto who = std::make_shared<std::optional<Operator>>();
-  auto* thread =
-      QThread::create([who, question, password = fromQt(password_->text())] { *who = logOn(question, password); });
+  auto* thread = QThread::create(
+      [who, question, password = fromQt(password_->Line()->text())] { *who = logOn(question, password); });
   connect(thread, &QThread::finished, this, [this, who] { Answer(*who); });
   connect(thread, &QThread::finished, thread, &QObject::deleteLater);
   thread->start();
@@ -169,19 +174,17 @@ void LogonDialog::Check(const LogonQuestion& question) {
 void LogonDialog::Answer(const std::optional<Operator>& who) {
   unsetCursor();
   const std::string name = fromQt(names_->currentText());
+  using Kind = AccessEvent::Kind;
+  tellAccess({who ? Kind::loggedOn : Kind::logonRefused, name, fromQt(ledger_.Name())});
   if (who) {
     who_ = *who;
     delays_.Succeeded(name);
     QDialog::accept();
     return;
   }
-  const auto wait = delays_.Failed(name);
-  const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
+  const auto seconds = std::chrono::ceil<std::chrono::seconds>(delays_.Failed(name)).count();
   failure_->Tell({QStringLiteral("操作员姓名或口令不对，%1 秒后可以再试").arg(seconds)});
-  QTimer::singleShot(wait, this, [this] {
-    TakeInput(true);
-    Refuse({QStringLiteral("操作员姓名或口令不对")});
-  });
+  wait_->Begin();
 }
 
 std::optional<Date> askLogonDate(QWidget* parent, Date date, std::optional<int> accountYear) {

@@ -11,12 +11,13 @@
 
 class QComboBox;
 class QDateEdit;
-class QLineEdit;
 class QPushButton;
 
 namespace tz {
 
+class LogonWait;
 class OpenLedger;
+class PasswordEdit;
 
 // A date edit that knows the account year.
 class LogonDateEdit {
@@ -58,10 +59,11 @@ class LogonDialog : public QDialog {
   LogonDelays& delays_;
   Operator who_;
   QComboBox* names_;
-  QLineEdit* password_;
+  PasswordEdit* password_;
   LogonDateEdit date_;
   FailureNote* failure_;
   QPushButton* ok_ = nullptr;
+  LogonWait* wait_ = nullptr;
 };
 
 // Another logon date; nothing when the person gave up.

@@ -7,6 +7,7 @@
 #include "desktop/frame/globals.h"
 #include "desktop/host/host.h"
 #include "desktop/manual/manual.h"
+#include "desktop/report/log.h"
 #include "desktop/report/server_wait.h"
 #include "desktop/theme/fonts.h"
 #include "desktop/theme/language.h"
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
   const tz::ServerWait serverWait;
   const Arguments arguments = readArguments();
   tz::g_lpArgument = arguments.startUp;
+  tz::accessLog() = tz::logAccess;
   tz::Host host;
   tz::applyTheme(host.Settings().Theme());
   tz::setTextSize(host.Settings().TextSize());

@@ -19,6 +19,7 @@ const auto themeKey = QStringLiteral("theme");
 const auto textSizeKey = QStringLiteral("textSize");
 const auto exportFolderKey = QStringLiteral("exportFolder");
 const auto operatorKey = QStringLiteral("operator");
+const auto operatorsKey = QStringLiteral("operators");
 
 QString sizeKey(int command) { return QStringLiteral("window/%1").arg(command); }
 QString maximizedKey(int command) { return QStringLiteral("maximized/%1").arg(command); }
@@ -85,8 +86,21 @@ void HostSettings::SetTheme(ThemeChoice choice) {
 int HostSettings::TextSize() const { return settings_.value(textSizeKey, usualTextSize).toInt(); }
 void HostSettings::SetTextSize(int percent) { settings_.setValue(textSizeKey, percent); }
 
-QString HostSettings::LastOperator() const { return settings_.value(operatorKey).toString(); }
-void HostSettings::SetLastOperator(const QString& name) { settings_.setValue(operatorKey, name); }
+QString HostSettings::LastOperator(const QString& address) const {
+  const QString anywhere = settings_.value(operatorKey).toString();
+  return settings_.value(operatorsKey).toMap().value(address, anywhere).toString();
+}
+
+void HostSettings::SetLastOperator(const QString& address, const QString& name) {
+  settings_.setValue(operatorKey, name);
+  QVariantMap operators = settings_.value(operatorsKey).toMap();
+  const QStringList recent = RecentLedgers();
+  for (const QString& known : operators.keys()) {
+    if (!recent.contains(known)) operators.remove(known);
+  }
+  operators[address] = name;
+  settings_.setValue(operatorsKey, operators);
+}
 
 QString HostSettings::ExportFolder() const { return settings_.value(exportFolderKey).toString(); }
 void HostSettings::SetExportFolder(const QString& folder) { settings_.setValue(exportFolderKey, folder); }

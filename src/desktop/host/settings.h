@@ -40,9 +40,9 @@ class HostSettings {
   [[nodiscard]] int TextSize() const;
   void SetTextSize(int percent);
 
-  // Who logged on last.
-  [[nodiscard]] QString LastOperator() const;
-  void SetLastOperator(const QString& name);
+  // Who logged on last to a ledger; to any other where nobody did.
+  [[nodiscard]] QString LastOperator(const QString& address) const;
+  void SetLastOperator(const QString& address, const QString& name);
 
   // Where the last export went; empty before the first one.
   [[nodiscard]] QString ExportFolder() const;

@@ -15,7 +15,7 @@ constexpr KeyEntry everywhereKeys[] = {
 constexpr KeyEntry navigatorKeys[] = {
     {"方向键、Tab", "在各个方面和功能之间移动"},
     {"Enter、空格", "打开"},
-    {"F10", "打开帐套菜单"},
+    {"F10", "打开帐套菜单：操作员、更改口令、操作日志、重新登录也在其中"},
 };
 
 constexpr KeyEntry startKeys[] = {
@@ -141,6 +141,22 @@ constexpr KeyEntry archivesKeys[] = {
     {"Esc", "清除查找；再按一次关闭目录"},
 };
 
+constexpr KeyEntry operatorsKeys[] = {
+    {"Ctrl+F、Alt+F", "按姓名的一部分或拼音首字母查找操作员；Enter 或 ↓ 到列表"},
+    {"Ins、Alt+A", "增加操作员"},
+    {"F2、Alt+N", "更改当前操作员的姓名"},
+    {"Alt+P", "更改当前操作员的口令"},
+    {"Del、Alt+D", "删除当前操作员"},
+    {"空格", "在权限的树上给予、收回一种权限或一类权限"},
+    {"Alt+T", "给予、收回全部权限"},
+    {"Esc", "关闭"},
+};
+
+constexpr KeyEntry workLogKeys[] = {
+    {"Alt+N、Alt+S、Alt+T", "到操作员、从哪一天、到哪一天"}, {"Ctrl+Del", "在日期上：不限"}, {"F5", "重新读取"},
+    {"Enter、Ctrl+D、双击", "打开当前一条的凭证"},           {"Ctrl+E", "输出到文件"},
+};
+
 constexpr KeyGroup keyGroups[] = {
     {KeyPlace::everywhere, "每个窗口", everywhereKeys},
     {KeyPlace::navigator, "辅助核算窗口", navigatorKeys},
@@ -156,6 +172,8 @@ constexpr KeyGroup keyGroups[] = {
     {KeyPlace::preview, "打印预览", previewKeys},
     {KeyPlace::manual, "使用手册", manualKeys},
     {KeyPlace::archives, "档案的目录", archivesKeys},
+    {KeyPlace::operators, "操作员窗口", operatorsKeys},
+    {KeyPlace::workLog, "操作日志窗口", workLogKeys},
 };
 
 }  // namespace

@@ -20,7 +20,9 @@ enum class KeyPlace {
   search,
   preview,
   manual,
-  archives
+  archives,
+  operators,
+  workLog
 };
 
 struct KeyEntry {

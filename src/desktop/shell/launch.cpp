@@ -38,14 +38,29 @@ ReportLauncher::ReportLauncher(Operator who, Find find) : who_(std::move(who)), 
 
 ReportLauncher::~ReportLauncher() = default;
 
+void ReportLauncher::ReadRights() {
+  if (!rightsNow_) return;
+  try {
+    Operator now = rightsNow_(who_);
+    if (now == who_) return;
+    who_ = std::move(now);
+  } catch (const DbError& error) {
+    // What is opened now says it itself.
+    return logFailure("权限", error.what());
+  }
+  emit rightsChanged();
+}
+
 std::string ReportLauncher::Obstacle(int command) const {
   const auto wanted = [&](int right, std::string_view name) {
+    if (who_.name.empty() && !who_.everyRight) return std::string("帐套现在有操作员了，请在帐套菜单中重新登录");
     if (who_.may(right)) return std::string();
     return fmt::format("操作员 {} 没有“{}”的权限（{} 号），请向管理员申请", who_.name, name, right);
   };
   if (const auto* directory = findArchiveDirectory(command)) return wanted(directory->right, directory->rightName);
   const ReportDefinition* report = find_(command);
-  return report == nullptr ? "该功能尚未提供" : wanted(report->right, report->rightName);
+  if (report == nullptr) return "该功能尚未提供";
+  return wanted(report->right, report->rightName);
 }
 
 // Nothing of it stays once it is closed: windows read the archives anew at their next refresh.
@@ -67,6 +82,10 @@ bool ReportLauncher::MayLaunch(const ReportDefinition& report) const {
 
 void ReportLauncher::Launch(int command) {
   if (LongWork::Running()) return;
+  const bool offered = Obstacle(command).empty();
+  ReadRights();
+  // Whoever could not run it before sees why at its picture.
+  if (const auto obstacle = Obstacle(command); offered && !obstacle.empty()) AfxMessageBox(g_pDlgWnd, obstacle);
   if (const auto* directory = findArchiveDirectory(command)) return RunDirectory(*directory);
   const ReportDefinition* report = find_(command);
   if (report == nullptr || !MayLaunch(*report)) return;
@@ -84,6 +103,11 @@ void ReportLauncher::Launch(int command) {
 ReportWindow* ReportLauncher::LaunchFromReport(const DetailTarget& target, QWidget* parent) {
   const ReportDefinition* report = find_(target.command);
   if (report == nullptr || LongWork::Running()) return nullptr;
+  ReadRights();
+  if (!CCheckAuth(who_, report->right, 1, report->rightName)) {
+    AfxMessageBox(parent, Obstacle(target.command));
+    return nullptr;
+  }
   auto* window = qobject_cast<ReportWindow*>(SlotOf(target.command));
   if (window == nullptr) {
     window = NewWindow(*report, parent);
@@ -96,7 +120,7 @@ ReportWindow* ReportLauncher::LaunchFromReport(const DetailTarget& target, QWidg
 }
 
 VoucherWindow* ReportLauncher::OpenVoucher(const LineId& line, QWidget* asker) {
-  if (LongWork::Running()) return nullptr;
+  if (LongWork::Running() || !MayRead(asker, "查看凭证")) return nullptr;
   auto* shared = qobject_cast<VoucherWindow*>(SlotOf(VoucherWindow::templateId));
   if (shared != nullptr) {
     if (!shared->Read(line, asker)) return nullptr;
@@ -107,24 +131,21 @@ VoucherWindow* ReportLauncher::OpenVoucher(const LineId& line, QWidget* asker) {
   if (!window->Read(line, asker)) return nullptr;
   auto* opened = window.release();
   connect(opened, &VoucherWindow::ledgerWanted, this,
-          [this, opened](const DetailTarget& target) { LaunchFromVoucher(target, opened); });
+          [this, opened](const DetailTarget& target) { LaunchFromReport(target, opened); });
   return Open(opened) ? opened : nullptr;
 }
 
-void ReportLauncher::LaunchFromVoucher(const DetailTarget& target, VoucherWindow* voucher) {
-  const auto obstacle = Obstacle(target.command);
-  if (obstacle.empty()) {
-    LaunchFromReport(target, voucher);
-  } else {
-    AfxMessageBox(voucher, obstacle);
-  }
+bool ReportLauncher::MayRead(QWidget* asker, std::string_view what) {
+  ReadRights();
+  if (mayReadVouchers(who_)) return true;
+  tellAccess({AccessEvent::Kind::rightRefused, who_.name, std::string(what)});
+  AfxMessageBox(asker, fmt::format("操作员 {} 没有任何明细帐的权限，不能{}", who_.name, what));
+  return false;
 }
 
 void ReportLauncher::OpenSearch() {
-  if (LongWork::Running()) return;
-  if (!mayReadVouchers(who_)) {
-    AfxMessageBox(g_pDlgWnd, fmt::format("操作员 {} 没有任何明细帐的权限，不能查找分录", who_.name));
-  } else if (ProcessWindow* open = SlotOf(SearchWindow::searchWindow)) {
+  if (LongWork::Running() || !MayRead(g_pDlgWnd, "查找分录")) return;
+  if (ProcessWindow* open = SlotOf(SearchWindow::searchWindow)) {
     open->RefreshDisplay();
   } else {
     auto* window = new SearchWindow(nullptr);

@@ -37,11 +37,18 @@ class ReportLauncher : public QObject {
   // Lets condition dialogs keep conditions under names. The store must outlive the windows.
   void OfferSaved(ConditionStore& store) { store_ = &store; }
 
+  // Asked before each command and drill-down for the operator with the rights of now: they may change while he works.
+  using RightsNow = std::function<Operator(const Operator& who)>;
+  void FollowRights(RightsNow rightsNow) { rightsNow_ = std::move(rightsNow); }
+  void ReadRights();
+  [[nodiscard]] const Operator& Who() const { return who_; }
+
   // Why the operator cannot run a command of the navigator; empty when he can.
   [[nodiscard]] std::string Obstacle(int command) const;
   // A command of the navigator. Nothing happens without the right, and nothing stays when the first query is cancelled.
   void Launch(int command);
-  // A drill-down: takes the slot's window, whoever opened it, or makes one. Null when the window could not open.
+  // A drill-down: takes the slot's window, whoever opened it, or makes one. Null when the window could not open;
+  // whoever lacks the right to that report is told so.
   ReportWindow* LaunchFromReport(const DetailTarget& target, QWidget* parent);
   // The voucher of a line, in the window that all reports share. Null when there is none to show.
   VoucherWindow* OpenVoucher(const LineId& line, QWidget* asker);
@@ -60,19 +67,22 @@ class ReportLauncher : public QObject {
  signals:
   void opened(tz::ProcessWindow* window);
   void windowsChanged();
+  // Commands that could be run cannot, or the other way round.
+  void rightsChanged();
 
  private:
   void RunDirectory(const ArchiveDirectory& directory);
   [[nodiscard]] bool MayLaunch(const ReportDefinition& report) const;
   [[nodiscard]] ReportWindow* NewWindow(const ReportDefinition& report, QWidget* parent);
-  // From a line of a voucher; the right to that ledger is asked for.
-  void LaunchFromVoucher(const DetailTarget& target, VoucherWindow* voucher);
+  // Whether vouchers may be read; told over `asker` when not.
+  [[nodiscard]] bool MayRead(QWidget* asker, std::string_view what);
   // Creates a window; the conditions of a report are set. False when it closed itself.
   bool Create(ProcessWindow* window);
   void Forget(ProcessWindow* window);
 
   Operator who_;
   Find find_;
+  RightsNow rightsNow_;
   ConditionStore* store_ = nullptr;
   ExportFolder exportFolder_;
   std::map<int, ProcessWindow*> slots_;

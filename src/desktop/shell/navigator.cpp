@@ -106,6 +106,15 @@ void CQnCwAssistantDlg::InitArea(NavigatorArea area) {
   }
 }
 
+void CQnCwAssistantDlg::ShowAvailable() {
+  const QWidget* focused = focusWidget();
+  const QString standing = focused == nullptr ? QString() : focused->objectName();
+  ClearAssistant();
+  InitArea(area_);
+  auto* again = standing.isEmpty() ? nullptr : findChild<QWidget*>(standing);
+  if (again != nullptr) again->setFocus();
+}
+
 QString CQnCwAssistantDlg::ObstacleOf(int command) const {
   return runner_.obstacle ? runner_.obstacle(command) : QStringLiteral("该功能尚未提供");
 }

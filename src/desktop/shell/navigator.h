@@ -29,6 +29,9 @@ class Q_DECL_EXPORT CQnCwAssistantDlg : public CImgDlg, public CProcess {
   void SetRunner(CommandRunner runner);
   [[nodiscard]] NavigatorArea CurrentArea() const { return area_; }
 
+  // Shows anew which commands can be run.
+  void ShowAvailable();
+
   // It has no conditions to ask for, and comes to the front as it is.
   bool OnCommandQuery() override { return false; }
   void RefreshDisplay() override;
