@@ -2,8 +2,8 @@
 // from the sample company: a million posted lines, of which one person has a tenth, and the same at a tenth of the
 // size.
 //
-//   bench [GROUP...]      all measures, or those of the groups members, tables, windows, making, grid, server; the last
-//                         only with TZ_TEST_POSTGRES (bench/run sets it)
+//   bench [GROUP...]      all measures, or those of the groups members, tables, clearing, windows, making, grid,
+//                         server; the last only with TZ_TEST_POSTGRES (bench/run sets it)
 //   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
 //   bench grid N          the same grid alone
 #include <cstdio>
@@ -13,6 +13,7 @@
 #include <limits>
 #include <set>
 
+#include "bench/clearing_measures.h"
 #include "bench/grid_work.h"
 #include "bench/process.h"
 #include "bench/table.h"
@@ -264,7 +265,7 @@ void measureOnServer(const std::string& address) {
 }
 
 int measure(const std::string& self, const std::set<std::string>& groups) {
-  static const std::set<std::string> known = {"members", "tables", "windows", "making", "grid", "server"};
+  static const std::set<std::string> known = {"members", "tables", "clearing", "windows", "making", "grid", "server"};
   for (const auto& group : groups) {
     if (!known.contains(group)) throw std::runtime_error("no group of measures is called " + group);
   }
@@ -281,6 +282,7 @@ int measure(const std::string& self, const std::set<std::string>& groups) {
   printHead();
   if (wanted("members")) measureMembers(large, small);
   if (wanted("tables")) measureTables((folder / "tables.db").string());
+  if (wanted("clearing")) measureClearing(folder, program, build + "/bench/bare_scan");
   if (wanted("windows")) measureWindows(large);
   if (wanted("making")) measureMaking(folder, large);
   if (wanted("grid")) measureGrid(folder, self);

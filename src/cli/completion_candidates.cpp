@@ -8,6 +8,7 @@
 #include "core/catalogue/catalogue.h"
 #include "core/data/amount_format.h"
 #include "core/operators/right_table.h"
+#include "core/receivables/clearing_report.h"
 #include "core/reports/parameter.h"
 
 namespace tz::cli {
@@ -121,17 +122,35 @@ void addRights(Candidates& found) {
   for (const auto& right : rightTable()) found.words.push_back({std::to_string(right.number), std::string(right.name)});
 }
 
+// What is given, with the report whose lists the command's conditions are taken from: clear has those of two-clearing.
+GivenValues givenWithReport(const TypedLine& line, const CLI::Option& option) {
+  auto given = line.given;
+  if (line.command->get_name() == "report") return given;
+  const auto kind = given.find("--kind");
+  const bool unit =
+      nameOf(option) == "--unit" || given.contains("--unit") || (kind != given.end() && kind->second == "unit");
+  given["ID"] = std::to_string(clearingReport(unit ? ClearingKind::unit : ClearingKind::person).command);
+  return given;
+}
+
+bool asksForConditions(const CLI::App& command) {
+  return command.get_name() == "report" ||
+         (command.get_parent() != nullptr && command.get_parent()->get_name() == "clear");
+}
+
 void addValues(Candidates& found, const TypedLine& line, const CLI::Option& option) {
   addChoices(found, line, option);
   if (option.get_type_name() == "RIGHT") addRights(found);
   if (const auto name = nameOf(option); name == "--operator" || name == "--by" || name == "OPERATOR") {
     for (auto& one : operatorNames(line.given)) found.words.push_back({std::move(one), ""});
   }
-  if (line.command->get_name() != "report") return;
+  if (!asksForConditions(*line.command)) return;
   if (option.get_name() == "ID") return addReports(found);
   const auto* condition = conditionOf(option, line);
   if (condition == nullptr) return;
-  for (auto& [word, meaning] : ledgerNames(*condition, line.given)) found.words.push_back({word, meaning});
+  for (auto& [word, meaning] : ledgerNames(*condition, givenWithReport(line, option))) {
+    found.words.push_back({word, meaning});
+  }
 }
 
 void addOptions(Candidates& found, const TypedLine& line) {

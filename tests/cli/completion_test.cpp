@@ -91,6 +91,8 @@ TEST(Completion, OffersNamesOfTheLedgerOnTheLine) {
   EXPECT_EQ(completed({"report", "10190", "--ledger", "nowhere.db", "--dept", ""}), Words{});
   EXPECT_EQ(completed({"report", "10190", "--dept", "' OR 1=1 --", "--ledger", ledger.address(), "--person", ""}),
             Words{});
+  EXPECT_EQ(completed({"clear", "match", "--ledger", ledger.address(), "--kind", "person", "--dept", "销"}),
+            Words{"销售部"});
   ledger.fill("zOperator", "lId | sName | bAll\n 1 | 主管 | 1");
   EXPECT_EQ(ask("--person", ""), Words{}) << "names are shown to nobody who has not logged on";
 }
