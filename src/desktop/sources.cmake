@@ -2,7 +2,7 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg PrintSupport)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 set(TZ_DESKTOP_SOURCES)
-foreach(room res theme frame manual gridview page picking query report archives shell)
+foreach(room res theme frame manual gridview page picking query report archives receivables shell)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/${room}/*.cpp
        ${CMAKE_CURRENT_LIST_DIR}/${room}/*.h ${CMAKE_CURRENT_LIST_DIR}/${room}/*.qrc)
   list(APPEND TZ_DESKTOP_SOURCES ${sources})

@@ -24,6 +24,7 @@ void draw(const QDir& folder, bool all) {
     book.SetTheme(QString::fromLatin1(name));
     tz::images::drawNavigator(book);
     tz::images::drawReports(book, ledger);
+    tz::images::drawClearing(book, ledger);
     tz::images::drawWayToVouchers(book);
     // Paper knows neither theme nor scale.
     if (choice == tz::ThemeChoice::light && qApp->devicePixelRatio() == 1) tz::images::drawPages(book, ledger);

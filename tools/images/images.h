@@ -8,6 +8,7 @@ namespace tz::images {
 
 void drawNavigator(const PictureBook& book);
 void drawReports(const PictureBook& book, SampleLedger& ledger);
+void drawClearing(const PictureBook& book, SampleLedger& ledger);
 void drawWayToVouchers(const PictureBook& book);
 void drawPages(const PictureBook& book, SampleLedger& ledger);
 void drawDialogs(const PictureBook& book, SampleLedger& ledger);

@@ -145,6 +145,10 @@ class SqliteWriter final : public RowWriter {
 
 }  // namespace
 
+SqliteConnection::SqliteConnection(sqlite3* db) : db_(db) {
+  if (db_ != nullptr) sqlite3_busy_handler(db_, waitForLock, this);
+}
+
 SqliteConnection::~SqliteConnection() { sqlite3_close_v2(db_); }
 
 std::unique_ptr<Cursor> SqliteConnection::query(const Sql& sql) {
@@ -193,6 +197,15 @@ bool SqliteConnection::alive() {
   int moved = 0;
   sqlite3_file_control(db_, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
   return moved == 0 && sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+int SqliteConnection::waitForLock(void* self, int attempt) {
+  constexpr int milliseconds = 20, longest = 5000;
+  const auto* connection = static_cast<SqliteConnection*>(self);
+  if (connection->cancelled_ != nullptr && connection->cancelled_(connection->context_)) return 0;
+  if (attempt * milliseconds >= longest) return 0;
+  sqlite3_sleep(attempt == 0 ? 1 : milliseconds);
+  return 1;
 }
 
 void SqliteConnection::setCancelCheck(bool (*cancelled)(void*), void* context) {

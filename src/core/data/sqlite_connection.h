@@ -17,7 +17,7 @@ class SqliteConnection final : public Connection {
   // How to come by a connection anew, for a ledger that is read as it stands and no longer does.
   using Opener = std::function<std::unique_ptr<SqliteConnection>()>;
 
-  explicit SqliteConnection(sqlite3* db) : db_(db) {}
+  explicit SqliteConnection(sqlite3* db);
   ~SqliteConnection() override;
 
   std::unique_ptr<Cursor> query(const Sql& sql) override;
@@ -46,6 +46,8 @@ class SqliteConnection final : public Connection {
   [[nodiscard]] bool inTransaction() const;
   void reopenIfChanged();
   void installCancelCheck();
+  // Waits for another's lock: some seconds, and not after the person has stopped the work.
+  static int waitForLock(void* self, int attempt);
 
   sqlite3* db_;
   std::shared_ptr<const StandingLedger> standing_;

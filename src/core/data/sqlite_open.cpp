@@ -109,8 +109,6 @@ std::unique_ptr<SqliteConnection> openSqliteFile(const std::string& path, std::s
                                      flags | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX, nullptr);
   auto connection = std::make_unique<SqliteConnection>(raw);
   if (result != SQLITE_OK) throw sqliteError(result, raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
-  constexpr int busyMilliseconds = 5000;
-  sqlite3_busy_timeout(raw, busyMilliseconds);
   connection->run("PRAGMA trusted_schema = OFF");
   // A page of a damaged file is looked at before it is used; costs next to nothing.
   connection->run("PRAGMA cell_size_check = ON");

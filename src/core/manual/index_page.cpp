@@ -22,9 +22,15 @@ constexpr std::array figures = {
     Chapter{"balances", "余额表和总帐怎样算出来", "期初、发生额、期末、余额范围、信用额度、上年结转"},
 };
 constexpr std::array tools = {
+    Chapter{"clearing", "往来两清", "手工两清、自动勾对、反两清、撤消和检查平衡"},
     Chapter{"search", "查找分录", "在整个帐套里按摘要、金额、凭证查找"},
     Chapter{"vouchers", "凭证", "看一张凭证，上一张、下一张，它的明细帐"},
+    Chapter{"printing", "打印、预览和 PDF", "纸张、承前页、过次页，没有打印机时怎么办"},
     Chapter{"files", "输出文件", "工作簿、CSV、JSON、文本、PDF"},
+};
+constexpr std::array keeping = {
+    Chapter{"archives", "档案", "个人、部门、项目、单位的目录：增加、修改、删除"},
+    Chapter{"operators", "操作员", "第一个操作员、权限、口令，操作日志"},
 };
 constexpr std::array reference = {
     Chapter{"messages", "提示信息一览", "程序的每一条提示，为什么，怎么办"},
@@ -32,10 +38,8 @@ constexpr std::array reference = {
     Chapter{"terms", "名词", "辅助核算的名词"},
 };
 constexpr std::array parts = {
-    Part{"入门", beginnings},
-    Part{"数字的来历", figures},
-    Part{"工具", tools},
-    Part{"查阅", reference},
+    Part{"入门", beginnings}, Part{"数字的来历", figures}, Part{"工具", tools},
+    Part{"管理", keeping},    Part{"查阅", reference},
 };
 constexpr std::array areas = {Area::person, Area::unit, Area::department, Area::project, Area::plan};
 

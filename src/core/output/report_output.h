@@ -37,6 +37,9 @@ struct ComputedReport {
   std::optional<AmountFormat> format;  // none for reports without formats
   // The other conditions, each with its caption: "项目范围: X1 至 X9".
   std::vector<std::string> conditions;
+  // What was found beside the rows, said above a window's table: "方向: 借 1,000.00"; outputs have it among the
+  // conditions.
+  std::string found = {};
   // "122101 职工借款 李明 2025.01–2025.03", in lists of windows.
   std::string subject;
   // Proposed for its files, without an ending: title, subject, period.

@@ -326,7 +326,9 @@ void computeClearing(const ReportDefinition& report, Session& session, const Con
   }
   rows.close();
   computed.namesLines = true;
-  if (member.showsDirection) computed.conditions.push_back(directionOf(rows.all(), shown));
+  if (!member.showsDirection) return;
+  computed.found = directionOf(rows.all(), shown);
+  computed.conditions.push_back(computed.found);
 }
 
 }  // namespace tz

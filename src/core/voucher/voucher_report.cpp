@@ -8,7 +8,7 @@
 namespace tz {
 namespace {
 
-enum PaperColumn { digestColumn, accountColumn, detailColumn, debitColumn, creditColumn };
+enum PaperColumn { paperDigest, paperAccount, paperDetail, paperDebit, paperCredit };
 
 void addPaperColumns(CTzGrid& grid) {
   CTzGridControl::AddCol(grid, "摘要", 160, ColumnKind::text);
@@ -38,20 +38,20 @@ std::int64_t addPaperRow(CTzGrid& grid, RowKind kind) {
 
 void addVoucherLine(CTzGrid& grid, const VoucherLine& line) {
   const auto row = addPaperRow(grid, RowKind::line);
-  grid.SetText(row, digestColumn, line.entry.sDigest);
-  grid.SetText(row, accountColumn, line.accountText());
-  grid.SetText(row, detailColumn, detailsText(line));
-  if (line.debit() != 0) grid.SetNumber(row, debitColumn, line.debit());
-  if (line.credit() != 0) grid.SetNumber(row, creditColumn, line.credit());
+  grid.SetText(row, paperDigest, line.entry.sDigest);
+  grid.SetText(row, paperAccount, line.accountText());
+  grid.SetText(row, paperDetail, detailsText(line));
+  if (line.debit() != 0) grid.SetNumber(row, paperDebit, line.debit());
+  if (line.credit() != 0) grid.SetNumber(row, paperCredit, line.credit());
 }
 
 void addVoucherTotal(CTzGrid& grid, const Voucher& voucher) {
   const auto row = addPaperRow(grid, RowKind::total);
-  grid.SetText(row, digestColumn, "合计");
-  grid.SetText(row, accountColumn, capitalAmount(voucher.debit));
-  if (!voucher.balanced()) grid.SetText(row, detailColumn, "借贷不平");
-  grid.SetNumber(row, debitColumn, voucher.debit);
-  grid.SetNumber(row, creditColumn, voucher.credit);
+  grid.SetText(row, paperDigest, "合计");
+  grid.SetText(row, paperAccount, capitalAmount(voucher.debit));
+  if (!voucher.balanced()) grid.SetText(row, paperDetail, "借贷不平");
+  grid.SetNumber(row, paperDebit, voucher.debit);
+  grid.SetNumber(row, paperCredit, voucher.credit);
 }
 
 }  // namespace

@@ -332,7 +332,7 @@ void ArchiveDialog::RemoveGroup() {
 void ArchiveDialog::KeepOfClass(Archive archive) {
   const auto* group = CurrentGroup();
   ArchiveDialog window(std::move(archive), db_, keeper_, this);
-  window.KeepFolder(exportFolder_);
+  window.KeepFolder(pages_.Folder());
   window.DoModal();
   Reload(0, group->id);
 }

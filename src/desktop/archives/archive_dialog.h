@@ -8,10 +8,9 @@
 #include <optional>
 
 #include "core/archives/archive_store.h"
-#include "core/output/page_paper.h"
 #include "desktop/archives/archive_groups.h"
 #include "desktop/archives/archive_table.h"
-#include "desktop/report/export_file.h"
+#include "desktop/report/page_output.h"
 
 class QAction;
 class QBoxLayout;
@@ -37,7 +36,7 @@ class ArchiveDialog : public QDialog {
   ArchiveDialog(Archive archive, const CQnCwDB& db, std::shared_ptr<LedgerKeeper> keeper, QWidget* parent);
   ~ArchiveDialog() override;
 
-  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
+  void KeepFolder(ExportFolder folder) { pages_.KeepFolder(std::move(folder)); }
   void DoModal();
 
   void reject() override;
@@ -88,8 +87,6 @@ class ArchiveDialog : public QDialog {
   void Export();
   void Print();
   void Preview();
-  void PrintPages(const ComputedReport& report, bool preview);
-  void WriteFile(const ComputedReport& report, const ExportTarget& target);
   void Help();
   void Leave() { QDialog::reject(); }
   void SortByCurrent();
@@ -115,8 +112,7 @@ class ArchiveDialog : public QDialog {
   QAction* edit_ = nullptr;
   QAction* remove_ = nullptr;
   std::vector<QAction*> needRows_;
-  ExportFolder exportFolder_;
-  PageOptions pageOptions_;
+  PageOutput pages_{*this};
 };
 
 }  // namespace tz

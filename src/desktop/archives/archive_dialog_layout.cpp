@@ -39,6 +39,7 @@ QString tipWithKeys(const QString& tip, const QList<QKeySequence>& keys) {
 }  // namespace
 
 void ArchiveDialog::LayOut() {
+  pages_.SetStatus(*status_);
   setWindowTitle(title_);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   setManualPage(*this, QStringLiteral("archives"));

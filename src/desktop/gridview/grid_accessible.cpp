@@ -30,7 +30,11 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
   [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
     if (!isValid()) return {};
-    if (kind == QAccessible::Description) return table_.columnDescription(place_.column);
+    if (kind == QAccessible::Description) {
+      const QString column = table_.columnDescription(place_.column);
+      const QString doubt = table_.View().DoubtOf(Own());
+      return doubt.isEmpty() ? column : column + QStringLiteral("：") + doubt;
+    }
     return kind == QAccessible::Name ? table_.View().ShownText(Own().row, Own().column) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}

@@ -1,6 +1,7 @@
 #include "desktop/gridview/grid_view.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -45,7 +46,8 @@ void GridView::SetGrid(CTzGrid* grid) { Show(grid, nullptr); }
 void GridView::Show(CTzGrid* grid, const ComputedReport* report) {
   grid_ = grid;
   report_ = report;
-  current_ = anchor_ = {};
+  current_ = anchor_ = pressed_ = {};
+  doubts_.clear();
   if (grid != nullptr) current_ = anchor_ = {grid->GetCurrentRow(), grid->GetCurrentCol()};
   Refresh();
   verticalScrollBar()->setValue(0);
@@ -294,16 +296,21 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-  pointer_ = event->position().toPoint();
+  pointer_ = pressedAt_ = event->position().toPoint();
+  pressed_ = {};
   if (event->button() != Qt::LeftButton || Empty() || TakeBlockClick(pointer_)) return;
   const GridCell cell = CellAt(pointer_);
-  MoveTo(cell, event->modifiers().testFlag(Qt::ShiftModifier));
-  if (VisiblePart(cell).contains(pointer_)) emit cellClicked(cell.row, cell.column);
+  const bool extends = event->modifiers().testFlag(Qt::ShiftModifier);
+  if (!extends && VisiblePart(cell).contains(pointer_)) pressed_ = cell;
+  MoveTo(cell, extends);
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
   if (!event->buttons().testFlag(Qt::LeftButton) || Empty()) return;
+  const bool trembles = (pointer_ - pressedAt_).manhattanLength() < QApplication::startDragDistance();
+  if (pressed_.valid() && trembles) return;
+  pressed_ = {};
   MoveTo(CellBelow(pointer_), true);
   // Held outside, the pointer goes on scrolling.
   if (viewport()->rect().contains(pointer_)) {
@@ -313,14 +320,18 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
   }
 }
 
-void GridView::mouseReleaseEvent(QMouseEvent* /*event*/) { dragging_.stop(); }
+void GridView::mouseReleaseEvent(QMouseEvent* /*event*/) {
+  dragging_.stop();
+  const GridCell cell = std::exchange(pressed_, {});
+  if (cell.valid()) emit cellClicked(cell.row, cell.column);
+}
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const GridCell cell = CellAt(place);
   if (event->button() == Qt::LeftButton && !TakeBlockClick(place) && VisiblePart(cell).contains(place)) {
     MoveTo(cell, false);
-    emit rowActivated(cell.row);
+    if (cell.column != clickColumn_) emit rowActivated(cell.row);
   }
 }
 
@@ -342,14 +353,41 @@ void GridView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) Refresh();
 }
 
-// The full text of a cell that is too narrow for it.
+void GridView::CellChanged(GridCell cell) {
+  viewport()->update();
+  const GridCell place = PlaceOf(cell);
+  if (!QAccessible::isActive() || !place.valid()) return;
+  QAccessibleEvent event(this, QAccessible::NameChanged);
+  event.setChild(static_cast<int>(place.row) * columns_.ShownCount() + place.column);
+  QAccessible::updateAccessibility(&event);
+}
+
+void GridView::SetDoubt(GridCell cell, const QString& reason) {
+  const std::pair key(cell.row, cell.column);
+  if (reason.isEmpty()) {
+    doubts_.erase(key);
+  } else {
+    doubts_[key] = reason;
+  }
+  viewport()->update();
+}
+
+QString GridView::DoubtOf(GridCell cell) const {
+  const auto found = doubts_.find({cell.row, cell.column});
+  return found == doubts_.end() ? QString() : found->second;
+}
+
+// The full text of a cell that is too narrow for it, or why it is hatched.
 bool GridView::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const GridCell cell = CellAt(help->pos());
   const QRect place = VisiblePart(cell);
-  const QString text = place.contains(help->pos()) ? ShownText(cell.row, cell.column) : QString();
-  const bool fits = fontMetrics().horizontalAdvance(text) <= place.width() - 2 * GridViewColumns::margin;
+  const bool inside = place.contains(help->pos());
+  const QString doubt = inside ? DoubtOf(cell) : QString();
+  const QString text = !inside ? QString() : doubt.isEmpty() ? ShownText(cell.row, cell.column) : doubt;
+  const bool fits =
+      doubt.isEmpty() && fontMetrics().horizontalAdvance(text) <= place.width() - 2 * GridViewColumns::margin;
   QToolTip::showText(help->globalPos(), fits ? QString() : text.toHtmlEscaped(), viewport(), place);
   return true;
 }

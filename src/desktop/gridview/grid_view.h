@@ -10,6 +10,7 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <functional>
+#include <map>
 #include <optional>
 
 #include "desktop/gridview/cell_matcher.h"
@@ -100,6 +101,15 @@ class GridView : public QAbstractScrollArea {
   // Sets apart the cells that match; an empty one none.
   void Mark(const CellMatcher& matcher);
 
+  // A column whose cells take clicks for themselves: a double click there opens no row. -1: none.
+  void SetClickColumn(int column) { clickColumn_ = column; }
+  // Something else was written into a row: it is painted anew, and a screen reader told of the cell.
+  void CellChanged(GridCell cell);
+  // Hatches a cell that may not show what the ledger holds, with the reason as its tip; without one it is as the
+  // others. Another report begins without.
+  void SetDoubt(GridCell cell, const QString& reason);
+  [[nodiscard]] QString DoubtOf(GridCell cell) const;
+
   // How wide the view would be to show every column.
   [[nodiscard]] int AskedWidth() const;
   [[nodiscard]] int RowHeight() const { return rowHeight_; }
@@ -134,7 +144,7 @@ class GridView : public QAbstractScrollArea {
   void selectionSummaryChanged(const tz::LineSums& sums);
   // Enter or a double click on a row.
   void rowActivated(qint64 row);
-  // A cell was clicked, and is current now.
+  // A cell was clicked, and is current now; not by the click that opens a row, nor by one that extends a selection.
   void cellClicked(qint64 row, int column);
   // Lines like this cell's are to be shown alone; the menu offers it when somebody listens and a filter keeps them.
   void filterByWanted(qint64 row, int column);
@@ -232,6 +242,8 @@ class GridView : public QAbstractScrollArea {
   GridRows rowState_;
   const ShownRows& rows_ = rowState_.Shown();
   CellMatcher mark_;
+  int clickColumn_ = -1;
+  std::map<std::pair<std::int64_t, int>, QString> doubts_;
   GridViewColumns columns_;
   GridViewHeader* header_;
   int rowHeight_ = 24;
@@ -243,6 +255,8 @@ class GridView : public QAbstractScrollArea {
   QBasicTimer summing_;
   QBasicTimer dragging_;
   QPoint pointer_;
+  GridCell pressed_;  // until it is a click or becomes a drag
+  QPoint pressedAt_;
 };
 
 }  // namespace tz

@@ -165,6 +165,9 @@ QString GridView::ShownText(std::int64_t row, int column) const {
 
 void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const {
   const CTzGrid::CellType type = grid_->TypeAt(row, column);
+  if (!doubts_.empty() && doubts_.contains({row, column})) {
+    painter.fillRect(cell.adjusted(0, 0, -1, -1), QBrush(currentTheme().warning, Qt::BDiagPattern));
+  }
   if (type == CTzGrid::CellType::empty) return;
   if (!mark_.empty() && mark_.Matches(*grid_, row, column)) {
     painter.fillRect(cell.adjusted(0, 0, -1, -1), currentTheme().warningGround);

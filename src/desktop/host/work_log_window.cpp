@@ -195,7 +195,7 @@ void WorkLogWindow::Read() {
     const auto asked = Asked();
     const auto log = [&] {
       LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在读取…"), false);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在读取…"));
       auto session = windowSession(work, this);
       return readWorkLog(session, asked);
     }();
@@ -235,7 +235,7 @@ void WorkLogWindow::Export() {
     bool whole = false;
     {
       LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"));
       whole = writeExport(*shown_, *target, {}, work);
     }
     whole ? status_->ShowExported(target->path) : status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));

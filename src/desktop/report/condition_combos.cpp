@@ -31,6 +31,9 @@ constexpr std::array windowCombos = {
 };
 // The labels in front of them, from left to right.
 constexpr std::array labelIds = {1006, 1009, 1012};
+constexpr int monthComboId = 8022;
+// Of our own; templates have none.
+constexpr int lastMonthLabelId = 1016;
 
 bool alwaysStands(const ControlSpec& control) {
   return control.all || control.kind == ControlSpec::Kind::deptCombo ||
@@ -49,20 +52,20 @@ ConditionCombos::ConditionCombos(const DialogSpec& dialog, QWidget* parent)
     const auto* const found = std::ranges::find(windowCombos, control.kind, &WindowCombo::kind);
     if (found != windowCombos.end()) AddCombo(control, found->id);
     if (control.kind == ControlSpec::Kind::months) AddMonths(control);
+    if (control.kind == ControlSpec::Kind::month) AddMonth(control);
   }
   row_->addStretch(1);
 }
 
 bool ConditionCombos::HasCombo(ControlSpec::Kind kind) {
-  return kind == ControlSpec::Kind::months ||
+  return kind == ControlSpec::Kind::months || kind == ControlSpec::Kind::month ||
          std::ranges::find(windowCombos, kind, &WindowCombo::kind) != windowCombos.end();
 }
 
 void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   const int labelId = labelIds.at(std::min(members_.size(), labelIds.size() - 1));
-  auto* label = new PaintedStatic(labelId, PaintedStatic::Look::label, this);
   const QString caption = toQt(control.caption);
-  label->setText(caption);
+  auto* label = AddLabel(labelId, caption);
   auto* combo = new CUsefulCombox(this);
   combo->setObjectName(QString::number(comboId));
   nameCombo(*combo, caption);
@@ -72,17 +75,41 @@ void ConditionCombos::AddCombo(const ControlSpec& control, int comboId) {
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   combo->setMinimumContentsLength(control.kind == ControlSpec::Kind::accountCombo ? 16 : 8);
   label->setBuddy(combo);
-  if (!members_.empty()) row_->addSpacing(10);
-  row_->addWidget(label);
   row_->addWidget(combo, control.kind == ControlSpec::Kind::accountCombo ? 2 : 1);
   members_.push_back({&control, combo});
   connect(combo, &CUsefulCombox::entryChanged, this,
           [this, key = control.key, combo] { emit chosen(key, chosenIn(*combo, key)); });
   connect(combo, &CUsefulCombox::clicked, this, [this, &control] { GoOnFrom(control); });
+  TellOf(combo);
+}
+
+PaintedStatic* ConditionCombos::AddLabel(int id, const QString& caption) {
+  auto* label = new PaintedStatic(id, PaintedStatic::Look::label, this);
+  label->setText(caption);
+  if (!members_.empty()) row_->addSpacing(10);
+  row_->addWidget(label);
+  return label;
+}
+
+void ConditionCombos::TellOf(CUsefulCombox* combo) {
   connect(combo, &CUsefulCombox::notFound, this,
           [this](const QString& text) { emit told(toQt(messages::notListed(fromQt(text)))); });
   connect(combo, &CUsefulCombox::givenUp, this,
           [this](const QString& text) { emit told(QStringLiteral("没有选定“%1”，条件不变。").arg(text)); });
+}
+
+void ConditionCombos::AddMonth(const ControlSpec& control) {
+  constexpr int signs = 7;  // "2006.01"
+  auto* label = AddLabel(lastMonthLabelId, toQt(control.caption));
+  month_ = new CUsefulCombox(this);
+  month_->setObjectName(QString::number(monthComboId));
+  nameCombo(*month_, toQt(parameter(control.key).label));
+  month_->setMinimumContentsLength(signs);
+  label->setBuddy(month_);
+  row_->addWidget(month_);
+  connect(month_, &CUsefulCombox::entryChanged, this,
+          [this, key = control.key] { emit chosen(key, {.text = std::to_string(month_->CurrentDatum()), .id = 0}); });
+  TellOf(month_);
 }
 
 void ConditionCombos::AddMonths(const ControlSpec& control) {
@@ -125,10 +152,15 @@ bool ConditionCombos::event(QEvent* event) {
 }
 
 void ConditionCombos::ShowMonths(const Request& request, Date logon) {
-  if (months_ == nullptr) return;
-  if (std::exchange(year_, logon.year) != logon.year) months_->Fill(logon.year);
-  months_->SetLogonMonth(logon.month);
+  const bool otherYear = std::exchange(year_, logon.year) != logon.year;
   const auto monthOf = [&](ParameterKey key) { return request.month(key) == 0 ? logon.month : request.month(key); };
+  if (month_ != nullptr) {
+    if (otherYear) month_->FillMonths(logon.year);
+    month_->SelectDatum(monthOf(ParameterKey::month));
+  }
+  if (months_ == nullptr) return;
+  if (otherYear) months_->Fill(logon.year);
+  months_->SetLogonMonth(logon.month);
   months_->Show({monthOf(ParameterKey::from), monthOf(ParameterKey::to)});
 }
 

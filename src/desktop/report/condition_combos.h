@@ -1,6 +1,6 @@
-// The condition combos above the grid of a report: account, department, person, unit or unit class, clerk, months, as
-// the report's conditions have them. They show what the grid shows; choosing another entry changes the condition. F2
-// opens a reference window of what a combo offers.
+// The condition combos above the grid of a report: account, department, person, unit or unit class, clerk, month or
+// months, as the report's conditions have them. They show what the grid shows; choosing another entry changes the
+// condition. F2 opens a reference window of what a combo offers.
 #pragma once
 
 #include <QWidget>
@@ -15,6 +15,7 @@ namespace tz {
 
 class CUsefulCombox;
 class MonthCombos;
+class PaintedStatic;
 
 class ConditionCombos : public QWidget {
   Q_OBJECT
@@ -38,7 +39,7 @@ class ConditionCombos : public QWidget {
   using Lists = std::vector<List>;
   [[nodiscard]] Lists Read(const Request& request, const CQnCwDB& db) const;
   void Show(const Lists& lists);
-  // The months of a request, which are those of logon where it has none; nothing for a report that asks for no months.
+  // The month or months of a request, that of logon where it has none; nothing for a report that asks for none.
   void ShowMonths(const Request& request, Date logon);
   // Fills the list of persons with those of the department asked for and selects none of them.
   void RefillPersons(const Request& request, const CQnCwDB& db);
@@ -68,6 +69,10 @@ class ConditionCombos : public QWidget {
   };
   void AddCombo(const ControlSpec& control, int comboId);
   void AddMonths(const ControlSpec& control);
+  void AddMonth(const ControlSpec& control);
+  // What a combo says of text that stands for nothing.
+  void TellOf(CUsefulCombox* combo);
+  PaintedStatic* AddLabel(int id, const QString& caption);
   void PlaceMonths();
   void GoOnFrom(const ControlSpec& control);
   [[nodiscard]] const Member* Find(ParameterKey key) const;
@@ -77,8 +82,9 @@ class ConditionCombos : public QWidget {
   std::vector<Member> members_;
   QHBoxLayout* row_;
   MonthCombos* months_ = nullptr;
-  int placeInRow_ = 0;  // of the months
-  int year_ = 0;        // whose months they offer
+  CUsefulCombox* month_ = nullptr;  // of a report up to one month
+  int placeInRow_ = 0;              // of the months
+  int year_ = 0;                    // whose months they offer
 };
 
 }  // namespace tz

@@ -28,14 +28,14 @@ void PageOutput::KeepOptions(KeptPages kept) {
   if (kept_.last) options_ = kept_.last();
 }
 
-void PageOutput::Print(const ComputedReport& report) {
+void PageOutput::Print(const ComputedReport& report, QWidget& asker) {
   options_.columnEm = pageColumnEm();
   const ReportPages pages(report, options_, windowStamp());
-  PrintOn(Own(), pages);
+  PrintOn({asker, *status_}, pages);
 }
 
-void PageOutput::Preview(const ComputedReport& report) {
-  PreviewDialog preview(report, options_, windowStamp(), &window_);
+void PageOutput::Preview(const ComputedReport& report, QWidget& asker) {
+  PreviewDialog preview(report, options_, windowStamp(), &asker);
   auto* status = new ReportStatus(&preview);
   preview.SetFoot(status);
   const Face face{preview, *status};
@@ -66,8 +66,7 @@ void PageOutput::PrintPages(const Face& face, QPrinter& printer, const ReportPag
     std::int64_t printed = 0;
     {
       LongWork work(face.window);
-      const WorkDisplay display(work, face.status, &face.window, QStringLiteral("正在打印…"), false,
-                                QStringLiteral("页"));
+      const WorkDisplay display(work, face.status, &face.window, QStringLiteral("正在打印…"), {}, QStringLiteral("页"));
       printed = printPages(printer, pages, [&work](std::int64_t done, std::int64_t of) {
         work.Pump(done, of);
         return !work.Cancelled();
@@ -87,14 +86,16 @@ void PageOutput::AskForPdf(const Face& face, const ComputedReport& report) {
   if (target) Write(face, report, *target);
 }
 
-void PageOutput::WriteFile(const ComputedReport& report, const ExportTarget& target) { Write(Own(), report, target); }
+void PageOutput::WriteFile(const ComputedReport& report, const ExportTarget& target) {
+  Write({window_, *status_}, report, target);
+}
 
 void PageOutput::Write(const Face& face, const ComputedReport& report, const ExportTarget& target) const {
   try {
     bool whole = false;
     {
       LongWork work(face.window);
-      const WorkDisplay display(work, face.status, &face.window, QStringLiteral("正在输出…"), false,
+      const WorkDisplay display(work, face.status, &face.window, QStringLiteral("正在输出…"), {},
                                 target.pages ? QStringLiteral("页") : QStringLiteral("行"));
       whole = writeExport(report, target, options_, work);
     }

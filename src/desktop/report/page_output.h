@@ -29,9 +29,9 @@ class PageOutput {
   void KeepOptions(KeptPages kept);
   [[nodiscard]] const ExportFolder& Folder() const { return folder_; }
 
-  // Asks for printer and pages. Without any printer it offers a PDF.
-  void Print(const ComputedReport& report);
-  void Preview(const ComputedReport& report);
+  // Asks for printer and pages above `asker`. Without any printer it offers a PDF.
+  void Print(const ComputedReport& report, QWidget& asker);
+  void Preview(const ComputedReport& report, QWidget& asker);
   // Writes a file of any kind.
   void WriteFile(const ComputedReport& report, const ExportTarget& target);
 
@@ -46,8 +46,6 @@ class PageOutput {
   void AskForPdf(const Face& face, const ComputedReport& report);
   void Write(const Face& face, const ComputedReport& report, const ExportTarget& target) const;
   void TellFailure(const Face& face, const std::exception& error) const;
-
-  [[nodiscard]] Face Own() const { return {window_, *status_}; }
 
   QWidget& window_;
   ReportStatus* status_ = nullptr;

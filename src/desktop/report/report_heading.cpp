@@ -91,8 +91,9 @@ void ReportHeading::SetPeriod(const std::string& text) {
   period_->setVisible(!text.empty());
 }
 
-void ReportHeading::SetOthers(const tz::Conditions& conditions) {
+void ReportHeading::SetOthers(const tz::Conditions& conditions, const std::string& found) {
   QStringList texts;
+  if (!found.empty()) texts.append(toQt(found));
   for (const auto& control : report_.dialog.controls) {
     if (ConditionCombos::HasCombo(control.kind) || toldByPeriod(report_, control)) continue;
     const auto text = conditionText(control, conditions);

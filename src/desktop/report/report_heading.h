@@ -29,8 +29,8 @@ class ReportHeading : public QWidget {
   // The formats to choose from and the one that is shown.
   void SetFormats(const std::vector<AmountFormat>& formats, std::optional<AmountFormat> shown);
   void SetPeriod(const std::string& text);
-  // Shows the conditions that have no combo of their own, as one line.
-  void SetOthers(const tz::Conditions& conditions);
+  // Shows the conditions that have no combo of their own, and what was found beside the rows, as one line.
+  void SetOthers(const tz::Conditions& conditions, const std::string& found);
   // Quantity unit and currency, each shown when the format has figures of that kind.
   void SetUnits(const AccountAmounts& amounts, std::optional<AmountFormat> format);
 

@@ -162,7 +162,8 @@ void ReportWindow::Recompute() {
     ConditionCombos::Lists lists;
     auto outcome = [&, this] {
       LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在计算…"), definition_.busyBox);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在计算…"),
+                                definition_.busyBox ? QStringLiteral("正在查询数据,请稍侯.....") : QString());
       auto session = windowSession(work, this);
       RunOptions options{.formatYields = true};
       // The lists of the combos are of the same moment as the rows.
@@ -248,7 +249,7 @@ void ReportWindow::Show(ComputedReport computed) {
   heading_->SetFormats(shown_->report.formats, shown_->report.format);
   heading_->SetPeriod(shown_->report.paintedPeriod);
   heading_->SetUnits(conditions.amounts, shown_->report.format);
-  heading_->SetOthers(conditions);
+  heading_->SetOthers(conditions, shown_->report.found);
   heading_->Conditions().ShowMonths(request_, g_tmLogonTime);
   ShowToggles();
   view_->SetEmptyText(QStringLiteral("没有记录"));

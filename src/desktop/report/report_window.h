@@ -2,9 +2,9 @@
 // It asks for its conditions, computes through the core and shows what came back. A computation that is refused, fails
 // or is stopped leaves what was shown, conditions included. What a window does beyond that is its report's feature.
 //
-// In four sources: the window and what it shows, its commands (report_window_commands.cpp), what it does with paper
-// and files (report_window_pages.cpp), and conditions that are changed on the live window
-// (report_window_conditions.cpp).
+// In five sources: the window and what it shows, its commands (report_window_commands.cpp), what it does with paper
+// and files (report_window_pages.cpp), conditions that are changed on the live window
+// (report_window_conditions.cpp), and what it does for its feature (report_window_features.cpp).
 #pragma once
 
 #include <QPointer>
@@ -27,6 +27,7 @@ class ConditionStore;
 class CTzQueryDialog;
 class GridTools;
 class GridView;
+class LongWork;
 class NoticeBar;
 class PageOutput;
 class ReportHeading;
@@ -82,6 +83,26 @@ class ReportWindow : public ProcessWindow {
 
   // Computes with the conditions as they are; what was shown stays when that comes to nothing.
   void Recompute();
+  // The same; the line that was current is current again, and where it was, as far as it is still there.
+  void RecomputeInPlace();
+
+  // For features. Work beside the window: `words` stand in the status line where it takes longer, `boxWords` in a busy
+  // box, unless they are empty. Throws what the work throws; does nothing while other work runs.
+  void Work(const QString& words, const QString& boxWords, const std::function<void(Session&, LongWork&)>& work);
+  // Runs a piece of work; its failure stands in the status line, and what was shown stays.
+  void Attempt(const std::function<void()>& work);
+  void TellFailure(const std::exception& error);
+  // In the status line, for some seconds.
+  void TellNews(const QString& text);
+  // Makes a cell that was found current, also in a folded block; a filter that hides its row is named.
+  void GoTo(qint64 row, int column);
+  // Another name and tip for a button.
+  void Rename(WindowCommand command, const QString& caption, const QString& tip);
+  // What is done with the report that is shown, with another one; `asker` is the window above which is asked.
+  void PrintReport(const ComputedReport& report, QWidget* asker);
+  void PreviewReport(const ComputedReport& report, QWidget* asker);
+  void ExportReport(const ComputedReport& report, QWidget* asker);
+
   // Writes what is shown; how that went stands in the status line.
   void ExportTo(const ExportTarget& target);
 
@@ -140,9 +161,6 @@ class ReportWindow : public ProcessWindow {
   void TellSubject();
   // The host keeps what was last asked for by hand.
   void KeepLast();
-  // Runs a piece of work; its failure stands in the status line, and what was shown stays.
-  void Attempt(const std::function<void()>& work);
-  void TellFailure(const std::exception& error);
   // What was shown stays; where nothing was, the window says so and what to do.
   void TellStopped();
   // Departments change their persons: with none chosen there is nothing to show yet.
@@ -158,8 +176,6 @@ class ReportWindow : public ProcessWindow {
   [[nodiscard]] bool Waits(int command) const;
   void EnableCommands();
   void OnRowActivated(qint64 row);
-  // Makes a row that was found current, also in a folded block; a filter that hides it is named.
-  void GoToFound(qint64 row);
 
   const ReportDefinition& definition_;
   std::unique_ptr<CNeedBitmap> background_;

@@ -22,8 +22,6 @@
 namespace tz {
 namespace {
 
-constexpr const char* tipProperty = "tip";
-
 // The row about a member; where that is left out, the row of its group.
 std::optional<std::int64_t> rowAbout(const RowSubjects& subjects, const Subject& member) {
   auto ofGroup = member;
@@ -65,7 +63,7 @@ void ReportWindow::DrawToolBar() {
                                                       command->tip, command->toggles});
   }
   DrawAToolBar(toolBar_, table);
-  for (QAction* action : toolBar_->actions()) action->setProperty(tipProperty, action->toolTip());
+  for (QAction* action : toolBar_->actions()) action->setProperty(commandTip, action->toolTip());
   EnableCommands();
 }
 
@@ -97,14 +95,14 @@ bool ReportWindow::Waits(int command) const {
 void ReportWindow::EnableCommands() {
   for (QAction* action : view_->actions()) action->setEnabled(!awaitsPerson_);
   for (QAction* action : toolBar_->actions()) {
-    if (action->isSeparator() || !action->property(tipProperty).isValid()) continue;
+    if (action->isSeparator() || !action->property(commandTip).isValid()) continue;
     const int command = action->objectName().toInt();
     const bool answered = Answered(command);
     const bool waits = Waits(command);
     action->setEnabled(answered && !waits);
-    action->setToolTip(action->property(tipProperty).toString() + (!answered ? QStringLiteral("：尚未提供")
-                                                                   : waits   ? QStringLiteral("：请先选择个人")
-                                                                             : QString()));
+    action->setToolTip(action->property(commandTip).toString() + (!answered ? QStringLiteral("：尚未提供")
+                                                                  : waits   ? QStringLiteral("：请先选择个人")
+                                                                            : QString()));
   }
 }
 
@@ -166,7 +164,7 @@ void ReportWindow::OpenTab(WindowCommand command) {
   const auto* const tab = std::ranges::find(toolbarTabs, command, &ToolbarTab::command);
   if (shown_ && !LongWork::Running() && tab != toolbarTabs.end()) {
     request_.set(tab->key, tab->value);
-    Recompute();
+    RecomputeInPlace();
   }
   ShowToggles();
 }
@@ -213,20 +211,9 @@ void ReportWindow::OnFind() {
   if (!dialog.DoModal()) return;
   try {
     const auto row = findRow(shown_->report.grid, rule, dialog.GetRequest(), *g_pDB);
-    row < 0 ? tell(rule.notFound) : GoToFound(row);
+    row < 0 ? tell(rule.notFound) : GoTo(row, 0);
   } catch (const DbError& error) {
     TellFailure(error);
-  }
-}
-
-void ReportWindow::GoToFound(qint64 row) {
-  view_->Reveal(row);
-  if (view_->Rows().Shows(row)) {
-    view_->SetCurrent(row, 0);
-    view_->setFocus();
-  } else {
-    status_->ShowNews(
-        QStringLiteral("找到了，在第 %1 行，但筛选把它隐藏着：按 Esc 清除筛选，再查找一次").arg(grouped(row + 1)));
   }
 }
 

@@ -6,17 +6,29 @@
 namespace tz {
 
 void ReportWindow::OnPrint() {
-  if (shown_ && !LongWork::Running()) pages_->Print(shown_->report);
+  if (shown_) PrintReport(shown_->report, this);
 }
 
 void ReportWindow::OnPreview() {
-  if (shown_ && !LongWork::Running()) pages_->Preview(shown_->report);
+  if (shown_) PreviewReport(shown_->report, this);
 }
 
 void ReportWindow::OnExport() {
-  if (!shown_ || LongWork::Running()) return;
-  const auto target = askExportTarget(this, shown_->report, pages_->Folder());
-  if (target) ExportTo(*target);
+  if (shown_) ExportReport(shown_->report, this);
+}
+
+void ReportWindow::PrintReport(const ComputedReport& report, QWidget* asker) {
+  if (!LongWork::Running()) pages_->Print(report, *asker);
+}
+
+void ReportWindow::PreviewReport(const ComputedReport& report, QWidget* asker) {
+  if (!LongWork::Running()) pages_->Preview(report, *asker);
+}
+
+void ReportWindow::ExportReport(const ComputedReport& report, QWidget* asker) {
+  if (LongWork::Running()) return;
+  const auto target = askExportTarget(asker, report, pages_->Folder());
+  if (target) pages_->WriteFile(report, *target);
 }
 
 void ReportWindow::ExportTo(const ExportTarget& target) { pages_->WriteFile(shown_->report, target); }

@@ -176,7 +176,7 @@ void SearchWindow::Search() {
   try {
     const auto outcome = [&] {
       LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在查找…"), false);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在查找…"));
       auto session = windowSession(work, this);
       return searchLines(
           session, {.text = text, .most = mostFound, .onSome = [&](const FoundLines& some) { Show(text, some); }});
@@ -253,7 +253,7 @@ void SearchWindow::Export() {
     bool whole = false;
     {
       LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"), false);
+      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"));
       whole = writeExport(*shown_, *target, {}, work);
     }
     whole ? status_->ShowExported(target->path) : status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));

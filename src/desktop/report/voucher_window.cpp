@@ -167,9 +167,9 @@ void VoucherWindow::OnCommand(int id) {
     case copyLine:
       return CopyLine();
     case static_cast<int>(WindowCommand::print):
-      return pages_->Print(voucherReport(*voucher_));
+      return pages_->Print(voucherReport(*voucher_), *this);
     case static_cast<int>(WindowCommand::preview):
-      return pages_->Preview(voucherReport(*voucher_));
+      return pages_->Preview(voucherReport(*voucher_), *this);
     case static_cast<int>(WindowCommand::detail):
       return OnDetail();
     case static_cast<int>(WindowCommand::help):

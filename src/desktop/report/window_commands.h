@@ -11,6 +11,9 @@ namespace tz {
 
 class ReportWindow;
 
+// The tip of a button is kept as this property, for it may say more while the command waits.
+inline constexpr const char* commandTip = "tip";
+
 struct ReportCommand {
   WindowCommand command;
   int bitmap;

@@ -28,17 +28,17 @@ Session windowSession(LongWork& work, QWidget* window) {
 
 PageStamp windowStamp() { return pageStamp(g_operator, g_now()); }
 
-WorkDisplay::WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox,
-                         const QString& unit)
+WorkDisplay::WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what,
+                         const QString& boxWords, const QString& unit)
     : status_(status) {
   status_.BeginWork(what, unit);
   QObject::connect(&work, &LongWork::progressed, &status_, &ReportStatus::ShowProgress);
   QObject::connect(&status_, &ReportStatus::stopClicked, &work, &LongWork::Cancel);
   work.Allow(status_.StopButton());
-  if (!busyBox) return;
+  if (boxWords.isEmpty()) return;
   box_ = std::make_unique<CGeneralDialog>(window);
   QObject::connect(box_.get(), &CGeneralDialog::cancelled, &work, &LongWork::Cancel);
-  box_->SetTextGeneral(QStringLiteral("正在查询数据,请稍侯....."));
+  box_->SetTextGeneral(boxWords);
   box_->Begin();
 }
 

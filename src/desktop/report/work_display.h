@@ -21,10 +21,10 @@ class ReportStatus;
 // Whoever prints in a window, and when.
 [[nodiscard]] PageStamp windowStamp();
 
-// Shows how far a work is for as long as it lives: in the status line, and in the busy box where the report has one.
+// Shows how far a work is for as long as it lives: in the status line, and in a busy box where there are words for one.
 class WorkDisplay {
  public:
-  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, bool busyBox,
+  WorkDisplay(LongWork& work, ReportStatus& status, QWidget* window, const QString& what, const QString& boxWords = {},
               const QString& unit = QStringLiteral("行"));
   WorkDisplay(const WorkDisplay&) = delete;
   WorkDisplay& operator=(const WorkDisplay&) = delete;

@@ -12,12 +12,12 @@ namespace {
 // In the order of their ids.
 constexpr Picture pictures[] = {
     {280, "group-rows", "隐藏明细"},
-    {281, "clearing", "反两清"},
-    {282, "statistics", "自动勾对"},
+    {281, "unclear", "反两清"},
+    {282, "match", "自动勾对"},
     {283, "balance", "平衡检查"},
-    {284, "previous", "撤销"},
+    {284, "undo", "撤销"},
     {285, "general", "总帐"},
-    {286, "aging", "日期"},
+    {286, "date", "日期"},
     {287, "department", "部门"},
     {288, "project", "项目"},
     {289, "person", "业务员"},
