@@ -69,6 +69,7 @@ SearchPopup::SearchPopup(FoundTexts& found, QWidget& field)
 }
 
 void SearchPopup::Open(int marked) {
+  list_->popup()->setFocusProxy(&field_);
   list_->complete();
   // The row is only marked: the field keeps what is being typed.
   const QSignalBlocker quiet(list_);
@@ -89,6 +90,8 @@ bool SearchPopup::TakeMarked() {
 
 bool SearchPopup::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) return OnKey(*static_cast<QKeyEvent*>(event));
+  // A slow window system gives a list that has closed the focus for a moment, which must not lead back to its field.
+  if (event->type() == QEvent::Hide) list_->popup()->setFocusProxy(nullptr);
   const bool pressed = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
   if (pressed && OnPress(*static_cast<QMouseEvent*>(event))) return true;
   return QObject::eventFilter(watched, event);
@@ -104,6 +107,13 @@ bool SearchPopup::OnPress(const QMouseEvent& press) {
 }
 
 bool SearchPopup::OnKey(const QKeyEvent& key) {
+  const auto send = [&key](QWidget& target) {
+    QKeyEvent again(QEvent::KeyPress, key.key(), key.modifiers(), key.text());
+    QApplication::sendEvent(&target, &again);
+    return true;
+  };
+  // A key that was on its way when the list closed.
+  if (QWidget* there = field_.window()->focusWidget(); !IsOpen() && there != nullptr) return send(*there);
   if (key.key() == Qt::Key_Escape) {
     Close();
     emit escaped();
@@ -118,9 +128,7 @@ bool SearchPopup::OnKey(const QKeyEvent& key) {
     Close();
   }
   // The same key then means to the window what it means in any other field.
-  QKeyEvent again(QEvent::KeyPress, key.key(), key.modifiers(), key.text());
-  QApplication::sendEvent(&field_, &again);
-  return true;
+  return send(field_);
 }
 
 }  // namespace tz

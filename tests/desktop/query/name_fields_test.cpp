@@ -94,6 +94,29 @@ TEST_F(NameFields, ArePickedFromWhatIsFoundByKeysAndByClicks) {
   EXPECT_EQ(request.member(ParameterKey::dept).id, 15);
 }
 
+// Who types fast on a slow machine: the list's window gets a key, or the focus, when the list has closed already.
+TEST_F(NameFields, AListThatHasClosedHandsOnWhatComesLate) {
+  PersonLedger ledger;
+  run(findReport(10190)->dialog, ledger.session(), [](QWidget& window) {
+    const auto pickDepartment = [&window] {
+      typeName(window, "8052", "xs");
+      auto* list = openList();
+      pressKey(window, Qt::Key_Return);
+      return list;
+    };
+    QTest::keyClicks(pickDepartment(), "P");
+    EXPECT_EQ(nameField(window, "8052").text(), "销售部");
+    EXPECT_EQ(nameField(window, "2111").text(), "P");
+    QTest::keyClicks(openList(), "02");
+    pressKey(window, Qt::Key_Return);
+    EXPECT_EQ(nameField(window, "2111").text(), "李四");
+    QApplication::setActiveWindow(pickDepartment());
+    QApplication::setActiveWindow(&window);
+    EXPECT_EQ(focusOf(window), "2111");
+    pressKey(window, Qt::Key_Escape);
+  });
+}
+
 // On a box to tick, its sign.
 QPoint placeIn(const QWidget& target) { return {8, target.height() / 2}; }
 
