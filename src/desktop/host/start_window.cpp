@@ -48,9 +48,27 @@ StartWindow::StartWindow(HostSettings& settings, Open open, QWidget* parent)
   EnableRecent();
 }
 
-void StartWindow::LayOut() {
+// What this window is for, in words for who comes here first.
+void StartWindow::LayOutHead(QVBoxLayout& layout) {
   auto* title = new QLabel(QStringLiteral("打开帐套"), this);
   title->setFont(uiFont(titlePixels * textSize() / usualTextSize, QFont::DemiBold));
+  auto* about =
+      new QLabel(QStringLiteral("帐套是一个单位一个会计年度的全部帐目：一个文件，或服务器上的一个数据库。"), this);
+  about->setForegroundRole(QPalette::PlaceholderText);
+  about->setWordWrap(true);
+  auto* help = new QPushButton(QStringLiteral("使用手册(&H)"), this);
+  help->setObjectName(QStringLiteral("manual"));
+  help->setToolTip(QStringLiteral("打开使用手册（F1）"));
+  help->setAutoDefault(false);
+  connect(help, &QPushButton::clicked, this, [this] { showManual(this, manualPageOf(this)); });
+  auto* top = new QHBoxLayout;
+  top->addWidget(title, 1);
+  top->addWidget(help);
+  layout.addLayout(top);
+  layout.addWidget(about);
+}
+
+void StartWindow::LayOut() {
   auto* recentLabel = new QLabel(QStringLiteral("最近的帐套(&L)"), this);
   recentLabel->setBuddy(recent_);
   openRecent_ = new QPushButton(QStringLiteral("打开(&O)"), this);
@@ -102,16 +120,7 @@ void StartWindow::LayOut() {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(startMargin, startMargin, startMargin, startMargin);
   layout->setSpacing(startMargin / 2);
-  auto* manual = new QPushButton(QStringLiteral("使用手册"), this);
-  manual->setObjectName(QStringLiteral("manual"));
-  manual->setToolTip(QStringLiteral("打开使用手册（F1）"));
-  manual->setFlat(true);
-  manual->setAutoDefault(false);
-  connect(manual, &QPushButton::clicked, this, [this] { showManual(this, manualPageOf(this)); });
-  auto* head = new QHBoxLayout;
-  head->addWidget(title, 1);
-  head->addWidget(manual);
-  layout->addLayout(head);
+  LayOutHead(*layout);
   layout->addLayout(columns, 1);
   resize(startSize.boundedTo(roomFor(*this)));
 }

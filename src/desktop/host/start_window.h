@@ -34,6 +34,7 @@ class StartWindow : public QDialog {
  protected:
  private:
   void LayOut();
+  void LayOutHead(QVBoxLayout& layout);
   QPushButton* AddChoice(QVBoxLayout& choices, const char* name, const QString& caption, const QString& hint);
   void EnableRecent();
   void OpenRecent();

@@ -23,6 +23,7 @@ constexpr KeyEntry startKeys[] = {
     {"Del", "把选中的帐套从最近的帐套中移除"},
     {"Alt+L、Alt+O、Alt+R", "到最近的帐套、打开、从列表中移除"},
     {"Alt+S、Alt+N、Alt+F、Alt+V", "示例单位、新建帐套、打开文件、服务器上的帐套"},
+    {"Alt+H", "打开这个窗口的说明"},
 };
 
 constexpr KeyEntry conditionsKeys[] = {

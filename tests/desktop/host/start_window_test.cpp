@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QSpinBox>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <fstream>
 #include <iterator>
