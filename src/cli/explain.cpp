@@ -1,5 +1,6 @@
 #include "cli/explain.h"
 
+#include <filesystem>
 #include <fmt/format.h>
 #include <utility>
 
@@ -52,7 +53,10 @@ std::string explainExtras(const CLI::App& app) {
   if (extras.empty()) return "参数不对";
   const auto name = extras.front().substr(0, extras.front().find('='));
   if (isCondition(name)) return fmt::format("这里没有条件 {}", name);
-  return fmt::format("不认识的参数“{}”", extras.front());
+  std::error_code unknown;
+  const bool isFile = app.get_subcommands().empty() && std::filesystem::exists(extras.front(), unknown);
+  return fmt::format("不认识的参数“{}”{}", extras.front(),
+                     isFile ? "；打开帐套：tzassistant open " + extras.front() : "");
 }
 
 }  // namespace

@@ -42,6 +42,8 @@ class WrongUseTest : public ::testing::Test {
 
 TEST_F(WrongUseTest, OfCommandsAndPlaces) {
   expectWrong({"nonsense"}, "“nonsense”");
+  const std::string file = TZ_TEST_FOLDER "/CMakeLists.txt";
+  expectWrong({file}, "tzassistant open " + file);
   expectWrong({"ledger"}, "缺少子命令，可用：create、check");
   expectWrong({"ledger", "check"}, "缺少参数 LEDGER");
   expectWrong({"ledger", "check", ""}, "参数不能为空");
