@@ -22,7 +22,7 @@ try_package() {
   . tests/package/steps.sh
   as_person() { chroot "$root" su - "$user" -c "$(printf '%q ' "$@")"; }
   apt_in_root update
-  apt_in_root install "$(cd "$root" && echo /tmp/tzassistant_*.deb)"
+  apt_in_root install "/tmp/$(cd "$root/tmp" && echo tzassistant_*.deb)"
   say "In the fresh root, as $user: the command line"
   use_command_line
   entry=$(sed -n 's/^Exec=\(.*\) %f$/\1/p' "$root/usr/share/applications/tzassistant.desktop")

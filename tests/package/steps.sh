@@ -45,9 +45,11 @@ windows() {
   done
 }
 
-# keys TITLE KEY...: waits for the window of that title, and types there. "text:..." is typed as it stands.
+# keys TITLE KEY...: waits for the window of that title, leaves its id in $id, and types there. "text:..." is typed as
+# it stands.
 keys() {
-  local title=$1 id='' key
+  local title=$1 key
+  id=''
   shift
   for _ in {1..150}; do
     id=$(windows | sed -n "s/^\([0-9]*\) $title\$/\1/p" | tail -n 1)
@@ -55,7 +57,7 @@ keys() {
     sleep 0.2
   done
   [ -n "$id" ] || fail "no window \"$title\"; there are: $(windows)"
-  xdotool windowfocus --sync "$id"
+  timeout 10 xdotool windowfocus --sync "$id" || fail "window \"$title\" takes no focus"
   for key; do
     sleep 0.2
     case $key in
@@ -63,6 +65,15 @@ keys() {
       *) xdotool key "$key" ;;
     esac
   done
+}
+
+# closed ID: the window goes.
+closed() {
+  for _ in {1..150}; do
+    windows | grep -q "^$1 " || return 0
+    sleep 0.2
+  done
+  fail "window $1 stays; there are: $(windows)"
 }
 
 # appears FILE: within half a minute the file is there and no longer grows.
@@ -97,7 +108,7 @@ use_windows() {
   keys '辅助核算 — 打开帐套' Return
   keys 辅助核算 Down Return Right Right Return
   keys 个人往来_个人明细帐 text:xs Return text:lm Return alt+4 ctrl+Return
-  sleep 1 # the conditions' window has the title of the ledger's, which takes its place
+  closed "$id" # it has the title of the ledger's window, which takes its place
   keys 个人往来_个人明细帐 ctrl+shift+p
   keys 打印预览 ctrl+p
   keys 打印 Return
