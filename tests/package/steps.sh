@@ -1,8 +1,9 @@
 # What a person does who has only the package, by keys and commands alone. Sourced; it needs
 #   as_person COMMAND...   runs a command as that person, in their home folder, found through the PATH
 #   $home                  that folder as it is seen from here
+#   $root                  what the package was installed into
 #   fail TEXT
-# shellcheck shell=bash disable=SC2154 # home is the caller's
+# shellcheck shell=bash disable=SC2154 # home and root are the caller's
 
 account=(--account 122101 --dept 销售部 --person 李明 --from 1 --to 12)
 
@@ -91,7 +92,7 @@ appears() {
 # sample company, the ledger of a person for the whole year, its preview, print, which without a printer offers a file,
 # and quit.
 use_windows() {
-  local scratch=$1 server person pages="$home/个人明细帐 李明 2025_01-12.pdf" status=0
+  local scratch=$1 server person entry pages="$home/个人明细帐 李明 2025_01-12.pdf" status=0
   shift
   Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -ac 3>"$scratch/display" 2>/dev/null &
   server=$!
@@ -109,6 +110,9 @@ use_windows() {
   keys 辅助核算 Down Return Right Right Return
   keys 个人往来_个人明细帐 text:xs Return text:lm Return alt+4 ctrl+Return
   closed "$id" # it has the title of the ledger's window, which takes its place
+  entry=$root/usr/share/applications/tzassistant.desktop
+  [ -n "$(xdotool search --onlyvisible --class "^$(sed -n 's/^StartupWMClass=//p' "$entry")\$")" ] ||
+    fail "desktops do not know the window for that of $entry"
   keys 个人往来_个人明细帐 ctrl+shift+p
   keys 打印预览 ctrl+p
   keys 打印 Return
