@@ -24,8 +24,8 @@ MarkHistory::MarkHistory(Connection& connection) {
     ++batch.rows;
     rows_.push_back({.line = log->integer(line),
                      .voucher = log->integer(voucher),
-                     .before = static_cast<std::int8_t>(log->integer(before)),
-                     .after = static_cast<std::int8_t>(log->integer(after)),
+                     .before = static_cast<std::uint8_t>(log->integer(before)),
+                     .after = static_cast<std::uint8_t>(log->integer(after)),
                      .batch = found->second});
   }
   for (auto& batch : batches_) batch.takenBack = places.contains(undoOf(batch.name));

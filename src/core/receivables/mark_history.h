@@ -42,7 +42,7 @@ class MarkHistory {
  private:
   struct Row {
     Id line = 0, voucher = 0;
-    std::int8_t before = 0, after = 0;
+    std::uint8_t before = 0, after = 0;
     std::uint32_t batch = 0;
   };
   using Story = std::vector<std::size_t>;  // the rows of one line, in their order
