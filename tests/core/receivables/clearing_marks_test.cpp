@@ -223,6 +223,38 @@ TEST_P(ClearingMarks, AreCheckedAsTheRowsShowThem) {
   EXPECT_EQ(grid.Columns()[1].caption + grid.Columns()[2].caption, "借方勾对金额贷方勾对金额");
 }
 
+TEST_P(ClearingMarks, StandOnRowsThatLeadToVouchersAndToTheGeneralLedger) {
+  ledger_.keeper().execute("UPDATE RegMain SET byPeroid = 0 WHERE lTieId = 1");
+  auto session = sessionOf(db_, "王会计");
+  const auto answers = [&](ClearingKind kind, std::string_view month) {
+    Request request;
+    request.set(ParameterKey::account, kind == unit ? "1131" : "1133");
+    if (kind == unit) request.set(ParameterKey::unit, "甲公司");
+    if (kind == person) request.set(ParameterKey::dept, "销售部");
+    if (kind == person) request.set(ParameterKey::person, month.empty() ? "李四" : "张三");
+    if (!month.empty()) request.set(ParameterKey::month, month);
+    const auto& report = clearingReport(kind);
+    const auto outcome = runReport(report, request, session);
+    const auto& shown = std::get<ComputedReport>(outcome);
+    std::string text;
+    const auto tell = [&](const DrillAnswer& answer) {
+      if (const auto* refusal = std::get_if<Refusal>(&answer)) text += refusal->text;
+      if (const auto* voucher = std::get_if<VoucherTarget>(&answer)) text += std::to_string(voucher->line.line);
+      if (const auto* target = std::get_if<DetailTarget>(&answer)) {
+        text += std::to_string(target->command) + target->conditions.text(ParameterKey::unit) +
+                target->conditions.text(ParameterKey::person) + target->conditions.text(ParameterKey::to);
+      }
+      text += "|";
+    };
+    for (std::int64_t row = -1; row < shown.grid.GetRows(); ++row) tell(report.detail(*shown.resolved, shown, row));
+    tell(report.generalLedger(*shown.resolved, shown, 0));
+    return text;
+  };
+  EXPECT_EQ(answers(unit, "1"), "请选择凭证记录!|期初数无法联查凭证|2|3|请选择凭证记录!|10201甲公司1|");
+  EXPECT_EQ(answers(person, "1"), "请选择凭证记录!|期初数无法联查凭证|7|请选择凭证记录!|10189张三|");
+  EXPECT_EQ(answers(person, ""), "无法联查凭证|无法联查凭证|无发生额，无法联查总帐|");
+}
+
 TZ_ON_BOTH_DATABASES(ClearingMarks);
 
 }  // namespace
