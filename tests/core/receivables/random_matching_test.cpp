@@ -102,7 +102,8 @@ TEST_P(RandomMatching, MarksWhatASecondComputationMarks) {
   db.Open(ledger.address());
   Session session{.db = db, .ledger = ledger.address(), .logon = {2006, 2, 28}};
   MatchCounts reached;
-  for (unsigned seed = 1; seed <= (onServer() ? 5U : 60U); ++seed) {
+  const unsigned seeds = onServer() ? 5 : 60;
+  for (unsigned seed = 1; seed <= seeds; ++seed) {
     std::mt19937 dice(seed);
     fillRandomLines(ledger, dice);
     for (const auto kind : {ClearingKind::person, ClearingKind::unit}) {
@@ -117,9 +118,9 @@ TEST_P(RandomMatching, MarksWhatASecondComputationMarks) {
       reached += outcome.all();
     }
   }
-  EXPECT_GT(reached.byNumber, 20);
-  EXPECT_GT(reached.pairwise, 50);
-  EXPECT_GT(reached.whole, 0);
+  EXPECT_GT(reached.byNumber, seeds);
+  EXPECT_GT(reached.pairwise, 3 * seeds);
+  EXPECT_TRUE(reached.whole > 0 || onServer());
 }
 
 TZ_ON_BOTH_DATABASES(RandomMatching);
