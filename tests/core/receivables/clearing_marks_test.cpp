@@ -182,8 +182,11 @@ TEST_P(ClearingMarks, UndoLeavesWhatWasChangedSinceAndMakesNoHalfPair) {
   EXPECT_EQ(toggled(session, unit, 3), "0");
   EXPECT_EQ(toggled(session, unit, 3), "1");
   EXPECT_EQ(toggled(session, unit, 9), "0");
+  run = markLines(session, std::vector<MarkChange>{{9, 1, 0, 2}, {2, 2, 0, 2}}, MarkWork::What::match, unit);
   run = markLines(session, std::vector<MarkChange>{{4, 2, 0, 2}, {5, 2, 0, 2}}, batch);
   EXPECT_EQ(undone(session), "自动勾对（单位往来） 2 2");
+  EXPECT_EQ(marks(), "2|2\n3|1\n9|2\n");
+  EXPECT_EQ(undone(session), "自动勾对（单位往来） 2 0");
   EXPECT_EQ(marks(), "3|1\n");
   EXPECT_EQ(undone(session), "手工勾对（单位往来） 0 0") << "line 9 was open before the batch that is gone";
   EXPECT_EQ(undone(session), "手工勾对（单位往来） 1 0");
