@@ -29,7 +29,7 @@ void printRatio(const std::string& what, const std::string& against, const Ratio
 
 void printFigure(const std::string& what, const std::string& against, double figure, double bar,
                  const std::string& unit) {
-  fmt::print("| {} | {} | {:.1f} {} | ≤ {:.0f} {} | {} |\n", what, against, figure, unit, bar, unit,
+  fmt::print("| {} | {} | {:.1f} {} | ≤ {:g} {} | {} |\n", what, against, figure, unit, bar, unit,
              verdict(figure, bar));
   std::fflush(stdout);
 }
