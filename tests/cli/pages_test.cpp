@@ -38,8 +38,8 @@ TEST_F(PagesTest, TextsCanBeReadBack) {
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.err, "");
   const auto text = textOfPages();
-  for (const char* part :
-       {"三栏式明细帐", "科目：", "部门：", "月份: ", "日期", "凭证号", "余额", "过次页", "承前页", "第 1 页"})
+  for (const char* part : {"三栏式明细帐", "科目：", "部门：", "月份: ", "日期", "凭证号", "余额", "过次页", "承前页",
+                           "第 1 页", "打印日期："})
     EXPECT_NE(text.find(part), std::string::npos) << part << '\n' << text.substr(0, 2000);
   // What the same report says as text stands on the pages as well, row by row.
   const auto shown = smallReport(ledger_.address(), {"--as", "csv"});

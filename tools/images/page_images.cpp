@@ -41,7 +41,7 @@ void drawFirstSheet(const PictureBook& book, const ComputedReport& report, const
   QPainter painter(&sheet);
   PagePainter(pages).Paint(painter, 0, scale);
   painter.end();
-  book.Keep(sheet.convertToFormat(QImage::Format_Indexed8), QStringLiteral("page-") + name);
+  book.Keep(sheet, QStringLiteral("page-") + name);
 }
 
 test::Question questionFor(const PrintedReport& printed, const std::vector<test::Question>& questions) {

@@ -30,6 +30,7 @@ ReportPages::ReportPages(const ComputedReport& report, const PageOptions& option
       head_(pageHead(report, columns_, options.columnEm)),
       headerLines_(grouped(grid_) ? 2 : 1),
       remarks_(remarks(grid_)) {
+  if (grid_.GetRows() == 0) remarks_.insert(remarks_.begin(), "没有记录");
   Divide(options.carriedLines && report.carried.has_value());
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/page/page_painter.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
 
@@ -12,6 +13,7 @@ namespace {
 // Fonts come in whole pixels and are hinted to them; letters are set in twentieths of a point, where neither shows.
 constexpr double grain = 20;
 constexpr double padding = 0.45;  // beside a cell's text, in sizes of its letters
+constexpr double stroke = 0.035;  // by which bold letters are thicker, in sizes of them
 constexpr double thinRule = 0.4;
 constexpr double boldRule = 0.9;
 const QColor ink(0x14, 0x14, 0x14);
@@ -93,6 +95,9 @@ struct PagePainter::Sheet {
     painter.setFont(font);
     painter.setPen(colour);
     painter.drawText(QPointF(0, 0), words);
+    // A face without a bold cut is made bold on paper, but not where letters are painted as pixels.
+    const bool pixels = painter.paintEngine()->type() == QPaintEngine::Raster;
+    if (pixels && font.bold()) painter.drawText(QPointF(font.pixelSize() * stroke, 0), words);
     painter.restore();
     return left + natural * squeeze;
   }

@@ -161,6 +161,13 @@ TEST(ReportPages, HeadSaysWhatTheReportSays) {
   EXPECT_NE(said().find("机械制造|" + below), std::string::npos) << said();
 }
 
+TEST(ReportPages, AnEmptyReportSaysSoOnAPageOfItsOwn) {
+  const auto report = longLedger(0, 0, 1);
+  const ReportPages pages(report, {});
+  EXPECT_EQ(pages.Sheets(), 1U);
+  EXPECT_EQ(pages.Remarks().front(), "没有记录");
+}
+
 TEST(ReportPages, FootSaysWhoWhenAndWhatColoursMean) {
   const auto report = ledgerReport();
   const auto foot = ReportPages(report, {}, {"王会计", "2006-03-01 09:30"}).FootOf(1);

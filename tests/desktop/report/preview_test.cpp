@@ -15,6 +15,7 @@
 #include "desktop/page/page_view.h"
 #include "desktop/page/preview_dialog.h"
 #include "desktop/page/report_printer.h"
+#include "desktop/report/page_output.h"
 #include "desktop/report/sample_report.h"
 
 namespace tz::test {
@@ -79,6 +80,8 @@ TEST_F(PreviewTest, TurnsPagesByKeysButtonsAndNumber) {
 
 TEST_F(PreviewTest, OptionsDivideAnewAndHoldForTheNextPreview) {
   int upright = 0;
+  PageOptions kept;
+  Window().KeepPages({.last = [&] { return kept; }, .keep = [&](const PageOptions& options) { kept = options; }});
   preview([&](PreviewDialog& preview) {
     upright = preview.View().Sheets();
     EXPECT_TRUE(preview.Pages().Pages().front().carried);
@@ -93,6 +96,8 @@ TEST_F(PreviewTest, OptionsDivideAnewAndHoldForTheNextPreview) {
     EXPECT_GT(preview.View().Sheets(), upright);
     EXPECT_FALSE(control<QCheckBox>(preview, "carried").isChecked());
   });
+  EXPECT_EQ(kept.orientation, Orientation::landscape);
+  EXPECT_FALSE(kept.carriedLines);
 }
 
 TEST_F(PreviewTest, ShowsTwoSheetsBesideEachOther) {

@@ -8,6 +8,8 @@
 #include <QMenu>
 #include <QToolBar>
 
+#include "core/voucher/capital_amount.h"
+#include "desktop/page/preview_dialog.h"
 #include "desktop/report/sample_report.h"
 #include "desktop/report/voucher_paper.h"
 #include "desktop/report/voucher_sheet.h"
@@ -170,6 +172,31 @@ TEST_F(VoucherWindowTest, LooksLikeAVoucherAndGoesToItsNeighbours) {
   QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
   EXPECT_EQ(window.Shown()->head.lTieId, atEnd);
   EXPECT_TRUE(messages_.all.empty());
+}
+
+TEST_F(VoucherWindowTest, IsPrintedOnThePagesOfReports) {
+  VoucherWindow& window = show("mForeign <> 0 AND dAmount <> 0 AND sBusiness <> ''");
+  const Voucher& voucher = *window.Shown();
+  inModal([&](QWidget& dialog) {
+    const auto& pages = dynamic_cast<PreviewDialog&>(dialog).Pages();
+    std::string head;
+    for (const auto& piece : pages.Head().pieces) head += piece.text + "\n";
+    for (const auto& part : {std::string("记帐凭证"), voucher.number(), "核算单位：" + voucher.company}) {
+      EXPECT_NE(head.find(part), std::string::npos) << part << '\n' << head;
+    }
+    const auto& page = pages.Pages().front();
+    std::string rows;
+    for (const auto& line : pages.LinesOf(page)) {
+      for (const auto& column : pages.Columns().strips.front()) {
+        for (const auto& text : pages.TextOf(page, line, column)) rows += text;
+      }
+    }
+    EXPECT_NE(rows.find("合计" + capitalAmount(voucher.debit)), std::string::npos) << rows;
+    for (const auto* part : {"外币：", "业务号：", "单位："}) EXPECT_NE(rows.find(part), std::string::npos) << rows;
+    EXPECT_NE(pages.Remarks().front().find("制单：" + voucher.head.sMaker), std::string::npos);
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  QTest::keyClick(&window, Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
 }
 
 TEST_F(VoucherWindowTest, LeadsOnToTheLedgersOfItsLines) {
