@@ -67,7 +67,7 @@ std::span<const Part> manualParts() { return parts; }
 std::string composeIndexPage() {
   std::string text =
       "# 辅助核算使用手册\n\n个人往来、单位往来、部门核算、项目核算的帐表：怎样查，数字从哪里来，提示是什么意思。"
-      "在任何窗口里按 F1，打开讲它的一页；左上角的一栏在整本手册里查找。\n\n";
+      "在任何窗口里按 F1，打开讲它的一页；右上角的一栏在整本手册里查找。\n\n";
   for (const auto& part : parts) {
     if (&part == &parts[2]) {
       for (const auto area : areas) text += reportsOf(area);

@@ -22,7 +22,7 @@ struct Section {
 
 // A line break inside a paragraph is none on the screen; between Chinese signs no blank stands for it either.
 QString unwrapped(const QString& markdown) {
-  static const QRegularExpression begins(QStringLiteral(R"(^\s*([#|>]|[-*]\s|\d+\.\s|```|$))"));
+  static const QRegularExpression begins(QStringLiteral(R"(^ {4}|^\s*([#|>]|[-*]\s|\d+\.\s|```|$))"));
   QStringList lines;
   bool fenced = false;
   for (const QString& line : markdown.split(QLatin1Char('\n'))) {

@@ -234,10 +234,19 @@ TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
   focus(first_->Grid());
   press(first_->Grid(), Qt::Key_F5, Qt::NoModifier);
 
+  inModal([&](QWidget& preview) {
+    QTest::keyClick(&preview, Qt::Key_F1);
+    expectPage("printing", "");
+    leave(preview);
+  });
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+
   focus(first_->Grid());
   press(first_->Grid(), Qt::Key_K, Qt::ControlModifier);
   auto* search = navigator_->findChild<SearchWindow*>();
   ASSERT_NE(search, nullptr);
+  expectActive(*search);
   QTest::keyClick(search->focusWidget(), Qt::Key_F1);
   expectPage("search", "");
 }

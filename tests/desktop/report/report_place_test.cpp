@@ -5,6 +5,7 @@
 #include <QToolBar>
 
 #include "desktop/gridview/grid_view.h"
+#include "desktop/manual/open_manual.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/report/report_ledger.h"
 
@@ -104,9 +105,9 @@ TEST_F(ReportPlace, TheToolbarIsClicked) {
   constexpr int help = 50009;
   constexpr int close = 50010;
   clickCommand(help);
-  auto* shown = window_->findChild<QDialog*>("help");
-  ASSERT_NE(shown, nullptr);
-  EXPECT_TRUE(shown->isVisible());
+  ASSERT_NE(openManual(), nullptr);
+  EXPECT_EQ(openManual()->Place().page, "reports/10190");
+  closeManual();
   clickCommand(close);
   deleteClosed();
   EXPECT_TRUE(window_.isNull());
