@@ -16,9 +16,9 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_CURRENT_BINARY_DIR})
 
-# Loaded when first used, so that nothing else names them: servers, passwords, workbooks. Then the faces that texts,
-# headings and pages are drawn with, and the toolkit's own texts in Chinese.
-set(TZ_LOADED libpq5 libsodium23 libxlsxwriter4)
+# Loaded when first used, so that nothing else names them: servers, passwords, workbooks, printers. Then the faces of
+# texts, headings and pages, and the toolkit's own texts in Chinese.
+set(TZ_LOADED libpq5 libsodium23 libxlsxwriter4 libcups2)
 set(TZ_FACES fonts-noto-cjk fonts-arphic-uming fonts-arphic-ukai)
 list(JOIN TZ_LOADED ", " TZ_LOADED)
 list(JOIN TZ_FACES ", " TZ_FACES)

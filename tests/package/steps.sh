@@ -68,6 +68,15 @@ keys() {
   done
 }
 
+# asked: a question shows, which has the navigator's title.
+asked() {
+  for _ in {1..150}; do
+    [ "$(windows | grep -c ' 辅助核算$')" -lt 2 ] || return 0
+    sleep 0.2
+  done
+  fail "no question; there are: $(windows)"
+}
+
 # closed ID: the window goes.
 closed() {
   for _ in {1..150}; do
@@ -92,7 +101,7 @@ appears() {
 # sample company, the ledger of a person for the whole year, its preview, print, which without a printer offers a file,
 # and quit.
 use_windows() {
-  local scratch=$1 server person entry pages="$home/个人明细帐 李明 2025_01-12.pdf" status=0
+  local scratch=$1 server person entry pages="$home/个人明细帐 李明 2025.01-12.pdf" status=0
   shift
   Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp -ac 3>"$scratch/display" 2>/dev/null &
   server=$!
@@ -104,7 +113,7 @@ use_windows() {
   done
   DISPLAY=:$(cat "$scratch/display")
   export DISPLAY LC_ALL=C.UTF-8
-  as_person env "DISPLAY=$DISPLAY" "$@" &
+  as_person env "DISPLAY=$DISPLAY" CUPS_SERVER=127.0.0.1:1 "$@" &
   person=$!
   keys '辅助核算 — 打开帐套' Return
   keys 辅助核算 Down Return Right Right Return
@@ -115,9 +124,12 @@ use_windows() {
     fail "desktops do not know the window for that of $entry"
   keys 个人往来_个人明细帐 ctrl+shift+p
   keys 打印预览 ctrl+p
-  keys 打印 Return
+  asked
+  keys 辅助核算 Return
+  keys 输出到文件 Return
   appears "$pages"
   expect 预借上海机床展差旅费 pdftotext "$pages" -
+  keys 打印预览 Escape
   keys 个人往来_个人明细帐 ctrl+w
   keys 辅助核算 F10 Up Return
   wait "$person" || status=$?
