@@ -28,15 +28,15 @@ const KeptOperator* named(const Operators& all, std::string_view name) {
 
 bool keeps(const KeptOperator& one) { return one.who.everyRight && one.hasPassword; }
 
-Refusal refusal(std::string text) { return {.text = std::move(text)}; }
+Refusal refusalText(std::string text) { return {.text = std::move(text)}; }
 
-Refusal noSuchOperator(std::string_view name) { return refusal(fmt::format("没有操作员“{}”", name)); }
+Refusal noSuchOperator(std::string_view name) { return refusalText(fmt::format("没有操作员“{}”", name)); }
 
 // Where the ledger's last one with every right would go.
 Answer keeperFault(const Operators& before, const Operators& after) {
   if (after.empty() || std::ranges::any_of(after, keeps)) return std::nullopt;
-  return before.empty() ? refusal("第一个操作员必须有全部权限，否则没有人能再增加操作员、分配权限")
-                        : refusal("还有其他操作员，总要留下一个有全部权限、能够登录的操作员；请先给另一人全部权限");
+  return before.empty() ? refusalText("第一个操作员必须有全部权限，否则没有人能再增加操作员、分配权限")
+                        : refusalText("还有其他操作员，总要留下一个有全部权限、能够登录的操作员；请先给另一人全部权限");
 }
 
 // Who was asked for a password has the rights of now, not those of his logon.
@@ -45,8 +45,8 @@ Answer keeperRefusal(const Operators& all, const Operator& by, const KeptOperato
   if (own != nullptr && own->who.id == by.id) return std::nullopt;
   const auto found = std::ranges::find(all, by.id, [](const KeptOperator& one) { return one.who.id; });
   if (found != all.end() && found->who.everyRight) return std::nullopt;
-  return refusal(by.id == 0 ? std::string("帐套刚刚有了操作员，请重新登录")
-                            : fmt::format("操作员 {} 现在没有全部权限，不能管理操作员", by.name));
+  return refusalText(by.id == 0 ? std::string("帐套刚刚有了操作员，请重新登录")
+                                : fmt::format("操作员 {} 现在没有全部权限，不能管理操作员", by.name));
 }
 
 void writeRights(Connection& connection, Id id, const std::set<int>& rights) {
@@ -55,7 +55,7 @@ void writeRights(Connection& connection, Id id, const std::set<int>& rights) {
   insertRecords(connection, records);
 }
 
-std::set<int> changed(std::set<int> rights, const RightsChange& change) {
+std::set<int> rightsAfter(std::set<int> rights, const RightsChange& change) {
   for (const int right : change.take) rights.erase(right);
   rights.insert(change.give.begin(), change.give.end());
   return rights;
@@ -99,19 +99,19 @@ std::string operatorName(std::string_view typed) {
 }
 
 std::optional<Refusal> nameFault(std::string_view name) {
-  if (operatorName(name).empty()) return refusal("操作员的姓名不能是空白");
-  if (!measureText(name).clean) return refusal("操作员的姓名中有不能显示的字符");
-  if (characters(name) > longestName) return refusal(fmt::format("操作员的姓名最多 {} 个字", longestName));
+  if (operatorName(name).empty()) return refusalText("操作员的姓名不能是空白");
+  if (!measureText(name).clean) return refusalText("操作员的姓名中有不能显示的字符");
+  if (characters(name) > longestName) return refusalText(fmt::format("操作员的姓名最多 {} 个字", longestName));
   return std::nullopt;
 }
 
 std::optional<Refusal> passwordFault(std::string_view name, std::string_view password) {
-  if (password.empty()) return refusal("口令不能是空白");
-  if (!measureText(password).clean) return refusal("口令中有不能输入的字符");
+  if (password.empty()) return refusalText("口令不能是空白");
+  if (!measureText(password).clean) return refusalText("口令中有不能输入的字符");
   if (characters(password) < shortestPassword) {
-    return refusal(fmt::format("口令太短：至少 {} 个字", shortestPassword));
+    return refusalText(fmt::format("口令太短：至少 {} 个字", shortestPassword));
   }
-  if (password == name) return refusal("口令不能与姓名相同");
+  if (password == name) return refusalText("口令不能与姓名相同");
   return std::nullopt;
 }
 
@@ -138,7 +138,7 @@ OperatorBook::Answer OperatorBook::add(const NewOperator& wanted) const {
   if (auto no = passwordFault(name, wanted.password)) return no;
   const auto hash = passwordHash(wanted.password);
   return keep(name, false, [&](const Operators&, const KeptOperator* there) -> Answer {
-    if (there != nullptr) return refusal(fmt::format("已经有操作员“{}”，请换一个姓名", name));
+    if (there != nullptr) return refusalText(fmt::format("已经有操作员“{}”，请换一个姓名", name));
     const Id id = keeper_.connection().newIds(zOperatorInfo::table, 1);
     const bool everyRight = wanted.rights.everyRight.value_or(false);
     insertRecords(keeper_.connection(), std::vector{zOperatorInfo{id, name, hash, everyRight ? 1 : 0}});
@@ -153,7 +153,7 @@ OperatorBook::Answer OperatorBook::changeRights(std::string_view name, const Rig
     const bool everyRight = change.everyRight.value_or(meant->who.everyRight);
     keeper_.connection().execute(Sql("UPDATE zOperator SET bAll = ? WHERE lId = ?", everyRight ? 1 : 0, meant->who.id));
     keeper_.connection().execute(Sql("DELETE FROM zRight WHERE lOperatorId = ?", meant->who.id));
-    writeRights(keeper_.connection(), meant->who.id, changed(meant->who.rights, change));
+    writeRights(keeper_.connection(), meant->who.id, rightsAfter(meant->who.rights, change));
     return std::nullopt;
   });
 }
@@ -164,7 +164,7 @@ OperatorBook::Answer OperatorBook::rename(std::string_view name, std::string_vie
   return keep(name, false, [&](const Operators& all, const KeptOperator* meant) -> Answer {
     if (meant == nullptr) return noSuchOperator(name);
     const auto* other = named(all, wanted);
-    if (other != nullptr && other != meant) return refusal(fmt::format("已经有操作员“{}”，请换一个姓名", wanted));
+    if (other != nullptr && other != meant) return refusalText(fmt::format("已经有操作员“{}”，请换一个姓名", wanted));
     keeper_.connection().execute(Sql("UPDATE zOperator SET sName = ? WHERE lId = ?", wanted, meant->who.id));
     return std::nullopt;
   });
@@ -183,7 +183,7 @@ OperatorBook::Answer OperatorBook::setPassword(std::string_view name, const std:
 OperatorBook::Answer OperatorBook::remove(std::string_view name, bool openToEveryone) const {
   return keep(name, false, [&](const Operators& all, const KeptOperator* meant) -> Answer {
     if (meant == nullptr) return noSuchOperator(name);
-    if (all.size() == 1 && !openToEveryone) return refusal(removalQuestion(all, name).text);
+    if (all.size() == 1 && !openToEveryone) return refusalText(removalQuestion(all, name).text);
     keeper_.connection().execute(Sql("DELETE FROM zRight WHERE lOperatorId = ?", meant->who.id));
     keeper_.connection().execute(Sql("DELETE FROM zOperator WHERE lId = ?", meant->who.id));
     return std::nullopt;

@@ -9,21 +9,21 @@ namespace tz {
 namespace {
 
 enum LogColumn {
-  whenColumn,
-  byColumn,
-  workColumn,
-  voucherColumn,
-  dateColumn,
-  digestColumn,
-  accountColumn,
-  debitColumn,
-  creditColumn,
-  markColumn,
-  batchColumn
+  logWhenColumn,
+  logByColumn,
+  logWorkColumn,
+  logVoucherColumn,
+  logDateColumn,
+  logDigestColumn,
+  logAccountColumn,
+  logDebitColumn,
+  logCreditColumn,
+  logMarkColumn,
+  logBatchColumn
 };
 
 void addLogColumns(CTzGrid& grid) {
-  CTzGridControl::AddCol(grid, "时间", 130, ColumnKind::text);
+  CTzGridControl::AddCol(grid, "时间", 165, ColumnKind::text);
   CTzGridControl::AddCol(grid, "操作员", 80, ColumnKind::text);
   CTzGridControl::AddCol(grid, "操作", 130, ColumnKind::text);
   CTzGridControl::AddCol(grid, "凭证号", 60, ColumnKind::text);
@@ -61,19 +61,19 @@ void addLogRow(ComputedReport& report, const LogEntry& entry) {
   auto& grid = report.grid;
   const auto row = grid.GetRows();
   grid.SetRows(row + 1);
-  grid.SetText(row, whenColumn, entry.shown);
-  grid.SetText(row, byColumn, entry.by);
-  grid.SetText(row, workColumn, entry.work);
-  grid.SetText(row, voucherColumn, voucherOf(entry));
-  grid.SetText(row, digestColumn, summaryOf(entry));
-  grid.SetText(row, markColumn, marksOf(entry));
-  grid.SetText(row, batchColumn, entry.batch);
+  grid.SetText(row, logWhenColumn, entry.shown);
+  grid.SetText(row, logByColumn, entry.by);
+  grid.SetText(row, logWorkColumn, entry.work);
+  grid.SetText(row, logVoucherColumn, voucherOf(entry));
+  grid.SetText(row, logDigestColumn, summaryOf(entry));
+  grid.SetText(row, logMarkColumn, marksOf(entry));
+  grid.SetText(row, logBatchColumn, entry.batch);
   const auto subject = report.subjects.keep({});
   if (!entry.there) return report.subjects.set(row, subject, 0);
-  grid.SetText(row, accountColumn, fmt::format("{} {}", entry.account, entry.accountName));
+  grid.SetText(row, logAccountColumn, fmt::format("{} {}", entry.account, entry.accountName));
   if (entry.isPlan()) return report.subjects.set(row, subject, 0);
-  grid.SetDate(row, dateColumn, entry.date);
-  grid.SetNumber(row, entry.isDebit ? debitColumn : creditColumn, entry.amount);
+  grid.SetDate(row, logDateColumn, entry.date);
+  grid.SetNumber(row, entry.isDebit ? logDebitColumn : logCreditColumn, entry.amount);
   report.subjects.set(row, subject, 0, *entry.line);
 }
 
@@ -83,10 +83,10 @@ void addHeading(ComputedReport& report, const LogEntry& entry, std::size_t rows)
   const auto row = grid.GetRows();
   grid.SetRows(row + 1);
   grid.SetRowKind(row, RowKind::heading);
-  grid.SetText(row, whenColumn, entry.shown);
-  grid.SetText(row, byColumn, entry.by);
-  grid.SetText(row, workColumn, entry.work);
-  grid.SetText(row, digestColumn, fmt::format("{} 笔", rows));
+  grid.SetText(row, logWhenColumn, entry.shown);
+  grid.SetText(row, logByColumn, entry.by);
+  grid.SetText(row, logWorkColumn, entry.work);
+  grid.SetText(row, logDigestColumn, fmt::format("{} 笔", rows));
   report.subjects.set(row, report.subjects.keep({}), 0);
 }
 

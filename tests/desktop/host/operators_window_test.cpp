@@ -155,6 +155,8 @@ TEST_F(OperatorWindows, FindRenameAndRemove) {
   });
   stand(dialog, "王芳");
   QTest::keyClick(&control<QListWidget>(dialog, "operators"), Qt::Key_F2);
+  dialog.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
   QTest::keyClick(&dialog, Qt::Key_F, Qt::ControlModifier);
   auto& search = control<QLineEdit>(dialog, "search");
   EXPECT_TRUE(search.hasFocus());
