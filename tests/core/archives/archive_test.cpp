@@ -4,6 +4,7 @@
 #include "core/archives/archive_store.h"
 #include "core/check/ledger_check.h"
 #include "core/data/item_tables.h"
+#include "support/run_program.h"
 #include "support/test_ledger.h"
 
 namespace tz::test {
@@ -260,6 +261,41 @@ TEST_P(Archives, WriteNothingWhenAChangeFailsOnItsWay) {
 }
 
 TZ_ON_BOTH_DATABASES(Archives);
+
+// Run on a disk of its own size by the test below.
+TEST(ArchivesForOthers, DISABLED_AddAClass) {
+  const auto classes = projectClassArchive();
+  LedgerKeeper keeper(std::getenv("TZ_KEPT_LEDGER"), classes.tables);
+  ASSERT_FALSE(keeper.obstacle()) << keeper.obstacle()->words;
+  try {
+    EXPECT_FALSE(addRecord(keeper, classes, {{"ZZ"}, {"新的大类"}}).refused);
+  } catch (const DbError& error) {
+    EXPECT_EQ(error.kind(), DbError::Kind::full) << error.what();
+    throw;
+  }
+}
+
+TEST(ArchivesOnASmallDisk, AreWrittenWhollyOrNotAtAll) {
+  TestLedger ledger(Engine::sqlite);
+  const std::filesystem::path place(ledger.address());
+  int written = 0;
+  for (const int kibibytes : {0, 8, 1000}) {
+    ledger.keeper().query("PRAGMA wal_checkpoint(TRUNCATE)")->next();
+    const auto bytes = file_size(place) + static_cast<std::uintmax_t>(kibibytes) * 1024 + 40'960;
+    const auto run = runCommand(
+        {std::filesystem::read_symlink("/proc/self/exe").string(), "--gtest_also_run_disabled_tests",
+         "--gtest_filter=ArchivesForOthers.DISABLED_AddAClass"},
+        {"TZ_KEPT_LEDGER=" + ledger.address(), "LD_PRELOAD=" TZ_SMALL_DISK, "ASAN_OPTIONS=verify_asan_link_order=0",
+         "TZ_DISK_FOLDER=" + place.parent_path().string(), "TZ_DISK_BYTES=" + std::to_string(bytes)});
+    EXPECT_EQ(run.out.find("error.kind()"), std::string::npos) << run.out;
+    EXPECT_EQ(ledger.rows("SELECT (SELECT count(*) FROM ProjClass), (SELECT count(*) FROM ProjItems), "
+                          "(SELECT count(*) FROM systable WHERE table_name = 'ProjItemsZZ')"),
+              run.status == 0 ? "1|2|1\n" : "0|0|0\n")
+        << run.out;
+    written += run.status == 0 ? 1 : 0;
+  }
+  EXPECT_EQ(written, 1);
+}
 
 }  // namespace
 }  // namespace tz::test

@@ -53,6 +53,8 @@ class Directories : public ::testing::Test {
     enterText(edit, text);
   }
   static void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    // A form that was open above it may just have closed; shortcuts are those of the window in front.
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     QWidget* focus = window.focusWidget();
     QTest::keyClick(focus == nullptr ? &window : focus, key, modifiers);
   }
