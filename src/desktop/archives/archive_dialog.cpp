@@ -243,8 +243,20 @@ void ArchiveDialog::Add() {
   Id written = 0;
   if (RunForm(Archive(archive), std::move(begun), written)) {
     Reload(written, group == nullptr ? std::nullopt : group->id);
-    if (written != 0) status_->ShowNews(QStringLiteral("已经新增"));
+    if (written != 0) ShowNew(written);
   }
+}
+
+// Whatever hides it gives way.
+void ArchiveDialog::ShowNew(Id written) {
+  const auto* current = table_.Current();
+  if (current == nullptr || current->lId != written) {
+    search_->clear();
+    if (groupList_ != nullptr && directory_->kind != ArchiveDirectory::Kind::projects) groupList_->setCurrentRow(0);
+    OnTyped();
+    table_.StandOn(written);
+  }
+  status_->ShowNews(QStringLiteral("已经新增"));
 }
 
 void ArchiveDialog::Edit() {

@@ -71,6 +71,7 @@ class ArchiveDialog : public QDialog {
   void UpdateCommands();
 
   void Add();
+  void ShowNew(Id written);
   void Edit();
   void Remove();
   void AddGroup();

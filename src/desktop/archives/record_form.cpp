@@ -109,8 +109,7 @@ void RecordForm::Fill() {
   for (std::size_t place = 0; place < fields_.size(); ++place) {
     const auto& field = archive_.fields[place];
     auto value = input[place];
-    // A choice begins with its first entry.
-    if (field.kind == ArchiveField::Kind::settled && value.text == "0") value.text.clear();
+    if (field.kind == ArchiveField::Kind::settled) value.text = value.text.empty() || value.text == "0" ? "" : "1";
     fields_[place]->Show(value, toQt(references.NameOf(field.kind, value.id)));
   }
   shown_ = Input();

@@ -128,10 +128,18 @@ TEST_F(Directories, FindAddChangeAndDeleteByKeys) {
     EXPECT_EQ(messages_.takeLast(), "个人“张三丰”已用于 2 条分录、1 条未记帐分录、1 条辅助余额，不能删除。");
     search(window, QStringLiteral("P4"));
     press(window, Qt::Key_Delete);
-    press(window, Qt::Key_Escape);
+    // A new one is seen, whatever had been looked for.
+    search(window, QStringLiteral("P2"));
+    inForm(window, Qt::Key_Insert, [&](QWidget& form) {
+      write(form, "sPersonId", QStringLiteral("P5"));
+      write(form, "sName", QStringLiteral("周七"));
+      write(form, "lDeptId", QStringLiteral("财务部"));
+      press(form, Qt::Key_Return, Qt::ControlModifier);
+    });
+    EXPECT_EQ(shown(window), "张三丰 李四 赵六 周七 ");
     press(window, Qt::Key_Escape);
   });
-  EXPECT_EQ(rows("SELECT sName FROM Person ORDER BY lId"), "张三丰\n李四\n赵六\n");
+  EXPECT_EQ(rows("SELECT sName FROM Person ORDER BY lId"), "张三丰\n李四\n赵六\n周七\n");
   // A window that was open meanwhile knows the new names when it is next refreshed.
   auto request = ReportLedger::zhangSan();
   request.set(ParameterKey::person, "张三丰");
