@@ -1,5 +1,6 @@
 #include "desktop/manual/manual_document.h"
 
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -99,6 +100,12 @@ void setParts(const QTextBlock& block, QTextDocument& document, const Typography
   }
 }
 
+// The reader gives an empty cell to its neighbour; one with a blank that does not break stays.
+QString withFilledCells(QString markdown) {
+  static const QRegularExpression emptyCell(QStringLiteral(R"(\|[ ]*(?=\|))"));
+  return markdown.replace(emptyCell, QStringLiteral("| \u00A0 "));
+}
+
 }  // namespace
 
 QTextDocument* manualDocument(const QString& markdown, int pixels, QObject* parent) {
@@ -107,7 +114,7 @@ QTextDocument* manualDocument(const QString& markdown, int pixels, QObject* pare
   QTextDocument& document = *made;
   document.setUndoRedoEnabled(false);
   document.setDefaultFont(uiFont(pixels));
-  document.setMarkdown(markdown);
+  document.setMarkdown(withFilledCells(markdown));
   document.setDocumentMargin(type.Em(1.6));
   QTextCursor cursor(&document);
   cursor.beginEditBlock();

@@ -105,6 +105,12 @@ TEST_F(ManualTest, SetsEveryPageOfItsContents) {
     const QTextDocument& document = *Page().document();
     EXPECT_EQ(document.begin().blockFormat().headingLevel(), 1);
     const QString text = document.toPlainText();
+    for (const QTextFrame* frame : document.rootFrame()->childFrames()) {
+      const auto* table = qobject_cast<const QTextTable*>(frame);
+      for (int cell = 0; table != nullptr && cell < table->rows() * table->columns(); ++cell) {
+        EXPECT_EQ(table->cellAt(cell / table->columns(), cell % table->columns()).columnSpan(), 1) << cell;
+      }
+    }
     for (const char* mark : {"**", "](", "|---", "## "}) EXPECT_FALSE(text.contains(mark)) << mark;
   }
   for (const ReportDefinition* report : catalogue()) {
