@@ -133,6 +133,11 @@ void ReportWindow::paintEvent(QPaintEvent* /*event*/) {
   background_->PaintBackground(painter, *this);
 }
 
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+  ProcessWindow::resizeEvent(event);
+  if (toolBar_ != nullptr) FitToolBar();
+}
+
 void ReportWindow::RefreshDisplay() {
   ShowCenterWindow();
   view_->setFocus();
@@ -257,7 +262,8 @@ void ReportWindow::Show(ComputedReport computed) {
   view_->SetReport(&shown_->report);
   ShowRows(shown_->report.grid.GetRows(), shown_->report.grid.notices);
   TellSubject();
-  if (otherColumns) OpenWide(width() - view_->width() + view_->AskedWidth());
+  const int beside = width() - view_->width();
+  if (otherColumns) OpenWide(beside + std::max(view_->AskedWidth(), toolBarWidth_));
   if (const auto stand = std::exchange(stand_, std::nullopt)) {
     StandOn(*stand);
   } else {

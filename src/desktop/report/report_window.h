@@ -137,6 +137,7 @@ class ReportWindow : public ProcessWindow {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   // Keys of the grid, which its feature takes first.
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
@@ -144,6 +145,8 @@ class ReportWindow : public ProcessWindow {
   void LayOut();
   void DrawToolBar();
   void ConnectParts();
+  // Buttons lose their texts where the window is too narrow: first those whose pictures everybody knows, then all.
+  void FitToolBar();
   // Goes where the current row leads.
   void Follow(const DrillRule& detail);
   void Toggle(ParameterKey key);
@@ -192,6 +195,7 @@ class ReportWindow : public ProcessWindow {
   std::unique_ptr<ReportFeature> feature_;
 
   QToolBar* toolBar_ = nullptr;
+  int toolBarWidth_ = 0;  // with all texts
   QVBoxLayout* body_ = nullptr;
   ReportHeading* heading_ = nullptr;
   NoticeBar* warnings_ = nullptr;

@@ -1,7 +1,9 @@
 // The commands of a report's window: who answers them, which of them wait, and what the window does by itself.
 #include <QAction>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QToolBar>
+#include <QToolButton>
 #include <algorithm>
 
 #include "core/platform/sink.h"
@@ -65,6 +67,25 @@ void ReportWindow::DrawToolBar() {
   DrawAToolBar(toolBar_, table);
   for (QAction* action : toolBar_->actions()) action->setProperty(commandTip, action->toolTip());
   EnableCommands();
+}
+
+void ReportWindow::FitToolBar() {
+  enum class Texts { all, few, none };
+  for (const auto texts : {Texts::all, Texts::few, Texts::none}) {
+    for (QAction* action : toolBar_->actions()) {
+      auto* button = qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
+      const ReportCommand* command = findReportCommand(action->objectName().toInt());
+      if (button == nullptr || command == nullptr) continue;
+      const bool tab = std::ranges::find(toolbarTabs, command->command, &ToolbarTab::command) != toolbarTabs.end();
+      const bool text = texts == Texts::all || (texts == Texts::few && !command->known);
+      button->setToolButtonStyle(tab    ? Qt::ToolButtonTextOnly
+                                 : text ? Qt::ToolButtonTextBesideIcon
+                                        : Qt::ToolButtonIconOnly);
+    }
+    const int needed = toolBar_->sizeHint().width();
+    if (texts == Texts::all) toolBarWidth_ = needed;
+    if (needed <= width() - layout()->contentsMargins().left() - layout()->contentsMargins().right()) return;
+  }
 }
 
 void ReportWindow::OfferInMenu(WindowCommand command, const char* text) {

@@ -21,6 +21,7 @@ struct ReportCommand {
   const char* tip = "";
   bool takesRows = false;  // waits until there are rows to take
   bool toggles = false;    // its button shows whether it is on
+  bool known = false;      // its picture says enough where texts have no room
   void (ReportWindow::*action)() = nullptr;
   // Of reports that do not all have it; null: every report has.
   bool (*had)(const ReportDefinition&) = nullptr;
