@@ -6,6 +6,7 @@
 
 #include "core/catalogue/catalogue.h"
 #include "core/reports/conditions.h"
+#include "core/reports/operator.h"
 #include "desktop/frame/globals.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/receivables/clearing_dialogs.h"
@@ -90,6 +91,7 @@ void drawResult(const PictureBook& book, ReportWindow& window, SampleLedger& led
 }  // namespace
 
 void drawClearing(const PictureBook& book, SampleLedger& ledger) {
+  g_operator = everybody();
   drawClearingWindow(
       book, personClearing, ofPerson(), "clearing-person",
       [](ReportWindow& window) {
@@ -100,7 +102,7 @@ void drawClearing(const PictureBook& book, SampleLedger& ledger) {
         if (book.All()) drawProgress(book, &window);
       });
   drawClearingWindow(
-      book, unitClearing, ofUnit(ledger, "dept"), "clearing-unit",
+      book, unitClearing, ofUnit(ledger, "clerk"), "clearing-unit",
       [&](ReportWindow& window) {
         drawResult(book, window, ledger);
         window.Recompute();

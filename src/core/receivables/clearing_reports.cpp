@@ -29,13 +29,12 @@ constexpr std::array personToolbar = {
     WindowCommand::close,
 };
 constexpr std::array unitToolbar = {
-    WindowCommand::print,         WindowCommand::preview,         WindowCommand::exportFile,
-    WindowCommand::separator,     WindowCommand::query,           WindowCommand::separator,
-    WindowCommand::matchLines,    WindowCommand::reverseClearing, WindowCommand::undoMarks,
-    WindowCommand::checkClearing, WindowCommand::tabDate,         WindowCommand::tabDept,
-    WindowCommand::tabProject,    WindowCommand::tabClerk,        WindowCommand::separator,
-    WindowCommand::detail,        WindowCommand::generalLedger,   WindowCommand::separator,
-    WindowCommand::help,          WindowCommand::close,
+    WindowCommand::print,     WindowCommand::preview,       WindowCommand::exportFile, WindowCommand::separator,
+    WindowCommand::query,     WindowCommand::separator,     WindowCommand::matchLines, WindowCommand::reverseClearing,
+    WindowCommand::undoMarks, WindowCommand::checkClearing, WindowCommand::find,       WindowCommand::tabDate,
+    WindowCommand::tabDept,   WindowCommand::tabProject,    WindowCommand::tabClerk,   WindowCommand::separator,
+    WindowCommand::detail,    WindowCommand::generalLedger, WindowCommand::separator,  WindowCommand::help,
+    WindowCommand::close,
 };
 
 void addColumns(const ReportDefinition& /*report*/, const Conditions& conditions, CTzGrid& grid) {
@@ -53,6 +52,7 @@ constexpr ClearingReport clearing(ReportDefinition report, const ClearingMember&
   report.columns = addColumns;
   report.compute = computeClearing;
   report.busyBox = true;
+  report.feature = clearingFeature;
   return {report, member};
 }
 

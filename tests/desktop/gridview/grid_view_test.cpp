@@ -236,8 +236,10 @@ TEST_F(GridViewTest, TheMouseSelectsAndDoubleClickOpens) {
   EXPECT_EQ(view_.Selection(), (GridRange{0, 1, 1, 2}));
   QTest::mouseClick(view_.viewport(), Qt::LeftButton, Qt::ShiftModifier, view_.CellRect(2, 3).center());
   EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 1, 3}));
-  ASSERT_EQ(clicked.count(), 2);
-  EXPECT_EQ(clicked[1], (QVariantList{qint64{2}, 3}));
+  EXPECT_EQ(clicked.count(), 0) << "neither a drag nor what extends a selection is a click";
+  QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 3).center());
+  ASSERT_EQ(clicked.count(), 1);
+  EXPECT_EQ(clicked[0], (QVariantList{qint64{2}, 3}));
   QTest::mouseClick(view_.Header(), Qt::LeftButton, {}, view_.Header()->CaptionRect(2).center());
   EXPECT_EQ(view_.Selection(), (GridRange{0, 2, 2, 2}));
 
@@ -249,7 +251,7 @@ TEST_F(GridViewTest, TheMouseSelectsAndDoubleClickOpens) {
   QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 0).bottomLeft() + QPoint(5, 30));
   QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, view_.CellRect(2, 0).bottomLeft() + QPoint(5, 30));
   EXPECT_EQ(opened.count(), 2) << "below the last row there is nothing to open";
-  EXPECT_EQ(clicked.count(), 2) << "nor to click";
+  EXPECT_EQ(clicked.count(), 1) << "nor to click";
 }
 
 TEST_F(GridViewTest, CopiesCellsAsASpreadsheetTakesThem) {

@@ -1,0 +1,146 @@
+// What changes many marks in the windows of two-clearing: automatic matching, reversing and taking back; and the
+// balance check over what is marked.
+#include <QProgressBar>
+
+#include "desktop/receivables/clearing_ledger.h"
+
+namespace tz::test {
+namespace {
+
+class ClearingBatches : public ::testing::Test {
+ protected:
+  static std::string summary(const QWidget& dialog) { return fromQt(control<QLabel>(dialog, "summary").text()); }
+
+  ClearingLedger ledger_;
+  RecordedMessages messages_;
+};
+
+TEST_F(ClearingBatches, MatchingTellsWhatItClearedAndIsTakenBack) {
+  const ClearingWindow at(unitClearing);
+  at.view().SetCurrent(1, 3);
+  inWindowOf("自动勾对结果", [&](QWidget& dialog) {
+    EXPECT_EQ(at.marks(), "○○○") << "refreshed before";
+    const auto& result = control<GridView>(dialog, "8310");
+    EXPECT_EQ(fromQt(result.ShownText(0, 0)), "货款(112201)");
+    EXPECT_EQ(fromQt(result.ShownText(0, 2)), "");
+    EXPECT_EQ(fromQt(result.ShownText(0, 3)), "3");
+    EXPECT_EQ(fromQt(result.ShownText(1, 0)), "运费(112202)");
+    EXPECT_EQ(fromQt(result.ShownText(1, 3)), "");
+    EXPECT_EQ(summary(dialog), "共勾对 3 条分录。");
+    expectNamed(dialog);
+    click(dialog, "1");
+  });
+  at.press(WindowCommand::matchLines);
+  EXPECT_EQ(at.view().Current(), (GridCell{1, 3})) << "the place stays";
+  inWindowOf("自动勾对结果", [](QWidget& dialog) {
+    EXPECT_EQ(summary(dialog), "没有可以勾对的分录。");
+    click(dialog, "1");
+  });
+  at.key(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+
+  messages_.answer = false;
+  at.key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(at.marks(), "○○○");
+  const auto asked = messages_.all.back();
+  EXPECT_TRUE(asked.asks() && asked.defaultsToNo);
+  for (const auto* const part : {"王会计", "自动勾对（单位往来）", "3 条分录"}) {
+    EXPECT_NE(asked.text.find(part), std::string::npos) << asked.text;
+  }
+  messages_.answer = true;
+  messages_.all.clear();
+  at.press(WindowCommand::undoMarks);
+  EXPECT_EQ(messages_.all.size(), 1U) << "asked once";
+  EXPECT_EQ(at.marks(), "---");
+  EXPECT_EQ(at.label("status"), "已恢复 3 条分录原来的标记");
+  at.press(WindowCommand::undoMarks);
+  EXPECT_EQ(messages_.takeLast(), "没有可以撤销的两清标记");
+}
+
+TEST_F(ClearingBatches, ReversingReachesEveryPersonAndNoUnit) {
+  const ClearingWindow at(personClearing);
+  messages_.answer = false;
+  at.press(WindowCommand::reverseClearing);
+  EXPECT_EQ(messages_.all.back().text, "是否对所有个人往来业务进行反两清?");
+  EXPECT_EQ(messages_.all.back().icon, MessageIcon::information);
+  EXPECT_EQ(ledger_.marks(), "3:2\n4:1\n14:1\n");
+  messages_.answer = true;
+  at.key(Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(ledger_.marks(), "14:1\n") << "李四 too, the unit not";
+  EXPECT_EQ(at.marks(), "---");
+  EXPECT_EQ(at.label("status"), "已取消 2 条分录的两清标记");
+  at.press(WindowCommand::undoMarks);
+  EXPECT_EQ(ledger_.marks(), "3:2\n4:1\n14:1\n");
+  EXPECT_EQ(at.marks(), "--○");
+
+  const ClearingWindow unit(unitClearing);
+  messages_.answer = false;
+  unit.press(WindowCommand::reverseClearing);
+  EXPECT_EQ(messages_.all.back().text, "是否对所有单位往来业务进行反两清?");
+  EXPECT_EQ(messages_.all.back().icon, MessageIcon::question);
+  EXPECT_EQ(messages_.all.back().caption, "岚川财务软件");
+  EXPECT_TRUE(unit.window().ActionOf(50029)->toolTip().contains(QStringLiteral("所有单位")));
+}
+
+TEST_F(ClearingBatches, TheCheckComparesWhatIsMarked) {
+  const ClearingWindow at(unitClearing);
+  at.press(WindowCommand::checkClearing);
+  EXPECT_EQ(messages_.all.back().caption, "岚川财务软件");
+  EXPECT_EQ(messages_.takeLast(), "往来两清检查平衡");
+  at.click(0, at.markColumn());
+  at.click(2, at.markColumn());
+  inModal([](QWidget& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("单位两清往来检查"));
+    const auto& told = control<GridView>(dialog, "8310");
+    EXPECT_EQ(fromQt(told.ShownText(0, 0)), "金额不平");
+    EXPECT_EQ(fromQt(told.ShownText(0, 1)), "30.00");
+    EXPECT_EQ(fromQt(told.ShownText(0, 2)), "100.00");
+    expectNamed(dialog);
+    control<QAction>(dialog, "50010").trigger();
+  });
+  at.key(Qt::Key_B, Qt::ControlModifier);
+  at.click(1, at.markColumn());
+  at.press(WindowCommand::checkClearing);
+  EXPECT_EQ(messages_.takeLast(), "往来两清检查平衡");
+}
+
+TEST_F(ClearingBatches, MatchingStopsBetweenTwoParties) {
+  constexpr int many = 2000;
+  std::string staff = "lId | sPersonId | sName | lDeptId\n",
+              lines = "lId | lTieId | lCodeId | lDeptId | lPersonId | mMoney | bDirect | sDigest | dtDate\n";
+  for (int number = 100; number < 100 + many; ++number) {
+    staff.append(QStringLiteral("%1 | N%1 | 职工%1 | 1\n").arg(number).toStdString());
+    for (const int debit : {1, 0}) {
+      lines.append(QStringLiteral("%1 | 2 | 1 | 1 | %2 | 10 | %3 | 借还 | 2006-01-05\n")
+                       .arg(number * 2 + debit)
+                       .arg(number)
+                       .arg(debit)
+                       .toStdString());
+    }
+  }
+  ledger_.ledger().fill("Person", staff);
+  ledger_.ledger().fill("RegSub", lines);
+  const ClearingWindow at(personClearing);
+  const auto matches = [](const QWidget& progress) {
+    return !control<QLabel>(progress, QStringLiteral("8329")).text().isEmpty();
+  };
+  const auto stop = [](QWidget& progress) {
+    EXPECT_EQ(fromQt(control<QLabel>(progress, "8330").text()), "职工借款(122101)");
+    EXPECT_EQ(control<QProgressBar>(progress, "8331").maximum(), 1);
+    expectNamed(progress);
+    click(progress, "2");
+  };
+  inWindowOf("自动勾对", stop, matches);
+  inWindowOf("自动勾对结果", [](QWidget& result) {
+    EXPECT_NE(summary(result).find("勾对已停止"), std::string::npos) << summary(result);
+    click(result, "1");
+  });
+  at.press(WindowCommand::matchLines);
+  EXPECT_EQ(ledger_.ledger().rows("SELECT COUNT(*) FROM (SELECT lPersonId FROM RegSub WHERE byFlag = 2 AND lPersonId "
+                                  ">= 100 GROUP BY lPersonId HAVING COUNT(*) <> 2)"),
+            "0\n")
+      << "a party is matched wholly or not at all";
+  EXPECT_NE(ledger_.ledger().rows("SELECT COUNT(*) FROM RegSub WHERE byFlag = 0 AND lPersonId >= 100"), "0\n");
+}
+
+}  // namespace
+}  // namespace tz::test
