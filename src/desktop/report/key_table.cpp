@@ -93,6 +93,7 @@ constexpr KeyEntry reportKeys[] = {
     {"Esc", "停止正在进行的计算或输出"},
     {"Alt+O、Alt+D", "输出以后打开文件、打开它所在的文件夹"},
     {"Ctrl+G、Ctrl+L", "隐藏明细、隐藏零值，再按一次恢复；工具栏上有这两个按钮的帐表"},
+    {"空格、在“两清”栏单击", "往来两清：改当前行的标记"},
 };
 
 constexpr KeyEntry voucherKeys[] = {
