@@ -222,8 +222,8 @@ TEST_F(Directories, SortByColumnsAndKeepClassesOfUnitsBesideTheList) {
       press(form, Qt::Key_Return, Qt::ControlModifier);
       EXPECT_EQ(messages_.takeLast(), "已有同名的单位“宏达厂”（K1），按名称查询时只能查到其中一个。仍要写入吗？");
       write(form, "sEnterName", QStringLiteral("昭和厂"));
-      click(form, QStringLiteral("goOn"));
-      EXPECT_EQ(noteOf(form), "“昭和厂”已经保存。");
+      press(form, Qt::Key_N, Qt::AltModifier);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return noteOf(form) == "“昭和厂”已经保存。"; })) << noteOf(form);
       EXPECT_EQ(control<QLineEdit>(form, QStringLiteral("lClassId")).text(), QStringLiteral("供应商"));
       press(form, Qt::Key_Escape);
     });
