@@ -56,7 +56,8 @@ OperatorForm::OperatorForm(const QString& title, Keep keep, QWidget* parent)
   auto* box = new QDialogButtonBox(this);
   ok_ = box->addButton(QStringLiteral("确定"), QDialogButtonBox::AcceptRole);
   ok_->setObjectName(QStringLiteral("1"));
-  box->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole)->setObjectName(QStringLiteral("2"));
+  cancel_ = box->addButton(QStringLiteral("取消"), QDialogButtonBox::RejectRole);
+  cancel_->setObjectName(QStringLiteral("2"));
   connect(box, &QDialogButtonBox::accepted, this, &OperatorForm::accept);
   connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
   wait_ = new LogonWait(logonDelays(), *ok_);
@@ -69,12 +70,20 @@ OperatorForm::OperatorForm(const QString& title, Keep keep, QWidget* parent)
   setMinimumWidth(formWidth);
 }
 
+// The buttons were there first, but the fields stand above them.
+void OperatorForm::AddField(const QString& caption, QWidget* field, QWidget* stop) {
+  form_->addRow(caption, field);
+  setTabOrder(stop, ok_);
+  setTabOrder(ok_, cancel_);
+  if (focusWidget() == nullptr) stop->setFocus();
+}
+
 void OperatorForm::AddName(const QString& name) {
   name_ = new QLineEdit(name, this);
   name_->setObjectName(QStringLiteral("name"));
   name_->setAccessibleName(QStringLiteral("姓名"));
   name_->selectAll();
-  form_->addRow(QStringLiteral("姓名"), name_);
+  AddField(QStringLiteral("姓名"), name_, name_);
 }
 
 void OperatorForm::AddEveryRight(bool checked, bool fixed) {
@@ -83,13 +92,13 @@ void OperatorForm::AddEveryRight(bool checked, bool fixed) {
   everyRight_->setChecked(checked);
   everyRight_->setEnabled(!fixed);
   if (fixed) everyRight_->setToolTip(QStringLiteral("第一个操作员必须有全部权限"));
-  form_->addRow(QString(), everyRight_);
+  AddField(QString(), everyRight_, everyRight_);
 }
 
 void OperatorForm::AddOldPassword(std::function<LogonQuestion()> question) {
   question_ = std::move(question);
   old_ = new PasswordEdit(QStringLiteral("oldPassword"), QStringLiteral("现在的口令"), this);
-  form_->addRow(QStringLiteral("现在的口令"), old_);
+  AddField(QStringLiteral("现在的口令"), old_, old_->Line());
   wait_->Begin();
 }
 
@@ -100,8 +109,8 @@ void OperatorForm::AddNewPassword(const QString& hint) {
   rule->setForegroundRole(QPalette::PlaceholderText);
   rule->setWordWrap(true);
   new_->Line()->setAccessibleDescription(hint);
-  form_->addRow(QStringLiteral("新口令"), new_);
-  form_->addRow(QStringLiteral("再输入一次"), again_);
+  AddField(QStringLiteral("新口令"), new_, new_->Line());
+  AddField(QStringLiteral("再输入一次"), again_, again_->Line());
   form_->addRow(QString(), rule);
 }
 

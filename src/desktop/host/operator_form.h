@@ -42,6 +42,7 @@ class OperatorForm : public QDialog {
   void accept() override;
 
  private:
+  void AddField(const QString& caption, QWidget* field, QWidget* stop);
   [[nodiscard]] bool NewPasswordFits();
   [[nodiscard]] bool OldPasswordFits();
   void Refuse(const Failure& failure, QWidget* field);
@@ -56,6 +57,7 @@ class OperatorForm : public QDialog {
   PasswordEdit* again_ = nullptr;
   FailureNote* failure_;
   QPushButton* ok_;
+  QPushButton* cancel_;
   LogonWait* wait_;
 };
 

@@ -93,6 +93,10 @@ TEST_F(OperatorWindows, KeepOperatorsByKeysAlone) {
   inModal([](QWidget& form) {
     expectNamed(form);
     EXPECT_FALSE(control<QCheckBox>(form, "everyRight").isEnabled()) << "the first one has every right";
+    for (const char* stop : {"name", "newPassword", "newPasswordAgain", "1", "2"}) {
+      EXPECT_EQ(fromQt(form.focusWidget()->objectName()), stop);
+      QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+    }
     type(form, "name", QStringLiteral(" 主管 "));
     typePasswords(form, longPassword, QStringLiteral("另一个足够长的口令"));
     click(form, "1");
