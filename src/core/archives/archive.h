@@ -5,6 +5,7 @@
 // Values are typed as the columns are: ids, figures, texts.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>

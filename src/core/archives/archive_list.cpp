@@ -83,8 +83,8 @@ void sortRecords(std::vector<ArchiveRecord>& records, const Archive& archive, co
     }
     return one < other;
   };
-  std::ranges::stable_sort(records, [&](const ArchiveRecord& left, const ArchiveRecord& right) {
-    return downwards ? less(right, left) : less(left, right);
+  std::ranges::stable_sort(records, [&](const ArchiveRecord& one, const ArchiveRecord& other) {
+    return downwards ? less(other, one) : less(one, other);
   });
 }
 

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/reports/keeper.h"
@@ -56,7 +57,7 @@ inline constexpr int shortestPassword = 8;  // characters
 class OperatorBook {
  public:
   // A keeper of operatorTables, without an obstacle.
-  OperatorBook(LedgerKeeper& keeper, const Operator& by) : keeper_(keeper), by_(by) {}
+  OperatorBook(LedgerKeeper& keeper, Operator by) : keeper_(keeper), by_(std::move(by)) {}
 
   using Answer = std::optional<Refusal>;
   [[nodiscard]] Answer add(const NewOperator& wanted) const;

@@ -18,7 +18,7 @@ std::string logPlans(Session& session, std::span<const PlanChange> changes, Plan
   if (changes.empty()) return {};
   auto& connection = session.db.Current();
   auto id = connection.newIds(MarkLogInfo::table, static_cast<std::int64_t>(changes.size()));
-  const auto batch = fmt::format("{}{}", work == PlanWork::byHand ? setPlans : autoPlans, id);
+  auto batch = fmt::format("{}{}", work == PlanWork::byHand ? setPlans : autoPlans, id);
   const auto when = utcText(session.now());
   std::vector<MarkLogInfo> rows;
   rows.reserve(changes.size());
