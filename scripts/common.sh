@@ -142,7 +142,8 @@ build() {
 # pack FOLDER [WHERE]: packs what was built in FOLDER as a Debian package into WHERE, without it into build, and prints
 # the package's name. An older package of that name is replaced when the new one is whole.
 pack() {
-  local folder=$PWD/$1 where=${2:-build} scratch made
+  local folder where=${2:-build} scratch made
+  folder=$(realpath "$1")
   mkdir -p "$where"
   scratch=$(mktemp -d "$where/packing.XXXXXX")
   (cd "$scratch" && umask 022 && cpack --config "$folder/CPackConfig.cmake" -B .) >"$where/package.log" 2>&1 || {

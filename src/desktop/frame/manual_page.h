@@ -15,7 +15,7 @@ inline void setManualPage(QWidget& window, const QString& page) { window.setProp
 // Of the widget or the nearest above it that has one; empty for none.
 [[nodiscard]] inline QString manualPageOf(const QWidget* widget) {
   for (; widget != nullptr; widget = widget->parentWidget()) {
-    const QString page = widget->property(manualPageProperty).toString();
+    QString page = widget->property(manualPageProperty).toString();
     if (!page.isEmpty()) return page;
   }
   return {};

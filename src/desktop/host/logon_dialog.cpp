@@ -120,7 +120,7 @@ LogonDialog::LogonDialog(const OpenLedger& ledger, const QString& lastOperator, 
   layout->addWidget(box);
   setMinimumWidth(340);
   password_->setFocus();
-  wait_ = new LogonWait(delays_, *ok_);
+  wait_ = new LogonWait(delays_, *ok_);  // NOLINT(cppcoreguidelines-prefer-member-initializer): ok_ is made above
   connect(wait_, &LogonWait::begun, this, [this] { TakeInput(false); });
   connect(wait_, &LogonWait::over, this, [this] {
     TakeInput(true);

@@ -60,6 +60,7 @@ OperatorForm::OperatorForm(const QString& title, Keep keep, QWidget* parent)
   cancel_->setObjectName(QStringLiteral("2"));
   connect(box, &QDialogButtonBox::accepted, this, &OperatorForm::accept);
   connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  // NOLINTNEXTLINE(cppcoreguidelines-prefer-member-initializer): ok_ is made above
   wait_ = new LogonWait(logonDelays(), *ok_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(formMargin, formMargin, formMargin, formMargin);

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "core/operators/operator_book.h"
 #include "core/reports/explain_error.h"
@@ -73,8 +74,8 @@ std::optional<Date> dayOf(const QDateEdit& edit) {
 
 }  // namespace
 
-WorkLogWindow::WorkLogWindow(const Operator& who, QWidget* parent)
-    : ProcessWindow(workLogWindow, logTemplate, parent), who_(who) {
+WorkLogWindow::WorkLogWindow(Operator who, QWidget* parent)
+    : ProcessWindow(workLogWindow, logTemplate, parent), who_(std::move(who)) {
   setWindowTitle(QStringLiteral("操作日志"));
   setManualPage(*this, logPage);
 }

@@ -26,7 +26,7 @@ class WorkLogWindow : public ProcessWindow {
   static constexpr int workLogWindow = 90002;
 
   // Whoever lacks the right to everything sees his own work only.
-  WorkLogWindow(const Operator& who, QWidget* parent);
+  WorkLogWindow(Operator who, QWidget* parent);
 
   void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
   [[nodiscard]] GridView& Grid() const { return *view_; }

@@ -23,7 +23,7 @@ constexpr int denseLines = 100;
 struct Typography {
   int pixels;
 
-  [[nodiscard]] int Em(double parts) const { return static_cast<int>(pixels * parts + 0.5); }
+  [[nodiscard]] int Em(double parts) const { return qRound(pixels * parts); }
 };
 
 void setHeading(QTextCursor& cursor, int level, const Typography& type) {

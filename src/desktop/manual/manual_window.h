@@ -23,7 +23,7 @@ class ManualWindow : public QWidget {
   ManualWindow();
 
   // The page "index" where there is none of that name.
-  void Open(const ManualPlace& place);
+  void Open(const ManualPlace& wanted);
   // Beside a dialog that keeps all other windows waiting.
   void StandBeside(QWidget* dialog);
   [[nodiscard]] const ManualPlace& Place() const { return visited_[current_].place; }

@@ -48,7 +48,8 @@ int PageView::SheetInTheMiddle() const {
 
 void PageView::GoTo(int sheet) {
   const int wanted = std::clamp(sheet, 0, std::max(0, Sheets() - 1));
-  verticalScrollBar()->setValue(static_cast<int>(std::lround(wanted / Across() * RowHeight())));
+  const int row = wanted / Across();
+  verticalScrollBar()->setValue(static_cast<int>(std::lround(row * RowHeight())));
   current_ = wanted;  // also where the view sees several rows
   emit currentChanged(current_);
 }
@@ -75,10 +76,11 @@ QRectF PageView::SheetPlace(int sheet) const {
   const QSizeF size = SheetSize();
   const double all = Across() * (size.width() + gap) - gap;
   const double room = viewport()->width() - all;
+  const int row = sheet / Across();
   const double left = room > 2 * gap ? room / 2 : gap - horizontalScrollBar()->value();
-  return {QPointF(left + sheet % Across() * (size.width() + gap),
-                  gap + sheet / Across() * RowHeight() - verticalScrollBar()->value()),
-          size};
+  return {
+      QPointF(left + sheet % Across() * (size.width() + gap), gap + row * RowHeight() - verticalScrollBar()->value()),
+      size};
 }
 
 void PageView::LayOut() {
