@@ -5,7 +5,7 @@
 
 #include "core/operators/work_log.h"
 #include "desktop/frame/process_window.h"
-#include "desktop/report/export_file.h"
+#include "desktop/report/page_output.h"
 
 class QComboBox;
 class QDateEdit;
@@ -28,7 +28,7 @@ class WorkLogWindow : public ProcessWindow {
   // Whoever lacks the right to everything sees his own work only.
   WorkLogWindow(Operator who, QWidget* parent);
 
-  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
+  void KeepFolder(ExportFolder folder) { files_.KeepFolder(std::move(folder)); }
   [[nodiscard]] GridView& Grid() const { return *view_; }
   [[nodiscard]] QToolBar* CommandBar() const override { return toolBar_; }
 
@@ -58,7 +58,7 @@ class WorkLogWindow : public ProcessWindow {
   GridView* view_ = nullptr;
   GridTools* tools_ = nullptr;
   ReportStatus* status_ = nullptr;
-  ExportFolder exportFolder_;
+  PageOutput files_{*this};
   std::unique_ptr<ComputedReport> shown_;
 };
 

@@ -76,6 +76,7 @@ void SearchWindow::LayOut() {
   body->addWidget(view_);
   tools_ = new GridTools(*view_, *body, true);
   status_ = new ReportStatus(this);
+  files_.SetStatus(*status_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 6, 12, 8);
   layout->setSpacing(6);
@@ -247,20 +248,7 @@ void SearchWindow::OpenVoucher() {
 
 void SearchWindow::Export() {
   if (!shown_ || LongWork::Running()) return;
-  const auto target = askExportTarget(this, *shown_, exportFolder_);
-  if (!target) return;
-  try {
-    bool whole = false;
-    {
-      LongWork work(*this);
-      const WorkDisplay display(work, *status_, this, QStringLiteral("正在输出…"));
-      whole = writeExport(*shown_, *target, {}, work);
-    }
-    whole ? status_->ShowExported(target->path) : status_->ShowNews(QStringLiteral("输出已停止，没有写入文件"));
-  } catch (const OutputError& error) {
-    logFailure("查找分录", error.what());
-    status_->ShowFailure(toQt(error.what()));
-  }
+  if (const auto target = askExportTarget(this, *shown_, files_.Folder())) files_.WriteFile(*shown_, *target);
 }
 
 }  // namespace tz

@@ -6,7 +6,7 @@
 
 #include "core/voucher/line_search.h"
 #include "desktop/frame/process_window.h"
-#include "desktop/report/export_file.h"
+#include "desktop/report/page_output.h"
 
 class QComboBox;
 class QToolBar;
@@ -27,7 +27,7 @@ class SearchWindow : public ProcessWindow {
 
   explicit SearchWindow(QWidget* parent);
 
-  void KeepFolder(ExportFolder folder) { exportFolder_ = std::move(folder); }
+  void KeepFolder(ExportFolder folder) { files_.KeepFolder(std::move(folder)); }
   [[nodiscard]] GridView& Grid() const { return *view_; }
   [[nodiscard]] QString ListEntry() const override;
   [[nodiscard]] QToolBar* CommandBar() const override { return toolBar_; }
@@ -63,7 +63,7 @@ class SearchWindow : public ProcessWindow {
   GridView* view_ = nullptr;
   GridTools* tools_ = nullptr;
   ReportStatus* status_ = nullptr;
-  ExportFolder exportFolder_;
+  PageOutput files_{*this};
   std::unique_ptr<ComputedReport> shown_;
 };
 
