@@ -77,10 +77,11 @@ ControlText ofAccount(const ControlSpec& control, const DialogSpec& dialog) {
             .meaning = fmt::format("左边列出{}，移到右边的才列入；移入的科目连同它的下级。", words),
             .empty = "可以，就是全部"};
   }
-  return {
-      .caption = {},
-      .meaning = fmt::format("列出{}。选一个，连同它的全部下级。输入编码、名称的一部分或拼音首字母就能找到。", words),
-      .empty = std::string(alwaysOne)};
+  const bool leaves = words.find("末级") != std::string_view::npos;
+  return {.caption = {},
+          .meaning = fmt::format("列出{}。选一个{}。输入编码、名称的一部分或拼音首字母就能找到。", words,
+                                 leaves ? "" : "，连同它的全部下级"),
+          .empty = std::string(alwaysOne)};
 }
 
 ControlText ofRange(const ControlSpec& control) {
