@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 #include <tuple>
 
 namespace tz {
@@ -278,6 +279,8 @@ int CGetData::GetMonth(std::string_view text) {
   const auto date = StringToTime(whole);
   return date ? date->month : 0;
 }
+
+std::string nameOrNumber(const std::string& name, Id id) { return name.empty() ? fmt::format("（编号 {}）", id) : name; }
 
 ScalAndPrice CGetData::GetScalAndPrice(double amount, double quantity, double foreign, int rateMethod) {
   ScalAndPrice result;

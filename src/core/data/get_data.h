@@ -29,6 +29,9 @@ struct ScalAndPrice {
   double rate = 0;
 };
 
+// The name, or "（编号 7）" for a record that has none or is not in its archive.
+[[nodiscard]] std::string nameOrNumber(const std::string& name, Id id);
+
 // A table read once: its records by lId order, and places by key.
 template <class Record>
 struct CachedTable {

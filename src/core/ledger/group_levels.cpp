@@ -122,8 +122,7 @@ bool GroupColumns::read(const Cursor& row, GroupKey& key) const {
 }
 
 std::string entityName(Entity entity, const GroupPart& part, const Conditions& conditions) {
-  const auto name = recordedName(entity, part, conditions);
-  return name.empty() ? fmt::format("（编号 {}）", part.id) : name;
+  return nameOrNumber(recordedName(entity, part, conditions), part.id);
 }
 
 void addGroup(Subject& subject, Entity entity, const GroupPart& part, const Conditions& conditions) {

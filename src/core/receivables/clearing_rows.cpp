@@ -118,7 +118,7 @@ class ClearingGroups {
       const auto found = std::ranges::find(items, id, &ItemInfo::lId);
       if (found != items.end()) std::tie(group.code, group.name) = std::tie(found->fields.at(0), found->fields.at(1));
     }
-    if (group.name.empty() && id != 0) group.name = fmt::format("（编号 {}）", id);
+    if (id != 0) group.name = nameOrNumber(group.name, id);
     return group;
   }
 

@@ -1,7 +1,6 @@
 #include "core/voucher/line_search.h"
 
 #include <cmath>
-#include <fmt/format.h>
 #include <limits>
 #include <map>
 #include <set>
@@ -112,10 +111,7 @@ FoundLine lineOf(const Cursor& row, Book book, const FoundBy& by) {
   return line;
 }
 
-std::string namedOr(const std::string& name, Id id) {
-  if (id == 0) return {};
-  return name.empty() ? fmt::format("（编号 {}）", id) : name;
-}
+std::string namedOr(const std::string& name, Id id) { return id == 0 ? std::string() : nameOrNumber(name, id); }
 
 class LineNames {
  public:

@@ -168,7 +168,7 @@ void addNamed(std::vector<VoucherDetail>& details, std::string_view caption, std
 
 std::string VoucherMember::shown() const {
   if (!named()) return {};
-  return name.empty() ? fmt::format("（{} 号，不在档案中）", id) : name;
+  return nameOrNumber(name, id);
 }
 
 std::string VoucherLine::accountText() const {
