@@ -15,6 +15,11 @@ if(TZ_SANITIZE)
   target_compile_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE} -fno-sanitize-recover=all
                                               -fno-omit-frame-pointer)
   target_link_options(tz_options INTERFACE -fsanitize=${TZ_SANITIZE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND TZ_SANITIZE MATCHES "undefined")
+    # With these GCC compares no address of a function in a constant expression (its bug 71962), as the makers of the
+    # report records do. A null pointer that is followed ends a test all the same.
+    target_compile_options(tz_options INTERFACE -fno-sanitize=null,nonnull-attribute,returns-nonnull-attribute)
+  endif()
 endif()
 
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
