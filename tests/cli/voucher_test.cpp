@@ -93,8 +93,8 @@ TEST_P(VoucherTest, LooksLikeAVoucher) {
 )");
   // What the ledger names and does not hold is told, and so is a voucher that does not balance.
   const auto odd = ask("30").out;
-  for (const auto* text : {"（66 号科目，不在科目表中）", "部门：（编号 77）", "单位：（编号 78）",
-                           "项目：（编号 79）", "负叁角整", "-0.30"}) {
+  for (const auto* text : {"（66 号科目，不在科目表中）", "部门：（编号 77）", "单位：（编号 78）", "项目：（编号 79）",
+                           "负叁角整", "-0.30"}) {
     EXPECT_NE(odd.find(text), std::string::npos) << text << "\n" << odd;
   }
   EXPECT_EQ(odd.find("借贷不平"), std::string::npos) << "0.1 + 0.2 = 0.3";

@@ -280,7 +280,9 @@ int CGetData::GetMonth(std::string_view text) {
   return date ? date->month : 0;
 }
 
-std::string nameOrNumber(const std::string& name, Id id) { return name.empty() ? fmt::format("（编号 {}）", id) : name; }
+std::string nameOrNumber(const std::string& name, Id id) {
+  return name.empty() ? fmt::format("（编号 {}）", id) : name;
+}
 
 ScalAndPrice CGetData::GetScalAndPrice(double amount, double quantity, double foreign, int rateMethod) {
   ScalAndPrice result;
