@@ -20,7 +20,8 @@ void RowSubjects::set(std::int64_t row, Place subject, int level, const LineId& 
                 .subject = subject,
                 .book = line.book,
                 .level = static_cast<std::int8_t>(level),
-                .isLine = true};
+                .isLine = true,
+                .opening = line.opening};
 }
 
 const Subject& RowSubjects::of(std::int64_t row) const {
@@ -36,7 +37,7 @@ int RowSubjects::level(std::int64_t row) const {
 std::optional<LineId> RowSubjects::line(std::int64_t row) const {
   const auto* const found = find(row);
   if (found == nullptr || !found->isLine) return std::nullopt;
-  return LineId{.book = found->book, .line = found->line, .voucher = found->voucher};
+  return LineId{.book = found->book, .line = found->line, .voucher = found->voucher, .opening = found->opening};
 }
 
 RowSubjects::Row& RowSubjects::rowAt(std::int64_t row) {

@@ -32,6 +32,7 @@ struct LineId {
   Book book = Book::posted;
   Id line = 0;
   Id voucher = 0;
+  bool opening = false;  // of an opening voucher, which is no voucher to open
 
   bool operator==(const LineId&) const = default;
 };
@@ -72,6 +73,7 @@ class RowSubjects {
     Book book = Book::posted;
     std::int8_t level = wholeReport;
     bool isLine = false;
+    bool opening = false;
   };
   static_assert(sizeof(Row) <= 24);
 

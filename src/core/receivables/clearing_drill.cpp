@@ -8,7 +8,7 @@ bool anyLine(const DrillPlace& place) { return place.shown.subjects.hasLines(); 
 
 bool lineRow(const DrillPlace& place) { return place.row >= 0 && place.shown.subjects.line(place.row).has_value(); }
 
-bool noOpeningLine(const DrillPlace& place) { return place.shown.grid.RowDataAt(place.row) != openingLineData; }
+bool noOpeningLine(const DrillPlace& place) { return !place.shown.subjects.line(place.row)->opening; }
 
 DrillAnswer voucherTarget(const DrillRule& /*rule*/, const DrillPlace& place) {
   return VoucherTarget{*place.shown.subjects.line(place.row)};

@@ -23,8 +23,6 @@ struct ClearingReport : ReportDefinition {
 };
 
 inline constexpr std::string_view clearingFeature = "two-clearing";
-// The row data of a line of an opening voucher.
-inline constexpr std::int32_t openingLineData = 2;
 
 inline constexpr std::array<std::string_view, 7> clearingRules = {
     "列出所选科目和所选个人或单位的已记帐分录，从期初分录到截止月份月末，按凭证日期、凭证字、凭证号、分录的次序。",

@@ -203,7 +203,8 @@ class ClearingRows {
   }
   void write(const ClearingLine& line) {
     const auto row = append(RowKind::line);
-    subjects_.set(row, about_, level(), {.book = Book::posted, .line = line.line, .voucher = line.voucher});
+    subjects_.set(row, about_, level(),
+                  {.book = Book::posted, .line = line.line, .voucher = line.voucher, .opening = line.opening});
     grid_.SetDate(row, ClearingColumns::date, line.bill);
     grid_.SetText(row, ClearingColumns::voucher, line.number);
     if (columns_.group >= 0) grid_.SetText(row, columns_.group, group_);
@@ -213,7 +214,6 @@ class ClearingRows {
     put(row, line.debit ? columns_.debitQuantity : columns_.creditQuantity, own.quantity);
     put(row, line.debit ? columns_.debitForeign : columns_.creditForeign, own.foreign);
     put(row, line.debit ? columns_.debitAmount : columns_.creditAmount, own.amount);
-    if (line.opening) grid_.SetRowData(row, openingLineData);
     if (line.mark != 0) {
       grid_.SetBackground(row, member_.marked);
       grid_.SetText(row, columns_.mark, markSign(line.mark));
