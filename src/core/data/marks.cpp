@@ -41,7 +41,9 @@ void forEachList(const Changes& changes, const auto& work) {
   }
 }
 
-bool allChanged(Connection& connection, const Changes& changes) {
+// A mark that stays what it is is not written: it may be another program's, which nobody may set.
+bool allChanged(Connection& connection, Changes changes) {
+  std::erase_if(changes, [](const MarkChange& one) { return one.read == one.wanted; });
   std::int64_t changed = 0;
   forEachList(changes, [&](const std::string& list) {
     changed += connection.execute(

@@ -5,6 +5,18 @@
 #include "core/data/record_io.h"
 
 namespace tz {
+namespace {
+
+// A line's id and its voucher's: on a server the first alone may stand in several vouchers.
+using MarkedLine = std::pair<Id, Id>;
+struct MarkedLineHash {
+  std::size_t operator()(const MarkedLine& line) const {
+    constexpr std::size_t spread = 0x9E3779B97F4A7C15U;
+    return std::hash<Id>()(line.first) ^ std::hash<Id>()(line.second) * spread;
+  }
+};
+
+}  // namespace
 
 MarkHistory::MarkHistory(Connection& connection) {
   std::unordered_map<std::string, std::uint32_t> places;
@@ -16,7 +28,7 @@ MarkHistory::MarkHistory(Connection& connection) {
   while (log->next()) {
     batchName = log->text(name);
     const auto [found, added] = places.try_emplace(batchName, static_cast<std::uint32_t>(batches_.size()));
-    if (added) batches_.push_back({.name = batchName, .work = workOf(batchName), .who = {}, .when = {}});
+    if (added) batches_.push_back({.name = batchName, .work = workOf(batchName), .firstRow = rows_.size()});
     auto& batch = batches_[found->second];
     batch.who = log->text(who);
     batch.when = log->text(when);
@@ -28,13 +40,16 @@ MarkHistory::MarkHistory(Connection& connection) {
                      .after = static_cast<std::uint8_t>(log->integer(after)),
                      .batch = found->second});
   }
-  for (auto& batch : batches_) batch.takenBack = places.contains(undoOf(batch.name));
+  for (auto& batch : batches_) {
+    const auto undo = places.find(undoOf(batch.name));
+    if (undo != places.end()) batch.takenBackAt = batches_[undo->second].firstRow;
+  }
 }
 
 std::vector<const MarkHistory::Batch*> MarkHistory::open() const {
   std::vector<const Batch*> found;
   for (const auto& batch : batches_) {
-    if (!batch.name.empty() && !batch.work.undone && !batch.takenBack) found.push_back(&batch);
+    if (!batch.name.empty() && !batch.work.undone && !batch.takenBackAt) found.push_back(&batch);
   }
   std::ranges::sort(found, std::greater(), &Batch::lastRow);
   return found;
@@ -42,16 +57,19 @@ std::vector<const MarkHistory::Batch*> MarkHistory::open() const {
 
 const MarkHistory::Batch* MarkHistory::find(std::string_view name) const {
   const auto found = std::ranges::find(batches_, name, &Batch::name);
-  return found == batches_.end() || found->takenBack ? nullptr : &*found;
+  return found == batches_.end() || found->takenBackAt ? nullptr : &*found;
 }
 
 // What stood there before a row. A batch that was taken back after it no longer counts: what stood before that one
-// does.
+// does. One that was taken back before it had left nothing behind by then.
 int MarkHistory::markBefore(const Story& story, std::size_t place) const {
-  int mark = rows_[story[place]].before;
+  const auto changed = story[place];
+  int mark = rows_[changed].before;
   while (place-- > 0) {
     const auto& row = rows_[story[place]];
-    if (batches_[row.batch].work.undone) continue;
+    const auto& batch = batches_[row.batch];
+    const bool undone = batch.work.undone || (batch.takenBackAt && *batch.takenBackAt < changed);
+    if (undone) continue;
     if (holds(row) || row.after != mark) break;
     mark = row.before;
   }
@@ -60,22 +78,23 @@ int MarkHistory::markBefore(const Story& story, std::size_t place) const {
 
 std::vector<MarkHistory::Line> MarkHistory::linesOf(const Batch& batch) const {
   const auto number = static_cast<std::uint32_t>(&batch - batches_.data());
-  std::unordered_map<Id, Story> stories;
+  std::unordered_map<MarkedLine, Story, MarkedLineHash> stories;
+  const auto lineOf = [](const Row& row) { return MarkedLine(row.line, row.voucher); };
   for (const auto& row : rows_) {
-    if (row.batch == number) stories.try_emplace(row.line);
+    if (row.batch == number) stories.try_emplace(lineOf(row));
   }
   for (std::size_t place = 0; place < rows_.size(); ++place) {
-    const auto found = stories.find(rows_[place].line);
+    const auto found = stories.find(lineOf(rows_[place]));
     if (found != stories.end()) found->second.push_back(place);
   }
   std::vector<Line> lines;
-  for (const auto& [id, story] : stories) {
+  for (const auto& [marked, story] : stories) {
     const auto ofBatch = [&](std::size_t row) { return rows_[row].batch == number; };
     const auto first = std::ranges::find_if(story, ofBatch);
     const auto last = std::ranges::find_if(story.rbegin(), story.rend(), ofBatch).base();
     const auto heldLater = [&](std::size_t row) { return holds(rows_[row]); };
-    lines.push_back({.lId = id,
-                     .lTieId = rows_[*first].voucher,
+    lines.push_back({.lId = marked.first,
+                     .lTieId = marked.second,
                      .before = markBefore(story, static_cast<std::size_t>(first - story.begin())),
                      .after = rows_[*std::prev(last)].after,
                      .changedSince = std::any_of(last, story.end(), heldLater)});

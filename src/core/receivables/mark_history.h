@@ -19,9 +19,9 @@ class MarkHistory {
     std::string name;
     MarkWork work;
     std::string who, when;  // of its last row
-    std::size_t lastRow = 0;
+    std::size_t firstRow = 0, lastRow = 0;
     std::int64_t rows = 0;
-    bool takenBack = false;
+    std::optional<std::size_t> takenBackAt;  // the first row that did so
   };
   // A line of a batch: what the batch made of it and what it was before, as far as earlier batches still hold.
   struct Line {
@@ -50,7 +50,7 @@ class MarkHistory {
   [[nodiscard]] int markBefore(const Story& story, std::size_t place) const;
   [[nodiscard]] bool holds(const Row& row) const {
     const auto& batch = batches_[row.batch];
-    return !batch.work.undone && !batch.takenBack;
+    return !batch.work.undone && !batch.takenBackAt;
   }
 
   std::vector<Row> rows_;

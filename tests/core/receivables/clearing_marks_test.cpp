@@ -174,6 +174,38 @@ TEST_P(ClearingMarks, UndoGoesBackBatchByBatch) {
   EXPECT_EQ(std::get<Refusal>(undoBatch(session, batch)).text, "这一批标记已被别人撤销");
 }
 
+TEST_P(ClearingMarks, UndoTakesBackWhatIsMarkedAnewAfterOthersWereTakenBack) {
+  // A server's ledger may hold one line id in several vouchers.
+  if (GetParam() == Engine::postgres) ledger_.keeper().execute("UPDATE RegSub SET lId = 9 WHERE lId = 3");
+  auto session = sessionOf(db_, "王会计");
+  EXPECT_EQ(toggled(session, unit, 2), "1");
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(toggled(session, unit, 2), "0");
+    EXPECT_EQ(undone(session), "手工勾对（单位往来） 1 0");
+    EXPECT_EQ(marks(), "2|1\n");
+  }
+  EXPECT_EQ(undone(session), "手工勾对（单位往来） 1 0");
+  EXPECT_EQ(matchAll(session, unit).pairwise, 2);
+  EXPECT_EQ(toggled(session, unit, 2), "1");
+  EXPECT_EQ(undone(session), "手工勾对（单位往来） 1 0") << "two batches that opened the line are gone long since";
+  EXPECT_EQ(undone(session), "自动勾对（单位往来） 4 0");
+  EXPECT_EQ(marks(), "");
+}
+
+// A mark that another program wrote is left alone, and stands in the way of no earlier batch.
+TEST_P(ClearingMarks, UndoGoesPastMarksThatNobodyMaySet) {
+  auto session = sessionOf(db_, "王会计");
+  EXPECT_EQ(toggled(session, person, 6), "1");
+  EXPECT_EQ(toggled(session, unit, 2), "1");
+  if (GetParam() == Engine::postgres)
+    ledger_.keeper().execute("ALTER TABLE RegSub DROP CONSTRAINT IF EXISTS regsub_marks");
+  ledger_.keeper().execute("UPDATE RegSub SET byFlag = 3 WHERE lId = 2");
+  EXPECT_EQ(undone(session), "手工勾对（单位往来） 0 1");
+  EXPECT_EQ(undone(session), "手工勾对（个人往来） 1 0");
+  EXPECT_EQ(undone(session), "nothing");
+  EXPECT_EQ(marks(), "2|3\n");
+}
+
 // A matching run of another operator goes on while lines that it has marked are changed again: its batch ends last.
 TEST_P(ClearingMarks, UndoLeavesWhatWasChangedSinceAndMakesNoHalfPair) {
   auto session = sessionOf(db_, "王会计");
