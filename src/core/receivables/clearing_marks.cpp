@@ -52,8 +52,8 @@ std::variant<ClearedLine, Refusal> findClearedLine(Session& session, Id line, Id
   auto where = Sql("s.lId = ?", line);
   if (voucher != 0) where += Sql(" AND s.lTieId = ?", voucher);
   const auto rows = session.db.Current().query(
-      Sql("SELECT s.lTieId, s.byFlag, s.lPersonId, s.lEnterId, c.sAssBook FROM RegSub s LEFT JOIN Code c ON c.lId = "
-          "s.lCodeId WHERE ") +
+      Sql("SELECT s.lTieId, s.byFlag, s.lPersonId, s.lEnterId, c.sAssBook FROM RegSub s JOIN RegMain m ON "
+          "m.lTieId = s.lTieId LEFT JOIN Code c ON c.lId = s.lCodeId WHERE ") +
       where);
   if (!rows->next()) return unmarkable(line, "不在已记帐分录中");
   const auto keeps = [&](char flag) { return rows->text(4).find(flag) != std::string_view::npos; };

@@ -96,6 +96,8 @@ TEST_P(ClearingMarks, ToggleOneLineAndTellWhoWasThereFirst) {
             "这条分录的两清标记已被李会计（2006-02-01T00:00:00Z）改动，现在是手工两清（√），没有再改。");
   EXPECT_EQ(marks(), "6|1\n9|1\n");
   EXPECT_EQ(toggled(session, unit, 99), "编号为 99 的分录不在已记帐分录中");
+  ledger_.keeper().execute("UPDATE RegSub SET lTieId = 98 WHERE lId = 3");
+  EXPECT_EQ(toggled(session, unit, 3), "编号为 3 的分录不在已记帐分录中") << "its voucher is gone";
   EXPECT_EQ(toggled(session, unit, 8), "编号为 8 的分录不是个人往来或单位往来的分录");
   EXPECT_EQ(toggled(session, unit, 6), "编号为 6 的分录不是单位往来的分录");
 }
