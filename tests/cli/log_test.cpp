@@ -107,6 +107,20 @@ TEST_P(WorkLogCommand, TellsWhoDidWhatAndWhen) {
   EXPECT_EQ(log({"--from", "2026-02-02", "--to", "2026-02-01"}).status, 2);
 }
 
+// Scripts do more than one thing in a second.
+TEST_P(WorkLogCommand, TellsTheLatestFirstWithinASecond) {
+  ledger_.fill("MarkLog", R"(
+      lId | lTieId | lLineId | byOld | byNew | sOperator | sWhen                | sBatch
+      9   | 1      | 1       | 0     | 1     | 会计      | 2026-02-01T00:00:00Z | toggle:person:9
+      10  | 1      | 2       | 0     | 1     | 会计      | 2026-02-01T00:00:00Z | toggle:person:10
+      11  | 1      | 1       | 1     | 0     | 会计      | 2026-02-01T00:00:00Z | reverse:person:11
+      12  | 1      | 2       | 1     | 0     | 会计      | 2026-02-01T00:00:00Z | reverse:person:11
+      13  | 1      | 1       | 0     | 2     | 会计      | 2026-02-01T00:00:00Z | match:person:13 )");
+  std::string told;
+  for (const auto& one : entries({})) told += one["batch"].get<std::string>() + one["line"].dump() + " ";
+  EXPECT_EQ(told, "match:person:131 reverse:person:111 reverse:person:112 toggle:person:102 toggle:person:91 ");
+}
+
 TEST_P(WorkLogCommand, ShowsOthersOnlyToWhoeverHasEveryRight) {
   mark("主管", 0, 2);
   mark("会计", 2, 0, "18");

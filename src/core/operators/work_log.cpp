@@ -4,6 +4,8 @@
 #include <ctime>
 #include <fmt/chrono.h>
 #include <fmt/format.h>
+#include <map>
+#include <tuple>
 
 #include "core/reports/cancel_watch.h"
 #include "core/reports/marking.h"
@@ -96,6 +98,22 @@ LogEntry entryAt(const Cursor& row) {
   return entry;
 }
 
+// Puts rows that come latest first together by act, each act's in the order of their ids.
+std::vector<LogEntry> byAct(std::vector<LogEntry> latestFirst) {
+  std::map<std::tuple<std::string_view, std::string_view, std::string_view>, std::size_t> acts;
+  std::vector<std::pair<std::size_t, std::size_t>> order;
+  for (std::size_t row = 0; row < latestFirst.size(); ++row) {
+    const auto& one = latestFirst[row];
+    const auto act = acts.try_emplace({one.when, one.batch, one.by}, acts.size()).first->second;
+    order.emplace_back(act, latestFirst.size() - row);
+  }
+  std::ranges::sort(order);
+  std::vector<LogEntry> entries;
+  entries.reserve(order.size());
+  for (const auto& [act, fromEnd] : order) entries.push_back(std::move(latestFirst[latestFirst.size() - fromEnd]));
+  return entries;
+}
+
 // The latest rows first, those of one act in the order of their ids; only as many as are wanted are joined.
 std::vector<LogEntry> readEntries(Connection& connection, const LogAsk& asked) {
   auto sql =
@@ -104,17 +122,17 @@ std::vector<LogEntry> readEntries(Connection& connection, const LogAsk& asked) {
           "m.nNumber "
           "FROM (SELECT * FROM MarkLog WHERE ");
   sql += conditionOf(asked);
-  sql += Sql(" ORDER BY sWhen DESC, sBatch DESC, lId LIMIT ?", static_cast<std::int64_t>(asked.most));
+  sql += Sql(" ORDER BY sWhen DESC, lId DESC LIMIT ?", static_cast<std::int64_t>(asked.most));
   sql +=
       Sql(") l LEFT JOIN RegSub s ON s.lTieId = l.lTieId AND s.lId = l.lLineId AND l.lTieId > 0 "
           "LEFT JOIN RegMain m ON m.lTieId = s.lTieId "
           "LEFT JOIN Plan p ON l.lTieId = 0 AND p.lId = l.lLineId "
           "LEFT JOIN Code c ON c.lId = COALESCE(s.lCodeId, p.lCodeId) "
-          "ORDER BY l.sWhen DESC, l.sBatch DESC, l.lId");
+          "ORDER BY l.sWhen DESC, l.lId DESC");
   const auto cursor = connection.query(sql);
   std::vector<LogEntry> entries;
   while (cursor->next()) entries.push_back(entryAt(*cursor));
-  return entries;
+  return byAct(std::move(entries));
 }
 
 }  // namespace
