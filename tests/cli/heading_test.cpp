@@ -59,5 +59,56 @@ TEST_F(ReportHeadTest, ReversedMonthsAreSaid) {
   EXPECT_NE(text.find("\n※ 起始月份在终止月份之后。\n"), std::string::npos) << text;
 }
 
+// Two-clearing of a ledger that has just begun: openings of earlier years alone, red entries among them.
+using Words = std::vector<std::string>;
+
+class ClearingReportCommand : public DatabaseTest {
+ protected:
+  ClearingReportCommand() {
+    ledger_.fill("zAccountM", "lId | sName | sCodeScheme | nYear\n 1 | 公司 | 4222 | 2006");
+    ledger_.fill("Code", "lId | sCode | sName | bEnd | bDirect | sAssBook\n 2 | 1133 | 借款 | 1 | 1 | A");
+    ledger_.fill("Dept", "lId | lDeptId | sDeptId | sDeptName\n 1 | 10 | D1 | 销售部");
+    ledger_.fill("Person", "lId | sPersonId | sName | lDeptId\n 7 | P1 | 张三 | 10");
+    ledger_.fill("RegMain",
+                 "lTieId | byPeroid | dtBill | dtDate | sWord | nNumber\n"
+                 "1 | 0 | 2005-10-15 | 2006-01-01 | 记 | 1");
+    ledger_.fill("RegSub", R"(
+        lId | lTieId | lCodeId | lDeptId | lPersonId | mMoney | bDirect | byFlag | dtDate
+        1   | 1      | 2       | 10      | 7         | 3.3    | 1       | 1      | 2006-01-01
+        2   | 1      | 2       | 10      | 7         | 3.3    | 1       | 1      | 2006-01-01
+        3   | 1      | 2       | 10      | 7         | 3.3    | 1       | 0      | 2006-01-01
+        4   | 1      | 2       | 10      | 7         | -10    | 1       | 2      | 2006-01-01 )");
+  }
+
+  [[nodiscard]] ProgramRun run(Words words, const std::string& account) const {
+    words.insert(words.end(), {"--ledger", ledger_.address(), "--account", account, "--dept", "销售部", "--person",
+                               "张三", "--as", "json"});
+    return runProgram(words);
+  }
+  [[nodiscard]] nlohmann::json answer(const Words& words) const {
+    const auto done = run(words, "1133");
+    EXPECT_EQ(done.status, 0) << done.err;
+    return done.status == 0 ? nlohmann::json::parse(done.out) : nlohmann::json();
+  }
+
+  TestLedger ledger_{GetParam()};
+};
+
+TEST_P(ClearingReportCommand, ListsOpeningsOfEarlierYearsInTheAccountYear) {
+  const auto report = answer({"report", "10192"});
+  EXPECT_EQ(report["period"], "截止月份: 2006.01");
+  EXPECT_EQ(report["notices"], nlohmann::json::array());
+  ASSERT_EQ(report["rows"].size(), 5U);
+  EXPECT_EQ(report["rows"][4]["cells"][4], -0.1) << "the double that is nearest to the sum";
+  EXPECT_EQ(answer({"clear", "check"}), (nlohmann::json{{"level", false}, {"debit", -3.4}, {"credit", 0.0}}));
+  for (const char* blank : {" ", "\t"}) {
+    const auto refused = run({"report", "10192"}, blank);
+    EXPECT_EQ(refused.status, 1) << refused.out;
+    EXPECT_EQ(refused.err, "没有查到符合要求的科目。\n");
+  }
+}
+
+TZ_ON_BOTH_DATABASES(ClearingReportCommand);
+
 }  // namespace
 }  // namespace tz::test

@@ -26,11 +26,14 @@ class MillionthSum {
   [[nodiscard]] double value() const {
     const std::int64_t whole = units_ + parts_ / million;
     const std::int64_t rest = parts_ % million;
+    // The nearest double, as long as it holds the millionths at all.
+    if (whole > -mostExact && whole < mostExact) return static_cast<double>(whole * million + rest) / million;
     return static_cast<double>(whole) + static_cast<double>(rest) / million;
   }
 
  private:
   static constexpr std::int64_t million = 1'000'000;
+  static constexpr std::int64_t mostExact = (std::int64_t{1} << 53) / million;
 
   MillionthSum& add(double amount, int sign) {
     constexpr double most = 1e15;  // beyond that a double holds no hundredths

@@ -117,7 +117,7 @@ bool unitsDefined(CheckContext& context) { return context.session.db.Exists("Ent
 
 bool unitClassesDefined(CheckContext& context) { return context.session.db.Exists("EnterClass", "lId > 0"); }
 
-bool accountGiven(CheckContext& context) { return !text(context, ParameterKey::account).empty(); }
+bool accountGiven(CheckContext& context) { return !context.conditions.account.sCode.empty(); }
 
 bool accountsOffered(CheckContext& context) { return !accountsOf(context.dialog, context.session.db).empty(); }
 
