@@ -241,7 +241,7 @@ std::vector<VoucherDetail> remarksOf(const VoucherLine& line) {
   std::vector<VoucherDetail> details;
   addNamed(details, "业务员", entry.sName);
   addNamed(details, "业务号", entry.sBusiness);
-  if (entry.byFlag != 0) details.push_back({"两清", entry.byFlag == 2 ? "自动" : "手工"});
+  if (entry.byFlag != 0) details.push_back({"两清", entry.byFlag == 1 ? "手工" : "自动"});
   return details;
 }
 
