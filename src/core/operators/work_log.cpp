@@ -1,6 +1,5 @@
 #include "core/operators/work_log.h"
 
-#include <charconv>
 #include <ctime>
 #include <fmt/chrono.h>
 #include <fmt/format.h>
@@ -14,24 +13,10 @@
 namespace tz {
 namespace {
 
-// A moment of the log; nothing for a text of another form, as only a ledger made elsewhere has it.
-std::optional<std::time_t> momentOf(std::string_view text) {
-  constexpr std::string_view form = "0000-00-00T00:00:00Z";
-  if (text.size() != form.size()) return std::nullopt;
-  const auto date = parseIsoDate(text.substr(0, 10));
-  if (!date || text[10] != 'T' || text.back() != 'Z') return std::nullopt;
-  const auto part = [&](std::size_t first) {
-    int number = 0;
-    std::from_chars(text.data() + first, text.data() + first + 2, number);
-    return std::time_t{number};
-  };
-  constexpr std::time_t hour = 3600;
-  return std::time_t{daysSinceEpoch(*date)} * 24 * hour + part(11) * hour + part(14) * 60 + part(17);
-}
-
 std::string shownMoment(const std::string& when) {
-  const auto moment = momentOf(when);
-  return moment ? fmt::format("{:%Y-%m-%d %H:%M:%S}", fmt::localtime(*moment)) : when;
+  const auto moment = momentOfUtc(when);
+  if (!moment) return when;
+  return fmt::format("{:%Y-%m-%d %H:%M:%S}", fmt::localtime(std::chrono::system_clock::to_time_t(*moment)));
 }
 
 // The moment at which a day begins here, as the log writes moments.

@@ -12,20 +12,20 @@ constexpr std::string_view suite = "岚川财务软件";
 
 Refusal unmarkable(Id line, std::string_view why) { return {.text = fmt::format("编号为 {} 的分录{}", line, why)}; }
 
-// Who changed a line last, as far as the log knows.
+// Who changed a line last and when, as far as the log knows. A ledger without operators knows no names.
 std::string lastHand(Connection& connection, const ClearedLine& line) {
   const auto rows = connection.query(
       Sql("SELECT sOperator, sWhen FROM MarkLog WHERE lLineId = ? AND lTieId = ? ORDER BY lId DESC LIMIT 1", line.line,
           line.voucher));
-  if (!rows->next()) return "别的程序";
-  const auto who = rows->text(0);
-  return fmt::format("{}（{}）", who.empty() ? "别人" : who, rows->text(1));
+  if (!rows->next()) return "被别的程序";
+  const auto when = localTextOf(std::string(rows->text(1)));
+  return rows->text(0).empty() ? fmt::format("在 {} 被", when) : fmt::format("被{}（{}）", rows->text(0), when);
 }
 
 std::string_view markName(int mark) { return mark == 0 ? "未两清" : mark == 1 ? "手工两清（√）" : "自动两清（○）"; }
 
 ToggleOvertaken overtaken(Session& session, const ClearedLine& line) {
-  return {line.mark, fmt::format("这条分录的两清标记已被{}改动，现在是{}，没有再改。",
+  return {line.mark, fmt::format("这条分录的两清标记已{}改动，现在是{}，没有再改。",
                                  lastHand(session.db.Current(), line), markName(line.mark))};
 }
 

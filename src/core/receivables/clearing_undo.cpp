@@ -64,8 +64,10 @@ std::optional<LastBatch> lastBatch(Session& session) {
 }
 
 Question undoQuestion(const LastBatch& batch) {
-  return {.text = fmt::format("最近一批是{}的{}（{}，{} 条分录）。要撤销吗?", batch.who.empty() ? "别人" : batch.who,
-                              workText(batch.work), batch.when, batch.lines),
+  // A ledger without operators knows no names.
+  const auto whose = batch.who.empty() ? std::string() : fmt::format("{}的", batch.who);
+  return {.text = fmt::format("最近一批是{}{}（{}，{} 条分录）。要撤销吗?", whose, workText(batch.work),
+                              localTextOf(batch.when), batch.lines),
           .defaultsToNo = true};
 }
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <fmt/format.h>
 
+#include "core/platform/local_time.h"
 #include "core/reports/cancel_watch.h"
 
 namespace tz {
@@ -71,6 +73,25 @@ std::string utcText(std::chrono::sys_seconds moment) {
   return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(date.year()),
                      static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()), time.hours().count(),
                      time.minutes().count(), time.seconds().count());
+}
+
+std::optional<std::chrono::sys_seconds> momentOfUtc(std::string_view text) {
+  constexpr std::string_view form = "0000-00-00T00:00:00Z";
+  if (text.size() != form.size()) return std::nullopt;
+  const auto date = parseIsoDate(text.substr(0, 10));
+  if (!date || text[10] != 'T' || text.back() != 'Z') return std::nullopt;
+  const auto part = [&](std::size_t first) {
+    int number = 0;
+    std::from_chars(text.data() + first, text.data() + first + 2, number);
+    return number;
+  };
+  using namespace std::chrono;
+  return sys_days(days(daysSinceEpoch(*date))) + hours(part(11)) + minutes(part(14)) + seconds(part(17));
+}
+
+std::string localTextOf(const std::string& utc) {
+  const auto moment = momentOfUtc(utc);
+  return moment ? platform::localTimeText(*moment) : utc;
 }
 
 MarkOutcome markLines(Session& session, std::span<const MarkChange> changes, const std::optional<std::string>& batch) {

@@ -16,6 +16,10 @@ namespace tz {
 
 // "2006-01-31T08:05:09Z".
 [[nodiscard]] std::string utcText(std::chrono::sys_seconds moment);
+// The other way; nothing for a text of another form, as only a ledger made elsewhere has it.
+[[nodiscard]] std::optional<std::chrono::sys_seconds> momentOfUtc(std::string_view text);
+// Such a text as clocks in this place show it, "2006-01-31 16:05"; one of another form as it is.
+[[nodiscard]] std::string localTextOf(const std::string& utc);
 
 enum class ClearingKind { person, unit };
 [[nodiscard]] std::string_view clearingName(ClearingKind kind);  // "个人往来", "单位往来"

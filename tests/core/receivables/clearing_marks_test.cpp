@@ -92,8 +92,8 @@ TEST_P(ClearingMarks, ToggleOneLineAndTellWhoWasThereFirst) {
   auto other = sessionOf(otherDb, "李会计");
   other.now = [] { return std::chrono::sys_days{std::chrono::year{2006} / 2 / 1}; };
   EXPECT_EQ(toggled(other, unit, 9), "1");
-  EXPECT_EQ(toggled(session, unit, 9, 0),
-            "这条分录的两清标记已被李会计（2006-02-01T00:00:00Z）改动，现在是手工两清（√），没有再改。");
+  EXPECT_EQ(toggled(session, unit, 9, 0), "这条分录的两清标记已被李会计（" + localTextOf("2006-02-01T00:00:00Z") +
+                                              "）改动，现在是手工两清（√），没有再改。");
   EXPECT_EQ(marks(), "6|1\n9|1\n");
   EXPECT_EQ(toggled(session, unit, 99), "编号为 99 的分录不在已记帐分录中");
   ledger_.keeper().execute("UPDATE RegSub SET lTieId = 98 WHERE lId = 3");
