@@ -83,12 +83,15 @@ class ReportWindow : public ProcessWindow {
 
   // Computes with the conditions as they are; what was shown stays when that comes to nothing.
   void Recompute();
-  // The same; the line that was current is current again, and where it was, as far as it is still there.
+  // The same; the line that was current is current again, and where it was, in the column of the same caption, as far
+  // as it is still there.
   void RecomputeInPlace();
 
   // For features. Work beside the window: `words` stand in the status line where it takes longer, `boxWords` in a busy
-  // box, unless they are empty. Throws what the work throws; does nothing while other work runs.
-  void Work(const QString& words, const QString& boxWords, const std::function<void(Session&, LongWork&)>& work);
+  // box, unless they are empty; `unit` is what its steps are called. Throws what the work throws; does nothing while
+  // other work runs.
+  void Work(const QString& words, const QString& boxWords, const std::function<void(Session&, LongWork&)>& work,
+            const QString& unit = QStringLiteral("行"));
   // Runs a piece of work; its failure stands in the status line, and what was shown stays.
   void Attempt(const std::function<void()>& work);
   void TellFailure(const std::exception& error);

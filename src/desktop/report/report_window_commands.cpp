@@ -191,7 +191,7 @@ void ReportWindow::OpenTab(WindowCommand command) {
 }
 
 void ReportWindow::OnQuery() {
-  if (OnCommandQuery()) Recompute();
+  if (OnCommandQuery()) RecomputeInPlace();
 }
 
 void ReportWindow::OnDetail() { Follow(definition_.detail); }

@@ -90,7 +90,7 @@ void ReportWindow::OnConditionChosen(ParameterKey key, const MemberChoice& membe
     return;
   }
   if (key == ParameterKey::account) Attempt([this] { heading_->Conditions().FollowAccount(request_, *g_pDB); });
-  Recompute();
+  RecomputeInPlace();
 }
 
 // What is chosen meanwhile is kept as if it were shown: a person who is refused leads back to it.
@@ -132,7 +132,7 @@ void ReportWindow::RecomputeOrAwait() {
   if (awaitsPerson_) {
     Attempt([this] { AwaitPerson(false); });
   } else {
-    Recompute();
+    RecomputeInPlace();
   }
 }
 

@@ -11,12 +11,23 @@
 #include "desktop/theme/qt_text.h"
 
 namespace tz {
+namespace {
+
+// The column of a caption; another one where the table has none such.
+int columnNamed(const GridViewColumns& columns, const QString& caption, int otherwise) {
+  for (int column = 0; column < columns.Count(); ++column) {
+    if (columns.FullCaptionOf(column) == caption) return column;
+  }
+  return std::min(otherwise, columns.Count() - 1);
+}
+
+}  // namespace
 
 void ReportWindow::Work(const QString& words, const QString& boxWords,
-                        const std::function<void(Session&, LongWork&)>& work) {
+                        const std::function<void(Session&, LongWork&)>& work, const QString& unit) {
   if (LongWork::Running()) return;
   LongWork running(*this);
-  const WorkDisplay display(running, *status_, this, words, boxWords);
+  const WorkDisplay display(running, *status_, this, words, boxWords, unit);
   auto session = windowSession(running, this);
   work(session, running);
 }
@@ -25,13 +36,14 @@ void ReportWindow::RecomputeInPlace() {
   const GridCell current = view_->Current();
   const int scrolled = view_->verticalScrollBar()->value();
   const auto line = shown_ && current.valid() ? shown_->report.subjects.line(current.row) : std::nullopt;
+  const QString caption = line ? view_->Columns().FullCaptionOf(current.column) : QString();
   Recompute();
   if (!shown_ || !line) return;
   const auto& subjects = shown_->report.subjects;
   for (std::int64_t row = 0; row < subjects.size(); ++row) {
     if (subjects.line(row) != line) continue;
     view_->verticalScrollBar()->setValue(scrolled);
-    view_->SetCurrent(row, current.column);
+    view_->SetCurrent(row, columnNamed(view_->Columns(), caption, current.column));
     return;
   }
 }
