@@ -22,7 +22,7 @@ constexpr std::array figures = {
     Chapter{"balances", "余额表和总帐怎样算出来", "期初、发生额、期末、余额范围、信用额度、上年结转"},
 };
 constexpr std::array tools = {
-    Chapter{"clearing", "往来两清", "手工两清、自动勾对、反两清、撤消和检查平衡"},
+    Chapter{"clearing", "往来两清", "手工两清、自动勾对、反两清、撤销和平衡检查"},
     Chapter{"search", "查找分录", "在整个帐套里按摘要、金额、凭证查找"},
     Chapter{"vouchers", "凭证", "看一张凭证，上一张、下一张，它的明细帐"},
     Chapter{"printing", "打印、预览和 PDF", "纸张、承前页、过次页，没有打印机时怎么办"},

@@ -2,26 +2,60 @@
 
 #include "core/grid/column_adder.h"
 #include "core/receivables/clearing_columns.h"
-#include "core/receivables/millionths.h"
 
 namespace tz {
 
-ClearingCheck checkClearing(const ComputedReport& report) {
-  const auto& grid = report.grid;
-  const auto columns = clearingColumnsOf(grid);
-  ClearingCheck check;
-  check.foreign = report.format && traitsOf(*report.format).foreign;
-  MillionthSum debit, credit;
-  for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
-    if (grid.RowKindAt(row) != RowKind::line || grid.TextAt(row, columns.mark).empty()) continue;
-    debit += grid.NumberAt(row, check.foreign ? columns.debitForeign : columns.debitAmount);
-    credit += grid.NumberAt(row, check.foreign ? columns.creditForeign : columns.creditAmount);
+namespace {
+
+// Where the compared figures of a line stand.
+struct ComparedColumns {
+  int debit, credit;
+
+  ComparedColumns(const CTzGrid& grid, bool foreign) {
+    const auto columns = clearingColumnsOf(grid);
+    debit = foreign ? columns.debitForeign : columns.debitAmount;
+    credit = foreign ? columns.creditForeign : columns.creditAmount;
   }
-  check.debit = debit.value();
-  check.credit = credit.value();
-  debit -= credit;
-  check.level = debit.sign() == 0;
-  return check;
+};
+
+}  // namespace
+
+MillionthSum ClearingSums::Sides::balance() const {
+  MillionthSum difference = debit;
+  difference -= credit;
+  return difference;
+}
+
+ClearingSums sumClearing(const ComputedReport& report) {
+  const auto& grid = report.grid;
+  ClearingSums sums{.foreign = report.format && traitsOf(*report.format).foreign, .marked = {}, .open = {}};
+  const ComparedColumns columns(grid, sums.foreign);
+  const int mark = clearingColumnsOf(grid).mark;
+  for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
+    if (grid.RowKindAt(row) != RowKind::line) continue;
+    auto& sides = grid.TextAt(row, mark).empty() ? sums.open : sums.marked;
+    sides.debit += grid.NumberAt(row, columns.debit);
+    sides.credit += grid.NumberAt(row, columns.credit);
+  }
+  return sums;
+}
+
+void moveLine(ClearingSums& sums, const CTzGrid& grid, std::int64_t row, bool marked) {
+  const ComparedColumns columns(grid, sums.foreign);
+  auto& to = marked ? sums.marked : sums.open;
+  auto& from = marked ? sums.open : sums.marked;
+  to.debit += grid.NumberAt(row, columns.debit);
+  to.credit += grid.NumberAt(row, columns.credit);
+  from.debit -= grid.NumberAt(row, columns.debit);
+  from.credit -= grid.NumberAt(row, columns.credit);
+}
+
+ClearingCheck checkClearing(const ComputedReport& report) {
+  const auto sums = sumClearing(report);
+  return {.level = sums.marked.balance().sign() == 0,
+          .foreign = sums.foreign,
+          .debit = sums.marked.debit.value(),
+          .credit = sums.marked.credit.value()};
 }
 
 Message levelMessage(ClearingKind kind) {

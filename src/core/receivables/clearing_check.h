@@ -4,10 +4,28 @@
 #include <string_view>
 
 #include "core/output/report_output.h"
+#include "core/receivables/millionths.h"
 #include "core/reports/marking.h"
 #include "core/reports/messages.h"
 
 namespace tz {
+
+// What lines come to by sides, those with a mark and the open ones, in the figures that the check compares.
+struct ClearingSums {
+  struct Sides {
+    MillionthSum debit, credit;
+
+    [[nodiscard]] MillionthSum balance() const;  // debit-positive
+  };
+
+  bool foreign = false;  // foreign amounts, not amounts
+  Sides marked, open;
+};
+// Of a computed two-clearing report, as its rows show it. Marks are told by the cells of the marks' column, so that
+// what was toggled since counts.
+[[nodiscard]] ClearingSums sumClearing(const ComputedReport& report);
+// A line that got a mark, or lost it, counts on the other side.
+void moveLine(ClearingSums& sums, const CTzGrid& grid, std::int64_t row, bool marked);
 
 struct ClearingCheck {
   bool level = true;
@@ -15,8 +33,6 @@ struct ClearingCheck {
   double debit = 0, credit = 0;
 };
 
-// Of a computed two-clearing report, as its rows show it. Marks are told by the cells of the marks' column, so that
-// what was toggled since counts.
 [[nodiscard]] ClearingCheck checkClearing(const ComputedReport& report);
 
 // What a level check says.

@@ -35,7 +35,7 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
       const QString doubt = table_.View().DoubtOf(Own());
       return doubt.isEmpty() ? column : column + QStringLiteral("：") + doubt;
     }
-    return kind == QAccessible::Name ? table_.View().ShownText(Own().row, Own().column) : QString();
+    return kind == QAccessible::Name ? table_.View().SpokenText(Own().row, Own().column) : QString();
   }
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
   [[nodiscard]] QRect rect() const override {

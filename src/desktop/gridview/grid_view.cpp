@@ -331,7 +331,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const GridCell cell = CellAt(place);
   if (event->button() == Qt::LeftButton && !TakeBlockClick(place) && VisiblePart(cell).contains(place)) {
     MoveTo(cell, false);
-    if (cell.column != clickColumn_) emit rowActivated(cell.row);
+    if (cell.column != marks_.column) emit rowActivated(cell.row);
   }
 }
 

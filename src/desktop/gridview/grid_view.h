@@ -24,6 +24,14 @@ namespace tz {
 
 class GridViewHeader;
 
+// A column of signs that mark lines. Its cells take clicks for themselves, so that a double click there opens no row;
+// its signs stand in the middle; a filter can keep the lines without one.
+struct MarkColumn {
+  int column = -1;                                    // -1: none
+  std::function<QString(const QString& sign)> words;  // what a line's sign is to a screen reader, also none
+  QString withoutMark = {};                           // what the filter calls the lines without one
+};
+
 class GridView : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -71,6 +79,8 @@ class GridView : public QAbstractScrollArea {
   // The cell at a place of the viewport, the nearest one outside of all; none in an empty grid.
   [[nodiscard]] GridCell CellAt(QPoint place) const;
   [[nodiscard]] QString ShownText(std::int64_t row, int column) const;
+  // The same for a screen reader.
+  [[nodiscard]] QString SpokenText(std::int64_t row, int column) const;
   [[nodiscard]] std::int64_t RowCount() const { return grid_ != nullptr ? grid_->GetRows() : 0; }
   [[nodiscard]] const ShownRows& Rows() const { return rows_; }
   [[nodiscard]] const ComputedReport* Report() const { return report_; }
@@ -101,8 +111,8 @@ class GridView : public QAbstractScrollArea {
   // Sets apart the cells that match; an empty one none.
   void Mark(const CellMatcher& matcher);
 
-  // A column whose cells take clicks for themselves: a double click there opens no row. -1: none.
-  void SetClickColumn(int column) { clickColumn_ = column; }
+  void SetMarkColumn(MarkColumn marks) { marks_ = std::move(marks); }
+  [[nodiscard]] const MarkColumn& Marks() const { return marks_; }
   // Something else was written into a row: it is painted anew, and a screen reader told of the cell.
   void CellChanged(GridCell cell);
   // Hatches a cell that may not show what the ledger holds, with the reason as its tip; without one it is as the
@@ -242,7 +252,7 @@ class GridView : public QAbstractScrollArea {
   GridRows rowState_;
   const ShownRows& rows_ = rowState_.Shown();
   CellMatcher mark_;
-  int clickColumn_ = -1;
+  MarkColumn marks_;
   std::map<std::pair<std::int64_t, int>, QString> doubts_;
   GridViewColumns columns_;
   GridViewHeader* header_;

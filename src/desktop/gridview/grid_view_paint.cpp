@@ -2,6 +2,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <algorithm>
 
 #include "desktop/gridview/grid_view.h"
@@ -163,9 +164,16 @@ QString GridView::ShownText(std::int64_t row, int column) const {
   return hidden ? QString() : QString::fromStdString(grid_->ShownAt(row, column));
 }
 
+QString GridView::SpokenText(std::int64_t row, int column) const {
+  const QString shown = ShownText(row, column);
+  const bool mark = column == marks_.column && marks_.words && grid_->RowKindAt(row) == RowKind::line;
+  return mark ? marks_.words(shown) : shown;
+}
+
 void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row, int column, const Style& style) const {
   const CTzGrid::CellType type = grid_->TypeAt(row, column);
-  if (!doubts_.empty() && doubts_.contains({row, column})) {
+  const bool doubtful = !doubts_.empty() && doubts_.contains({row, column});
+  if (doubtful) {
     painter.fillRect(cell.adjusted(0, 0, -1, -1), QBrush(currentTheme().warning, Qt::BDiagPattern));
   }
   if (type == CTzGrid::CellType::empty) return;
@@ -185,9 +193,17 @@ void GridView::PaintCell(QPainter& painter, const QRect& cell, std::int64_t row,
   }
   painter.setPen(style.text);
   const bool narrow = grid_->Columns()[static_cast<std::size_t>(column)].width <= narrowColumn;
-  const Qt::Alignment side = narrow ? Qt::AlignHCenter : Qt::AlignLeft;
-  painter.drawText(room, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
-                   metrics.elidedText(text, Qt::ElideRight, room.width()));
+  const bool centred = narrow || column == marks_.column;
+  const Qt::Alignment side = Qt::AlignVCenter | (centred ? Qt::AlignHCenter : Qt::AlignLeft);
+  text = metrics.elidedText(text, Qt::ElideRight, room.width());
+  if (doubtful && !text.isEmpty()) {
+    // A sign between the lines of the hatching could not be told from them.
+    const QRect sign =
+        QStyle::alignedRect(Qt::LeftToRight, side, {metrics.horizontalAdvance(text), metrics.height()}, room);
+    painter.fillRect(sign.adjusted(-GridViewColumns::margin / 2, 0, GridViewColumns::margin / 2, 0),
+                     currentTheme().warningGround);
+  }
+  painter.drawText(room, static_cast<int>(side) | Qt::TextSingleLine, text);
 }
 
 }  // namespace tz

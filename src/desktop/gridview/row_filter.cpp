@@ -53,9 +53,10 @@ bool canFilterBy(const CTzGrid& grid, std::int64_t row, int column) {
   return !blank && lookedAt && CellMatcher(shown).MatchesText(grid, row, column);
 }
 
-FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter)
+FilterRun::FilterRun(const ComputedReport& report, const RowFilter& filter, int marks)
     : report_(&report),
       filter_(filter),
+      marks_(marks),
       text_(filter.text),
       signs_((filter.from && *filter.from < 0) || (filter.to && *filter.to < 0)),
       above_(filter.from ? *filter.from - halfCent : -std::numeric_limits<double>::infinity()),
@@ -85,6 +86,7 @@ bool FilterRun::Keeps(std::int64_t row) const {
     const auto line = report_->subjects.line(row);
     if (!line || line->book != Book::unposted) return false;
   }
+  if (filter_.unmarkedOnly && marks_ >= 0 && !report_->grid.TextAt(row, marks_).empty()) return false;
   if ((filter_.from || filter_.to) && !HasAmount(row)) return false;
   return filter_.text.empty() || HasText(row);
 }

@@ -19,9 +19,10 @@ struct RowFilter {
   std::optional<double> from;
   std::optional<double> to;
   bool unpostedOnly = false;
+  bool unmarkedOnly = false;  // those with nothing in the column of marks
 
   bool operator==(const RowFilter&) const = default;
-  [[nodiscard]] bool empty() const { return text.empty() && !from && !to && !unpostedOnly; }
+  [[nodiscard]] bool empty() const { return text.empty() && !from && !to && !unpostedOnly && !unmarkedOnly; }
 };
 
 // An amount as it is typed, with thousands separators or without, in wide figures or narrow ones; nothing when it is
@@ -34,8 +35,8 @@ struct RowFilter {
 class FilterRun {
  public:
   FilterRun() = default;
-  // The report must outlive the run.
-  FilterRun(const ComputedReport& report, const RowFilter& filter);
+  // The report must outlive the run. `marks` is its column of marks; -1 for none.
+  FilterRun(const ComputedReport& report, const RowFilter& filter, int marks = -1);
 
   // Looks at about `cells` cells further down. Returns true when all rows have been looked at.
   bool Add(std::int64_t cells);
@@ -50,6 +51,7 @@ class FilterRun {
 
   const ComputedReport* report_ = nullptr;
   RowFilter filter_;
+  int marks_ = -1;
   CellMatcher text_;
   bool signs_ = false;  // amounts are compared with theirs
   double above_ = 0;

@@ -9,15 +9,16 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "core/grid/column_adder.h"
 #include "core/receivables/clearing_check.h"
 #include "core/reports/explain_error.h"
 #include "core/reports/window_command.h"
 #include "desktop/frame/combo_name.h"
 #include "desktop/frame/dialog_keys.h"
+#include "desktop/frame/fit_window.h"
 #include "desktop/frame/manual_page.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/gridview/grid_view.h"
+#include "desktop/manual/manual.h"
 #include "desktop/picking/useful_combox.h"
 #include "desktop/report/report_window.h"
 #include "desktop/report/window_commands.h"
@@ -50,10 +51,29 @@ GridView* smallView(QDialog& dialog, const QString& name) {
   view->setAccessibleName(name);
   return view;
 }
-void fitView(GridView& view, int leastRows, int mostRows) {
+// On a small screen it scrolls, so that what stands below it is in sight.
+void fitView(QDialog& dialog, GridView& view, int leastRows, int mostRows) {
   constexpr int headRows = 2;
   const int rows = std::clamp(static_cast<int>(view.RowCount()), leastRows, mostRows);
-  view.setMinimumSize(view.AskedWidth(), (rows + headRows) * view.RowHeight());
+  view.setMinimumSize(view.AskedWidth(), (leastRows + headRows) * view.RowHeight());
+  const int more = (rows - leastRows) * view.RowHeight();
+  dialog.resize(dialog.sizeHint().grownBy({0, 0, 0, more}).boundedTo(roomFor(dialog)));
+}
+
+QString resultText(const MatchOutcome& outcome) {
+  const auto all = outcome.all();
+  const auto lines = all.byNumber + all.pairwise + all.whole;
+  const bool cutShort = outcome.stopped || outcome.failure;
+  QString said = lines != 0 ? QStringLiteral("共勾对 %1 条分录。").arg(grouped(lines))
+                 : cutShort ? QStringLiteral("没有勾对分录。")
+                            : QStringLiteral("没有可以勾对的分录。");
+  if (outcome.stopped) said += QStringLiteral("勾对已停止，其余的没有勾对。");
+  if (outcome.failure) {
+    said += QStringLiteral("勾对中断：%1").arg(toQt(explainInWindow(*outcome.failure)));
+    if (!said.endsWith(QStringLiteral("。"))) said += QStringLiteral("。");
+    if (lines != 0) said += QStringLiteral("已经勾对的保留。");
+  }
+  return said;
 }
 
 }  // namespace
@@ -66,6 +86,7 @@ MatchProgressDialog::MatchProgressDialog(QWidget* parent)
       bar_(new QProgressBar(this)) {
   setWindowTitle(QStringLiteral("自动勾对"));
   setWindowModality(Qt::WindowModal);
+  setManualPage(*this, QStringLiteral("clearing#自动勾对"));
   account_->setObjectName(QStringLiteral("8330"));
   party_->setObjectName(QStringLiteral("8329"));
   bar_->setObjectName(QStringLiteral("8331"));
@@ -74,7 +95,7 @@ MatchProgressDialog::MatchProgressDialog(QWidget* parent)
   for (QLabel* label : {account_, party_}) label->setTextFormat(Qt::PlainText);
   auto* cancel = dialogButton(2, QStringLiteral("取消"), *this);
   cancel->setAutoDefault(false);
-  cancel->setToolTip(QStringLiteral("勾对完正在进行的一家后停止，已经勾对的保留（Esc）"));
+  cancel->setToolTip(QStringLiteral("停止勾对；已经勾对的各家保留（Esc）"));
   connect(cancel, &QPushButton::clicked, this, &MatchProgressDialog::reject);
 
   constexpr int least = 360;
@@ -112,33 +133,10 @@ void MatchProgressDialog::reject() {
 MatchResultDialog::MatchResultDialog(const MatchOutcome& outcome, QWidget* parent) : QDialog(parent) {
   setWindowTitle(QStringLiteral("自动勾对结果"));
   setManualPage(*this, QStringLiteral("clearing#自动勾对"));
-  constexpr int accountWidth = 160, countWidth = 80;
-  CTzGridControl::AddCol(grid_, "科目", accountWidth, ColumnKind::text);
-  for (const auto* const rule : {"专认勾对", "逐笔勾对", "全额勾对"}) {
-    CTzGridControl::AddCol(grid_, rule, countWidth, ColumnKind::count);
-  }
-  grid_.SetRows(static_cast<std::int64_t>(outcome.accounts.size()));
-  for (std::int64_t row = 0; row < grid_.GetRows(); ++row) {
-    const auto& [account, counts] = outcome.accounts[static_cast<std::size_t>(row)];
-    grid_.SetText(row, 0, outcome.accounts[static_cast<std::size_t>(row)].text());
-    int column = 1;
-    for (const auto count : {counts.byNumber, counts.pairwise, counts.whole}) {
-      if (count != 0) grid_.SetNumber(row, column, static_cast<double>(count));
-      ++column;
-    }
-  }
+  fillMatchGrid(outcome, grid_);
   auto* view = smallView(*this, windowTitle());
   view->SetGrid(&grid_);
-  constexpr int leastRows = 4, mostRows = 14;
-  fitView(*view, leastRows, mostRows);
-
-  const auto all = outcome.all();
-  const auto lines = all.byNumber + all.pairwise + all.whole;
-  QString said =
-      lines == 0 ? QStringLiteral("没有可以勾对的分录。") : QStringLiteral("共勾对 %1 条分录。").arg(grouped(lines));
-  if (outcome.stopped) said += QStringLiteral("勾对已停止，其余的没有勾对。");
-  if (outcome.failure)
-    said += QStringLiteral("勾对中断：%1。已经勾对的保留。").arg(toQt(explainInWindow(*outcome.failure)));
+  const QString said = resultText(outcome);
   auto* summary = new QLabel(said, this);
   summary->setObjectName(QStringLiteral("summary"));
   summary->setTextFormat(Qt::PlainText);
@@ -150,6 +148,8 @@ MatchResultDialog::MatchResultDialog(const MatchOutcome& outcome, QWidget* paren
   layout->addWidget(view, 1);
   layout->addWidget(summary);
   layout->addWidget(back, 0, Qt::AlignRight);
+  constexpr int leastRows = 4, mostRows = 14;
+  fitView(*this, *view, leastRows, mostRows);
   back->setDefault(true);
   back->setFocus();
 }
@@ -174,11 +174,11 @@ ClearingCheckDialog::ClearingCheckDialog(ComputedReport check, ReportWindow& win
   }
   auto* view = smallView(*this, windowTitle());
   view->SetReport(&check_);
-  constexpr int rows = 3;
-  fitView(*view, rows, rows);
   auto* layout = dialogLayout(*this);
   layout->addWidget(bar);
   layout->addWidget(view, 1);
+  constexpr int rows = 3;
+  fitView(*this, *view, rows, rows);
   view->SetCurrent(0, 0);
   view->setFocus();
 }
@@ -192,7 +192,7 @@ void ClearingCheckDialog::OnCommand(int id) {
     case WindowCommand::exportFile:
       return window_.ExportReport(check_, this);
     case WindowCommand::help:
-      return window_.OnHelp();
+      return showManual(this, manualPageOf(this));
     default:
       return accept();
   }

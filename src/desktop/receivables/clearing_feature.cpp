@@ -1,16 +1,20 @@
 // What the windows of two-clearing do beyond showing: marks toggled by click and space bar, automatic matching, marks
 // reversed and taken back, the balance check, and going to a group.
-#include <QDateTime>
 #include <QKeyEvent>
+#include <QVBoxLayout>
 #include <fmt/format.h>
 #include <map>
 
+#include "core/grid/figures.h"
 #include "core/receivables/clearing_check.h"
 #include "core/receivables/clearing_columns.h"
 #include "core/receivables/clearing_marks.h"
 #include "core/receivables/clearing_report.h"
 #include "core/reports/explain_error.h"
+#include "desktop/frame/announce.h"
+#include "desktop/frame/elided_label.h"
 #include "desktop/frame/globals.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/frame/message_box.h"
 #include "desktop/gridview/grid_view.h"
 #include "desktop/receivables/clearing_dialogs.h"
@@ -36,10 +40,31 @@ int markOf(std::string_view sign) {
   return sign == markSign(1) ? 1 : automatic;
 }
 
-// "2026-11-22 19:05" where the person is.
-std::string localTime(const std::string& utc) {
-  const auto moment = QDateTime::fromString(toQt(utc), Qt::ISODate);
-  return moment.isValid() ? fromQt(moment.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm"))) : utc;
+QString markWords(const QString& sign) {
+  switch (markOf(fromQt(sign))) {
+    case 0:
+      return QStringLiteral("未两清");
+    case 1:
+      return QStringLiteral("手工两清");
+    default:
+      return QStringLiteral("自动勾对");
+  }
+}
+
+// "已两清：借方 100.00，贷方 30.00，差 借 70.00"
+QString sidesText(const QString& caption, const QString& difference, const ClearingSums::Sides& sides) {
+  const auto figure = [](const MillionthSum& sum) {
+    return toQt(figureText(std::abs(sum.value()), ColumnKind::amount));
+  };
+  const auto signedFigure = [](const MillionthSum& sum) { return toQt(figureText(sum.value(), ColumnKind::amount)); };
+  const auto balance = sides.balance();
+  const QString rest =
+      balance.sign() == 0
+          ? QStringLiteral("平")
+          : QStringLiteral("%1%2 %3").arg(difference, balance.sign() > 0 ? QStringLiteral("借") : QStringLiteral("贷"),
+                                          figure(balance));
+  return QStringLiteral("%1：借方 %2，贷方 %3，%4")
+      .arg(caption, signedFigure(sides.debit), signedFigure(sides.credit), rest);
 }
 
 class ClearingFeature : public ReportFeature {
@@ -58,9 +83,15 @@ class ClearingFeature : public ReportFeature {
   bool MayMark(ClearingKind kind) const;
   // The line of a row; none for rows that add up.
   [[nodiscard]] std::optional<LineId> LineOf(qint64 row) const;
-  void Toggle(qint64 row);
+  // True where the row shows what was wanted, and the ledger holds it.
+  bool Toggle(qint64 row);
+  // To the next line below.
+  void GoOn();
   void ShowMark(qint64 row, int mark);
   void ShowDoubtful(qint64 row, int mark, const DbError& error);
+  // What the lines come to, below them: when others are listed, and when a mark has changed.
+  void SumUp();
+  void ShowSums();
 
   void Match();
   [[nodiscard]] std::vector<Party> Parties(Session& session) const;
@@ -73,6 +104,8 @@ class ClearingFeature : public ReportFeature {
   ShownReport* shown_ = nullptr;  // the window's; null before the first report
   ClearingKind kind_ = ClearingKind::person;
   ClearingColumns columns_;
+  ElidedLabel* sumsLabel_ = nullptr;
+  ClearingSums sums_;
   std::map<qint64, int> unwritten_;  // rows whose mark could not be written, and what the ledger holds
 };
 
@@ -84,13 +117,18 @@ void ClearingFeature::Attach(ReportWindow& window) {
   window.Rename(WindowCommand::reverseClearing, QStringLiteral("反两清"),
                 QStringLiteral("取消所有%1在所有科目上的两清标记，不只是列出的这些").arg(who));
   window.Rename(WindowCommand::find, QStringLiteral("定位"), QStringLiteral("到一个部门、项目或业务员的第一行"));
+  sumsLabel_ = new ElidedLabel(&window);
+  sumsLabel_->setObjectName(QStringLiteral("clearingSums"));
+  sumsLabel_->hide();
+  window.Body().addWidget(sumsLabel_);
+  QObject::connect(&View(), &GridView::refreshed, sumsLabel_, [this] { SumUp(); });
 }
 
 void ClearingFeature::AfterComputed(ShownReport& shown) {
   shown_ = &shown;
   columns_ = clearingColumnsOf(shown.report.grid);
   unwritten_.clear();
-  View().SetClickColumn(columns_.mark);
+  View().SetMarkColumn({.column = columns_.mark, .words = markWords, .withoutMark = markWords({})});
 }
 
 bool ClearingFeature::Answers(int command) const {
@@ -137,9 +175,37 @@ bool ClearingFeature::OnClicked(qint64 row, int column) {
 
 // A key that is held down toggles once.
 bool ClearingFeature::OnKey(QKeyEvent& event) {
-  if (event.key() != Qt::Key_Space || event.modifiers() != Qt::NoModifier) return false;
-  if (!event.isAutoRepeat() && shown_ != nullptr) Toggle(View().Current().row);
+  const bool goesOn = event.key() == Qt::Key_Insert;
+  if ((!goesOn && event.key() != Qt::Key_Space) || event.modifiers() != Qt::NoModifier) return false;
+  if (event.isAutoRepeat() || shown_ == nullptr) return true;
+  const auto row = View().Current().row;
+  if ((Toggle(row) || !LineOf(row)) && goesOn) GoOn();
   return true;
+}
+
+void ClearingFeature::GoOn() {
+  const GridCell current = View().Current();
+  const auto& rows = View().Rows();
+  if (!current.valid()) return;
+  for (auto place = rows.PlaceOf(current.row) + 1; place < rows.Count(); ++place) {
+    const auto row = rows.RowAt(place);
+    if (LineOf(row)) return static_cast<void>(View().SetCurrent(row, current.column));
+  }
+}
+
+void ClearingFeature::SumUp() {
+  sums_ = {};
+  const bool any = shown_ != nullptr && View().Report() == &shown_->report && shown_->report.subjects.hasLines();
+  if (any && View().RowCount() > 0) sums_ = sumClearing(shown_->report);
+  sumsLabel_->setVisible(any && View().RowCount() > 0);
+  ShowSums();
+}
+
+void ClearingFeature::ShowSums() {
+  const QString of = sums_.foreign ? QStringLiteral("外币") : QString();
+  sumsLabel_->SetShown(sidesText(QStringLiteral("已两清") + of, QStringLiteral("差 "), sums_.marked) +
+                       QStringLiteral("　　") + sidesText(markWords({}) + of, QStringLiteral("余 "), sums_.open));
+  announce(sumsLabel_, QAccessible::NameChanged);
 }
 
 bool ClearingFeature::MayMark(ClearingKind kind) const {
@@ -155,9 +221,9 @@ std::optional<LineId> ClearingFeature::LineOf(qint64 row) const {
   return shown_->report.subjects.line(row);
 }
 
-void ClearingFeature::Toggle(qint64 row) {
+bool ClearingFeature::Toggle(qint64 row) {
   const auto line = LineOf(row);
-  if (!line || LongWork::Running() || !MayMark(kind_)) return;
+  if (!line || LongWork::Running() || !MayMark(kind_)) return false;
   const auto kept = unwritten_.find(row);
   const int seen = kept == unwritten_.end() ? markOf(Grid().TextAt(row, columns_.mark)) : kept->second;
   bool stopped = false;
@@ -173,7 +239,12 @@ void ClearingFeature::Toggle(qint64 row) {
     });
     if (const auto* toggled = std::get_if<Toggled>(&*outcome)) {
       ShowMark(row, toggled->mark);
-    } else if (const auto* overtaken = std::get_if<ToggleOvertaken>(&*outcome)) {
+      // Where a failure stood, this takes its place.
+      window_->TellNews(QStringLiteral("%1：%2").arg(toQt(Grid().TextAt(row, ClearingColumns::voucher)),
+                                                     View().SpokenText(row, columns_.mark)));
+      return true;
+    }
+    if (const auto* overtaken = std::get_if<ToggleOvertaken>(&*outcome)) {
       ShowMark(row, overtaken->mark);
       AfxMessageBox(window_, overtaken->text);
     } else {
@@ -187,10 +258,14 @@ void ClearingFeature::Toggle(qint64 row) {
       ShowDoubtful(row, seen == 0 ? 1 : 0, error);
     }
   }
+  return false;
 }
 
 void ClearingFeature::ShowMark(qint64 row, int mark) {
   unwritten_.erase(row);
+  const bool before = !Grid().TextAt(row, columns_.mark).empty();
+  if (before != (mark != 0)) moveLine(sums_, Grid(), row, mark != 0);
+  ShowSums();
   Grid().SetText(row, columns_.mark, markSign(mark));
   Grid().SetBackground(row, mark == 0 ? noColour : clearingReport(kind_).member.marked);
   View().SetDoubt({row, columns_.mark}, {});
@@ -217,22 +292,25 @@ void ClearingFeature::Match() {
   if (shown_ == nullptr || shown_->report.resolved == nullptr || !MayMark(kind_)) return;
   std::optional<MatchOutcome> outcome;
   window_->Attempt([&] {
-    window_->Work(QStringLiteral("正在自动勾对…"), {}, [&](Session& session, LongWork& work) {
-      MatchProgressDialog progress(window_);
-      QObject::connect(&progress, &MatchProgressDialog::cancelled, &work, &LongWork::Cancel);
-      const auto pump = session.progress;
-      session.progress = [&](std::int64_t done, std::int64_t of) {
-        progress.ShowProgress(static_cast<int>(done), static_cast<int>(of));
-        pump(done, of);
-      };
-      const MatchWatch watch{.account =
-                                 [&](const CodeInfo& account) {
-                                   progress.ShowAccount(toQt(MatchedAccount{account, {}}.text()));
-                                 },
-                             .party = [&](const Party& party) { progress.ShowParty(toQt(party.name)); }};
-      progress.show();
-      outcome = matchAutomatically(session, kind_, Parties(session), watch);
-    });
+    window_->Work(
+        QStringLiteral("正在自动勾对…"), {},
+        [&](Session& session, LongWork& work) {
+          MatchProgressDialog progress(window_);
+          QObject::connect(&progress, &MatchProgressDialog::cancelled, &work, &LongWork::Cancel);
+          const auto pump = session.progress;
+          session.progress = [&](std::int64_t done, std::int64_t of) {
+            progress.ShowProgress(static_cast<int>(done), static_cast<int>(of));
+            pump(done, of);
+          };
+          const MatchWatch watch{.account =
+                                     [&](const CodeInfo& account) {
+                                       progress.ShowAccount(toQt(MatchedAccount{account, {}}.text()));
+                                     },
+                                 .party = [&](const Party& party) { progress.ShowParty(toQt(party.name)); }};
+          progress.show();
+          outcome = matchAutomatically(session, kind_, Parties(session), watch);
+        },
+        QStringLiteral("个科目"));
   });
   if (!outcome) return;
   if (outcome->failure) logFailure(window_->Definition().windowTitle, outcome->failure->what());
@@ -269,10 +347,8 @@ void ClearingFeature::Undo() {
   });
   if (!read) return;
   if (!last) return AfxMessageBox(window_, refusalWith(nothingToUndo));
-  auto told = *last;
-  told.when = localTime(told.when);
   const bool known = last->work.what != MarkWork::What::unknown;
-  if (!MayMark(known ? last->work.kind : kind_) || !AfxMessageBox(window_, undoQuestion(told))) return;
+  if (!MayMark(known ? last->work.kind : kind_) || !AfxMessageBox(window_, undoQuestion(*last))) return;
   std::optional<UndoOutcome> outcome;
   window_->Attempt([&] {
     window_->Work(busyWords(), busyWords(), [&](Session& session, LongWork& /*work*/) {
@@ -329,6 +405,7 @@ void ClearingFeature::Locate() {
   if (groups.empty()) return AfxMessageBox(window_, refusalWith(messages::nothingToFind));
   const auto& column = Grid().Columns()[static_cast<std::size_t>(columns_.group)];
   ClearingLocateDialog dialog(toQt(column.caption), groups, window_);
+  setManualPage(dialog, QStringLiteral("clearing#定位"));
   if (dialog.exec() != QDialog::Accepted) return;
   const auto wanted = dialog.Chosen();
   for (qint64 row = 0; row < Grid().GetRows(); ++row) {

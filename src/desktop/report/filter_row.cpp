@@ -25,6 +25,7 @@ constexpr int amountWidth = 120;
 FilterRow::FilterRow(QWidget* parent)
     : QWidget(parent),
       unposted_(new QCheckBox(QStringLiteral("仅未记帐"), this)),
+      unmarked_(new QCheckBox(this)),
       outlineLine_(new QHBoxLayout),
       outlines_(new QButtonGroup(this)),
       monthTotals_(new QCheckBox(QStringLiteral("本月合计、本年累计"), this)),
@@ -42,7 +43,9 @@ FilterRow::FilterRow(QWidget* parent)
   }
   to_->setAccessibleName(QStringLiteral("金额到"));
   unposted_->setObjectName(QStringLiteral("filterUnposted"));
+  unmarked_->setObjectName(QStringLiteral("filterUnmarked"));
   line->addWidget(unposted_);
+  line->addWidget(unmarked_);
   auto* close = new QToolButton(this);
   close->setObjectName(QStringLiteral("filterClose"));
   close->setText(QStringLiteral("×"));
@@ -74,7 +77,7 @@ FilterRow::FilterRow(QWidget* parent)
   pause_.setSingleShot(true);
   pause_.setInterval(typingPause);
   connect(&pause_, &QTimer::timeout, this, &FilterRow::Read);
-  connect(unposted_, &QCheckBox::toggled, this, &FilterRow::Read);
+  for (QCheckBox* box : {unposted_, unmarked_}) connect(box, &QCheckBox::toggled, this, &FilterRow::Read);
   connect(close, &QToolButton::clicked, this, [this] {
     Clear();
     emit closeWanted();
@@ -112,8 +115,10 @@ void FilterRow::NarrowToAmount(const QString& amount) {
 
 void FilterRow::Clear() {
   for (QLineEdit* field : {text_, from_, to_}) field->clear();
-  const QSignalBlocker quiet(unposted_);
-  unposted_->setChecked(false);
+  for (QCheckBox* box : {unposted_, unmarked_}) {
+    const QSignalBlocker quiet(box);
+    box->setChecked(false);
+  }
   Read();
 }
 
@@ -124,6 +129,7 @@ void FilterRow::Read() {
   read.from = ReadAmount(*from_, problem);
   read.to = ReadAmount(*to_, problem);
   read.unpostedOnly = unposted_->isChecked();
+  read.unmarkedOnly = unmarked_->isChecked();
   if (problem.isEmpty() && read.from && read.to && *read.from > *read.to) {
     problem = QStringLiteral("起始金额大于终止金额");
   }
@@ -160,9 +166,11 @@ void FilterRow::ShowResult(qint64 kept, qint64 lines, bool folded) {
   Tell(text.arg(grouped(kept), grouped(lines - kept), one, each, all), false);
 }
 
-void FilterRow::ShowLines(bool ofVouchers) {
+void FilterRow::ShowLines(bool ofVouchers, const QString& withoutMark) {
   ofVouchers_ = ofVouchers;
-  unposted_->setVisible(ofVouchers);
+  unposted_->setVisible(ofVouchers && withoutMark.isEmpty());
+  unmarked_->setVisible(!withoutMark.isEmpty());
+  if (!withoutMark.isEmpty()) unmarked_->setText(QStringLiteral("仅") + withoutMark);
   text_->setPlaceholderText(ofVouchers ? QStringLiteral("摘要、凭证号等文字的一部分")
                                        : QStringLiteral("名称、编码等文字的一部分"));
 }
@@ -209,7 +217,7 @@ void FilterRow::ShowOutline(const QStringList& names, int chosen, bool hasMonths
       outlines_->addButton(button, outline);
       outlineLine_->addWidget(button);
     }
-    QWidget* before = unposted_;
+    QWidget* before = unmarked_;
     if (auto* close = findChild<QToolButton*>(QStringLiteral("filterClose"))) before = close;
     for (QAbstractButton* button : outlines_->buttons()) {
       setTabOrder(before, button);
@@ -224,7 +232,7 @@ void FilterRow::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (event->key() == Qt::Key_Escape) {
     const bool filled = !text_->text().isEmpty() || !from_->text().isEmpty() || !to_->text().isEmpty();
-    if (filled || unposted_->isChecked()) {
+    if (filled || unposted_->isChecked() || unmarked_->isChecked()) {
       Clear();
       text_->setFocus();
     } else {

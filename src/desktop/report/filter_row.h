@@ -30,8 +30,9 @@ class FilterRow : public QWidget {
   void Clear();
   // How many lines of all are kept, and whether some of them are folded away.
   void ShowResult(qint64 kept, qint64 lines, bool folded);
-  // Whether the lines are those of vouchers: rows of a table are called so, and none of them is unposted.
-  void ShowLines(bool ofVouchers);
+  // Whether the lines are those of vouchers: rows of a table are called so, and none of them is unposted. Lines that
+  // are marked are posted; `withoutMark` is what those without are called then.
+  void ShowLines(bool ofVouchers, const QString& withoutMark = {});
   // What can be shown of the blocks, and what is; of month totals only where there are any.
   void ShowOutline(const QStringList& names, int chosen, bool hasMonths, bool monthTotals);
 
@@ -63,6 +64,7 @@ class FilterRow : public QWidget {
   QLineEdit* from_ = nullptr;
   QLineEdit* to_ = nullptr;
   QCheckBox* unposted_;
+  QCheckBox* unmarked_;
   QHBoxLayout* outlineLine_;
   QButtonGroup* outlines_;
   QCheckBox* monthTotals_;

@@ -110,7 +110,7 @@ void GridTools::BeginFilter() {
     filterRow_->ShowResult(0, 0, false);
     return;
   }
-  filterRun_ = FilterRun(*report, filter);
+  filterRun_ = FilterRun(*report, filter, view_.Marks().column);
   filtering_.start(0, this);
   GoOnFiltering();
 }
@@ -135,7 +135,7 @@ void GridTools::OnRefreshed() {
   reached_ = -1;
   filterRun_ = {};
   if (view_.Report() == nullptr) return;
-  filterRow_->ShowLines(view_.RowCount() == 0 || view_.ShowsVoucherLines());
+  filterRow_->ShowLines(view_.RowCount() == 0 || view_.ShowsVoucherLines(), view_.Marks().withoutMark);
   ShowOutline();
   if (!filterRow_->Filter().empty()) BeginFilter();
   if (!locateBar_->isHidden()) BeginSearch();

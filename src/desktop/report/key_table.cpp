@@ -94,6 +94,7 @@ constexpr KeyEntry reportKeys[] = {
     {"Alt+O、Alt+D", "输出以后打开文件、打开它所在的文件夹"},
     {"Ctrl+G、Ctrl+L", "隐藏明细、隐藏零值，再按一次恢复；工具栏上有这两个按钮的帐表"},
     {"空格、在“两清”栏单击", "往来两清：改当前行的标记"},
+    {"Insert", "往来两清：改当前行的标记，到下一条分录"},
 };
 
 constexpr KeyEntry voucherKeys[] = {

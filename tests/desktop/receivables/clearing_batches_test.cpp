@@ -2,6 +2,8 @@
 // balance check over what is marked.
 #include <QProgressBar>
 
+#include "desktop/manual/open_manual.h"
+#include "desktop/receivables/clearing_dialogs.h"
 #include "desktop/receivables/clearing_ledger.h"
 
 namespace tz::test {
@@ -95,6 +97,10 @@ TEST_F(ClearingBatches, TheCheckComparesWhatIsMarked) {
     EXPECT_EQ(fromQt(told.ShownText(0, 1)), "30.00");
     EXPECT_EQ(fromQt(told.ShownText(0, 2)), "100.00");
     expectNamed(dialog);
+    control<QAction>(dialog, "50009").trigger();
+    ASSERT_NE(openManual(), nullptr);
+    EXPECT_EQ(openManual()->Place(), (ManualPlace{QStringLiteral("clearing"), QStringLiteral("平衡检查")}));
+    openManual()->close();
     control<QAction>(dialog, "50010").trigger();
   });
   at.key(Qt::Key_B, Qt::ControlModifier);
@@ -140,6 +146,18 @@ TEST_F(ClearingBatches, MatchingStopsBetweenTwoParties) {
             "0\n")
       << "a party is matched wholly or not at all";
   EXPECT_NE(ledger_.ledger().rows("SELECT COUNT(*) FROM RegSub WHERE byFlag = 0 AND lPersonId >= 100"), "0\n");
+}
+
+TEST_F(ClearingBatches, AResultOfManyAccountsFitsASmallScreenAndSaysWhatIsTrue) {
+  constexpr int accounts = 40, smallScreen = 340;
+  MatchOutcome outcome;
+  outcome.accounts.resize(accounts);
+  outcome.stopped = true;
+  MatchResultDialog dialog(outcome, nullptr);
+  dialog.show();
+  EXPECT_LT(dialog.minimumSizeHint().height(), smallScreen);
+  EXPECT_GT(dialog.height(), smallScreen) << "where there is room it is taken";
+  EXPECT_EQ(summary(dialog), "没有勾对分录。勾对已停止，其余的没有勾对。") << "there may be lines to match";
 }
 
 }  // namespace

@@ -1,7 +1,11 @@
 // Two-clearing by hand in its windows: marks by click and space bar, several operators at once, writes that fail, and
 // where rows lead.
+#include <QAccessible>
+#include <QCheckBox>
+
 #include "cli/full_disk.h"
 #include "core/reports/marking.h"
+#include "desktop/frame/manual_page.h"
 #include "desktop/receivables/clearing_ledger.h"
 
 namespace tz::test {
@@ -50,12 +54,72 @@ TEST_F(ClearingWindows, AMarkIsToggledByAClickAndBySpace) {
   EXPECT_TRUE(messages_.all.empty());
 }
 
+TEST_F(ClearingWindows, LinesAreMarkedOneAfterAnotherAndSummedUp) {
+  const ClearingWindow at(unitClearing);
+  EXPECT_EQ(at.label("clearingSums"), "已两清：借方 0.00，贷方 0.00，平　　未两清：借方 100.00，贷方 100.00，平");
+  at.press(WindowCommand::tabDept);
+  at.view().SetCurrent(0, 3);
+  const auto insert = [&] { QTest::keyClick(&at.view(), Qt::Key_Insert); };
+  insert();
+  EXPECT_EQ(at.marks(), "√--");
+  EXPECT_EQ(at.view().Current(), (GridCell{1, 3}));
+  EXPECT_EQ(at.label("status"), "记-0002：手工两清");
+  insert();
+  EXPECT_EQ(at.view().Current(), (GridCell{3, 3})) << "over the subtotal";
+  EXPECT_EQ(at.label("clearingSums"),
+            "已两清：借方 70.00，贷方 100.00，差 贷 30.00　　未两清：借方 30.00，贷方 0.00，余 借 30.00");
+  insert();
+  EXPECT_EQ(at.view().Current(), (GridCell{3, 3})) << "there is no next one";
+  EXPECT_EQ(at.label("clearingSums"), "已两清：借方 100.00，贷方 100.00，平　　未两清：借方 0.00，贷方 0.00，平");
+  at.space();
+  EXPECT_EQ(at.label("status"), "记-0001：未两清");
+  auto& cells = *QAccessible::queryAccessibleInterface(&at.view())->tableInterface();
+  const auto spoken = [&](int row) { return fromQt(cells.cellAt(row, at.markColumn())->text(QAccessible::Name)); };
+  EXPECT_EQ(spoken(0), "手工两清");
+  EXPECT_EQ(spoken(3), "未两清");
+  EXPECT_EQ(spoken(4), "") << "a subtotal";
+
+  at.key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_FALSE(control<QCheckBox>(at.window(), "filterUnposted").isVisible()) << "every line here is posted";
+  auto& open = control<QCheckBox>(at.window(), "filterUnmarked");
+  EXPECT_EQ(fromQt(open.text()), "仅未两清");
+  open.click();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !at.view().Rows().Shows(0); }));
+  EXPECT_TRUE(at.view().Rows().Shows(3));
+  at.view().SetCurrent(3, 3);
+  at.space();
+  EXPECT_TRUE(at.view().Rows().Shows(3)) << "it can be taken back at once";
+  EXPECT_NE(at.label("clearingSums").find("已两清：借方 100.00"), std::string::npos) << "hidden lines count";
+}
+
+TEST_F(ClearingWindows, ThePlaceStays) {
+  const ClearingWindow at(unitClearing);
+  const auto place = [&] {
+    const auto& current = at.view().Current();
+    return fromQt(at.view().ShownText(current.row, 1) + u'|' + at.view().Columns().CaptionOf(current.column));
+  };
+  at.view().SetCurrent(1, at.markColumn());
+  EXPECT_EQ(place(), "记-0002|两清");
+  at.press(WindowCommand::tabDept);
+  EXPECT_EQ(place(), "记-0002|两清") << "the columns behind the groups have moved";
+  inModal([](QWidget& dialog) { click(dialog, "1"); });
+  at.press(WindowCommand::query);
+  EXPECT_EQ(place(), "记-0002|两清");
+  EXPECT_EQ(at.grid().Columns()[2].caption, "部门") << "so does the tab";
+  auto& month = control<QComboBox>(at.window(), "8022");
+  month.setFocus();
+  QTest::keyClick(&month, Qt::Key_Up);
+  EXPECT_EQ(at.label("1007"), "截止月份: 2006.02");
+  EXPECT_EQ(place(), "记-0002|两清");
+}
+
 TEST_F(ClearingWindows, AnotherOperatorsMarkIsShownAndNotOverwritten) {
   const ClearingWindow at(personClearing);
   EXPECT_EQ(ledger_.toggleElsewhere(ClearingKind::person, 2), 1);
   at.click(1, at.markColumn());
   const auto told = messages_.takeLast();
   EXPECT_NE(told.find("李出纳"), std::string::npos) << told;
+  EXPECT_EQ(told.find('Z'), std::string::npos) << "the clock of this place: " << told;
   EXPECT_EQ(at.marks(), "-√○");
   EXPECT_EQ(at.grid().BackgroundAt(1), markedPerson);
   EXPECT_EQ(ledger_.marks(), "2:1\n3:2\n4:1\n14:1\n");
@@ -95,6 +159,7 @@ TEST_F(ClearingWindows, AMarkThatCannotBeWrittenIsShownHatchedUntilARefresh) {
   at.click(2, cell.column);
   EXPECT_EQ(at.marks(), "---") << "once more writes what was given";
   EXPECT_EQ(fromQt(at.view().DoubtOf({2, cell.column})), "");
+  EXPECT_EQ(at.label("status"), "记-0002：未两清") << "no failure any more";
   EXPECT_EQ(ledger_.marks(), "4:1\n14:1\n");
 }
 
@@ -169,6 +234,7 @@ TEST_F(ClearingWindows, TheMonthAndTheTabsListOtherLines) {
   inModal([](QWidget& dialog) {
     EXPECT_EQ(dialog.windowTitle(), QStringLiteral("往来两清定位"));
     expectNamed(dialog);
+    EXPECT_EQ(manualPageOf(&dialog), QStringLiteral("clearing#定位"));
     auto& groups = control<QComboBox>(dialog, "8344");
     QTest::keyClick(&groups, Qt::Key_Down);
     EXPECT_EQ(groups.currentText(), QStringLiteral("采购部"));
