@@ -149,7 +149,8 @@ int GridViewColumns::WidestText(const CTzGrid& grid) const {
   int width = atTextSize(shortTexts);
   for (int index = 0; const GridColumn& column : grid.Columns()) {
     const int measured = measured_[static_cast<std::size_t>(index)];
-    if (traitsOf(column.kind).content == ColumnTraits::Content::text && measured >= width) {
+    const bool wider = found < 0 ? measured >= width : measured > width;
+    if (traitsOf(column.kind).content == ColumnTraits::Content::text && wider) {
       found = index;
       width = measured;
     }
