@@ -54,6 +54,11 @@ FilterRow::FilterRow(QWidget* parent)
   close->setAutoRaise(true);
   close->setFocusPolicy(Qt::TabFocus);
   line->addWidget(close);
+  QWidget* before = to_;
+  for (QWidget* next : std::initializer_list<QWidget*>{unposted_, unmarked_, close}) {
+    setTabOrder(before, next);
+    before = next;
+  }
 
   outlineLine_->setSpacing(4);
   monthTotals_->setObjectName(QStringLiteral("monthTotals"));

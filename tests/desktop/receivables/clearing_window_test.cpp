@@ -2,6 +2,7 @@
 // where rows lead.
 #include <QAccessible>
 #include <QCheckBox>
+#include <QLineEdit>
 
 #include "cli/full_disk.h"
 #include "core/reports/marking.h"
@@ -83,7 +84,11 @@ TEST_F(ClearingWindows, LinesAreMarkedOneAfterAnotherAndSummedUp) {
   EXPECT_FALSE(control<QCheckBox>(at.window(), "filterUnposted").isVisible()) << "every line here is posted";
   auto& open = control<QCheckBox>(at.window(), "filterUnmarked");
   EXPECT_EQ(fromQt(open.text()), "仅未两清");
-  open.click();
+  auto& last = control<QLineEdit>(at.window(), "filterTo");
+  last.setFocus();
+  QTest::keyClick(&last, Qt::Key_Tab);
+  EXPECT_EQ(at.window().focusWidget(), &open);
+  QTest::keyClick(&open, Qt::Key_Space);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !at.view().Rows().Shows(0); }));
   EXPECT_TRUE(at.view().Rows().Shows(3));
   at.view().SetCurrent(3, 3);
