@@ -58,7 +58,8 @@ TEST(ReportPages, HeadingsKeepTheirBlockAndYearTotalsTheirMonth) {
   // Blocks of many lengths, so that the foot of a page meets every place of them.
   for (int lines = 1; lines < 40; ++lines) {
     const auto report = longLedger(30, lines, 3);
-    for (const auto& page : ReportPages(report, {}).Pages()) {
+    const ReportPages pages(report, {});
+    for (const auto& page : pages.Pages()) {
       if (page.end == report.grid.GetRows()) continue;
       const auto last = report.grid.RowKindAt(page.end - 1);
       EXPECT_NE(last, RowKind::heading) << lines;

@@ -55,7 +55,7 @@ class Directories : public ::testing::Test {
   static void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     // A form that was open above it may just have closed; shortcuts are those of the window in front.
     window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(waitActive(&window));
     QWidget* focus = window.focusWidget();
     QTest::keyClick(focus == nullptr ? &window : focus, key, modifiers);
   }

@@ -74,7 +74,7 @@ TEST_F(HostTest, LogonRefusesADateOutsideTheAccountYear) {
   const OpenLedger open(address());
   LogonDialog logon(open, {}, nullptr);
   logon.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&logon));
+  ASSERT_TRUE(waitActive(&logon));
   control<QLineEdit>(logon, "password").setText("秘密");
   auto& date = control<QDateEdit>(logon, "logonDate");
   date.setFocus();
@@ -182,7 +182,7 @@ TEST_F(HostTest, ACommandWithoutItsRightIsPaleAndSaysWhy) {
   Desktop desktop(settings, open, Operator{.name = "王会计", .rights = {3}});
   desktop.Show();
   auto* navigator = qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(navigator));
+  ASSERT_TRUE(waitActive(navigator));
   navigator->OnTzAssistantPerson();
   auto& button = control<PictureButton>(*navigator, "10190");
   const QString why = "操作员 王会计 没有“三栏式明细帐”的权限（4 号），请向管理员申请";

@@ -87,7 +87,7 @@ class OperatorWindows : public HostTest {
 TEST_F(OperatorWindows, KeepOperatorsByKeysAlone) {
   OperatorsDialog dialog(ledger_.ledger().address(), everybody(), nullptr);
   dialog.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   expectNamed(dialog);
   EXPECT_FALSE(control<QPushButton>(dialog, "remove").isEnabled()) << "nobody is there";
   inModal([](QWidget& form) {
@@ -126,7 +126,7 @@ TEST_F(OperatorWindows, GiveAndTakeRightsOnATree) {
   addTwo();
   OperatorsDialog dialog(ledger_.ledger().address(), keeper_, nullptr);
   dialog.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   expectNamed(dialog);
   // A right, then the whole area, then back.
   stand(dialog, "王芳");
@@ -152,7 +152,7 @@ TEST_F(OperatorWindows, FindRenameAndRemove) {
   addTwo();
   OperatorsDialog dialog(ledger_.ledger().address(), keeper_, nullptr);
   dialog.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   inModal([](QWidget& form) {
     type(form, "name", QStringLiteral("李芳"));
     click(form, "1");
@@ -160,7 +160,7 @@ TEST_F(OperatorWindows, FindRenameAndRemove) {
   stand(dialog, "王芳");
   QTest::keyClick(&control<QListWidget>(dialog, "operators"), Qt::Key_F2);
   dialog.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   QTest::keyClick(&dialog, Qt::Key_F, Qt::ControlModifier);
   auto& search = control<QLineEdit>(dialog, "search");
   EXPECT_TRUE(search.hasFocus());
@@ -235,7 +235,7 @@ TEST_F(OperatorWindows, ARightThatIsTakenAwayEndsAtTheNextCommand) {
   Desktop desktop(settings_, open, logonQuestion(open.Database(), "王会计").who);
   desktop.Show();
   auto& navigator = *qobject_cast<CQnCwAssistantDlg*>(g_pDlgWnd);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&navigator));
+  ASSERT_TRUE(waitActive(&navigator));
   navigator.OnTzAssistantPerson();
   EXPECT_TRUE(control<PictureButton>(navigator, "10190").IsAvailable());
   EXPECT_EQ(entry(navigator, "operators").text(), "操作员…（需要全部权限）");
@@ -272,7 +272,7 @@ TEST_F(OperatorWindows, LogonCountsTheWaitAndKnowsTheLockOfCapitals) {
   LogonDelays delays(std::chrono::seconds(1), [&] { return moment; });
   LogonDialog logon(open, {}, nullptr, delays);
   logon.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&logon));
+  ASSERT_TRUE(waitActive(&logon));
   auto& password = control<QLineEdit>(logon, "password");
   auto& lock = control<QLabel>(logon, "passwordLock");
   QTest::keyClick(&password, 'A', Qt::ShiftModifier);
@@ -335,7 +335,7 @@ TEST_F(OperatorWindows, TheLogLeadsToTheVoucher) {
   ledger_.ledger().keeper().execute("UPDATE zOperator SET bAll = 1");
   const auto desktop = openLog(withRightsOfNow(open.Database(), who));
   auto& window = *g_pDlgWnd->findChild<WorkLogWindow*>();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  ASSERT_TRUE(waitActive(&window));
   expectNamed(window);
   ASSERT_EQ(window.Grid().RowCount(), 4);
   auto& by = control<QComboBox>(window, "by");

@@ -93,7 +93,7 @@ TEST_F(FirstMinute, TheMakingOfTheSampleCanBeStoppedAndFail) {
   StartWindow start(
       settings, [&](const QString& address, QWidget*) { return opened.append(address), Failure{}; }, nullptr);
   start.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&start));
+  ASSERT_TRUE(waitActive(&start));
 
   start.SetSample([](Connection&, LedgerWork& work) {
     for (int step = 0; step < 2000; ++step) {
@@ -194,7 +194,7 @@ TEST_F(FirstMinute, RecentLedgersAreOpenedAndForgottenByKeysAndMouse) {
       },
       nullptr);
   start.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&start));
+  ASSERT_TRUE(waitActive(&start));
   expectNamed(start);
   auto& recent = *start.findChild<RecentList*>();
   EXPECT_TRUE(recent.item(0)->data(Qt::AccessibleTextRole).toString().startsWith("东方，2007 年度，找不到文件，"));
@@ -237,7 +237,7 @@ TEST_F(FirstMinute, AServerIsAskedForByItsPartsOrItsAddress) {
   QStringList asked;
   ServerDialog dialog([&](const QString& address, QWidget*) { return asked.append(address), answer; }, nullptr);
   dialog.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   const auto field = [&](const char* name) -> QLineEdit& { return control<QLineEdit>(dialog, name); };
   const auto paste = [&](const QString& text) {
     QApplication::clipboard()->setText(text);

@@ -11,6 +11,7 @@
 #include "desktop/host/host_ledger.h"
 #include "desktop/manual/open_manual.h"
 #include "desktop/report/search_window.h"
+#include "desktop/report/voucher_window.h"
 #include "desktop/report/window_commands.h"
 #include "desktop/shell/command_table.h"
 
@@ -249,6 +250,31 @@ TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
   expectActive(*search);
   QTest::keyClick(search->focusWidget(), Qt::Key_F1);
   expectPage("search", "");
+
+  inModal([](QWidget& dialog) { click(dialog, "1"); });
+  click(*navigator_, "10183");
+  auto* table = navigator_->findChildren<ReportWindow*>().back();
+  inModal([&](QWidget& find) {
+    QTest::keyClick(find.focusWidget(), Qt::Key_F1);
+    expectPage("tables", "定位和查找");
+    leave(find);
+  });
+  focus(table->Grid());
+  press(table->Grid(), Qt::Key_F, Qt::ControlModifier);
+
+  const auto aLine = [](const ReportWindow& report) {
+    qint64 row = 0;
+    while (!report.Shown()->report.subjects.line(row)) ++row;
+    return row;
+  };
+  first_->Grid().SetCurrent(aLine(*first_), 0);
+  focus(first_->Grid());
+  press(first_->Grid(), Qt::Key_Return, Qt::NoModifier);
+  auto* voucher = navigator_->findChild<VoucherWindow*>();
+  ASSERT_NE(voucher, nullptr);
+  expectActive(*voucher);
+  QTest::keyClick(voucher->focusWidget(), Qt::Key_F1);
+  expectPage("vouchers", "");
 }
 
 // A dialog that waits for an answer leaves the manual beside it free: it scrolls, follows links and closes; and it

@@ -23,7 +23,7 @@ class ManualTest : public ::testing::Test {
     showManual(nullptr, page);
     window_ = openManual();
     ASSERT_NE(window_, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+    ASSERT_TRUE(waitActive(window_));
   }
   QTextBrowser& Page() { return control<QTextBrowser>(*window_, "page"); }
   void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

@@ -60,7 +60,7 @@ TEST_F(ExportTest, ProposesSubjectAndPeriodInTheLastFolderAndOpensWhatItWrote) {
   EXPECT_NE(status().find("已输出到"), std::string::npos);
 
   window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+  ASSERT_TRUE(waitActive(window_));
   auto& folderButton = control<QToolButton>(*window_, "openFolder");
   {
     const OpenedFiles opened;

@@ -76,7 +76,7 @@ class FindTest : public ::testing::Test {
       QTest::keyClick(&dialog, Qt::Key_Return, Qt::ControlModifier);
     });
     report.window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&report.window()));
+    ASSERT_TRUE(waitActive(&report.window()));
     QTest::keyClick(&report.window().Grid(), Qt::Key_F, Qt::ControlModifier);
   }
   [[nodiscard]] static const FindRule& ruleOf(const OpenReport& report) {

@@ -98,7 +98,7 @@ TEST_F(Keyboard, TabGoesThroughEveryWindowInReadingOrder) {
     ReportWindow window(*report, nullptr);
     ASSERT_TRUE(window.CreateTheDialog(nullptr));
     window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(waitActive(&window));
     window.Grid().setFocus();
     const auto targets = tabTargets(window);
     std::set<QWidget*> reached;
@@ -144,7 +144,7 @@ TEST(ToolBarKeys, ReachTheirCommands) {
   window->SetConditions(ReportLedger::zhangSan());
   ASSERT_TRUE(window->CreateTheDialog(nullptr));
   window->RefreshDisplay();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  ASSERT_TRUE(waitActive(window));
   expectNamed(*window);
   QStringList opened;
   const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers) {

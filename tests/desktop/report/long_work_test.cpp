@@ -99,7 +99,7 @@ TEST_F(LongWorkTest, ClosingTheWindowStopsItAndThenCloses) {
 TEST_F(LongWorkTest, AModalWindowThatWorksIsStoppedAndStaysOpen) {
   QDialog dialog(window_);
   dialog.open();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(waitActive(&dialog));
   LongWork work(dialog);
   QTest::keyClick(&dialog, Qt::Key_Escape);
   EXPECT_TRUE(work.Cancelled());

@@ -18,7 +18,7 @@ class OpenReport {
     EXPECT_TRUE(window_->CreateTheDialog(nullptr));
     window_->SetConditions(request);
     window_->RefreshDisplay();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
+    EXPECT_TRUE(waitActive(window_));
   }
   OpenReport(const OpenReport&) = delete;
   OpenReport& operator=(const OpenReport&) = delete;

@@ -29,7 +29,7 @@ class PreviewTest : public SampleReport {
   void preview(const std::function<void(PreviewDialog&)>& script) {
     bool opened = false;
     Window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    ASSERT_TRUE(waitActive(&Window()));
     inModal([&](QWidget& dialog) {
       opened = true;
       auto& preview = dynamic_cast<PreviewDialog&>(dialog);

@@ -65,7 +65,7 @@ class FeatureTest : public ::testing::Test {
 
   ReportWindow& open() {
     auto* window = launcher_->LaunchFromReport({made_.command, atMonthsEnd()}, nullptr);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitActive(window));
     return *window;
   }
   static void press(ReportWindow& window, WindowCommand command) {
@@ -180,7 +180,7 @@ TEST_F(FeatureTest, ARowLeadsWhereTheRecordSays) {
        }) {
     launcher_->LaunchFromReport({10190, ReportLedger::zhangSan()}, nullptr);
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(waitActive(&window));
     window.Grid().setFocus();
     window.Grid().SetCurrent(2, 0);
     go();

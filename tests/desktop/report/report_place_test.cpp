@@ -23,7 +23,7 @@ class ReportPlace : public ::testing::Test {
     EXPECT_TRUE(window_->CreateTheDialog(nullptr));
     window_->SetConditions(ReportLedger::zhangSan());
     window_->RefreshDisplay();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
+    EXPECT_TRUE(waitActive(window_));
   }
   ~ReportPlace() override { delete window_; }
 

@@ -39,7 +39,7 @@ class SampleReport : public testing::Test {
     window_->SetConditions(request);
     ASSERT_TRUE(window_->CreateTheDialog(nullptr));
     window_->RefreshDisplay();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+    ASSERT_TRUE(waitActive(window_));
     ASSERT_NE(window_->Shown(), nullptr) << messages_.takeLast();
     ASSERT_GT(View().RowCount(), 0);
   }

@@ -52,7 +52,7 @@ TEST_F(Stopped, AFirstRunLeavesAWindowThatSaysSo) {
   EXPECT_EQ(status(), "已停止");
   EXPECT_TRUE(saysSomething());
   // As the window says: F5, and the dialog opens on the same conditions.
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+  ASSERT_TRUE(waitActive(window_));
   inModal([](QWidget& dialog) { click(dialog, "1"); });
   QTest::keyClick(&window_->Grid(), Qt::Key_F5);
   ASSERT_NE(window_->Shown(), nullptr);

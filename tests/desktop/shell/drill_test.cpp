@@ -45,7 +45,7 @@ class DrillTest : public SampleReport {
   ReportWindow& open(int command, const Request& request) {
     auto* window = launcher_.LaunchFromReport({command, request}, nullptr);
     if (window == nullptr) throw std::runtime_error("no window");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitActive(window));
     return *window;
   }
   [[nodiscard]] ReportWindow* behind(int command) const {
@@ -53,7 +53,7 @@ class DrillTest : public SampleReport {
   }
   static void enter(ReportWindow& table, std::int64_t row) {
     table.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+    ASSERT_TRUE(waitActive(&table));
     table.Grid().setFocus();
     ASSERT_TRUE(table.Grid().SetCurrent(row, 0));
     QTest::keyClick(&table.Grid(), Qt::Key_Return);
@@ -153,7 +153,7 @@ class DrillTest : public SampleReport {
     }
     EXPECT_TRUE(report.grid.GetRows() == 0 || ledger->Grid().VisiblePart(ledger->Grid().Current()).isValid());
     EXPECT_EQ(ledger->focusWidget(), &ledger->Grid());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(ledger));
+    EXPECT_TRUE(waitActive(ledger));
     EXPECT_TRUE(table.isVisible());
     EXPECT_EQ(table.Grid().Current().row, row);
     for (const auto key : {ParameterKey::unposted, ParameterKey::format, ParameterKey::projectFrom}) {

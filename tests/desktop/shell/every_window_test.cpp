@@ -177,7 +177,7 @@ TEST_F(EveryWindow, OpensShowsExportsAndCloses) {
     EXPECT_EQ(bytesOf(name + ".xlsx").substr(0, 2), "PK");
 
     window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    ASSERT_TRUE(waitActive(window));
     QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);
     EXPECT_TRUE(launcher_.Windows().empty());
     deleteClosed();

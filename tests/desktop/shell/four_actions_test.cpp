@@ -26,7 +26,7 @@ class FourActions : public SampleReport {
   // Presses Enter where the focus is.
   static void enter(QWidget* window, Qt::KeyboardModifiers with = {}) {
     ASSERT_NE(window, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    ASSERT_TRUE(waitActive(window));
     ASSERT_NE(window->focusWidget(), nullptr);
     QTest::keyClick(window->focusWidget(), Qt::Key_Return, with);
   }
@@ -51,7 +51,7 @@ TEST_F(FourActions, LeadFromTheNavigatorToTheVoucherBehindABalance) {
   auto* voucher = qobject_cast<VoucherWindow*>(launcher_.SlotOf(VoucherWindow::templateId));
   ASSERT_NE(voucher, nullptr) << messages_.takeLast();
 
-  ASSERT_TRUE(QTest::qWaitForWindowActive(voucher));
+  ASSERT_TRUE(waitActive(voucher));
   const Subject& member = table->Shown()->report.subjects.of(0);
   const auto& line = voucher->Shown()->lines[static_cast<std::size_t>(voucher->Paper()->Sheet().CurrentRow())];
   EXPECT_EQ(line.dept.id, member.dept);

@@ -192,7 +192,7 @@ TEST_F(LaunchTest, AWindowThatIsNoReportLivesAmongTheReports) {
   auto* report = launcher_.LaunchFromReport({personDetail, ReportLedger::zhangSan()}, &navigator_);
   const QPointer<PlainWindow> plain = new PlainWindow;
   EXPECT_TRUE(launcher_.Open(plain));
-  EXPECT_TRUE(QTest::qWaitForWindowActive(plain));
+  EXPECT_TRUE(waitActive(plain));
   EXPECT_EQ(plain->parentWidget(), &navigator_);
   EXPECT_EQ(launcher_.SlotOf(PlainWindow::key), plain);
   EXPECT_EQ(launcher_.Windows().size(), 2);

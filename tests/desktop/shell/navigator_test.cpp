@@ -29,7 +29,7 @@ class Navigator : public testing::Test {
     window_->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
     window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    ASSERT_TRUE(test::waitActive(window_.get()));
   }
   void TearDown() override {
     window_.reset();

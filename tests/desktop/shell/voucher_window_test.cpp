@@ -34,7 +34,7 @@ class VoucherWindowTest : public SampleReport {
     for (const auto& [key, text] : conditions) request.set(key, text);
     auto* window = launcher_.LaunchFromReport({.command = command, .conditions = request}, nullptr);
     if (window == nullptr) throw std::runtime_error("no window");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitActive(window));
     return *window;
   }
   [[nodiscard]] VoucherWindow* voucher() const {
@@ -68,7 +68,7 @@ class VoucherWindowTest : public SampleReport {
     if (found.rows == 0) throw std::runtime_error("no line with " + lineWhere);
     auto* window = launcher_.OpenVoucher({book, std::stoll(found.at(0, 0)), std::stoll(found.at(0, 1))}, &asker_);
     if (window == nullptr) throw std::runtime_error("no voucher");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitActive(window));
     return *window;
   }
 
@@ -85,7 +85,7 @@ TEST_F(VoucherWindowTest, OpensFromEveryLineAndStandsOnIt) {
     const auto line = shown.subjects.line(row);
     if (!line || (line->book == Book::posted && ++lines % 7 != 1)) continue;
     report.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&report));
+    ASSERT_TRUE(waitActive(&report));
     ASSERT_TRUE(report.Grid().SetCurrent(row, 2));
     if (lines % 2 == 0) {
       QTest::keyClick(&report.Grid(), Qt::Key_Return);
@@ -95,7 +95,7 @@ TEST_F(VoucherWindowTest, OpensFromEveryLineAndStandsOnIt) {
     ASSERT_NE(voucher(), nullptr) << messages_.takeLast();
     if (window == nullptr) window = voucher();
     EXPECT_EQ(voucher(), window) << "one window for all";
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_TRUE(waitActive(window));
     const Voucher& voucher = *window->Shown();
     EXPECT_EQ(voucher.book, line->book);
     EXPECT_EQ(voucher.head.lTieId, line->voucher);

@@ -50,6 +50,12 @@ class RecordedMessages {
   MessageHandler before_;
 };
 
+// Waits until keys reach the window's own shortcuts. To the toolkit's own wait a window is active also while one that
+// it belongs to is.
+[[nodiscard]] inline bool waitActive(const QWidget* window) {
+  return QTest::qWaitFor([&] { return QApplication::activeWindow() == window; });
+}
+
 // Runs `script` with the modal window that opens next, within five seconds. A script must end its window; one that does
 // not fails the test.
 inline void runInModal(std::function<void(QWidget&)> script, const QWidget* before, int patience) {
@@ -59,7 +65,7 @@ inline void runInModal(std::function<void(QWidget&)> script, const QWidget* befo
     if (modal == before && patience > 0) return runInModal(script, before, patience - 1);
     auto* window = modal == before ? nullptr : qobject_cast<QDialog*>(modal);
     ASSERT_NE(window, nullptr) << "no modal window opened";
-    if (!QTest::qWaitForWindowActive(window)) ADD_FAILURE() << "the window does not become active";
+    if (!waitActive(window)) ADD_FAILURE() << "the window does not become active";
     try {
       script(*window);
     } catch (const std::exception& error) {
