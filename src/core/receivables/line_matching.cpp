@@ -1,7 +1,6 @@
 #include "core/receivables/line_matching.h"
 
 #include <bit>
-#include <cmath>
 #include <string_view>
 #include <unordered_map>
 
@@ -10,12 +9,9 @@
 namespace tz {
 namespace {
 
-// Amounts are the same when their millionths are, as in the sums below. Negative zero is zero.
-double wholeMillionthsOf(double amount) { return std::round(amount * 1e6) + 0.0; }
-
 // What a pair has in common.
 struct PairKey {
-  double millionths = 0;
+  double amount = 0;
   std::string_view business;
 
   bool operator==(const PairKey&) const = default;
@@ -23,7 +19,8 @@ struct PairKey {
 struct PairKeyHash {
   std::size_t operator()(const PairKey& key) const {
     constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U;
-    const auto bits = std::bit_cast<std::uint64_t>(key.millionths);
+    // Zero and its negative are the same amount.
+    const auto bits = key.amount == 0 ? 0 : std::bit_cast<std::uint64_t>(key.amount);
     auto hash = (std::hash<std::string_view>()(key.business) ^ bits) * spread;
     hash ^= hash >> 29U;
     return hash * spread;
@@ -58,7 +55,7 @@ class Matching {
  private:
   void pairUp() {
     std::unordered_map<PairKey, Sides, PairKeyHash> byKey(lines_.size());
-    const auto keyOf = [&](const OpenLine& line) { return PairKey{wholeMillionthsOf(line.amount), line.business}; };
+    const auto keyOf = [&](const OpenLine& line) { return PairKey{line.amount, line.business}; };
     for (std::size_t place = 0; place < lines_.size(); ++place) {
       byKey[keyOf(lines_[place])].of(lines_[place].debit).places.push_back(place);
     }
@@ -80,7 +77,7 @@ class Matching {
     MillionthSum rest;
     for (std::size_t place = 0; place < end; ++place) {
       const auto& line = lines_[place];
-      if (marked_[place] || !line.business.empty() || wholeMillionthsOf(line.amount) == 0) continue;
+      if (marked_[place] || !line.business.empty() || line.amount == 0) continue;
       collected.push_back(place);
       if (persons || line.debit) {
         rest -= line.amount;
