@@ -106,6 +106,15 @@ TEST_P(ClearingReportCommand, ListsOpeningsOfEarlierYearsInTheAccountYear) {
     EXPECT_EQ(refused.status, 1) << refused.out;
     EXPECT_EQ(refused.err, "没有查到符合要求的科目。\n");
   }
+  ledger_.fill("RegMain",
+               "lTieId | byPeroid | dtBill | dtDate | sWord | nNumber\n 2 | 3 | 2006-03-05 | 2006-03-05 | 记 | 2");
+  EXPECT_EQ(answer({"report", "10192"})["period"], "截止月份: 2006.03");
+  for (const int year : {2007, 0}) {
+    ledger_.keeper().execute(Sql("UPDATE zAccountM SET nYear = ?", year));
+    const auto other = answer({"report", "10192"});
+    EXPECT_EQ(other["period"], "截止月份: 2006.03") << "vouchers of another year than the ledger names";
+    EXPECT_EQ(other["notices"].size(), 1U);
+  }
 }
 
 TZ_ON_BOTH_DATABASES(ClearingReportCommand);

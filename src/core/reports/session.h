@@ -37,8 +37,8 @@ struct Session {
 [[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
 // The company of the account set; empty in a ledger that names none.
 [[nodiscard]] std::string companyName(const CQnCwDB& db);
-// The date of the account year's last posted voucher; the first day of the year where it has none yet, as a ledger that
-// holds openings of earlier years alone.
+// The date of the account year's last posted voucher, or of the last one of another year that is no opening; the first
+// day of the account year where there is neither, as in a ledger that holds openings of earlier years alone.
 [[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);
 
 }  // namespace tz
