@@ -62,7 +62,7 @@ int showReport(const QStringList& words) {
   request.set(tz::ParameterKey::from, "1");
   request.set(tz::ParameterKey::to, "12");
   tz::ReportLauncher launcher(tz::everybody(), tz::findReport);
-  auto* window = launcher.LaunchFromReport(10190, request, nullptr);
+  auto* window = launcher.LaunchFromReport({.command = 10190, .conditions = request}, nullptr);
   if (window == nullptr || window->Shown() == nullptr) return 1;
   const int status = paint(*window);
   delete window;
