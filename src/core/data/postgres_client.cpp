@@ -10,7 +10,8 @@ namespace tz {
 namespace {
 
 PostgresClient load() {
-  void* library = dlopen("libpq.so.5", RTLD_NOW | RTLD_LOCAL);
+  // Not all names at once: those of the libraries behind it, for ciphers and directories, are many and hardly used.
+  void* library = dlopen("libpq.so.5", RTLD_LAZY | RTLD_LOCAL);
   if (library == nullptr) {
     const char* reason = dlerror();
     throw DbError(DbError::Kind::other, "the PostgreSQL client library (libpq) cannot be loaded: " +
