@@ -41,7 +41,11 @@ class PostgresConnection final : public Connection {
 
   std::unique_ptr<Cursor> query(const Sql& sql) override {
     requireTaken(sql);
-    return std::make_unique<PostgresCursor>(session_, sql);
+    return std::make_unique<PostgresCursor>(session_, sql, PostgresCursor::Rows::block);
+  }
+  std::unique_ptr<Cursor> queryWhole(const Sql& sql) override {
+    requireTaken(sql);
+    return std::make_unique<PostgresCursor>(session_, sql, PostgresCursor::Rows::all);
   }
   std::int64_t execute(const Sql& sql) override {
     requireTaken(sql);
@@ -77,7 +81,7 @@ class PostgresConnection final : public Connection {
  protected:
   void begin(bool writing) override {
     session_->command(writing ? "BEGIN" : "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
-    session_->countTransaction();
+    session_->countTransaction(writing);
   }
   void commit() override {
     const auto result = session_->commit("COMMIT");
@@ -119,11 +123,11 @@ std::unique_ptr<Connection> openPostgres(const std::string& address, Access acce
   // Every row of a cursor is read, so plans are made for the whole; who waits for a lock hears of it.
   // Every order that a report asks for has its index; for a member of few lines the server would sort all the same.
   // A sort that is left counts as so dear that the server would compile the plan, which takes longer than most reports.
-  connection->command(
+  std::string settings =
       "SET client_min_messages = warning; SET cursor_tuple_fraction = 1; SET enable_sort = off; SET jit = off; SET "
-      "enable_incremental_sort = off; SET lock_timeout = "
-      "'5s'");
-  if (access == Access::read) connection->command("SET default_transaction_read_only = on");
+      "enable_incremental_sort = off; SET lock_timeout = '5s'";
+  if (access == Access::read) settings += "; SET default_transaction_read_only = on";
+  connection->command(settings.c_str());
   return connection;
 }
 

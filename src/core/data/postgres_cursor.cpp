@@ -22,15 +22,17 @@ std::string_view withoutBlanks(std::string_view text) {
 
 }  // namespace
 
-PostgresCursor::PostgresCursor(std::shared_ptr<PostgresSession> session, const Sql& sql)
+PostgresCursor::PostgresCursor(std::shared_ptr<PostgresSession> session, const Sql& sql, Rows rows)
     : client_(postgresClient()), session_(std::move(session)) {
   const auto text = sql.numbered();
-  const bool oneRow = text.ends_with(" LIMIT 1");  // comes at once: a cursor would take three trips to the server
-  if (session_->transactionStatus() == PQTRANS_INTRANS && !oneRow) {
+  // A cursor takes three trips to the server.
+  const bool atOnce = rows == Rows::all || text.ends_with(" LIMIT 1");
+  if (session_->transactionStatus() == PQTRANS_INTRANS && !atOnce) {
     name_ = session_->newCursorName();
     transaction_ = session_->transactionNumber();
     (void)session_->run("DECLARE " + name_ + " NO SCROLL CURSOR FOR " + text, sql.values());
     fetch();
+    oneBlock_ = rowCount_ < blockRows;
   } else {
     rows_ = session_->run(text, sql.values());
     rowCount_ = client_.PQntuples(rows_.get());
@@ -42,8 +44,10 @@ PostgresCursor::PostgresCursor(std::shared_ptr<PostgresSession> session, const S
 }
 
 PostgresCursor::~PostgresCursor() {
-  // The server drops cursors with their transaction; within it an open one would keep its table from being changed.
+  // The server drops cursors with their transaction; within it an open one would keep its table from being changed, and
+  // one of many rows what it has gathered.
   if (name_.empty() || transaction_ != session_->transactionNumber()) return;
+  if (oneBlock_ && !session_->transactionWrites()) return;
   if (session_->transactionStatus() != PQTRANS_INTRANS) return;
   try {
     session_->command(("CLOSE " + name_).c_str());

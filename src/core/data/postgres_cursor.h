@@ -13,8 +13,9 @@ namespace tz {
 
 class PostgresCursor final : public Cursor {
  public:
-  // Inside a transaction the rows stay at the server until they are asked for.
-  PostgresCursor(std::shared_ptr<PostgresSession> session, const Sql& sql);
+  // Inside a transaction rows stay at the server until they are asked for, block by block or all at once.
+  enum class Rows { block, all };
+  PostgresCursor(std::shared_ptr<PostgresSession> session, const Sql& sql, Rows rows);
   ~PostgresCursor() override;
 
   bool next() override;
@@ -40,6 +41,7 @@ class PostgresCursor final : public Cursor {
   PostgresResult rows_;
   std::string name_;  // of the server-side cursor; empty when every row is here
   std::uint64_t transaction_ = 0;
+  bool oneBlock_ = false;  // the first block holds every row
   std::vector<Oid> types_;
   mutable std::vector<std::string> written_;  // texts of values that are no texts
   int row_ = -1;

@@ -60,9 +60,9 @@ std::string PostgresDialect::catalogueView() const {
 // and collations are the server's own and the same everywhere.
 std::string PostgresDialect::definitionsQuery(std::string_view list) const {
   return "SELECT CAST(n.nspname AS text), CAST(t.relname AS text), "
-         "CASE WHEN t.relkind IN ('r', 'p') THEN (SELECT string_agg(concat_ws(' ', a.attname, a.atttypid, "
-         "a.attcollation, a.attnotnull), ', ' ORDER BY a.attnum) FROM pg_catalog.pg_attribute a "
-         "WHERE a.attrelid = t.oid AND a.attnum > 0 AND NOT a.attisdropped) ELSE '' END "
+         "CASE WHEN t.relkind IN ('r', 'p') THEN array_to_string(ARRAY(SELECT concat(a.attname, ' ', a.atttypid, ' ', "
+         "a.attcollation, ' ', a.attnotnull) FROM pg_catalog.pg_attribute a WHERE a.attrelid = t.oid AND a.attnum > 0 "
+         "AND NOT a.attisdropped ORDER BY a.attnum), ', ') ELSE '' END "
          "FROM pg_catalog.pg_class t JOIN pg_catalog.pg_namespace n ON n.oid = t.relnamespace "
          "WHERE n.nspname = ANY (pg_catalog.current_schemas(false)) "
          "AND (t.relname IN (" +

@@ -35,8 +35,8 @@ class PostgresDialect final : public Dialect {
   [[nodiscard]] std::string_view tableSuffix() const override { return ""; }
   // The comment on the catalogue view: every ledger has that view, and a dump keeps it.
   [[nodiscard]] std::string_view versionQuery() const override {
-    return "SELECT coalesce(CAST(substring(pg_catalog.obj_description(to_regclass('systable'), 'pg_class') "
-           "FROM '^ledger version ([0-9]{1,9})$') AS integer), 0)";
+    return "SELECT substring(description FROM '^ledger version ([0-9]{1,9})$') FROM pg_catalog.pg_description WHERE "
+           "objoid = to_regclass('systable') AND classoid = 'pg_catalog.pg_class'::regclass AND objsubid = 0";
   }
   [[nodiscard]] std::string versionStatement(int version) const override {
     return "COMMENT ON VIEW systable IS 'ledger version " + std::to_string(version) + "'";

@@ -38,7 +38,11 @@ class PostgresSession {
   [[nodiscard]] bool broken() const { return abandoned_ || client_.PQstatus(handle_) != CONNECTION_OK; }
   // Server-side cursors live as long as the transaction with this number, and carry names of their own.
   [[nodiscard]] std::uint64_t transactionNumber() const { return transactionNumber_; }
-  void countTransaction() { ++transactionNumber_; }
+  [[nodiscard]] bool transactionWrites() const { return transactionWrites_; }
+  void countTransaction(bool writing) {
+    ++transactionNumber_;
+    transactionWrites_ = writing;
+  }
   [[nodiscard]] std::string newCursorName() { return "tz" + std::to_string(++cursorNumber_); }
 
  private:
@@ -71,6 +75,7 @@ class PostgresSession {
   std::chrono::seconds answerTime_;
   bool abandoned_ = false;
   std::uint64_t transactionNumber_ = 0;
+  bool transactionWrites_ = false;
   std::uint64_t cursorNumber_ = 0;
 };
 

@@ -64,7 +64,7 @@ Sql selectAll() {
 template <class Record>
 std::vector<Record> readRecords(Connection& connection, const Sql& where) {
   const auto sql = where.empty() ? selectAll<Record>() : selectAll<Record>() + " WHERE " + where;
-  const auto cursor = connection.query(sql);
+  const auto cursor = connection.queryWhole(sql);
   std::vector<Record> records;
   while (cursor->next()) readRow(*cursor, records.emplace_back());
   return records;
