@@ -50,7 +50,7 @@ std::optional<Date> logonDate(const ReportOptions& options) {
 
 void refuseOtherYear(const CQnCwDB& db, const std::optional<Date>& asked) {
   if (!asked) return;
-  const auto year = accountYear(db);
+  const auto year = accountSet(db).year;
   if (year && asked->year != *year) {
     throw WrongUse(fmt::format("--date：{} 不在会计年度 {} 年内", isoText(*asked), *year));
   }

@@ -9,9 +9,11 @@ namespace {
 
 std::string text(const CheckContext& context, ParameterKey key) { return context.request.text(key); }
 
-// Balances, or with unposted vouchers lines as well, that meet the condition.
-bool anyActivity(const CheckContext& context, const Sql& where) {
+// Balances, or with unposted vouchers lines as well, of persons that meet the condition. The order keeps a server on
+// the index: it takes such records to stand all over the table and would read on until it comes upon one.
+bool anyActivity(const CheckContext& context, const Sql& condition) {
   const auto& db = context.session.db;
+  const auto where = condition + " ORDER BY lDeptId, lPersonId";
   if (db.Exists("AssAcc", where)) return true;
   return context.conditions.unposted && db.Exists("UnregSub", where);
 }
@@ -37,6 +39,13 @@ const ComboEntry* chosenIn(const ComboList& offer, const CheckContext& context, 
   const int place =
       placeIn(offer, {context.dialog, *control, key, context.request, context.session.db, *context.conditions.data});
   return place < 0 ? nullptr : &offer[static_cast<std::size_t>(place)];
+}
+
+const std::vector<PersonInfo>& personsNamed(CheckContext& context) {
+  if (!context.persons) {
+    context.persons = findPersons(context.session.db, context.request.member(ParameterKey::person));
+  }
+  return *context.persons;
 }
 
 const std::vector<ProjClassInfo>& projectClasses(const CheckContext& context) {
@@ -81,15 +90,13 @@ bool deptKnownOrAll(CheckContext& context) {
 
 bool personGiven(CheckContext& context) { return !text(context, ParameterKey::person).empty(); }
 
-bool personKnown(CheckContext& context) {
-  return !findPersons(context.session.db, context.request.member(ParameterKey::person)).empty();
-}
+bool personKnown(CheckContext& context) { return !personsNamed(context).empty(); }
 
 bool personOfDept(CheckContext& context) {
-  auto found =
-      findPerson(context.session.db, context.request.member(ParameterKey::person), context.conditions.dept.lDeptId);
-  if (!found) return false;
-  context.conditions.person = std::move(*found);
+  const auto& named = personsNamed(context);
+  const auto found = std::ranges::find(named, context.conditions.dept.lDeptId, &PersonInfo::lDeptId);
+  if (found == named.end()) return false;
+  context.conditions.person = *found;
   return true;
 }
 

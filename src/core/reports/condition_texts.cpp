@@ -66,7 +66,7 @@ std::vector<std::string> printedConditionTexts(const ReportDefinition& report, c
 }
 
 std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
-                                     const Session& session) {
+                                     const Session& session, std::optional<int> accountYear) {
   std::vector<Notice> notices;
   const auto warn = [&](std::string_view text) { notices.push_back({std::string(text), Notice::Weight::warning}); };
   for (const auto& control : report.dialog.controls) {
@@ -80,8 +80,9 @@ std::vector<Notice> conditionNotices(const ReportDefinition& report, const Condi
     if (control.kind == ControlSpec::Kind::accountRange && emptied) warn(accountsReversed);
   }
   if (conditions.format == AmountFormat::foreignAlone) warn(shiftedForeignFormat);
-  if (const auto year = accountYear(session.db); year && *year != session.logon.year) {
-    warn(fmt::format("登录日期 {} 不在会计年度 {} 内，表中月份的年份与帐套不符。", isoText(session.logon), *year));
+  if (accountYear && *accountYear != session.logon.year) {
+    warn(fmt::format("登录日期 {} 不在会计年度 {} 内，表中月份的年份与帐套不符。", isoText(session.logon),
+                     *accountYear));
   }
   return notices;
 }

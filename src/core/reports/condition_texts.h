@@ -22,7 +22,7 @@ namespace tz {
 
 // Reversed months and ranges, the format that does not fit its captions, a logon date outside the account year.
 [[nodiscard]] std::vector<Notice> conditionNotices(const ReportDefinition& report, const Conditions& conditions,
-                                                   const Session& session);
+                                                   const Session& session, std::optional<int> accountYear);
 
 // What the report is about and of when, "122101 职工借款 李明 2025.01–2025.03": how one window is told from another of
 // the same report. Empty where neither is asked for.

@@ -64,6 +64,7 @@ struct CheckContext {
   Session& session;
   const Request& request;
   Conditions& conditions;
+  std::optional<std::vector<PersonInfo>> persons = {};  // of the name asked for, once a check has read them
 };
 
 struct Check {

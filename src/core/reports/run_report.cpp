@@ -43,7 +43,8 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   computed.printedPeriod = period(report.period.printed);
   computed.unit = unitText(conditions.format, conditions.amounts);
   if (report.formats != nullptr) computed.format = conditions.format;
-  computed.company = companyName(session.db);
+  auto set = accountSet(session.db);
+  computed.company = std::move(set.company);
   computed.conditions = conditionTexts(report, conditions);
   computed.printedConditions = printedConditionTexts(report, conditions);
   computed.subject = subjectText(report, conditions, session.logon.year);
@@ -53,7 +54,7 @@ ComputedReport compute(const ReportDefinition& report, const Conditions& conditi
   }
   report.compute(report, session, conditions, computed);
   auto& notices = computed.grid.notices;
-  std::ranges::move(conditionNotices(report, conditions, session), std::back_inserter(notices));
+  std::ranges::move(conditionNotices(report, conditions, session, set.year), std::back_inserter(notices));
   std::ranges::stable_sort(notices, {}, &Notice::weight);
   return computed;
 }

@@ -15,19 +15,14 @@ std::optional<Date> lastPosted(const CQnCwDB& db, const Sql& where) {
 
 }  // namespace
 
-std::optional<int> accountYear(const CQnCwDB& db) {
-  const auto set = db.Current().query("SELECT nYear FROM zAccountM ORDER BY lId LIMIT 1");
-  if (!set->next()) return std::nullopt;
-  return static_cast<int>(set->integer(0));
-}
-
-std::string companyName(const CQnCwDB& db) {
-  const auto set = db.Current().query("SELECT sName FROM zAccountM ORDER BY lId LIMIT 1");
-  return set->next() ? std::string(set->text(0)) : std::string();
+AccountSet accountSet(const CQnCwDB& db) {
+  const auto set = db.Current().query("SELECT sName, nYear FROM zAccountM ORDER BY lId LIMIT 1");
+  if (!set->next()) return {};
+  return {std::string(set->text(0)), static_cast<int>(set->integer(1))};
 }
 
 Date defaultLogonDate(const CQnCwDB& db) {
-  const auto year = accountYear(db);
+  const auto year = accountSet(db).year;
   if (year && *year > 0) {
     const auto last = lastPosted(db, Sql("dtBill BETWEEN ? AND ?", firstDayOf(*year), lastDayOf(*year)));
     if (last) return *last;

@@ -33,10 +33,12 @@ struct Session {
   std::function<bool()> cancelled = [] { return false; };
 };
 
-// The year of the account set, in which a logon date lies; nothing in a ledger that names none.
-[[nodiscard]] std::optional<int> accountYear(const CQnCwDB& db);
-// The company of the account set; empty in a ledger that names none.
-[[nodiscard]] std::string companyName(const CQnCwDB& db);
+// Whose books these are and of which year, in which a logon date lies; neither in a ledger that names none.
+struct AccountSet {
+  std::string company;
+  std::optional<int> year;
+};
+[[nodiscard]] AccountSet accountSet(const CQnCwDB& db);
 // The date of the account year's last posted voucher, or of the last one of another year that is no opening; the first
 // day of the account year where there is neither, as in a ledger that holds openings of earlier years alone.
 [[nodiscard]] Date defaultLogonDate(const CQnCwDB& db);

@@ -208,7 +208,7 @@ std::variant<Voucher, Refusal> readVoucher(Session& session, Book book, Id id) {
   addUp(voucher);
   voucher.previous = neighbour(connection, book, voucher.head, false);
   voucher.next = neighbour(connection, book, voucher.head, true);
-  voucher.company = companyName(session.db);
+  voucher.company = accountSet(session.db).company;
   reading.commit();
   return voucher;
 }

@@ -11,7 +11,7 @@ namespace tz {
 OpenLedger::OpenLedger(const QString& address) : address_(fromQt(address)) {
   db_.Open(address_);
   proposed_ = defaultLogonDate(db_);
-  year_ = accountYear(db_);
+  year_ = accountSet(db_).year;
   const auto set = db_.Current().query("SELECT lId, sName FROM zAccountM ORDER BY lId LIMIT 1");
   if (set->next()) {
     accountSet_ = set->integer(0);
