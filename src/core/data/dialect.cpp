@@ -1,7 +1,6 @@
 #include "core/data/dialect.h"
 
 #include <algorithm>
-#include <cctype>
 #include <stdexcept>
 
 namespace tz {
@@ -32,7 +31,8 @@ std::optional<int> itemField(std::string_view column) {
 
 std::string lowerCase(std::string_view text) {
   std::string lower(text);
-  std::ranges::transform(lower, lower.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  constexpr char otherCase = 'a' - 'A';
+  for (char& c : lower) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + otherCase) : c;
   return lower;
 }
 

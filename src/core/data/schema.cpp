@@ -58,6 +58,14 @@ std::string_view defaultOf(Dialect::Type type) {
   }
 }
 
+void appendColumn(std::string& text, const ColumnSchema& column, const Dialect& dialect) {
+  text += column.name;
+  text += ' ';
+  text += dialect.typeName(column.type);
+  text += " NOT NULL";
+  text += defaultOf(column.type);
+}
+
 // The orders in which detail ledgers read lines, each with the lines that have its dimension at all.
 struct LineOrder {
   std::string_view name;
@@ -141,11 +149,8 @@ TableSchema itemTableSchema(std::string_view classId, const std::vector<ProjItem
 }
 
 std::string columnText(const ColumnSchema& column, const Dialect& dialect) {
-  std::string text = column.name;
-  text += ' ';
-  text += dialect.typeName(column.type);
-  text += " NOT NULL";
-  text += defaultOf(column.type);
+  std::string text;
+  appendColumn(text, column, dialect);
   return text;
 }
 
@@ -167,16 +172,20 @@ std::string createTableText(const TableSchema& table, const Dialect& dialect) {
       text += dialect.typeName(column.type);
       text += " NOT NULL PRIMARY KEY";
     } else {
-      text += columnText(column, dialect);
+      appendColumn(text, column, dialect);
     }
     text += ", ";
   }
   for (const auto& unique : uniques) {
     if (&unique == &uniques.front() && unique.find(',') == std::string::npos) continue;
-    text += (&unique == &uniques.front() ? "PRIMARY KEY (" : "UNIQUE (") + unique + "), ";
+    text += &unique == &uniques.front() ? "PRIMARY KEY (" : "UNIQUE (";
+    text += unique;
+    text += "), ";
   }
   text.resize(text.size() - 2);
-  return text + ")" + std::string(dialect.tableSuffix());
+  text += ')';
+  text += dialect.tableSuffix();
+  return text;
 }
 
 void createTables(Connection& connection) {
