@@ -62,7 +62,7 @@ class SqliteCursor final : public Cursor {
   int columns() const override { return sqlite3_column_count(statement_.get()); }
   std::string columnName(int column) const override { return sqlite3_column_name(statement_.get(), column); }
   CellKind kind(int column) const override {
-    switch (sqlite3_column_type(statement_.get(), column)) {
+    switch (sqlite3_value_type(cell(column))) {
       case SQLITE_NULL:
         return CellKind::null;
       case SQLITE_INTEGER:
@@ -76,19 +76,22 @@ class SqliteCursor final : public Cursor {
     }
   }
   std::int64_t integer(int column) const override {
-    if (sqlite3_column_type(statement_.get(), column) >= SQLITE_TEXT) requireNumber(column);
-    return sqlite3_column_int64(statement_.get(), column);
+    auto* value = cell(column);
+    if (sqlite3_value_type(value) >= SQLITE_TEXT) requireNumber(column);
+    return sqlite3_value_int64(value);
   }
   double real(int column) const override {
-    if (sqlite3_column_type(statement_.get(), column) >= SQLITE_TEXT) requireNumber(column);
-    const double figure = sqlite3_column_double(statement_.get(), column);
+    auto* value = cell(column);
+    if (sqlite3_value_type(value) >= SQLITE_TEXT) requireNumber(column);
+    const double figure = sqlite3_value_double(value);
     if (!std::isfinite(figure)) throw DbError(DbError::Kind::otherType, columnName(column) + " 不是数：无穷大");
     return figure;
   }
   std::string_view text(int column) const override {
-    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+    auto* value = cell(column);
+    const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(value));
     if (data == nullptr) return {};
-    return {data, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
+    return {data, static_cast<std::size_t>(sqlite3_value_bytes(value))};
   }
   Date date(int column) const override {
     const auto value = text(column);
@@ -99,14 +102,16 @@ class SqliteCursor final : public Cursor {
     return *date;
   }
   std::string anyText(int column) const override {
-    if (kind(column) == CellKind::real) return shortestText(sqlite3_column_double(statement_.get(), column));
+    if (kind(column) == CellKind::real) return shortestText(sqlite3_value_double(cell(column)));
     return std::string(text(column));
   }
 
  private:
+  // Looked up once for its type and value. It is not guarded against other threads; a connection belongs to one.
+  [[nodiscard]] sqlite3_value* cell(int column) const { return sqlite3_column_value(statement_.get(), column); }
   // SQLite takes as much of a text as looks like a number; half a number is none.
   void requireNumber(int column) const {
-    if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return;
+    if (sqlite3_value_type(cell(column)) == SQLITE_NULL) return;
     const auto value = text(column);
     if (!isNumberText(value)) {
       throw DbError(DbError::Kind::otherType, columnName(column) + " 不是数：" + std::string(value));
@@ -196,7 +201,7 @@ const Dialect& SqliteConnection::dialect() const {
 bool SqliteConnection::alive() {
   int moved = 0;
   sqlite3_file_control(db_, nullptr, SQLITE_FCNTL_HAS_MOVED, &moved);
-  return moved == 0 && sqlite3_exec(db_, "SELECT 1", nullptr, nullptr, nullptr) == SQLITE_OK;
+  return moved == 0;
 }
 
 int SqliteConnection::waitForLock(void* self, int attempt) {

@@ -6,14 +6,14 @@
 namespace tz {
 namespace {
 
-// Negative where one of them is no digit. Every line of a report brings a date, so this is short on purpose.
-int digits(std::string_view text) {
-  int value = 0;
-  for (const char c : text) {
-    if (c < '0' || c > '9') return -1;
-    value = value * 10 + (c - '0');
-  }
-  return value;
+// The value of a digit; a figure above 9 for any other sign. Every line of a report brings a date, so this is short on
+// purpose.
+unsigned digit(char sign) { return static_cast<unsigned>(static_cast<unsigned char>(sign)) - '0'; }
+
+// Negative where one of them is no digit.
+int pair(const char* signs) {
+  const unsigned tens = digit(signs[0]), ones = digit(signs[1]);
+  return tens > 9 || ones > 9 ? -1 : static_cast<int>(tens * 10 + ones);
 }
 
 }  // namespace
@@ -27,11 +27,11 @@ int daysInMonth(int year, int month) {
 
 std::optional<Date> parseIsoDate(std::string_view text) {
   if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  const int year = digits(text.substr(0, 4));
-  const int month = digits(text.substr(5, 2));
-  const int day = digits(text.substr(8, 2));
+  const char* signs = text.data();
+  const int century = pair(signs), yearOfCentury = pair(signs + 2), month = pair(signs + 5), day = pair(signs + 8);
+  const int year = century * 100 + yearOfCentury;
   constexpr int daysInEveryMonth = 28;
-  if (year < 1 || month < 1 || month > 12 || day < 1) return std::nullopt;
+  if (century < 0 || yearOfCentury < 0 || year < 1 || month < 1 || month > 12 || day < 1) return std::nullopt;
   if (day > daysInEveryMonth && day > daysInMonth(year, month)) return std::nullopt;
   return Date{static_cast<std::int16_t>(year), static_cast<std::uint8_t>(month), static_cast<std::uint8_t>(day)};
 }
