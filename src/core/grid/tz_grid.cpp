@@ -42,40 +42,34 @@ void CTzGrid::ClearRows(std::size_t first, std::size_t end) {
     const std::size_t from = first % rowsPerBlock;
     const std::size_t to = std::min(rowsPerBlock, from + (end - first));
     std::fill(&cellBlocks_[block][from * columns_.size()], &cellBlocks_[block][to * columns_.size()], Cell{});
-    std::fill(&rowBlocks_[block][from], &rowBlocks_[block][to], Row{});
+    std::fill(&rowBlocks_[block][from], &rowBlocks_[block][to], Row{noColour, 0, RowKind::line});
     first += to - from;
   }
 }
 
 bool CTzGrid::SetText(std::int64_t row, int column, std::string_view text) {
   if (!Inside(row, column) || text.size() > std::numeric_limits<std::uint32_t>::max()) return false;
-  char* bytes = At(row, column).bytes.data();
-  if (text.size() <= longestShort) {
-    bytes[0] = static_cast<char>(shortTag + static_cast<char>(text.size()));
-    std::copy(text.begin(), text.end(), bytes + 1);
+  Cell& cell = At(row, column);
+  if (text.size() <= Cell::longestShort) {
+    cell.bytes_[0] = static_cast<char>(Cell::shortTag + static_cast<char>(text.size()));
+    std::copy(text.begin(), text.end(), cell.bytes_.data() + 1);
     return true;
   }
   const auto length = static_cast<std::uint32_t>(text.size());
-  const char* place = Store(text);
-  bytes[0] = longTag;
-  std::memcpy(bytes + 4, &length, sizeof length);
-  std::memcpy(bytes + 8, &place, sizeof place);
+  cell.setLast(Cell::longTag, Store(text));
+  std::memcpy(cell.bytes_.data() + 4, &length, sizeof length);
   return true;
 }
 
 bool CTzGrid::SetNumber(std::int64_t row, int column, double number) {
   if (!Inside(row, column)) return false;
-  char* bytes = At(row, column).bytes.data();
-  bytes[0] = numberTag;
-  std::memcpy(bytes + 8, &number, sizeof number);
+  At(row, column).setLast(Cell::numberTag, number);
   return true;
 }
 
 bool CTzGrid::SetDate(std::int64_t row, int column, Date date) {
   if (!Inside(row, column)) return false;
-  char* bytes = At(row, column).bytes.data();
-  bytes[0] = dateTag;
-  std::memcpy(bytes + 8, &date, sizeof date);
+  At(row, column).setLast(Cell::dateTag, date);
   return true;
 }
 

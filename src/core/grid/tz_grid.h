@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,41 @@ class CTzGrid {
  public:
   enum class CellType : std::uint8_t { empty, text, number, date };
 
+  // A cell of 16 bytes. tag 0: empty; 1: number in the last eight bytes; 2: long text, its length in bytes 4 to 7 and
+  // its address in the last eight; 3: date in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after
+  // the tag.
+  class Cell {
+   public:
+    [[nodiscard]] CellType type() const;
+    // Of a cell of another type: empty, 0 or no date. A text is valid until the grid changes.
+    [[nodiscard]] std::string_view text() const;
+    [[nodiscard]] double number() const { return bytes_[0] == numberTag ? last<double>() : 0; }
+    [[nodiscard]] Date date() const { return bytes_[0] == dateTag ? last<Date>() : Date{}; }
+
+   private:
+    friend class CTzGrid;
+    static constexpr char emptyTag = 0;
+    static constexpr char numberTag = 1;
+    static constexpr char longTag = 2;
+    static constexpr char dateTag = 3;
+    static constexpr char shortTag = 16;
+    static constexpr std::size_t longestShort = 15;
+
+    template <class Value>
+    [[nodiscard]] Value last() const {
+      Value value;
+      std::memcpy(&value, bytes_.data() + 8, sizeof value);
+      return value;
+    }
+    template <class Value>
+    void setLast(char tag, const Value& value) {
+      bytes_[0] = tag;
+      std::memcpy(bytes_.data() + 8, &value, sizeof value);
+    }
+
+    alignas(8) std::array<char, 16> bytes_;
+  };
+
   CTzGrid() = default;
   CTzGrid(CTzGrid&&) noexcept = default;
   CTzGrid& operator=(CTzGrid&&) noexcept = default;
@@ -66,6 +102,8 @@ class CTzGrid {
   bool SetRowData(std::int64_t row, std::int32_t data);
   bool SetRowKind(std::int64_t row, RowKind kind);
 
+  // The cells of a row of the grid, for whoever reads all of them. Valid until the grid changes.
+  [[nodiscard]] std::span<const Cell> CellsOf(std::int64_t row) const { return {&At(row, 0), columns_.size()}; }
   // Outside the grid a cell reads as empty, a row as a plain line.
   [[nodiscard]] CellType TypeAt(std::int64_t row, int column) const;
   // The text of a text cell; empty for the others. Valid until the grid changes.
@@ -91,23 +129,10 @@ class CTzGrid {
   [[nodiscard]] std::size_t MemoryUsed() const;
 
  private:
-  // A cell of 16 bytes. tag 0: empty; 1: number in the last eight bytes; 2: long text, its length in bytes 4 to 7 and
-  // its address in the last eight; 3: date in the last eight; 16 + n: a text of n bytes (up to 15) in the bytes after
-  // the tag.
-  struct Cell {
-    alignas(8) std::array<char, 16> bytes;
-  };
-  static constexpr char emptyTag = 0;
-  static constexpr char numberTag = 1;
-  static constexpr char longTag = 2;
-  static constexpr char dateTag = 3;
-  static constexpr char shortTag = 16;
-  static constexpr std::size_t longestShort = 15;
-
   struct Row {
-    Rgb colour = noColour;
-    std::int32_t data = 0;
-    RowKind kind = RowKind::line;
+    Rgb colour;
+    std::int32_t data;
+    RowKind kind;
   };
   static constexpr std::size_t rowsPerBlock = 4096;
 
@@ -143,43 +168,37 @@ class CTzGrid {
   int currentColumn_ = -1;
 };
 
-inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
-  if (!Inside(row, column)) return CellType::empty;
-  const char tag = At(row, column).bytes[0];
+inline CTzGrid::CellType CTzGrid::Cell::type() const {
+  const char tag = bytes_[0];
   if (tag == emptyTag) return CellType::empty;
   if (tag == numberTag) return CellType::number;
   return tag == dateTag ? CellType::date : CellType::text;
 }
 
+inline std::string_view CTzGrid::Cell::text() const {
+  if (bytes_[0] >= shortTag) return {bytes_.data() + 1, static_cast<std::size_t>(bytes_[0] - shortTag)};
+  if (bytes_[0] != longTag) return {};
+  std::uint32_t length = 0;
+  std::memcpy(&length, bytes_.data() + 4, sizeof length);
+  return {last<const char*>(), length};
+}
+
+inline CTzGrid::CellType CTzGrid::TypeAt(std::int64_t row, int column) const {
+  return Inside(row, column) ? At(row, column).type() : CellType::empty;
+}
+
 inline RowKind CTzGrid::RowKindAt(std::int64_t row) const { return HasRow(row) ? RowAt(row).kind : RowKind::line; }
 
 inline std::string_view CTzGrid::TextAt(std::int64_t row, int column) const {
-  if (!Inside(row, column)) return {};
-  const char* bytes = At(row, column).bytes.data();
-  if (bytes[0] >= shortTag) return {bytes + 1, static_cast<std::size_t>(bytes[0] - shortTag)};
-  if (bytes[0] != longTag) return {};
-  std::uint32_t length = 0;
-  const char* text = nullptr;
-  std::memcpy(&length, bytes + 4, sizeof length);
-  std::memcpy(&text, bytes + 8, sizeof text);
-  return {text, length};
+  return Inside(row, column) ? At(row, column).text() : std::string_view();
 }
 
 inline double CTzGrid::NumberAt(std::int64_t row, int column) const {
-  if (!Inside(row, column)) return 0;
-  const char* bytes = At(row, column).bytes.data();
-  if (bytes[0] != numberTag) return 0;
-  double number = 0;
-  std::memcpy(&number, bytes + 8, sizeof number);
-  return number;
+  return Inside(row, column) ? At(row, column).number() : 0;
 }
 
 inline Date CTzGrid::DateAt(std::int64_t row, int column) const {
-  Date date;
-  if (!Inside(row, column)) return date;
-  const char* bytes = At(row, column).bytes.data();
-  if (bytes[0] == dateTag) std::memcpy(&date, bytes + 8, sizeof date);
-  return date;
+  return Inside(row, column) ? At(row, column).date() : Date{};
 }
 
 }  // namespace tz

@@ -71,12 +71,22 @@ std::vector<int> contentWidths(const CTzGrid& grid) {
   std::vector<WidthOfColumn> columns;
   for (const GridColumn& column : grid.Columns()) columns.emplace_back(column.kind);
   for (std::int64_t row = 0; row < grid.GetRows(); ++row) {
-    for (int column = 0; column < grid.GetCols(); ++column) {
-      const auto type = grid.TypeAt(row, column);
-      WidthOfColumn& width = columns[static_cast<std::size_t>(column)];
-      if (type == CTzGrid::CellType::number) width.AddNumber(grid.NumberAt(row, column));
-      if (type == CTzGrid::CellType::text) width.AddText(grid.TextAt(row, column));
-      if (type == CTzGrid::CellType::date) width.AddDate(grid.DateAt(row, column));
+    auto width = columns.begin();
+    for (const CTzGrid::Cell& cell : grid.CellsOf(row)) {
+      switch (cell.type()) {
+        case CTzGrid::CellType::number:
+          width->AddNumber(cell.number());
+          break;
+        case CTzGrid::CellType::text:
+          width->AddText(cell.text());
+          break;
+        case CTzGrid::CellType::date:
+          width->AddDate(cell.date());
+          break;
+        case CTzGrid::CellType::empty:
+          break;
+      }
+      ++width;
     }
   }
   std::vector<int> widths;

@@ -40,7 +40,8 @@ TextLayout::TextLayout(const CTzGrid& grid) : groups(groupsOf(grid)), marked(any
   const std::vector<int> contents = contentWidths(grid);
   for (std::size_t i = 0; i < contents.size(); ++i) {
     const GridColumn& column = grid.Columns()[i];
-    columns.push_back({0, std::max(contents[i], displayWidth(column.caption)), traitsOf(column.kind).alignsRight()});
+    columns.push_back(
+        {0, std::max(contents[i], displayWidth(column.caption)), traitsOf(column.kind).alignsRight(), column.kind});
   }
   for (const TextGroup& group : groups) {
     int span = (group.last - group.first) * gap;

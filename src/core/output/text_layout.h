@@ -11,6 +11,7 @@ struct TextColumn {
   int start = 0;
   int width = 0;
   bool figures = false;  // aligned right
+  ColumnKind kind = ColumnKind::text;
 };
 
 // Neighbouring columns below one caption.

@@ -27,9 +27,9 @@ class Line {
   explicit Line(std::string& out) : out_(out) {}
 
   void MoveTo(int column) {
-    const int blanks = std::max(column - at_, 0);
-    out_.append(static_cast<std::size_t>(blanks), ' ');
-    at_ += blanks;
+    if (column <= at_) return;
+    out_.append(static_cast<std::size_t>(column - at_), ' ');
+    at_ = column;
   }
   // To where a text starts: at least a blank behind the one before, should that be too long for its column.
   void MoveToText(int column) {
@@ -161,40 +161,46 @@ class TextWriter {
     if (coloured) Colour(greenGround);
     Line line(out_);
     if (coloured && !report_.highlightMeaning.empty()) line.Put(0, 1, "*");
-    for (int i = 0; i < grid_.GetCols(); ++i) {
-      const TextColumn& column = layout_.columns[static_cast<std::size_t>(i)];
-      switch (grid_.TypeAt(row, i)) {
-        case CTzGrid::CellType::text:
-          WriteText(line, column, grid_.TextAt(row, i));
-          break;
-        case CTzGrid::CellType::number:
-          WriteNumber(line, column, row, i);
-          break;
-        case CTzGrid::CellType::date:
-          figure_.clear();
-          appendDate(figure_, grid_.DateAt(row, i), grid_.Columns()[static_cast<std::size_t>(i)].kind);
-          WriteText(line, column, figure_);
-          break;
-        case CTzGrid::CellType::empty:
-          break;
-      }
-    }
+    auto column = layout_.columns.begin();
+    for (const CTzGrid::Cell& cell : grid_.CellsOf(row)) WriteCell(line, *column++, cell, coloured);
     if (coloured && options_.colour) line.MoveTo(layout_.width);
     if (coloured) Colour(plain);
     EndLine();
   }
 
+  void WriteCell(Line& line, const TextColumn& column, const CTzGrid::Cell& cell, bool coloured) {
+    switch (cell.type()) {
+      case CTzGrid::CellType::text:
+        WriteText(line, column, cell.text());
+        break;
+      case CTzGrid::CellType::number:
+        figure_.clear();
+        appendFigure(figure_, cell.number(), column.kind);
+        WriteFigure(line, column, coloured);
+        break;
+      case CTzGrid::CellType::date:
+        figure_.clear();
+        appendDate(figure_, cell.date(), column.kind);
+        Align(line, column, static_cast<int>(figure_.size()), figure_, true);
+        break;
+      case CTzGrid::CellType::empty:
+        break;
+    }
+  }
+
   void WriteText(Line& line, const TextColumn& column, std::string_view text) {
     if (text.empty()) return;
     const ShownText shown = measureText(text);
-    const int slack = column.figures ? std::max(column.width - shown.width, 0) : 0;
-    line.Put(column.start + slack, shown.width, text, shown.clean);
+    Align(line, column, shown.width, text, shown.clean);
   }
 
-  void WriteNumber(Line& line, const TextColumn& column, std::int64_t row, int place) {
-    const double number = grid_.NumberAt(row, place);
-    figure_.clear();
-    appendFigure(figure_, number, grid_.Columns()[static_cast<std::size_t>(place)].kind);
+  static void Align(Line& line, const TextColumn& column, int width, std::string_view text, bool clean) {
+    const int slack = column.figures ? std::max(column.width - width, 0) : 0;
+    line.Put(column.start + slack, width, text, clean);
+  }
+
+  // The figure just made; outside its own columns as well it ends at the right.
+  void WriteFigure(Line& line, const TextColumn& column, bool coloured) {
     const bool ascii = figure_.back() >= '0' && figure_.back() <= '9';
     const int width = ascii ? static_cast<int>(figure_.size()) : measureText(figure_).width;
     const int start = column.start + std::max(column.width - width, 0);
@@ -204,7 +210,7 @@ class TextWriter {
       out_ += red;
     }
     line.Put(start, width, figure_);
-    if (inRed) out_ += grid_.BackgroundAt(row) != noColour ? black : usualInk;
+    if (inRed) out_ += coloured ? black : usualInk;
   }
 
   bool WriteFoot() {
