@@ -202,10 +202,7 @@ Status match(const ClearOptions& options, Session& session) {
   const auto [byNumber, pairwise, whole] = outcome.all();
   const auto marked = byNumber + pairwise + whole;
   if (marked != 0) tellMatched(options, outcome);
-  complain(fmt::format(
-      "{}\n{}", tz::explain(*outcome.failure),
-      marked == 0 ? "没有勾对任何分录"
-                  : fmt::format("在此之前已勾对 {} 条分录，其余的没有勾对；可以再勾对一次，或者撤销", marked)));
+  complain(fmt::format("{}\n{}", tz::explain(*outcome.failure), brokenOffText(outcome)));
   return Status::failed;
 }
 

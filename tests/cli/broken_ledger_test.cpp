@@ -205,7 +205,7 @@ TEST(FullDisk, UndoesWhatWasBegun) {
     }
     ADD_FAILURE() << "there was room";
   } catch (const DbError& error) {
-    EXPECT_TRUE(explain(error).starts_with("磁盘已满。没有保存任何更改")) << explain(error);
+    EXPECT_TRUE(explain(error).starts_with("磁盘已满。这次的更改没有保存")) << explain(error);
   }
   EXPECT_EQ(rowsOf(*keeper, "SELECT count(*) FROM Person"), "1\n");
 }

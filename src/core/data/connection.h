@@ -28,6 +28,7 @@ class DbError : public std::runtime_error {
     damaged,      // the file's contents are broken
     foreignLog,   // a log or journal beside the file is not this ledger's
     locked,       // somebody else holds it
+    collided,     // undone by the database because of somebody else's transaction; it may begin anew
     changed,      // somebody wrote to it while it was read without a lock
     unreadable,   // the file's or folder's rights forbid to read it
     denied,       // the database refuses the statement
@@ -35,6 +36,7 @@ class DbError : public std::runtime_error {
     disk,         // the disk failed
     lost,         // the connection broke
     silent,       // the server has stopped answering
+    undecided,    // either of them while a transaction was being committed: nobody knows whether it is written
     duplicate,    // a unique rule would be broken
     otherType,    // a column of a type that cannot be read as what the ledger asks for
     shadowed,     // tables of one name in several schemas: it is open which ones are the ledger

@@ -1,4 +1,4 @@
-// Work that takes new ids (Connection::newIds) and can begin anew.
+// Work of one transaction that takes new ids (Connection::newIds) and can begin anew.
 #pragma once
 
 #include "core/data/connection.h"
@@ -6,7 +6,8 @@
 namespace tz {
 
 // Runs `work`, which is one transaction. Where ids are made without a lock, another operator may have made the same:
-// the table's key refuses them, and the work is done once more, with others.
+// the table's key refuses them, and the work is done once more, with others. So it is where the database has undone it
+// because somebody else's stood in each other's way.
 template <class Work>
 auto withNewIds(const Work& work) {
   constexpr int mostAttempts = 4;
@@ -14,7 +15,8 @@ auto withNewIds(const Work& work) {
     try {
       return work();
     } catch (const DbError& error) {
-      if (error.kind() != DbError::Kind::duplicate || attempt == mostAttempts) throw;
+      const bool again = error.kind() == DbError::Kind::duplicate || error.kind() == DbError::Kind::collided;
+      if (!again || attempt == mostAttempts) throw;
     }
   }
 }

@@ -80,11 +80,13 @@ class PostgresConnection final : public Connection {
 
  protected:
   void begin(bool writing) override {
-    session_->command(writing ? "BEGIN" : "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
+    // Whatever a server or a role takes by default: what is written looks at what is there now, again and again.
+    session_->command(writing ? "BEGIN ISOLATION LEVEL READ COMMITTED"
+                              : "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY");
     session_->countTransaction(writing);
   }
   void commit() override {
-    const auto result = session_->commit("COMMIT");
+    const auto result = commitOrDoubt();
     // A transaction in which a statement failed answers COMMIT by undoing everything.
     if (std::string_view(postgresClient().PQcmdStatus(result.get())) == "ROLLBACK") {
       throw DbError(DbError::Kind::other, "nothing was written, because a statement before had failed");
@@ -100,6 +102,17 @@ class PostgresConnection final : public Connection {
   }
 
  private:
+  PostgresResult commitOrDoubt() {
+    const bool sound = !session_->broken();
+    try {
+      return session_->commit("COMMIT");
+    } catch (const DbError& error) {
+      const bool noAnswer = error.kind() == DbError::Kind::lost || error.kind() == DbError::Kind::silent;
+      if (sound && noAnswer) throw DbError(DbError::Kind::undecided, error.what());
+      throw;
+    }
+  }
+
   // By the first word: the protocol takes one statement at a time, and values never stand in its text.
   void requireTaken(const Sql& sql) const {
     static constexpr std::array taken = {"SELECT", "WITH", "INSERT", "UPDATE", "DELETE", "EXPLAIN"};

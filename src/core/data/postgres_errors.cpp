@@ -33,7 +33,7 @@ DbError::Kind kindOfSqlState(std::string_view state) {
   static constexpr Meaning meanings[] = {
       {"08", Kind::lost},          {"57P", Kind::lost},      {"28", Kind::badLogon},     {"42501", Kind::denied},
       {"25006", Kind::denied},     {"53100", Kind::full},    {"23505", Kind::duplicate}, {"3D000", Kind::notFound},
-      {"55P03", Kind::locked},     {"55006", Kind::locked},  {"40P01", Kind::locked},    {"40001", Kind::locked},
+      {"55P03", Kind::locked},     {"55006", Kind::locked},  {"40P01", Kind::collided},  {"40001", Kind::collided},
       {"XX001", Kind::damaged},    {"XX002", Kind::damaged}, {"58", Kind::disk},         {"42P01", Kind::incomplete},
       {"42703", Kind::incomplete}, {"53300", Kind::locked},  {"22P02", Kind::otherType}, {"22003", Kind::otherType},
   };

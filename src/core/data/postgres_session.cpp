@@ -141,7 +141,8 @@ PostgresResult PostgresSession::collect(int sent, Stop stop) {
     await(stop, wait);
     PostgresResult result(client_.PQgetResult(handle_));
     if (result == nullptr) break;
-    if (failed) continue;
+    // A server that ends after it has answered a COMMIT has written it.
+    if (failed || (stop == Stop::never && kept != nullptr)) continue;
     kept = std::move(result);
     const auto status = client_.PQresultStatus(kept.get());
     if (status == PGRES_COPY_IN) return kept;

@@ -184,6 +184,15 @@ MatchCounts MatchOutcome::all() const {
   return sum;
 }
 
+std::string brokenOffText(const MatchOutcome& outcome) {
+  const auto [byNumber, pairwise, whole] = outcome.all();
+  const auto marked = byNumber + pairwise + whole;
+  const bool doubt = outcome.failure && outcome.failure->kind() == DbError::Kind::undecided;
+  const std::string_view last = doubt ? "，最后一家的不能确定，其余的没有勾对" : "，其余的没有勾对";
+  if (marked == 0) return doubt ? "第一家的分录是否勾对不能确定，其余的没有勾对" : "没有勾对任何分录";
+  return fmt::format("在此之前已勾对 {} 条分录{}；可以再勾对一次，或者撤销", marked, last);
+}
+
 void fillMatchGrid(const MatchOutcome& outcome, CTzGrid& grid) {
   constexpr int accountWidth = 160, countWidth = 80;
   grid.Clear();

@@ -42,6 +42,9 @@ struct MatchOutcome {
   [[nodiscard]] MatchCounts all() const;
 };
 
+// What is marked where it broke off.
+[[nodiscard]] std::string brokenOffText(const MatchOutcome& outcome);
+
 // The result's grid, a row for each account; counts of zero are empty cells.
 void fillMatchGrid(const MatchOutcome& outcome, CTzGrid& grid);
 inline constexpr std::string_view matchResultTitle = "自动勾对结果";

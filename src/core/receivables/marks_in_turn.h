@@ -10,15 +10,20 @@
 
 namespace tz {
 
-// `work` answers nothing when it was overtaken. Throws DbError, also when others are always there first. What can be
-// stopped has Cancelled among its outcomes; then nothing is written.
+// `work` answers nothing when it was overtaken; where the database has undone it because of another one's, it begins
+// anew as well. Throws DbError, also when others are always there first. What can be stopped has Cancelled among its
+// outcomes; then nothing is written.
 template <class Outcome, class Work>
 Outcome marksInTurn(Session& session, const Work& work) {
   constexpr int mostAttempts = 100;
   try {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
       const CancelWatch watch(session);
-      if (auto outcome = work()) return std::move(*outcome);
+      try {
+        if (auto outcome = work()) return std::move(*outcome);
+      } catch (const DbError& error) {
+        if (error.kind() != DbError::Kind::collided) throw;
+      }
     }
   } catch (const DbError&) {
     if constexpr (std::is_constructible_v<Outcome, Cancelled>) {

@@ -34,6 +34,8 @@ Explanation explanationOf(DbError::Kind kind) {
               "文件移到别处；否则请备份这些文件，再请管理员查看"};
     case Kind::locked:
       return {"帐套正被其他程序占用", "请稍后再试，或关闭占用它的程序"};
+    case Kind::collided:
+      return {"与别人同时写入，重做几次仍没有写成", "这次的更改没有保存，请稍后再试"};
     case Kind::changed:
       return {"读取时帐套被改动", "没有采用读到的内容，请再试一次"};
     case Kind::unreadable:
@@ -41,14 +43,16 @@ Explanation explanationOf(DbError::Kind kind) {
     case Kind::denied:
       return {"数据库不允许这项操作", "帐套或文件夹只读、或者没有权限时会这样；请检查其属性，或请管理员授权"};
     case Kind::full:
-      return {"磁盘已满", "没有保存任何更改，请腾出空间后再试"};
+      return {"磁盘已满", "这次的更改没有保存，请腾出空间后再试"};
     case Kind::disk:
-      return {"读写磁盘时出错", "没有保存任何更改，请检查磁盘及其剩余空间"};
+      return {"读写磁盘时出错", "这次的更改没有保存，请检查磁盘及其剩余空间"};
     case Kind::lost:
       return {"与数据库的连接已断开", "请检查服务器和网络，然后重新打开帐套"};
     case Kind::silent:
       return {"数据库服务器没有回答",
               "请检查服务器和网络，然后重新打开帐套；等待多久可用环境变量 TZ_SERVER_TIMEOUT（秒）设定"};
+    case Kind::undecided:
+      return {"写入时与数据库的连接断开", "不能确定最后的更改是否已经写入，请检查服务器和网络，重新打开帐套后查看"};
     case Kind::duplicate:
       return {"已经存在", "原有内容没有改动，请换一个名称"};
     case Kind::otherType:
@@ -112,6 +116,7 @@ constexpr std::array phrases = {
     Phrase{": a newer SQLite file format", "：数据库文件的格式更新"},
     Phrase{"UNIQUE constraint failed: ", "重复的值："},
     Phrase{"out of memory", "内存不足"},
+    Phrase{"canceling statement due to statement timeout", "服务器限定了一条语句的时间，见其设置 statement_timeout"},
     Phrase{"stopped while waiting for the server", "已停止等待"},
     Phrase{"stopped, without an answer of the server", "已停止等待，服务器没有确认"},
     Phrase{"the connection was given up when the server did not answer", "服务器没有回答，连接已放弃"},

@@ -277,7 +277,10 @@ void ClearingFeature::ShowDoubtful(qint64 row, int mark, const DbError& error) {
   const int held = unwritten_.at(row);
   ShowMark(row, mark);
   unwritten_[row] = held;
-  View().SetDoubt({row, columns_.mark}, QStringLiteral("这个标记没有写入帐套：%1").arg(toQt(explainInWindow(error))));
+  const bool perhaps = error.kind() == DbError::Kind::undecided;
+  const auto doubt =
+      perhaps ? QStringLiteral("这个标记不一定写入了帐套：%1") : QStringLiteral("这个标记没有写入帐套：%1");
+  View().SetDoubt({row, columns_.mark}, doubt.arg(toQt(explainInWindow(error))));
   View().CellChanged({row, columns_.mark});
   window_->TellFailure(error);
 }
