@@ -13,8 +13,9 @@ namespace {
 
 using Changes = std::vector<MarkChange>;
 
-// As many as a database looks up one by one rather than read the whole table for.
-constexpr std::size_t linesPerStatement = 1000;
+// As many as a database looks up one by one rather than read the whole table for: PostgreSQL does that for a thousand
+// where the table has fewer than a quarter of a million lines, and then time grows with their square.
+constexpr std::size_t linesPerStatement = 250;
 
 // Voucher by voucher: whoever changes the same lines meets them in the same order, so that nobody waits for one
 // another.
@@ -41,9 +42,14 @@ void forEachList(const Changes& changes, const auto& work) {
   }
 }
 
-// A mark that stays what it is is not written: it may be another program's, which nobody may set.
+// Other programs may have written more than the three marks; all of these stand for the last one.
+int loggedMark(int mark) { return mark == 0 || mark == 1 ? mark : 2; }
+
+// A mark that no report may write stays; the log alone tells of it.
+bool toldOnly(const MarkChange& one) { return one.read == one.wanted && one.read != loggedMark(one.read); }
+
 bool allChanged(Connection& connection, Changes changes) {
-  std::erase_if(changes, [](const MarkChange& one) { return one.read == one.wanted; });
+  std::erase_if(changes, toldOnly);
   std::int64_t changed = 0;
   forEachList(changes, [&](const std::string& list) {
     changed += connection.execute(
@@ -63,8 +69,8 @@ std::string logMarks(Connection& connection, const Changes& changes, const MarkO
     writeRow(*log, MarkLogInfo{.lId = id++,
                                .lTieId = one.lTieId,
                                .lLineId = one.lId,
-                               .byOld = one.read,
-                               .byNew = one.wanted,
+                               .byOld = loggedMark(one.read),
+                               .byNew = loggedMark(one.wanted),
                                .sOperator = origin.who,
                                .sWhen = origin.when,
                                .sBatch = batch});
@@ -75,7 +81,6 @@ std::string logMarks(Connection& connection, const Changes& changes, const MarkO
 
 std::vector<LineMark> marksNow(Connection& connection, const Changes& changes) {
   std::vector<LineMark> marks;
-  Transaction reading(connection, Transaction::Purpose::reading);
   forEachList(changes, [&](const std::string& list) {
     const auto rows =
         connection.query(Sql(fmt::format("SELECT s.lId, s.lTieId, s.byFlag FROM (VALUES {}) AS v CROSS JOIN RegSub s "
@@ -83,7 +88,6 @@ std::vector<LineMark> marksNow(Connection& connection, const Changes& changes) {
                                          list)));
     while (rows->next()) marks.push_back({rows->integer(0), rows->integer(1), static_cast<int>(rows->integer(2))});
   });
-  reading.commit();
   std::ranges::sort(marks, {}, [](const LineMark& one) { return std::pair(one.lTieId, one.lId); });
   return marks;
 }
@@ -94,19 +98,31 @@ std::vector<LineMark> readMarks(Connection& connection, std::span<const MarkChan
   return marksNow(connection, inOrder(lines));
 }
 
-MarkOutcome writeMarks(Connection& connection, std::span<const MarkChange> changes, const MarkOrigin& origin) {
+MarkOutcome writeMarks(Connection& connection, std::span<const MarkChange> changes, const MarkOrigin& origin,
+                       const StillSo& stillSo) {
   if (changes.empty()) return MarksWritten{};
-  const auto sorted = inOrder(changes);
+  return writeMarks(
+      connection, [&] { return Changes(changes.begin(), changes.end()); }, origin, stillSo);
+}
+
+MarkOutcome writeMarks(Connection& connection, const ReadChanges& read, const MarkOrigin& origin,
+                       const StillSo& stillSo) {
   return withNewIds([&]() -> MarkOutcome {
+    Changes sorted;
     {
       Transaction writing(connection, Transaction::Purpose::writing);
-      if (allChanged(connection, sorted)) {
+      sorted = inOrder(read());
+      if (sorted.empty()) return MarksWritten{};
+      if (allChanged(connection, sorted) && (!stillSo || stillSo())) {
         MarksWritten written{logMarks(connection, sorted, origin)};
         writing.commit();
         return written;
       }
     }
-    return MarksOvertaken{marksNow(connection, sorted)};
+    Transaction reading(connection, Transaction::Purpose::reading);
+    MarksOvertaken overtaken{marksNow(connection, sorted)};
+    reading.commit();
+    return overtaken;
   });
 }
 

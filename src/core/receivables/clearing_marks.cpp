@@ -62,7 +62,7 @@ std::variant<ClearedLine, Refusal> findClearedLine(Session& session, Id line, Id
                           .ofPerson = rows->integer(2) > 0 && keeps('A'),
                           .ofUnit = rows->integer(3) > 0 && keeps('B'),
                           .mark = static_cast<int>(rows->integer(1))};
-  if (rows->next()) return unmarkable(line, "不止一条，请先检查帐套");
+  if (rows->next()) return unmarkable(line, "不止一条，请指明凭证");
   if (!found.ofPerson && !found.ofUnit) return unmarkable(line, "不是个人往来或单位往来的分录");
   return found;
 }
@@ -92,11 +92,16 @@ Question reverseQuestion(ClearingKind kind) {
 ReverseOutcome reverseClearing(Session& session, ClearingKind kind) {
   if (!session.ask(reverseQuestion(kind))) return Cancelled{};
   return marksInTurn<ReverseOutcome>(session, [&]() -> std::optional<ReverseOutcome> {
-    const auto changes = marksOf(session.db.Current(), kind);
-    if (std::holds_alternative<MarksOvertaken>(markLines(session, changes, MarkWork::What::reverse, kind))) {
+    std::int64_t lines = 0;
+    const auto read = [&] {
+      auto changes = marksOf(session.db.Current(), kind);
+      lines = std::ssize(changes);
+      return changes;
+    };
+    if (std::holds_alternative<MarksOvertaken>(markLines(session, read, MarkWork::What::reverse, kind))) {
       return std::nullopt;
     }
-    return static_cast<std::int64_t>(changes.size());
+    return lines;
   });
 }
 

@@ -11,43 +11,47 @@
 namespace tz {
 namespace {
 
-constexpr int automaticMark = 2;
-
-std::vector<MarkChange> unread(const std::vector<MarkHistory::Line>& lines) {
-  std::vector<MarkChange> changes;
-  changes.reserve(lines.size());
-  for (const auto& line : lines) changes.push_back({line.lId, line.lTieId, 0, 0});
-  return changes;
-}
+constexpr int largestMark = 2;
 
 struct UndoPlan {
+  MarkBatch batch;
   std::vector<MarkChange> changes;
   Undone result;
 };
 
-UndoPlan planOf(Connection& connection, const std::vector<MarkHistory::Line>& lines) {
+// Lines that stay as they are have a row in the log as well: it tells that the batch was taken back for them.
+UndoPlan planOf(Connection& connection, MarkBatch batch) {
+  std::vector<MarkChange> lines;
+  lines.reserve(batch.lines.size());
+  for (const auto& line : batch.lines) lines.push_back({line.lId, line.lTieId});
   std::map<std::pair<Id, Id>, int> now;
-  for (const auto& one : readMarks(connection, unread(lines))) now[{one.lTieId, one.lId}] = one.mark;
-  UndoPlan plan;
-  const MarkHistory::Line* there = nullptr;
-  for (const auto& line : lines) {
+  for (const auto& one : readMarks(connection, lines)) now[{one.lTieId, one.lId}] = one.mark;
+  UndoPlan plan{.batch = std::move(batch), .changes = {}, .result = {}};
+  for (const auto& line : plan.batch.lines) {
     const auto found = now.find({line.lTieId, line.lId});
     if (found == now.end()) continue;
-    there = &line;
-    if (line.changedSince || found->second != line.after) {
-      ++plan.result.kept;
-    } else if (line.before != line.after) {
-      // Other programs may have written more than the three marks.
-      plan.changes.push_back({line.lId, line.lTieId, line.after, std::min(line.before, automaticMark)});
-    }
-  }
-  plan.result.lines = static_cast<std::int64_t>(plan.changes.size());
-  // Where every line stays as it is, one of them tells the log that the batch was taken back.
-  if (plan.changes.empty() && there != nullptr) {
-    const int mark = now.at({there->lTieId, there->lId});
-    plan.changes.push_back({there->lId, there->lTieId, mark, mark});
+    const int mark = found->second;
+    const bool stays = line.changedSince || mark != line.after;
+    const int wanted = stays ? mark : std::min(line.before, largestMark);
+    if (stays) ++plan.result.kept;
+    if (wanted != mark) ++plan.result.lines;
+    plan.changes.push_back({line.lId, line.lTieId, mark, wanted});
   }
   return plan;
+}
+
+std::optional<UndoPlan> planFor(Connection& connection, const std::string& name) {
+  Transaction reading(connection, Transaction::Purpose::reading);
+  std::optional<UndoPlan> plan;
+  if (auto batch = markBatchNamed(connection, name)) plan = planOf(connection, std::move(*batch));
+  reading.commit();
+  return plan;
+}
+
+// Marks alone do not tell: a line may have been opened and matched again, by another batch.
+bool toldAlike(Connection& connection, const MarkBatch& batch) {
+  const auto now = markBatchNamed(connection, batch.name);
+  return now && std::ranges::includes(now->lines, batch.lines);
 }
 
 }  // namespace
@@ -55,12 +59,11 @@ UndoPlan planOf(Connection& connection, const std::vector<MarkHistory::Line>& li
 std::optional<LastBatch> lastBatch(Session& session) {
   const CancelWatch watch(session);
   auto& connection = session.db.Current();
-  const MarkHistory history(connection);
-  for (const auto* batch : history.open()) {
-    if (readMarks(connection, unread(history.linesOf(*batch))).empty()) continue;
-    return LastBatch{batch->name, batch->work, batch->who, batch->when, batch->rows};
-  }
-  return std::nullopt;
+  Transaction reading(connection, Transaction::Purpose::reading);
+  const auto found = lastMarkBatch(connection);
+  reading.commit();
+  if (!found) return std::nullopt;
+  return LastBatch{found->name, found->work, found->who, found->when, std::ssize(found->lines)};
 }
 
 Question undoQuestion(const LastBatch& batch) {
@@ -75,15 +78,14 @@ UndoOutcome undoBatch(Session& session, const LastBatch& batch) {
   if (batch.who != session.who.name && !session.ask(undoQuestion(batch))) return Cancelled{};
   return marksInTurn<UndoOutcome>(session, [&]() -> std::optional<UndoOutcome> {
     auto& connection = session.db.Current();
-    const MarkHistory history(connection);
-    const auto* found = history.find(batch.name);
-    if (found == nullptr) return Refusal{.text = "这一批标记已被别人撤销"};
-    const auto plan = planOf(connection, history.linesOf(*found));
-    if (plan.changes.empty()) return refusalWith(nothingToUndo);
-    if (std::holds_alternative<MarksOvertaken>(markLines(session, plan.changes, undoOf(batch.name)))) {
+    const auto plan = planFor(connection, batch.name);
+    if (!plan) return Refusal{.text = "这一批标记已被别人撤销"};
+    if (plan->changes.empty()) return refusalWith(nothingToUndo);
+    const auto stillSo = [&] { return toldAlike(connection, plan->batch); };
+    if (std::holds_alternative<MarksOvertaken>(markLines(session, plan->changes, undoOf(batch.name), stillSo))) {
       return std::nullopt;
     }
-    return plan.result;
+    return plan->result;
   });
 }
 

@@ -1,10 +1,10 @@
-// The log of marks as a story: its batches, which of them were taken back, and what a line's mark was before one.
+// The log of marks as a story, read from its end and no further back than a question takes: which batch was the last,
+// which lines it marked, and what their marks were before.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <vector>
 
 #include "core/data/connection.h"
@@ -13,48 +13,29 @@
 
 namespace tz {
 
-class MarkHistory {
- public:
-  struct Batch {
-    std::string name;
-    MarkWork work;
-    std::string who, when;  // of its last row
-    std::size_t firstRow = 0, lastRow = 0;
-    std::int64_t rows = 0;
-    std::optional<std::size_t> takenBackAt;  // the first row that did so
-  };
-  // A line of a batch: what the batch made of it and what it was before, as far as earlier batches still hold.
-  struct Line {
-    Id lId = 0, lTieId = 0;
-    int before = 0, after = 0;
-    bool changedSince = false;  // by a batch that holds
-  };
+// A line of a batch: what the batch made of it and what it was before, as far as earlier batches still hold.
+struct BatchLine {
+  Id lTieId = 0, lId = 0;
+  int before = 0, after = 0;
+  bool changedSince = false;  // by a batch that holds
 
-  // Reads the whole log.
-  explicit MarkHistory(Connection& connection);
-
-  // The batches that can be taken back, the last one first.
-  [[nodiscard]] std::vector<const Batch*> open() const;
-  // Null for a batch that can no longer be taken back.
-  [[nodiscard]] const Batch* find(std::string_view name) const;
-  [[nodiscard]] std::vector<Line> linesOf(const Batch& batch) const;
-
- private:
-  struct Row {
-    Id line = 0, voucher = 0;
-    std::uint8_t before = 0, after = 0;
-    std::uint32_t batch = 0;
-  };
-  using Story = std::vector<std::size_t>;  // the rows of one line, in their order
-
-  [[nodiscard]] int markBefore(const Story& story, std::size_t place) const;
-  [[nodiscard]] bool holds(const Row& row) const {
-    const auto& batch = batches_[row.batch];
-    return !batch.work.undone && !batch.takenBackAt;
-  }
-
-  std::vector<Row> rows_;
-  std::vector<Batch> batches_;
+  auto operator<=>(const BatchLine&) const = default;
 };
+
+// A batch of marks, without the lines for which it was taken back.
+struct MarkBatch {
+  std::string name;
+  MarkWork work;
+  std::string who, when;         // of its last row
+  std::vector<BatchLine> lines;  // by voucher and line
+};
+
+// Both inside the caller's transaction. A row of a batch was taken back when a later row of the same line takes that
+// batch back; what is marked under its name after that is another matter.
+
+// The last batch that can be taken back and has lines that are still there.
+[[nodiscard]] std::optional<MarkBatch> lastMarkBatch(Connection& connection);
+// Nothing where all of it was taken back.
+[[nodiscard]] std::optional<MarkBatch> markBatchNamed(Connection& connection, std::string_view name);
 
 }  // namespace tz

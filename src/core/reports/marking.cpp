@@ -66,6 +66,11 @@ std::string workText(const MarkWork& work) {
 
 std::string undoOf(std::string_view batch) { return fmt::format("{}{}", undoing, batch); }
 
+std::optional<std::string_view> batchTakenBackBy(std::string_view batch) {
+  if (!batch.starts_with(undoing)) return std::nullopt;
+  return batch.substr(undoing.size());
+}
+
 std::string utcText(std::chrono::sys_seconds moment) {
   const auto day = std::chrono::floor<std::chrono::days>(moment);
   const std::chrono::year_month_day date(day);
@@ -94,16 +99,23 @@ std::string localTextOf(const std::string& utc) {
   return moment ? platform::localTimeText(*moment) : utc;
 }
 
-MarkOutcome markLines(Session& session, std::span<const MarkChange> changes, const std::optional<std::string>& batch) {
+MarkOutcome markLines(Session& session, std::span<const MarkChange> changes, const std::optional<std::string>& batch,
+                      const StillSo& stillSo) {
   const CancelWatch watch(session);
-  return writeMarks(session.db.Current(), changes, {session.who.name, utcText(session.now()), batch});
+  return writeMarks(session.db.Current(), changes, {session.who.name, utcText(session.now()), batch}, stillSo);
 }
 
 MarkOutcome markLines(Session& session, std::span<const MarkChange> changes, MarkWork::What what, ClearingKind kind) {
+  if (changes.empty()) return MarksWritten{};
+  return markLines(
+      session, [&] { return std::vector(changes.begin(), changes.end()); }, what, kind);
+}
+
+MarkOutcome markLines(Session& session, const ReadChanges& read, MarkWork::What what, ClearingKind kind) {
   const CancelWatch watch(session);
   const auto* const named = std::ranges::find(namedWorks, what, &NamedWork::what);
   const auto* const ofKind = std::ranges::find(namedKinds, kind, &NamedKind::kind);
-  return writeMarks(session.db.Current(), changes,
+  return writeMarks(session.db.Current(), read,
                     {.who = session.who.name,
                      .when = utcText(session.now()),
                      .newBatch = fmt::format("{}:{}:", named->name, ofKind->name)});

@@ -41,12 +41,15 @@ struct MarkWork {
 [[nodiscard]] std::string workText(const MarkWork& work);
 // The name of the batch that takes another back.
 [[nodiscard]] std::string undoOf(std::string_view batch);
+// The other way round; nothing for a batch that takes none back.
+[[nodiscard]] std::optional<std::string_view> batchTakenBackBy(std::string_view batch);
 
 // All or none, see writeMarks(). `batch` names the one that the rows belong to, where they are no batch of their own.
 [[nodiscard]] MarkOutcome markLines(Session& session, std::span<const MarkChange> changes,
-                                    const std::optional<std::string>& batch = {});
+                                    const std::optional<std::string>& batch = {}, const StillSo& stillSo = {});
 // A new batch.
 [[nodiscard]] MarkOutcome markLines(Session& session, std::span<const MarkChange> changes, MarkWork::What what,
                                     ClearingKind kind);
+[[nodiscard]] MarkOutcome markLines(Session& session, const ReadChanges& read, MarkWork::What what, ClearingKind kind);
 
 }  // namespace tz
