@@ -27,7 +27,7 @@ struct ClearOptions {
   std::string operatorName;
   std::string form = "text";
   std::string kind;
-  Id line = 0;
+  Id line = 0, voucher = 0;
   bool yes = false;
   bool all = false;
   std::map<ParameterKey, std::string> values;
@@ -74,7 +74,7 @@ void answer(const ClearOptions& options, const ClearJson& json, const std::strin
 }
 
 Status toggle(const ClearOptions& options, Session& session) {
-  const auto found = findClearedLine(session, options.line);
+  const auto found = findClearedLine(session, options.line, options.voucher);
   if (const auto* refusal = std::get_if<Refusal>(&found)) return refuse(*refusal);
   const auto& line = std::get<ClearedLine>(found);
   // A line may be of both: either right will do.
@@ -258,6 +258,9 @@ void addClearCommand(CLI::App& app, Work& work) {
   auto* line =
       command->add_option("--line", options->line, "分录的编号 lId，见 report 10192、10211 的 json")->required();
   letCount(*line->type_name("ID"), 1, largestLineId);
+  auto* voucher = command->add_option("--voucher", options->voucher,
+                                      "它的凭证的编号 lTieId，见 find、log 的 json；几张凭证有同一编号的分录时需要");
+  letCount(*voucher->type_name("LTIEID"), 1, largestLineId);
   command->footer("说明\n  未两清的分录变成手工两清（√），已两清的（√ 或 ○）变成未两清。");
 
   options = made();

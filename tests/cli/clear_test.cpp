@@ -95,7 +95,7 @@ const std::string everyLine = std::to_string(parties * pairsEach * 2);
 
 TEST_P(Clear, PrintsWhatItDid) {
   using Json = nlohmann::json;
-  EXPECT_EQ(answer({"toggle", "--line", "900003"}), Json::parse(R"({"line": 900003, "flag": 1})"));
+  EXPECT_EQ(answer({"toggle", "--line", "900003", "--voucher", "1"}), Json::parse(R"({"line": 900003, "flag": 1})"));
   const Words person = {"check", "--account", "1133", "--dept", "销售部", "--person", "张三"};
   EXPECT_EQ(answer(person), Json::parse(R"({"level": false, "debit": 5.0, "credit": 0.0})"));
   EXPECT_EQ(clear(person).out, "金额不平：借方勾对金额 5.00，贷方勾对金额 0.00\n");
@@ -133,6 +133,7 @@ TEST_P(Clear, RefusesAndKnowsWrongUse) {
     EXPECT_NE(run.err.find(text), std::string::npos) << run.err;
   };
   refused({"toggle", "--line", "77777"}, 1, "编号为 77777 的分录不在已记帐分录中");
+  refused({"toggle", "--line", "1", "--voucher", "2"}, 1, "编号为 1 的分录不在已记帐分录中");
   refused({"toggle", "--line", "x"}, 2, "--line");
   refused({"match", "--kind", "unit", "--unit", "O'Brien'); DROP TABLE Plan --"}, 1, "非法的单位");
   refused({"match", "--kind", "person", "--dept", "没有"}, 1, "非法的部门，请重新输入。");
