@@ -6,6 +6,8 @@
 
 namespace tz::bench {
 
-void measureClearing(const std::filesystem::path& folder, const std::string& program, const std::string& bareScan);
+// `server` is the address of a server's maintenance database, or empty.
+void measureClearing(const std::filesystem::path& folder, const std::string& program, const std::string& bareScan,
+                     const std::string& server);
 
 }  // namespace tz::bench

@@ -3,7 +3,7 @@
 // size.
 //
 //   bench [GROUP...]      all measures, or those of the groups members, tables, clearing, windows, making, grid,
-//                         server; the last only with TZ_TEST_POSTGRES (bench/run sets it)
+//                         server; what is measured on a server only with TZ_TEST_POSTGRES (bench/run sets it)
 //   bench workbook N FILE a grid of N rows as a workbook, for the measure of that name
 //   bench grid N          the same grid alone
 #include <cstdio>
@@ -247,11 +247,8 @@ std::string psql() {
 
 void measureOnServer(const std::string& address) {
   const Server machine(address);  // while nobody is connected
-  const auto name = "bench";
-  openEmpty(address)->execute(Sql(std::string("CREATE DATABASE ") + name + " TEMPLATE template0"));
-  auto ledger = address;
-  const std::string maintenance = "/postgres";
-  ledger.replace(ledger.rfind(maintenance), maintenance.size(), std::string("/") + name);
+  openEmpty(address)->execute("CREATE DATABASE bench TEMPLATE template0");
+  const auto ledger = databaseOf(address, "bench");
   createLedger(ledger, million);
   openLedger(ledger, Access::keeper)->execute("ANALYZE");
   const auto client = psql();
@@ -282,11 +279,13 @@ int measure(const std::string& self, const std::set<std::string>& groups) {
   printHead();
   if (wanted("members")) measureMembers(large, small);
   if (wanted("tables")) measureTables((folder / "tables.db").string());
-  if (wanted("clearing")) measureClearing(folder, program, build + "/bench/bare_scan");
+  const char* server = std::getenv("TZ_TEST_POSTGRES");
+  if (wanted("clearing")) {
+    measureClearing(folder, program, build + "/bench/bare_scan", server == nullptr ? "" : server);
+  }
   if (wanted("windows")) measureWindows(large);
   if (wanted("making")) measureMaking(folder, large);
   if (wanted("grid")) measureGrid(folder, self);
-  const char* server = std::getenv("TZ_TEST_POSTGRES");
   if (server != nullptr && wanted("server")) measureOnServer(server);
   fs::remove_all(folder);
   return missed() == 0 ? 0 : 1;

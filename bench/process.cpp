@@ -77,7 +77,11 @@ double Server::cpuSeconds() const {
   return (user + system) / static_cast<double>(::sysconf(_SC_CLK_TCK));
 }
 
-namespace {
+std::string databaseOf(const std::string& server, const std::string& name) {
+  const std::string maintenance = "/postgres";
+  auto address = server;
+  return address.replace(address.rfind(maintenance), maintenance.size(), "/" + name);
+}
 
 Usage sample(const Command& command, const Sampling& how) {
   Usage sum;
@@ -92,8 +96,6 @@ Usage sample(const Command& command, const Sampling& how) {
   if (how.server != nullptr) sum.cpuSeconds += how.server->cpuSeconds() - before;
   return sum;
 }
-
-}  // namespace
 
 Ratio compare(const Command& ours, const Command& theirs, const Sampling& how) {
   (void)sample(ours, how);  // both once to warm up

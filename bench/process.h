@@ -34,11 +34,17 @@ class Server {
   std::size_t idle_ = 0;
 };
 
+// The address of another database of that server.
+[[nodiscard]] std::string databaseOf(const std::string& server, const std::string& name);
+
 struct Sampling {
   int pairs = 0;
   int times = 1;  // that a command runs for one figure
   const Server* server = nullptr;
 };
+
+// The CPU of a command, and of the server for it; the peak is the command's.
+Usage sample(const Command& command, const Sampling& how);
 
 // CPU of one command over that of another, each run in turn; the median of the pairs.
 struct Ratio {
