@@ -11,7 +11,6 @@
 #include "desktop/host/host_ledger.h"
 #include "desktop/manual/open_manual.h"
 #include "desktop/report/search_window.h"
-#include "desktop/report/voucher_window.h"
 #include "desktop/report/window_commands.h"
 #include "desktop/shell/command_table.h"
 
@@ -65,6 +64,14 @@ class WindowKeys : public HostTest {
     dialog.activateWindow();
     expectActive(dialog);
     QTest::keyClick(&dialog, Qt::Key_Escape);
+  }
+  static void expectPage(const char* page, const char* anchor) {
+    auto* manual = openManual();
+    ASSERT_NE(manual, nullptr);
+    EXPECT_EQ(manual->Place(), (ManualPlace{page, anchor}));
+    EXPECT_NE(manualText(page), "");
+    const QString heading = "# " + QString::fromUtf8(anchor);
+    EXPECT_TRUE(*anchor == '\0' || manualText(page).contains(heading + "\n")) << anchor;
   }
   static void press(QWidget& place, int key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(&place, static_cast<Qt::Key>(key), modifiers);
@@ -194,14 +201,6 @@ TEST_F(WindowKeys, F1InTheNavigatorIsItsPage) {
 
 // F1 wherever the focus is, and the Help button: each window opens the page that tells of it, in one window for all.
 TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
-  const auto expectPage = [](const char* page, const char* anchor) {
-    auto* manual = openManual();
-    ASSERT_NE(manual, nullptr);
-    EXPECT_EQ(manual->Place(), (ManualPlace{page, anchor}));
-    EXPECT_NE(manualText(page), "");
-    const QString heading = "# " + QString::fromUtf8(anchor);
-    EXPECT_TRUE(*anchor == '\0' || manualText(page).contains(heading + "\n")) << anchor;
-  };
   for (QWidget* place : placesOf(*first_)) {
     focus(*place);
     press(*place, Qt::Key_F1, Qt::NoModifier);
@@ -250,7 +249,9 @@ TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
   expectActive(*search);
   QTest::keyClick(search->focusWidget(), Qt::Key_F1);
   expectPage("search", "");
+}
 
+TEST_F(WindowKeys, F1OpensThePageOfFinding) {
   inModal([](QWidget& dialog) { click(dialog, "1"); });
   click(*navigator_, "10183");
   auto* table = navigator_->findChildren<ReportWindow*>().back();
@@ -261,20 +262,6 @@ TEST_F(WindowKeys, F1OpensThePageOfEachWindow) {
   });
   focus(table->Grid());
   press(table->Grid(), Qt::Key_F, Qt::ControlModifier);
-
-  const auto aLine = [](const ReportWindow& report) {
-    qint64 row = 0;
-    while (!report.Shown()->report.subjects.line(row)) ++row;
-    return row;
-  };
-  first_->Grid().SetCurrent(aLine(*first_), 0);
-  focus(first_->Grid());
-  press(first_->Grid(), Qt::Key_Return, Qt::NoModifier);
-  auto* voucher = navigator_->findChild<VoucherWindow*>();
-  ASSERT_NE(voucher, nullptr);
-  expectActive(*voucher);
-  QTest::keyClick(voucher->focusWidget(), Qt::Key_F1);
-  expectPage("vouchers", "");
 }
 
 // A dialog that waits for an answer leaves the manual beside it free: it scrolls, follows links and closes; and it

@@ -9,6 +9,7 @@
 #include <QToolBar>
 
 #include "core/voucher/capital_amount.h"
+#include "desktop/manual/open_manual.h"
 #include "desktop/page/preview_dialog.h"
 #include "desktop/report/sample_report.h"
 #include "desktop/report/voucher_paper.h"
@@ -106,6 +107,10 @@ TEST_F(VoucherWindowTest, OpensFromEveryLineAndStandsOnIt) {
   }
   EXPECT_GT(lines, 20);
   EXPECT_EQ(launcher_.Windows().size(), 2);
+  QTest::keyClick(&sheet(*window), Qt::Key_F1);
+  ASSERT_NE(openManual(), nullptr);
+  EXPECT_EQ(openManual()->Place().page, "vouchers");
+  closeManual();
   // Closed, it is made anew.
   window->close();
   deleteClosed();
