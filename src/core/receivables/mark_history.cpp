@@ -94,9 +94,9 @@ class LogReader {
 
   BatchPlace placeOf(std::string_view name) {
     if (!batches_.empty() && batches_[latest_].name == name) return latest_;
-    std::string text(name);
+    const std::string text(name);
     const auto found = places_.find(text);
-    latest_ = found != places_.end() ? found->second : add(std::move(text));
+    latest_ = found != places_.end() ? found->second : add(text);
     return latest_;
   }
 
@@ -108,9 +108,11 @@ class LogReader {
     for (const auto& row : rows_) {
       if (row.batch == batch && !row.takenBack) stories.try_emplace({row.voucher, row.line});
     }
-    for (auto row = rows_.rbegin(); row != rows_.rend(); ++row) {
-      const auto found = stories.find({row->voucher, row->line});
-      if (found != stories.end()) found->second.push_back(&*row);
+    auto place = rows_.size();
+    while (place-- > 0) {
+      const auto& row = rows_[place];
+      const auto found = stories.find({row.voucher, row.line});
+      if (found != stories.end()) found->second.push_back(&row);
     }
     std::vector<BatchLine> lines;
     lines.reserve(stories.size());
@@ -126,7 +128,7 @@ class LogReader {
     return static_cast<std::uint8_t>(std::clamp<std::int64_t>(log_->integer(column), 0, UINT8_MAX));
   }
 
-  BatchPlace add(std::string name) {
+  BatchPlace add(const std::string& name) {
     const auto place = static_cast<BatchPlace>(batches_.size());
     places_.emplace(name, place);
     batches_.push_back({.name = name, .work = workOf(name), .who = {}, .when = {}, .firstId = firstIdIn(name)});
